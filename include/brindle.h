@@ -1,0 +1,404 @@
+/*
+ * brindle.h - a rotary dial with a press button, for classic desktop programs on 64-bit Windows
+ *
+ * brindle.dll listens to the dial for your windows and tells you of turns and clicks, fills the dial's
+ * on-screen menu, answers whether the dial is there, and keeps small named settings. This header is all
+ * a host needs; it includes standard headers only and serves C (C11) and C++ (C++11 or later) alike.
+ *
+ *
+ * A complete host
+ * ---------------
+ *
+ *     #include <brindle.h>
+ *     #include <stdio.h>
+ *
+ *     class Volume final : public IDialHost {
+ *     public:
+ *         explicit Volume(HWND window) : window_(window) {}
+ *         uint64_t GetWindowHandle() override { return reinterpret_cast<uint64_t>(window_); }
+ *         void OnRotation(void*, const DialRotationInfo* turn) override {
+ *             level_ += turn->deltaDegrees * turn->acceleration;
+ *             if (level_ > 100.0) {
+ *                 level_ = 100.0;
+ *                 turn->hapticRequest = &kBuzz;          // the dial shakes at the end of the scale
+ *             }
+ *         }
+ *         void OnButtonClicked(void*, const DialContactRect*) override { level_ = 0.0; }
+ *
+ *     private:
+ *         static constexpr uint32_t kBuzz = 1;
+ *         HWND window_;
+ *         double level_ = 0.0;
+ *     };
+ *
+ *     // on the thread that owns the window and pumps its messages:
+ *     if (initialize() != 0) return;                    // 1: no Windows Runtime, 2: Windows too old
+ *     Volume volume(window);                            // must outlive uninit
+ *     if (!init_dial_listener(&volume)) return;         // this machine has no dial support
+ *     RunMessageLoop();
+ *     uninit();
+ *
+ *
+ * Conventions
+ * -----------
+ *
+ * Order      initialize, once; init_dial_listener, once for each top-level window; then everything else;
+ *            uninit, once, at the end. The library does not guard against another order.
+ *
+ * Threads    Call every function on the one thread that called initialize (it becomes a single-threaded
+ *            apartment). Nothing here takes a lock. Your callbacks run on whatever thread the platform
+ *            raises the dial's events on; a callback may call any window function of this header when
+ *            that thread is the one that called initialize, and must never call uninit.
+ *
+ * Windows    A window is named by its handle as an unsigned 64-bit number: (uint64_t)hwnd.
+ *
+ * Results    Window functions return true or false; the code behind a false goes to standard output (see
+ *            Diagnostics). initialize returns 0, 1 or 2. Storage setters return an HRESULT: 0 or a
+ *            negative code. Storage getters return the value or a marker for "nothing there".
+ *
+ * Texts      NUL-terminated UTF-16, borrowed for the call. A text returned to you is yours: free() it
+ *            (the heap is the Universal C Runtime's).
+ *
+ * Errors     No platform failure leaves a function as an exception, with three exceptions to the rule:
+ *            running out of memory (std::bad_alloc), a label the platform refuses (add_custom_menu),
+ *            and initialize when the platform cannot make a string (a structured exception). Hosts built
+ *            with another compiler than the DLL cannot catch the C++ ones and should treat them as fatal.
+ *
+ * Ownership  The library owns nothing of yours. It keeps a plain pointer to your IDialHost and calls it
+ *            until uninit. What it passes to a callback lives for that call only.
+ *
+ * Diagnostics  One line on standard output for each step of the platform that fails:
+ *              "failed with 80070005 at line 460", or with a step's name in front. The number after
+ *              "line" identifies the step and does not change between versions. A step that fails is
+ *              tried three times: the code printed is the second attempt's, so "failed with 0" means that
+ *              a second attempt worked; the result is the third's.
+ */
+#ifndef BRINDLE_H
+#define BRINDLE_H
+
+#include <stdbool.h>
+#include <stddef.h>
+#include <stdint.h>
+#if !defined(_WIN32) && !defined(__cplusplus)
+#include <uchar.h>
+#endif
+
+#define BRINDLE_VERSION_MAJOR 0
+#define BRINDLE_VERSION_MINOR 1
+#define BRINDLE_VERSION_PATCH 0
+#define BRINDLE_VERSION_TEXT "0.1.0"
+
+#if UINTPTR_MAX != 0xFFFFFFFFFFFFFFFFu
+#error "brindle.h: the library exists for 64-bit programs only"
+#endif
+
+/* One UTF-16 unit: wchar_t on Windows, char16_t in the native test build. */
+#ifdef _WIN32
+typedef wchar_t BrindleChar;
+#else
+typedef char16_t BrindleChar;
+#endif
+
+/* ---------------------------------------------------------------------------------------------------------
+ * Records
+ * ------------------------------------------------------------------------------------------------------ */
+
+/* Where the dial stands on the screen, in the coordinates that the platform reports for the window, fractions
+ * cut off toward zero; a coordinate outside the range of int32_t becomes INT32_MIN. All zero when the dial is
+ * not on the screen. For a turn, right is left + width cut off once; for a click it is the already cut left
+ * + width cut off again, so that the two can differ by one (bottom likewise). 16 bytes. */
+typedef struct DialContactRect {
+    int32_t left;
+    int32_t top;
+    int32_t right;
+    int32_t bottom;
+} DialContactRect;
+
+/* hapticRequest is the one field of the record that the host may write; in C++ the rest is const. */
+#ifdef __cplusplus
+#define BRINDLE_ANSWER mutable
+#else
+#define BRINDLE_ANSWER
+#endif
+
+/* One turn of the dial. 56 bytes. */
+typedef struct DialRotationInfo {
+    DialContactRect contact;
+    /* The dial's button is held down during the turn. */
+    bool buttonPressed;
+    /* Degrees since the last event, clockwise positive. */
+    double deltaDegrees;
+    /* How fast the user turns, as a factor to multiply deltaDegrees by: 1.0 or more, and 1.0 for the first
+     * 10 degrees of a movement. With s the degrees summed since the last pause, it is
+     * sqrt(max(|s| - 10, 0)) / 2.07 + 1, recomputed at most once in 50 ms; a pause of more than 100 ms
+     * starts the sum anew. One sum serves the whole process, whichever window the dial turns for. */
+    double acceleration;
+    /* The item_id of the menu item that is selected; 0 when none is or the window has no custom menu. */
+    uint32_t selectedItemTag;
+    /* Null when you are called. Point it at the value 1 or 2, which must stay readable until the library
+     * has read it just after your return, and the dial plays its first haptic waveform three times at full
+     * intensity, 200 ms apart. Any other value, or a dial without waveforms: nothing is played. */
+    BRINDLE_ANSWER const uint32_t* hapticRequest;
+} DialRotationInfo;
+
+#undef BRINDLE_ANSWER
+
+/* What a menu item's picture comes from. Other values are skipped silently. */
+#ifdef __cplusplus
+enum class MenuItemKind : int32_t {
+    FilePNG = 0,
+    ResourcePNG = 1,
+    KnownIcon = 2,
+    SystemFont = 3,
+    CustomFont = 4,
+};
+#else
+typedef int32_t MenuItemKind;
+enum {
+    MenuItemKind_FilePNG = 0,
+    MenuItemKind_ResourcePNG = 1,
+    MenuItemKind_KnownIcon = 2,
+    MenuItemKind_SystemFont = 3,
+    MenuItemKind_CustomFont = 4
+};
+#endif
+
+/*
+ * One item of the dial's menu. 48 bytes.
+ *
+ *   kind         source                          source2                      source3
+ *   FilePNG      text: path of a PNG file        -                            -
+ *   ResourcePNG  module: handle of the module    number: resource identifier, -
+ *                that holds a "PNG" resource     modulo 65536
+ *   KnownIcon    number: the platform's icon,    -                            -
+ *                0 scroll ... 8 pen type
+ *   SystemFont   text: glyph                     text: font family            -
+ *   CustomFont   text: glyph                     text: font family            text: path of the font file
+ */
+typedef struct MenuItemDescription {
+    MenuItemKind kind;
+    /* The label; must not be null, may be empty. */
+    const BrindleChar* display_text;
+    /* Yours to choose, every value is ordinary; comes back as DialRotationInfo::selectedItemTag. */
+    uint32_t item_id;
+    /* Not 0: choosing the item turns the dial's automatic haptic feedback on; 0: off. */
+    uint8_t haptic_feedback;
+    union {
+        const BrindleChar* text;
+        const void* module;
+        uint64_t number;
+    } source, source2, source3;
+} MenuItemDescription;
+
+/* ---------------------------------------------------------------------------------------------------------
+ * Your side: the callback object
+ * ------------------------------------------------------------------------------------------------------ */
+
+/*
+ * What the platform sends, and what you get:
+ *
+ *   the user ...                    the platform raises     the host is called with
+ *   turns the dial                  RotationChanged         OnRotation
+ *   presses and lets go             ButtonClicked           OnButtonClicked
+ *   puts it on the screen, moves    ScreenContact...        nothing; later turns and clicks carry `contact`
+ *   comes to or leaves the window   Control...              nothing
+ *
+ * `sender` is the platform's controller (IRadialController*), borrowed for the call: take a reference of
+ * your own if you keep it. Callbacks must not throw or unwind: above them stands the platform.
+ *
+ * A turn whose platform data cannot be read does not reach you. When the platform refuses the required part
+ * of it (the button's state, or the haptic answer that you asked for), the failure leaves the event as a
+ * C++ exception (hresult_error, or std::bad_alloc for 0x8007000E) that only the platform stands above;
+ * Windows ends the process on such an exception. In the simulator it is reported to the script or the test.
+ */
+#ifdef __cplusplus
+
+class IDialHost {
+public:
+    virtual void OnRotation(void* sender, const DialRotationInfo* info) = 0;
+    /* The window this object serves. init_dial_listener asks twice: the first answer is the window the dial
+     * is bound to, the second the one under which the listener is filed. */
+    virtual uint64_t GetWindowHandle() = 0;
+    virtual void OnButtonClicked(void* sender, const DialContactRect* rect) = 0;
+
+protected:
+    /* Not virtual: a virtual destructor would take a place in the function table. */
+    ~IDialHost() = default;
+};
+
+extern "C" {
+
+#else
+
+typedef struct IDialHost IDialHost;
+
+/* In C, a host is a struct whose first member is an IDialHost that points at a table of functions; `self`
+ * is then a pointer to the host. */
+typedef struct IDialHostFunctions {
+    void (*OnRotation)(IDialHost* self, void* sender, DialRotationInfo* info);
+    uint64_t (*GetWindowHandle)(IDialHost* self);
+    void (*OnButtonClicked)(IDialHost* self, void* sender, const DialContactRect* rect);
+} IDialHostFunctions;
+
+struct IDialHost {
+    const IDialHostFunctions* functions;
+};
+
+#endif
+
+/* ---------------------------------------------------------------------------------------------------------
+ * Start and stop
+ * ------------------------------------------------------------------------------------------------------ */
+
+/*
+ * Starts the Windows Runtime on the calling thread, single-threaded, and looks whether it is recent enough.
+ *
+ *   0  ready
+ *   1  the Windows Runtime cannot be started or asked (also when the thread is already in a multithreaded
+ *      apartment)
+ *   2  this Windows is too old for the dial
+ *
+ * Call uninit after 0 or 2; after 1 the library cannot tell whether the Windows Runtime was started.
+ * Thread: the one that will make all other calls. Since 0.1.
+ */
+int32_t initialize(void);
+
+/*
+ * Ends every listener, in ascending order of window handle, and stops the Windows Runtime on this thread.
+ * A listener displaced by a second init_dial_listener for its window is not ended: it keeps its place in
+ * memory and calls its host as long as the platform raises events for it, so such a host must live on.
+ * Thread: the one that called initialize, never from a callback. Since 0.1.
+ */
+void uninit(void);
+
+/*
+ * Makes the dial work for the window of `host` and files the listener under that window.
+ *
+ *   host    called until uninit; not owned; null gives false
+ *
+ *   true    turns and clicks over the window now reach the host
+ *   false   host is null, or the platform refused a step; the lines on standard output say which one
+ *
+ * A second call for the same window gives true and files the new listener; the older one is neither ended
+ * nor unsubscribed and goes on calling its host.
+ * Memory: std::bad_alloc when the listener cannot be allocated. Thread: that of initialize. Since 0.1.
+ */
+bool init_dial_listener(IDialHost* host);
+
+/* ---------------------------------------------------------------------------------------------------------
+ * The dial's menu. A window that has no listener gets false, with no other effect.
+ * ------------------------------------------------------------------------------------------------------ */
+
+/*
+ * Replaces the custom items of the window's dial menu.
+ *
+ *   items   `count` records, read during the call; null adds none
+ *   count   0 to 4294967295; 0 clears the menu
+ *
+ *   true    the menu was replaced; an item that could not be made is missing and has its line on standard
+ *           output. Items from PNG files appear after the call, when the platform has opened the file.
+ *   false   no listener, no menu, or the platform's item factory is gone
+ *
+ * This version has no menus yet: the result is always false. Thread: that of initialize. Since 0.1.
+ */
+bool add_custom_menu(uint64_t window, const MenuItemDescription* items, uint32_t count);
+
+/*
+ * Says which of the system's own entries remain in the window's dial menu, in this order.
+ *
+ *   kinds   `count` values, read during the call: 0 scroll, 1 zoom, 2 undo and redo, 3 volume, 4 next and
+ *           previous track; passed on unchanged; null gives false
+ *   count   0 leaves no system entry
+ *
+ * This version has no menus yet: the result is always false. Thread: that of initialize. Since 0.1.
+ */
+bool set_default_menu(uint64_t window, const int32_t* kinds, uint32_t count);
+
+/*
+ * Selects the first item of the window's custom menu whose item_id equals `item_id`; false when there is
+ * none or the platform refuses.
+ *
+ * This version has no menus yet: the result is always false. Thread: that of initialize. Since 0.1.
+ */
+bool set_current_custom_menu(uint64_t window, uint32_t item_id);
+
+/* ---------------------------------------------------------------------------------------------------------
+ * Is the dial there
+ * ------------------------------------------------------------------------------------------------------ */
+
+/*
+ * True when the dial is paired with this computer, asked anew on every call; false when it is not, cannot be
+ * asked for, or the window has no listener. Blocks the caller until the platform has answered: up to 10,001
+ * sleeps of 1 ms each.
+ *
+ * This version cannot ask yet: the result is always false. Thread: that of initialize. Since 0.1.
+ */
+bool is_dial_present(uint64_t window);
+
+/* ---------------------------------------------------------------------------------------------------------
+ * Small named settings. No window and no listener needed; no argument may be null.
+ * `resource` names the owner of the texts in the user's credential vault.
+ *
+ * This version keeps nothing yet: every setting reads as absent, and setters say so with E_NOTIMPL.
+ * ------------------------------------------------------------------------------------------------------ */
+
+/* Stores a text. 0, or a negative HRESULT; in this version always E_NOTIMPL (0x80004001).
+ * Thread: that of initialize. Since 0.1. */
+int32_t set_string_in_storage(const BrindleChar* resource, const BrindleChar* key, const BrindleChar* value);
+
+/* The text stored under `key`, in a new buffer that you free(), or null when there is none.
+ * Thread: that of initialize. Since 0.1. */
+BrindleChar* get_string_from_storage(const BrindleChar* resource, const BrindleChar* key);
+
+/* Stores a number; `resource` is ignored. 0, or a negative HRESULT; in this version always E_NOTIMPL
+ * (0x80004001). Thread: that of initialize. Since 0.1. */
+int32_t set_int_in_storage(const BrindleChar* resource, const BrindleChar* key, int32_t value);
+
+/* The number stored under `key`, or INT32_MIN (0x80000000) when there is none: a stored INT32_MIN cannot be
+ * told from a missing one. Thread: that of initialize. Since 0.1. */
+int32_t get_int_from_storage(const BrindleChar* resource, const BrindleChar* key);
+
+#ifdef __cplusplus
+} /* extern "C" */
+#endif
+
+/* ---------------------------------------------------------------------------------------------------------
+ * The layouts, checked by your compiler
+ * ------------------------------------------------------------------------------------------------------ */
+
+#ifdef __cplusplus
+#define BRINDLE_CHECK(condition) static_assert(condition, #condition)
+#else
+#define BRINDLE_CHECK(condition) _Static_assert(condition, #condition)
+#endif
+
+BRINDLE_CHECK(sizeof(bool) == 1);
+BRINDLE_CHECK(sizeof(BrindleChar) == 2);
+BRINDLE_CHECK(sizeof(MenuItemKind) == 4);
+
+BRINDLE_CHECK(sizeof(DialContactRect) == 16);
+BRINDLE_CHECK(offsetof(DialContactRect, left) == 0);
+BRINDLE_CHECK(offsetof(DialContactRect, top) == 4);
+BRINDLE_CHECK(offsetof(DialContactRect, right) == 8);
+BRINDLE_CHECK(offsetof(DialContactRect, bottom) == 12);
+
+BRINDLE_CHECK(sizeof(DialRotationInfo) == 56);
+BRINDLE_CHECK(offsetof(DialRotationInfo, contact) == 0);
+BRINDLE_CHECK(offsetof(DialRotationInfo, buttonPressed) == 16);
+BRINDLE_CHECK(offsetof(DialRotationInfo, deltaDegrees) == 24);
+BRINDLE_CHECK(offsetof(DialRotationInfo, acceleration) == 32);
+BRINDLE_CHECK(offsetof(DialRotationInfo, selectedItemTag) == 40);
+BRINDLE_CHECK(offsetof(DialRotationInfo, hapticRequest) == 48);
+
+BRINDLE_CHECK(sizeof(MenuItemDescription) == 48);
+BRINDLE_CHECK(offsetof(MenuItemDescription, kind) == 0);
+BRINDLE_CHECK(offsetof(MenuItemDescription, display_text) == 8);
+BRINDLE_CHECK(offsetof(MenuItemDescription, item_id) == 16);
+BRINDLE_CHECK(offsetof(MenuItemDescription, haptic_feedback) == 20);
+BRINDLE_CHECK(offsetof(MenuItemDescription, source) == 24);
+BRINDLE_CHECK(offsetof(MenuItemDescription, source2) == 32);
+BRINDLE_CHECK(offsetof(MenuItemDescription, source3) == 40);
+
+#undef BRINDLE_CHECK
+
+#endif /* BRINDLE_H */

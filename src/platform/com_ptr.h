@@ -1,0 +1,62 @@
+// An owned reference to a platform object.
+#pragma once
+
+#include <utility>
+
+#include "platform/interfaces/foundation.h"
+
+namespace brindle {
+
+template <class Interface>
+class ComPtr {
+public:
+    ComPtr() = default;
+    ComPtr(const ComPtr& other) noexcept : pointer_(other.pointer_) {
+        if (pointer_ != nullptr) {
+            pointer_->AddRef();
+        }
+    }
+    ComPtr(ComPtr&& other) noexcept : pointer_(other.Detach()) {}
+    ComPtr& operator=(ComPtr other) noexcept {
+        std::swap(pointer_, other.pointer_);
+        return *this;
+    }
+    ~ComPtr() { Reset(); }
+
+    // Takes over a reference that the caller owns.
+    static ComPtr Own(Interface* pointer) noexcept {
+        ComPtr owner;
+        owner.pointer_ = pointer;
+        return owner;
+    }
+
+    Interface* Get() const noexcept { return pointer_; }
+    Interface* operator->() const noexcept { return pointer_; }
+    explicit operator bool() const noexcept { return pointer_ != nullptr; }
+
+    // Cleared before the release, so that a call back in from the object's end finds nothing here.
+    void Reset() noexcept {
+        if (Interface* last = std::exchange(pointer_, nullptr)) {
+            last->Release();
+        }
+    }
+    Interface* Detach() noexcept { return std::exchange(pointer_, nullptr); }
+
+    // The place for an out parameter; what was held before is released first.
+    Interface** Put() noexcept {
+        Reset();
+        return &pointer_;
+    }
+
+private:
+    Interface* pointer_ = nullptr;
+};
+
+// QueryInterface, typed. A success that yields nothing counts as a failure.
+template <class Wanted>
+HRESULT Query(abi::IUnknown* object, ComPtr<Wanted>& result) noexcept {
+    const HRESULT code = object->QueryInterface(Wanted::Iid, reinterpret_cast<void**>(result.Put()));
+    return code >= 0 && !result ? E_NOINTERFACE : code;
+}
+
+}  // namespace brindle
