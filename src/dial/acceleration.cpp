@@ -1,0 +1,46 @@
+#include "dial/acceleration.h"
+
+#include <cmath>
+#include <cstdint>
+
+#include "platform/functions.h"
+
+namespace brindle {
+
+namespace {
+
+constexpr std::uint32_t kPauseMs = 100;
+constexpr std::uint32_t kRecomputeMs = 50;
+constexpr double kFreeDegrees = 10.0;
+constexpr double kFlatness = 2.07;
+
+double accumulated = 0.0;
+double currentAcceleration = 1.0;
+
+double FactorFor(double degrees) {
+    double beyond = std::fabs(degrees) - kFreeDegrees;
+    if (!(beyond > 0.0)) {
+        beyond = 0.0;
+    }
+    return std::sqrt(beyond) / kFlatness + 1.0;
+}
+
+}  // namespace
+
+double NextAcceleration(double delta_degrees) {
+    // Set when the first rotation gets here, not when the library is loaded.
+    static std::uint64_t lastTick = GetTickCount64();
+
+    const std::uint64_t now = GetTickCount64();
+    // The low halves only: right across their wrap, every 49.7 days.
+    const std::uint32_t elapsed_ms = static_cast<std::uint32_t>(now) - static_cast<std::uint32_t>(lastTick);
+
+    accumulated = (elapsed_ms <= kPauseMs ? accumulated : 0.0) + delta_degrees;
+    if (elapsed_ms >= kRecomputeMs) {
+        currentAcceleration = FactorFor(accumulated);
+        lastTick = now;
+    }
+    return currentAcceleration;
+}
+
+}  // namespace brindle

@@ -1,0 +1,26 @@
+// The dial's button, from the platform's event to the host.
+#include "dial/contact_rect.h"
+#include "dial/dial_listener.h"
+#include "frame/steps.h"
+
+namespace brindle {
+
+HRESULT DialListener::OnButtonClicked(abi::IRadialController* sender,
+                                      abi::IRadialControllerButtonClickedEventArgs* args) {
+    // A plain pointer: the contact's reference is never given back, on purpose.
+    abi::IRadialControllerScreenContact* contact = nullptr;
+    RETURN_IF_STEP_FAILS(1038, args->get_Contact(&contact));
+
+    DialContactRect rect{};
+    if (contact != nullptr) {
+        abi::Rect bounds{};
+        contact->get_Bounds(&bounds);
+        rect = ClickContactRect(bounds);
+    }
+    if (host_ != nullptr) {
+        host_->OnButtonClicked(sender, &rect);
+    }
+    return S_OK;
+}
+
+}  // namespace brindle

@@ -1,0 +1,60 @@
+// The events that never reach the host: the dial's contact with the screen, and control of the window.
+#include "dial/dial_listener.h"
+#include "frame/steps.h"
+#include "platform/strings.h"
+
+namespace brindle {
+
+namespace {
+
+constexpr auto kContactLine =
+    Wide("\t Postion X=%lf, Y=%lf & \n \t Bounds Height=%lf, Width=%lf, X=%lf, Y=%lf\n");
+
+template <class Args>
+HRESULT LogContact(Args* args) {
+    ComPtr<abi::IRadialControllerScreenContact> contact;
+    RETURN_IF_STEP_FAILS(1065, args->get_Contact(contact.Put()));
+    if (!contact) {
+        return S_OK;
+    }
+    abi::Point position{};
+    abi::Rect bounds{};
+    RETURN_IF_STEP_FAILS(1072, contact->get_Position(&position));
+    RETURN_IF_STEP_FAILS(1073, contact->get_Bounds(&bounds));
+
+    WCHAR line[kWideLineCharacters];
+    FormatWide(line, kWideLineCharacters, kContactLine.data(), static_cast<double>(position.X),
+               static_cast<double>(position.Y), static_cast<double>(bounds.Height),
+               static_cast<double>(bounds.Width), static_cast<double>(bounds.X),
+               static_cast<double>(bounds.Y));
+    return S_OK;
+}
+
+}  // namespace
+
+// The whole log is one step, with guarded steps inside: a contact that cannot be read is read three times in
+// each of three logs. Intended.
+
+HRESULT DialListener::OnScreenContactContinued(abi::IRadialController* /*sender*/,
+                                               abi::IRadialControllerScreenContactContinuedEventArgs* args) {
+    RETURN_IF_STEP_FAILS(803, LogContact(args));
+    return S_OK;
+}
+
+HRESULT DialListener::OnScreenContactStarted(abi::IRadialController* /*sender*/,
+                                             abi::IRadialControllerScreenContactStartedEventArgs* args) {
+    RETURN_IF_STEP_FAILS(810, LogContact(args));
+    return S_OK;
+}
+
+HRESULT DialListener::OnControlAcquired(abi::IRadialController* /*sender*/,
+                                        abi::IRadialControllerControlAcquiredEventArgs* args) {
+    RETURN_IF_STEP_FAILS(835, LogContact(args));
+    return S_OK;
+}
+
+HRESULT DialListener::OnIgnoredEvent(abi::IRadialController* /*sender*/, abi::IInspectable* /*args*/) {
+    return S_OK;
+}
+
+}  // namespace brindle

@@ -1,0 +1,75 @@
+// One host window bound to one platform controller.
+#pragma once
+
+#include <atomic>
+#include <cstdint>
+#include <vector>
+
+#include "brindle.h"
+#include "menu/menu_entry.h"
+#include "platform/com_ptr.h"
+#include "platform/interfaces/ui_input.h"
+
+namespace brindle {
+
+// Made, registered, filed and ended on the host's thread; the event handlers run on the platform's. They hold
+// a plain pointer to the listener, and the controller holds the only references to them: with the controller
+// released, no event comes any more. No lock.
+class DialListener {
+public:
+    explicit DialListener(IDialHost* host) : host_(host) {}
+    DialListener(const DialListener&) = delete;
+    DialListener& operator=(const DialListener&) = delete;
+    ~DialListener();
+
+    // Makes the window's controller and subscribes to its seven events (registration.cpp). Every failure is a
+    // code; after one the listener is to be deleted.
+    HRESULT Register(std::uint64_t window);
+
+    HRESULT AddCustomMenu(const MenuItemDescription* items, std::uint32_t count);
+    HRESULT SetDefaultMenu(const std::int32_t* kinds, std::uint32_t count);
+    HRESULT SetCurrentCustomMenu(std::uint32_t item_id);
+    HRESULT IsDialPresent();
+
+private:
+    friend struct DialListenerTest;
+
+    template <class Handler, class Event>
+    HRESULT Subscribe(HRESULT (abi::IRadialController::*add)(Handler*, EventRegistrationToken*) noexcept,
+                      Event event, EventRegistrationToken& token) noexcept;
+
+    // contact_events.cpp
+    HRESULT OnScreenContactContinued(abi::IRadialController* sender,
+                                     abi::IRadialControllerScreenContactContinuedEventArgs* args);
+    HRESULT OnScreenContactStarted(abi::IRadialController* sender,
+                                   abi::IRadialControllerScreenContactStartedEventArgs* args);
+    HRESULT OnControlAcquired(abi::IRadialController* sender,
+                              abi::IRadialControllerControlAcquiredEventArgs* args);
+    HRESULT OnIgnoredEvent(abi::IRadialController* sender, abi::IInspectable* args);
+    // rotation.cpp
+    HRESULT OnRotationChanged(abi::IRadialController* sender,
+                              abi::IRadialControllerRotationChangedEventArgs* args);
+    // button_click.cpp
+    HRESULT OnButtonClicked(abi::IRadialController* sender,
+                            abi::IRadialControllerButtonClickedEventArgs* args);
+
+    std::uint32_t state_ = 0;
+    IDialHost* host_;
+    ComPtr<abi::IRadialControllerInterop> controller_factory_;
+    ComPtr<abi::IUnknown> spare_;
+    ComPtr<abi::IRadialController> controller_;
+    ComPtr<abi::IRadialControllerMenu> menu_;
+    ComPtr<abi::IRadialControllerMenuItemStatics> item_statics_;
+    // Kept and never used: no subscription is ever ended.
+    EventRegistrationToken rotation_token_{};
+    EventRegistrationToken contact_started_token_{};
+    EventRegistrationToken contact_ended_token_{};
+    EventRegistrationToken contact_continued_token_{};
+    EventRegistrationToken control_lost_token_{};
+    EventRegistrationToken control_acquired_token_{};
+    EventRegistrationToken button_clicked_token_{};
+    std::vector<MenuEntry> menu_entries_;
+    std::atomic<std::int32_t> presence_done_ = 0;
+};
+
+}  // namespace brindle

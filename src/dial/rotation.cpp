@@ -1,0 +1,76 @@
+// A turn of the dial, from the platform's event to the host and back.
+#include "dial/acceleration.h"
+#include "dial/contact_rect.h"
+#include "dial/dial_listener.h"
+#include "dial/haptics.h"
+#include "frame/errors.h"
+#include "frame/steps.h"
+#include "platform/interfaces/property_value.h"
+
+namespace brindle {
+
+namespace {
+
+// 0 for anything that cannot be read: a missing tag is no reason to keep the turn from the host.
+std::uint32_t ReadTag(abi::IRadialControllerMenuItem* item) {
+    ComPtr<abi::IInspectable> tag;
+    ComPtr<abi::IPropertyValue> number;
+    std::uint32_t value = 0;
+    if (item->get_Tag(tag.Put()) >= 0 && tag && Query(tag.Get(), number) >= 0) {
+        number->GetUInt32(&value);
+    }
+    return value;
+}
+
+DialContactRect ReadContact(abi::IRadialControllerRotationChangedEventArgs* args) {
+    ComPtr<abi::IRadialControllerScreenContact> contact;
+    if (args->get_Contact(contact.Put()) < 0 || !contact) {
+        return {};
+    }
+    abi::Point position{};
+    contact->get_Position(&position);  // asked for and not used: intended
+    abi::Rect bounds{};
+    return contact->get_Bounds(&bounds) >= 0 ? RotationContactRect(bounds) : DialContactRect{};
+}
+
+double ReadDelta(abi::IRadialControllerRotationChangedEventArgs* args) {
+    double degrees = 0.0;
+    args->get_RotationDeltaInDegrees(&degrees);
+    return degrees;
+}
+
+bool ReadButton(abi::IUnknown* args) {
+    ComPtr<abi::IRadialControllerRotationChangedEventArgs2> button;
+    RaiseIfFailed(Query(args, button));
+    abi::boolean pressed = 0;
+    RaiseIfFailed(button->get_IsButtonPressed(&pressed));
+    return pressed != 0;
+}
+
+}  // namespace
+
+// What the platform refuses of the required data leaves here, and the delegate's Invoke, as an exception.
+HRESULT DialListener::OnRotationChanged(abi::IRadialController* sender,
+                                        abi::IRadialControllerRotationChangedEventArgs* args) {
+    DialRotationInfo info{};
+    if (menu_) {
+        ComPtr<abi::IRadialControllerMenuItem> selected;
+        RETURN_IF_STEP_FAILS(847, menu_->GetSelectedMenuItem(selected.Put()));
+        if (selected) {
+            info.selectedItemTag = ReadTag(selected.Get());
+        }
+    }
+    info.contact = ReadContact(args);
+    ComPtr<abi::IRadialControllerRotationChangedEventArgs> rotation;
+    RaiseIfFailed(Query(args, rotation));
+    info.deltaDegrees = ReadDelta(rotation.Get());
+    info.buttonPressed = ReadButton(args);
+    info.acceleration = NextAcceleration(info.deltaDegrees);
+    if (host_ != nullptr) {
+        host_->OnRotation(sender, &info);
+    }
+    AnswerWithHaptics(info, args);
+    return S_OK;
+}
+
+}  // namespace brindle

@@ -1,0 +1,108 @@
+// The eleven functions. Each finds its listener, hands the work inward and turns the code into its result;
+// nothing else happens here.
+#include "brindle.h"
+#include "dial/dial_listener.h"
+#include "frame/diagnostics.h"
+#include "frame/errors.h"
+#include "frame/listener_registry.h"
+#include "platform/activation.h"
+#include "platform/functions.h"
+#include "platform/interfaces/metadata.h"
+
+namespace brindle {
+
+namespace {
+
+constexpr int32_t kReady = 0;
+constexpr int32_t kPlatformUnavailable = 1;
+constexpr int32_t kPlatformTooOld = 2;
+
+constexpr auto kRequiredType = Wide("Windows.UI.Input.EdgeGesture");
+
+ListenerRegistry registry;
+
+// The two names of initialize alone are made this way: where they cannot be made, nothing works.
+void CreateOrDie(StringReference& string, std::basic_string_view<WCHAR> text) {
+    if (const HRESULT code = string.Create(text); code < 0) {
+        RaiseStructured(code);
+    }
+}
+
+template <class Operation>
+bool CallListener(uint64_t window, Operation operation) {
+    DialListener* listener = registry.Find(window);
+    return listener != nullptr && operation(*listener) >= 0;
+}
+
+}  // namespace
+
+}  // namespace brindle
+
+using namespace brindle;
+
+int32_t initialize() {
+    if (RoInitialize(RO_INIT_SINGLETHREADED) < 0) {
+        return kPlatformUnavailable;
+    }
+    StringReference api_information;
+    CreateOrDie(api_information, ClassName<abi::ApiInformation>());
+    ComPtr<abi::IApiInformationStatics> types;
+    if (GetFactory(api_information, types) < 0 || !types) {
+        // The Windows Runtime stays initialised; that is intended.
+        return kPlatformUnavailable;
+    }
+    StringReference required;
+    CreateOrDie(required, {kRequiredType.data(), kRequiredType.size() - 1});
+    abi::boolean present = 0;
+    types->IsTypePresent(required.Get(), &present);
+    return present != 0 ? kReady : kPlatformTooOld;
+}
+
+void uninit() {
+    registry.EndAll();
+    RoUninitialize();
+}
+
+bool init_dial_listener(IDialHost* host) {
+    if (host == nullptr) {
+        return false;
+    }
+    auto listener = std::make_unique<DialListener>(host);
+    if (const HRESULT code = listener->Register(host->GetWindowHandle()); code < 0) {
+        PrintFailure("register", code, 110);
+        return false;
+    }
+    // Asked a second time on purpose: the second answer is the key.
+    registry.File(host->GetWindowHandle(), std::move(listener));
+    return true;
+}
+
+bool add_custom_menu(uint64_t window, const MenuItemDescription* items, uint32_t count) {
+    return CallListener(window, [&](DialListener& listener) { return listener.AddCustomMenu(items, count); });
+}
+
+bool set_default_menu(uint64_t window, const int32_t* kinds, uint32_t count) {
+    return CallListener(window,
+                        [&](DialListener& listener) { return listener.SetDefaultMenu(kinds, count); });
+}
+
+bool set_current_custom_menu(uint64_t window, uint32_t item_id) {
+    return CallListener(window,
+                        [&](DialListener& listener) { return listener.SetCurrentCustomMenu(item_id); });
+}
+
+bool is_dial_present(uint64_t window) {
+    return CallListener(window, [](DialListener& listener) { return listener.IsDialPresent(); });
+}
+
+// No store is connected yet: nothing is kept, and the setters say so.
+
+int32_t set_string_in_storage(const BrindleChar*, const BrindleChar*, const BrindleChar*) {
+    return E_NOTIMPL;
+}
+
+BrindleChar* get_string_from_storage(const BrindleChar*, const BrindleChar*) { return nullptr; }
+
+int32_t set_int_in_storage(const BrindleChar*, const BrindleChar*, int32_t) { return E_NOTIMPL; }
+
+int32_t get_int_from_storage(const BrindleChar*, const BrindleChar*) { return INT32_MIN; }

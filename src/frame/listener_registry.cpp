@@ -1,0 +1,24 @@
+#include "frame/listener_registry.h"
+
+#include "dial/dial_listener.h"
+
+namespace brindle {
+
+void ListenerRegistry::File(std::uint64_t window, std::unique_ptr<DialListener> listener) {
+    DialListener*& place = listeners_[window];
+    place = listener.release();
+}
+
+DialListener* ListenerRegistry::Find(std::uint64_t window) const {
+    const auto entry = listeners_.find(window);
+    return entry == listeners_.end() ? nullptr : entry->second;
+}
+
+void ListenerRegistry::EndAll() {
+    for (const auto& [window, listener] : listeners_) {
+        delete listener;
+    }
+    listeners_.clear();
+}
+
+}  // namespace brindle

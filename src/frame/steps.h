@@ -1,0 +1,38 @@
+// The rule by which a step of the platform is judged.
+//
+// A step that fails is evaluated again, a line is printed with the second code, and it is evaluated a third
+// time; the enclosing operation ends with the third code, whether or not that one is a failure. All three
+// evaluations happen, side effects included: this is intended, and host programs read the lines.
+//
+//   first     second    third     printed             the operation
+//   succeeds                                          goes on
+//   fails     fails     fails     second code         ends with the third code
+//   fails     fails     succeeds  second code         ends with the third code, a success
+//   fails     succeeds  fails     0 (or the success)  ends with the third code
+//   fails     succeeds  succeeds  0 (or the success)  ends with the third code, a success
+#pragma once
+
+#include <optional>
+
+#include "frame/diagnostics.h"
+
+namespace brindle {
+
+// The code to end with, or nothing when the first evaluation succeeded.
+template <class Operation>
+std::optional<HRESULT> EvaluateStep(int line, Operation operation) {
+    if (operation() >= 0) {
+        return std::nullopt;
+    }
+    PrintFailure(operation(), line);
+    return operation();
+}
+
+}  // namespace brindle
+
+#define RETURN_IF_STEP_FAILS(line, operation)                                                  \
+    do {                                                                                       \
+        if (const auto ended = ::brindle::EvaluateStep((line), [&] { return (operation); })) { \
+            return *ended;                                                                     \
+        }                                                                                      \
+    } while (false)

@@ -1,0 +1,51 @@
+#include "frame/text.h"
+
+#include "frame/errors.h"
+
+namespace brindle {
+
+namespace {
+
+// A string in the making; given back to the platform unless it was promoted.
+class StringBuffer {
+public:
+    StringBuffer() = default;
+    StringBuffer(const StringBuffer&) = delete;
+    StringBuffer& operator=(const StringBuffer&) = delete;
+    ~StringBuffer() {
+        if (buffer_ != nullptr) {
+            WindowsDeleteStringBuffer(buffer_);
+        }
+    }
+
+    WCHAR* Allocate(UINT length) {
+        WCHAR* characters = nullptr;
+        RaiseIfFailed(WindowsPreallocateStringBuffer(length, &characters, &buffer_));
+        return characters;
+    }
+    String Promote() {
+        String string;
+        RaiseIfFailed(WindowsPromoteStringBuffer(buffer_, string.Put()));
+        buffer_ = nullptr;
+        return string;
+    }
+
+private:
+    HSTRING_BUFFER buffer_ = nullptr;
+};
+
+}  // namespace
+
+String ToPlatformString(std::string_view utf8) {
+    const int bytes = static_cast<int>(utf8.size());
+    const int length = MultiByteToWideChar(CP_UTF8, 0, utf8.data(), bytes, nullptr, 0);
+    if (length <= 0) {
+        return {};
+    }
+    StringBuffer buffer;
+    WCHAR* characters = buffer.Allocate(static_cast<UINT>(length));
+    MultiByteToWideChar(CP_UTF8, 0, utf8.data(), bytes, characters, length);
+    return buffer.Promote();
+}
+
+}  // namespace brindle
