@@ -1,0 +1,43 @@
+#include "simulator/activation.h"
+
+#include "simulator/api_information.h"
+#include "simulator/controller.h"
+#include "simulator/menu.h"
+#include "simulator/property_value.h"
+
+namespace dialsim {
+
+namespace {
+
+constexpr HRESULT kClassNotRegistered = static_cast<HRESULT>(0x80040154);  // REGDB_E_CLASSNOTREG
+
+struct ActivatableClassEntry {
+    const char* name;
+    Ref<abi::IInspectable> (*make_factory)();
+};
+
+constexpr ActivatableClassEntry kClasses[] = {
+    {abi::ApiInformation::Name, MakeApiInformation},
+    {abi::RadialController::Name, MakeControllerFactory},
+    {abi::RadialControllerMenuItem::Name, MakeMenuItemStatics},
+    {abi::PropertyValue::Name, MakePropertyValueStatics},
+};
+
+}  // namespace
+
+HRESULT GetClassFactory(HSTRING class_name, const IID& iid, void** factory) {
+    *factory = nullptr;
+    const std::string wanted = Narrow(View(class_name));
+    for (const ActivatableClassEntry& entry : kClasses) {
+        if (wanted == entry.name) {
+            return entry.make_factory()->QueryInterface(iid, factory);
+        }
+    }
+    return kClassNotRegistered;
+}
+
+const char* ActivatableClass(std::size_t index) {
+    return index < std::size(kClasses) ? kClasses[index].name : nullptr;
+}
+
+}  // namespace dialsim

@@ -1,0 +1,91 @@
+#include "simulator/control.h"
+
+#include "simulator/controller.h"
+#include "simulator/dialsim.h"
+
+namespace dialsim {
+
+namespace {
+
+// Raises an event on every controller of the window, on the thread that is set for it.
+template <class RaiseOne>
+HRESULT RaiseAt(std::uint64_t window, RaiseOne raise_one) {
+    const auto controllers = TheDial().ControllersOf(window);
+    if (controllers.empty()) {
+        return DIALSIM_NO_CONTROLLER;
+    }
+    Outcome outcome;
+    const auto raise_all = [&] {
+        const DialState state = TheDial().State();
+        for (const auto& controller : controllers) {
+            outcome.Join(raise_one(*controller.get(), state));
+        }
+    };
+    if (TheDial().OwnThread()) {
+        RunOnOwnThread(raise_all);
+    } else {
+        raise_all();
+    }
+    if (outcome.raised) {
+        TheDial().SetRaised(outcome.what);
+        return DIALSIM_RAISED;
+    }
+    return outcome.code;
+}
+
+}  // namespace
+
+HRESULT Turn(std::uint64_t window, double degrees) {
+    return RaiseAt(window, [=](Controller& controller, const DialState& state) {
+        return controller.RaiseRotation(state, degrees);
+    });
+}
+
+HRESULT Click(std::uint64_t window) {
+    return RaiseAt(
+        window, [](Controller& controller, const DialState& state) { return controller.RaiseClick(state); });
+}
+
+void Hold(bool down) {
+    TheDial().Update([=](DialState& state) { state.button_down = down; });
+}
+
+HRESULT Touch(std::uint64_t window, const abi::Rect& bounds) {
+    TheDial().Update([&](DialState& state) { state.contact = bounds; });
+    return RaiseAt(window, [](Controller& controller, const DialState& state) {
+        return controller.RaiseContactStarted(state);
+    });
+}
+
+HRESULT Move(std::uint64_t window, const abi::Rect& bounds) {
+    TheDial().Update([&](DialState& state) { state.contact = bounds; });
+    return RaiseAt(window, [](Controller& controller, const DialState& state) {
+        return controller.RaiseContactContinued(state);
+    });
+}
+
+HRESULT Lift(std::uint64_t window) {
+    TheDial().Update([](DialState& state) { state.contact.reset(); });
+    return RaiseAt(window,
+                   [](Controller& controller, const DialState&) { return controller.RaiseContactEnded(); });
+}
+
+HRESULT Acquire(std::uint64_t window) {
+    return RaiseAt(window, [](Controller& controller, const DialState& state) {
+        return controller.RaiseControlAcquired(state);
+    });
+}
+
+HRESULT Lose(std::uint64_t window) {
+    return RaiseAt(window,
+                   [](Controller& controller, const DialState&) { return controller.RaiseControlLost(); });
+}
+
+void SetHaptics(bool present, std::vector<std::uint16_t> waveforms) {
+    TheDial().Update([&](DialState& state) {
+        state.has_haptics = present;
+        state.waveforms = std::move(waveforms);
+    });
+}
+
+}  // namespace dialsim

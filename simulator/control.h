@@ -1,0 +1,23 @@
+// What the control functions and the script runner share: a user's hand on the dial.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "platform/types.h"
+#include "simulator/dial.h"
+
+namespace dialsim {
+
+HRESULT Turn(std::uint64_t window, double degrees);
+HRESULT Click(std::uint64_t window);
+void Hold(bool down);
+HRESULT Touch(std::uint64_t window, const abi::Rect& bounds);
+HRESULT Move(std::uint64_t window, const abi::Rect& bounds);
+HRESULT Lift(std::uint64_t window);
+HRESULT Acquire(std::uint64_t window);
+HRESULT Lose(std::uint64_t window);
+void SetHaptics(bool present, std::vector<std::uint16_t> waveforms);
+
+}  // namespace dialsim

@@ -1,0 +1,106 @@
+// The control surface: flat functions over the simulator's parts.
+#include "simulator/dialsim.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "simulator/accounts.h"
+#include "simulator/clock.h"
+#include "simulator/control.h"
+#include "simulator/dial.h"
+#include "simulator/journal.h"
+#include "simulator/operations.h"
+#include "simulator/script.h"
+
+namespace {
+
+using namespace dialsim;
+
+std::size_t CopyOut(const std::string& text, char* buffer, std::size_t size) {
+    if (buffer != nullptr && size > 0) {
+        const std::size_t length = std::min(text.size(), size - 1);
+        std::memcpy(buffer, text.data(), length);
+        buffer[length] = '\0';
+    }
+    return text.size() + 1;
+}
+
+bool AddFault(const char* operation, std::optional<HRESULT> code, std::uint32_t from, std::uint32_t times) {
+    if (!IsOperation(operation)) {
+        return false;
+    }
+    TheJournal().Add({operation, code, from, times});
+    return true;
+}
+
+std::string_view NameOrAll(const char* class_name) { return class_name == nullptr ? "" : class_name; }
+
+}  // namespace
+
+int32_t dialsim_turn(uint64_t window, double degrees) { return Turn(window, degrees); }
+int32_t dialsim_click(uint64_t window) { return Click(window); }
+void dialsim_hold(bool down) { Hold(down); }
+int32_t dialsim_touch(uint64_t window, float x, float y, float width, float height) {
+    return Touch(window, {x, y, width, height});
+}
+int32_t dialsim_move(uint64_t window, float x, float y, float width, float height) {
+    return Move(window, {x, y, width, height});
+}
+int32_t dialsim_lift(uint64_t window) { return Lift(window); }
+int32_t dialsim_acquire(uint64_t window) { return Acquire(window); }
+int32_t dialsim_lose(uint64_t window) { return Lose(window); }
+
+size_t dialsim_raised(char* buffer, size_t size) { return CopyOut(TheDial().Raised(), buffer, size); }
+void dialsim_raise_on_own_thread(bool own_thread) { TheDial().SetOwnThread(own_thread); }
+
+void dialsim_set_haptics(bool present, const uint16_t* waveforms, uint32_t count) {
+    SetHaptics(present, std::vector<std::uint16_t>(waveforms, waveforms + count));
+}
+
+void dialsim_set_type_present(const char* type, bool present) { TheDial().SetTypePresent(type, present); }
+
+uint64_t dialsim_now() { return ClockNow(); }
+void dialsim_wait(uint32_t milliseconds) { Wait(milliseconds, false); }
+bool dialsim_set_clock(uint64_t milliseconds) { return SetClock(milliseconds); }
+
+bool dialsim_play(const char* script, uint32_t flags, char* error, size_t error_size) {
+    const std::string reason = PlayScript(script, (flags & DIALSIM_REAL_TIME) != 0);
+    CopyOut(reason, error, error_size);
+    return reason.empty();
+}
+
+void dialsim_play_in_background(const char* script, uint32_t flags,
+                                void (*done)(void* context, const char* error), void* context) {
+    RunInBackground([script = std::string(script), flags, done, context] {
+        const std::string reason = PlayScript(script, (flags & DIALSIM_REAL_TIME) != 0);
+        done(context, reason.empty() ? nullptr : reason.c_str());
+    });
+}
+
+bool dialsim_fail(const char* operation, int32_t code, uint32_t from, uint32_t times) {
+    return AddFault(operation, code, from, times);
+}
+bool dialsim_yield_null(const char* operation, uint32_t from, uint32_t times) {
+    return AddFault(operation, std::nullopt, from, times);
+}
+const char* dialsim_operation(uint32_t index) { return Operation(index); }
+
+size_t dialsim_journal(char* buffer, size_t size) { return CopyOut(TheJournal().Text(), buffer, size); }
+void dialsim_clear_journal() { TheJournal().Clear(); }
+uint32_t dialsim_calls(const char* operation) { return TheJournal().Count(operation); }
+
+uint32_t dialsim_objects(const char* class_name) {
+    return TheAccounts().Objects(NameOrAll(class_name)).objects;
+}
+uint32_t dialsim_references(const char* class_name) {
+    return TheAccounts().Objects(NameOrAll(class_name)).references;
+}
+uint32_t dialsim_strings() { return TheAccounts().Strings(); }
+uint32_t dialsim_handlers() { return TheAccounts().Handlers(); }
+size_t dialsim_accounts(char* buffer, size_t size) { return CopyOut(TheAccounts().Text(), buffer, size); }
+
+void dialsim_reset() {
+    TheJournal().Reset();
+    TheAccounts().Reset();
+    TheDial().Reset();
+}

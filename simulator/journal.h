@@ -1,0 +1,105 @@
+// Every platform call in order, and the faults that strike them.
+#pragma once
+
+#include <cstdint>
+#include <deque>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <type_traits>
+#include <vector>
+
+#include "platform/types.h"
+#include "sync.h"
+
+namespace dialsim {
+
+struct Fault {
+    std::string pattern;          // an operation, or an operation with its arguments
+    std::optional<HRESULT> code;  // none: succeed and yield null
+    std::uint32_t from;           // the first matching call that is struck, counted from 1
+    std::uint32_t times;          // 0: for ever
+    std::uint32_t seen = 0;
+};
+
+class Journal {
+public:
+    struct Entry {
+        std::uint64_t number;
+        // Set when a fault strikes; the operation itself then does not take place.
+        bool struck = false;
+        std::optional<HRESULT> code;
+    };
+
+    // Writes the call down and looks for a fault.
+    Entry Begin(std::string_view operation, std::string_view arguments);
+    void End(const Entry& entry, HRESULT code);
+
+    void Add(Fault fault);
+    std::uint32_t Count(std::string_view pattern);
+    std::string Text();
+    void Clear();
+    void Reset();
+
+private:
+    struct Line {
+        std::string operation;
+        std::string call;
+        HRESULT code;
+    };
+
+    Mutex mutex_;
+    std::deque<Line> lines_;
+    std::uint64_t first_number_ = 0;
+    std::vector<Fault> faults_;
+};
+
+Journal& TheJournal();
+
+// While one of these lives, what the platform does on this thread is the platform's own affair: not
+// journaled, not struck.
+class Unobserved {
+public:
+    Unobserved();
+    Unobserved(const Unobserved&) = delete;
+    Unobserved& operator=(const Unobserved&) = delete;
+    ~Unobserved();
+    static bool Now();
+};
+
+// One platform operation: journaled, struck by its fault if there is one, else done by `body`, which answers
+// an HRESULT.
+template <class Body>
+HRESULT Perform(std::string_view operation, std::string_view arguments, Body body) {
+    if (Unobserved::Now()) {
+        return body();
+    }
+    const Journal::Entry entry = TheJournal().Begin(operation, arguments);
+    const HRESULT code = entry.struck ? entry.code.value_or(S_OK) : body();
+    TheJournal().End(entry, code);
+    return code;
+}
+
+// The same with a result. A null place for it is refused; a pointer is null unless `body` fills it in; a
+// value is left alone by a failure and zero where nothing is yielded.
+template <class Result, class Body>
+HRESULT PerformInto(std::string_view operation, std::string_view arguments, Result* result, Body body) {
+    if (result == nullptr) {
+        return Perform(operation, arguments, [] { return E_POINTER; });
+    }
+    bool done = false;
+    if constexpr (std::is_pointer_v<Result>) {
+        *result = nullptr;
+    }
+    const HRESULT code = Perform(operation, arguments, [&] {
+        done = true;
+        return body();
+    });
+    if (!done && code >= 0) {
+        *result = {};
+    }
+    return code;
+}
+
+}  // namespace dialsim

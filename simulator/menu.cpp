@@ -1,0 +1,335 @@
+#include "simulator/menu.h"
+
+#include <array>
+
+#include "simulator/vectors.h"
+
+namespace dialsim {
+
+namespace {
+
+// Whatever is removed is released outside the lock: an item's end may run code of others.
+template <class Body>
+HRESULT Locked(Mutex& mutex, Body body) {
+    const std::lock_guard guard(mutex);
+    return body();
+}
+
+}  // namespace
+
+MenuItem::MenuItem(WideView label, Picture picture)
+    : Object(abi::RadialControllerMenuItem::Name), label_(label), picture_(std::move(picture)) {}
+
+HRESULT MenuItem::get_DisplayText(HSTRING* result) noexcept {
+    return PerformInto(MethodName<Interface>("get_DisplayText"), "", result,
+                       [&] { return NewString(label_, result); });
+}
+
+HRESULT MenuItem::get_Tag(abi::IInspectable** result) noexcept {
+    return PerformInto(MethodName<Interface>("get_Tag"), "", result,
+                       [&] { return Locked(mutex_, [&] { return tag_.CopyTo(result); }); });
+}
+
+HRESULT MenuItem::put_Tag(abi::IInspectable* value) noexcept {
+    return Perform(MethodName<Interface>("put_Tag"), "", [&] {
+        Ref<abi::IInspectable> tag(value);
+        return Locked(mutex_, [&] {
+            std::swap(tag_, tag);
+            return S_OK;
+        });
+    });
+}
+
+HRESULT MenuItem::add_Invoked(
+    abi::TypedEventHandler<abi::RadialControllerMenuItem, abi::IInspectable>* handler,
+    EventRegistrationToken* result) noexcept {
+    return PerformInto(MethodName<Interface>("add_Invoked"), "", result,
+                       [&] { return invoked_.Add(handler, result); });
+}
+
+HRESULT MenuItem::remove_Invoked(EventRegistrationToken token) noexcept {
+    return Perform(MethodName<Interface>("remove_Invoked"), "", [&] { return invoked_.Remove(token); });
+}
+
+Outcome MenuItem::Invoke() {
+    return invoked_.Raise(static_cast<Interface*>(this), static_cast<abi::IInspectable*>(nullptr));
+}
+
+HRESULT MenuItems::GetAt(std::uint32_t index, Element** result) noexcept {
+    return PerformInto(MethodName<Interface>("GetAt"), std::to_string(index), result, [&] {
+        return Locked(mutex_,
+                      [&] { return index < items_.size() ? items_[index].CopyTo(result) : kOutOfBounds; });
+    });
+}
+
+HRESULT MenuItems::get_Size(std::uint32_t* result) noexcept {
+    return PerformInto(MethodName<Interface>("get_Size"), "", result, [&] {
+        return Locked(mutex_, [&] {
+            *result = static_cast<std::uint32_t>(items_.size());
+            return S_OK;
+        });
+    });
+}
+
+HRESULT MenuItems::GetView(abi::IVectorView<abi::RadialControllerMenuItem>** result) noexcept {
+    return PerformInto(MethodName<Interface>("GetView"), "", result, [&] {
+        return Make<VectorView<abi::RadialControllerMenuItem>>(Snapshot()).CopyTo(result);
+    });
+}
+
+HRESULT MenuItems::IndexOf(Element* value, std::uint32_t* index, abi::boolean* result) noexcept {
+    return PerformInto(MethodName<Interface>("IndexOf"), "", result, [&] {
+        return Locked(mutex_, [&] {
+            const auto found = std::find_if(items_.begin(), items_.end(),
+                                            [&](const auto& item) { return item.get() == value; });
+            *index = static_cast<std::uint32_t>(found == items_.end() ? 0 : found - items_.begin());
+            *result = found != items_.end();
+            return S_OK;
+        });
+    });
+}
+
+HRESULT MenuItems::SetAt(std::uint32_t index, Element* value) noexcept {
+    return Perform(MethodName<Interface>("SetAt"), std::to_string(index), [&] {
+        Ref<Element> item(value);
+        return Locked(mutex_, [&] {
+            if (index >= items_.size()) {
+                return kOutOfBounds;
+            }
+            std::swap(items_[index], item);
+            return S_OK;
+        });
+    });
+}
+
+HRESULT MenuItems::InsertAt(std::uint32_t index, Element* value) noexcept {
+    return Perform(MethodName<Interface>("InsertAt"), std::to_string(index), [&] {
+        return Locked(mutex_, [&] {
+            if (index > items_.size()) {
+                return kOutOfBounds;
+            }
+            items_.emplace(items_.begin() + index, value);
+            return S_OK;
+        });
+    });
+}
+
+HRESULT MenuItems::RemoveAt(std::uint32_t index) noexcept {
+    return Perform(MethodName<Interface>("RemoveAt"), std::to_string(index), [&] {
+        Ref<Element> removed;
+        return Locked(mutex_, [&] {
+            if (index >= items_.size()) {
+                return kOutOfBounds;
+            }
+            removed = std::move(items_[index]);
+            items_.erase(items_.begin() + index);
+            return S_OK;
+        });
+    });
+}
+
+HRESULT MenuItems::Append(Element* value) noexcept {
+    return Perform(MethodName<Interface>("Append"), "", [&] {
+        return Locked(mutex_, [&] {
+            items_.emplace_back(value);
+            return S_OK;
+        });
+    });
+}
+
+HRESULT MenuItems::RemoveAtEnd() noexcept {
+    return Perform(MethodName<Interface>("RemoveAtEnd"), "", [&] {
+        Ref<Element> removed;
+        return Locked(mutex_, [&] {
+            if (items_.empty()) {
+                return kOutOfBounds;
+            }
+            removed = std::move(items_.back());
+            items_.pop_back();
+            return S_OK;
+        });
+    });
+}
+
+HRESULT MenuItems::Clear() noexcept {
+    return Perform(MethodName<Interface>("Clear"), "", [&] {
+        std::vector<Ref<Element>> removed;
+        return Locked(mutex_, [&] {
+            removed.swap(items_);
+            return S_OK;
+        });
+    });
+}
+
+HRESULT MenuItems::GetMany(std::uint32_t start, std::uint32_t count, Element** items,
+                           std::uint32_t* result) noexcept {
+    return PerformInto(MethodName<Interface>("GetMany"), "", result, [&] {
+        return Locked(mutex_, [&] {
+            *result = 0;
+            while (*result < count && start + *result < items_.size()) {
+                items_[start + *result].CopyTo(&items[*result]);
+                ++*result;
+            }
+            return S_OK;
+        });
+    });
+}
+
+HRESULT MenuItems::ReplaceAll(std::uint32_t count, Element** items) noexcept {
+    return Perform(MethodName<Interface>("ReplaceAll"), "", [&] {
+        std::vector<Ref<Element>> replaced;
+        for (std::uint32_t i = 0; i < count; ++i) {
+            replaced.emplace_back(items[i]);
+        }
+        return Locked(mutex_, [&] {
+            replaced.swap(items_);
+            return S_OK;
+        });
+    });
+}
+
+std::vector<Ref<MenuItems::Element>> MenuItems::Snapshot() {
+    const std::lock_guard guard(mutex_);
+    return items_;
+}
+
+RadialMenu::RadialMenu() : Object(abi::RadialControllerMenu::Name), items_(Make<MenuItems>()) {}
+
+HRESULT RadialMenu::get_Items(abi::IVector<abi::RadialControllerMenuItem>** result) noexcept {
+    return PerformInto(MethodName<Interface>("get_Items"), "", result, [&] { return items_.CopyTo(result); });
+}
+
+HRESULT RadialMenu::get_IsEnabled(abi::boolean* result) noexcept {
+    return PerformInto(MethodName<Interface>("get_IsEnabled"), "", result, [&] {
+        return Locked(mutex_, [&] {
+            *result = enabled_;
+            return S_OK;
+        });
+    });
+}
+
+HRESULT RadialMenu::put_IsEnabled(abi::boolean value) noexcept {
+    return Perform(MethodName<Interface>("put_IsEnabled"), std::to_string(value), [&] {
+        return Locked(mutex_, [&] {
+            enabled_ = value != 0;
+            return S_OK;
+        });
+    });
+}
+
+HRESULT RadialMenu::GetSelectedMenuItem(abi::IRadialControllerMenuItem** result) noexcept {
+    return PerformInto(MethodName<Interface>("GetSelectedMenuItem"), "", result, [&] {
+        Ref<abi::IRadialControllerMenuItem> selected;
+        Locked(mutex_, [&] {
+            selected = selected_;
+            return S_OK;
+        });
+        return StillThere(selected).CopyTo(result);
+    });
+}
+
+HRESULT RadialMenu::SelectMenuItem(abi::IRadialControllerMenuItem* item) noexcept {
+    return Perform(MethodName<Interface>("SelectMenuItem"), "", [&] {
+        Ref<abi::IRadialControllerMenuItem> wanted = StillThere(Ref(item));
+        if (!wanted) {
+            return E_INVALIDARG;
+        }
+        Select(std::move(wanted));
+        return S_OK;
+    });
+}
+
+HRESULT RadialMenu::TrySelectPreviouslySelectedMenuItem(abi::boolean* result) noexcept {
+    return PerformInto(MethodName<Interface>("TrySelectPreviouslySelectedMenuItem"), "", result, [&] {
+        Ref<abi::IRadialControllerMenuItem> previous;
+        Locked(mutex_, [&] {
+            previous = previous_;
+            return S_OK;
+        });
+        previous = StillThere(previous);
+        *result = static_cast<bool>(previous);
+        if (previous) {
+            Select(std::move(previous));
+        }
+        return S_OK;
+    });
+}
+
+bool RadialMenu::Choose(std::uint32_t index, Outcome& outcome) {
+    const auto items = items_->Snapshot();
+    if (index >= items.size()) {
+        return false;
+    }
+    Select(items[index]);
+    outcome = static_cast<MenuItem*>(items[index].get())->Invoke();
+    return true;
+}
+
+Ref<abi::IRadialControllerMenuItem> RadialMenu::StillThere(const Ref<abi::IRadialControllerMenuItem>& item) {
+    for (const auto& present : items_->Snapshot()) {
+        if (item && present.get() == item.get()) {
+            return item;
+        }
+    }
+    return {};
+}
+
+void RadialMenu::Select(Ref<abi::IRadialControllerMenuItem> item) {
+    const std::lock_guard guard(mutex_);
+    previous_ = std::exchange(selected_, std::move(item));
+}
+
+namespace {
+
+constexpr std::array<const char*, 9> kIconNames = {
+    "Scroll", "Zoom",     "UndoRedo",     "Volume", "NextPreviousTrack",
+    "Ruler",  "InkColor", "InkThickness", "PenType"};
+
+class MenuItemStatics final
+    : public Object<abi::IRadialControllerMenuItemStatics, abi::IRadialControllerMenuItemStatics2> {
+    using First = abi::IRadialControllerMenuItemStatics;
+    using Second = abi::IRadialControllerMenuItemStatics2;
+    using Item = abi::IRadialControllerMenuItem;
+
+public:
+    MenuItemStatics() : Object(abi::RadialControllerMenuItem::Name) {}
+
+    // Pictures from streams and font files are not simulated yet.
+    HRESULT CreateFromIcon(HSTRING, abi::IRandomAccessStreamReference*, Item** result) noexcept override {
+        return PerformInto(MethodName<First>("CreateFromIcon"), "", result, [] { return E_NOTIMPL; });
+    }
+    HRESULT CreateFromKnownIcon(HSTRING label, abi::RadialControllerMenuKnownIcon icon,
+                                Item** result) noexcept override {
+        const auto number = static_cast<std::uint32_t>(icon);
+        return PerformInto(MethodName<First>("CreateFromKnownIcon"), std::to_string(number), result, [&] {
+            return number < kIconNames.size()
+                       ? MakeItem(label, std::string("known icon ") + kIconNames[number], result)
+                       : E_INVALIDARG;
+        });
+    }
+    HRESULT CreateFromFontGlyph(HSTRING label, HSTRING glyph, HSTRING family,
+                                Item** result) noexcept override {
+        const std::string source = "glyph " + Narrow(View(glyph)) + " of " + Narrow(View(family));
+        return PerformInto(MethodName<Second>("CreateFromFontGlyph"), source, result,
+                           [&] { return MakeItem(label, source, result); });
+    }
+    HRESULT CreateFromFontGlyphWithUri(HSTRING, HSTRING, HSTRING, abi::IUriRuntimeClass*,
+                                       Item** result) noexcept override {
+        return PerformInto(MethodName<Second>("CreateFromFontGlyphWithUri"), "", result,
+                           [] { return E_NOTIMPL; });
+    }
+
+private:
+    static HRESULT MakeItem(HSTRING label, std::string source, Item** result) {
+        return Make<MenuItem>(View(label), Picture{std::move(source)}).CopyTo(result);
+    }
+};
+
+}  // namespace
+
+Ref<abi::IInspectable> MakeMenuItemStatics() {
+    return Ref<abi::IInspectable>::Adopt(
+        static_cast<abi::IRadialControllerMenuItemStatics*>(new MenuItemStatics));
+}
+
+}  // namespace dialsim

@@ -1,0 +1,18 @@
+// UTF-8 and UTF-16.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "platform/types.h"
+
+namespace dialsim {
+
+using WideString = std::basic_string<WCHAR>;
+using WideView = std::basic_string_view<WCHAR>;
+
+// Damaged sequences become U+FFFD, as in the platform's own conversion.
+WideString Widen(std::string_view utf8);
+std::string Narrow(WideView wide);
+
+}  // namespace dialsim

@@ -1,0 +1,26 @@
+// The platform's flat functions as they are, without journal and faults: natively the simulator's own, on
+// Windows the system's.
+#pragma once
+
+#include "platform/functions.h"
+
+namespace dialsim::underlying {
+
+HRESULT RoInitialize(RO_INIT_TYPE type);
+void RoUninitialize();
+HRESULT RoGetActivationFactory(HSTRING class_name, const IID& iid, void** factory);
+BOOL RoOriginateLanguageException(HRESULT code, HSTRING message, ::IUnknown* language_exception);
+
+HRESULT WindowsCreateString(const WCHAR* text, UINT length, HSTRING* string);
+HRESULT WindowsCreateStringReference(const WCHAR* text, UINT length, HSTRING_HEADER* header, HSTRING* string);
+HRESULT WindowsDeleteString(HSTRING string);
+const WCHAR* WindowsGetStringRawBuffer(HSTRING string, UINT* length);
+HRESULT WindowsPreallocateStringBuffer(UINT length, WCHAR** characters, HSTRING_BUFFER* buffer);
+HRESULT WindowsPromoteStringBuffer(HSTRING_BUFFER buffer, HSTRING* string);
+HRESULT WindowsDeleteStringBuffer(HSTRING_BUFFER buffer);
+
+ULONGLONG GetTickCount64();
+int MultiByteToWideChar(UINT code_page, DWORD flags, const char* bytes, int byte_count, WCHAR* wide,
+                        int wide_count);
+
+}  // namespace dialsim::underlying

@@ -1,0 +1,37 @@
+// Locks and threads: the system's. The toolchain's default thread model has none in its standard library.
+#pragma once
+
+#include <windows.h>
+
+#include <functional>
+#include <memory>
+
+namespace dialsim {
+
+class Mutex {
+public:
+    void lock() { AcquireSRWLockExclusive(&lock_); }
+    void unlock() { ReleaseSRWLockExclusive(&lock_); }
+
+private:
+    SRWLOCK lock_ = SRWLOCK_INIT;
+};
+
+inline HANDLE StartThread(std::function<void()> action) {
+    const auto run = [](void* context) -> DWORD {
+        const std::unique_ptr<std::function<void()>> owned(static_cast<std::function<void()>*>(context));
+        (*owned)();
+        return 0;
+    };
+    return CreateThread(nullptr, 0, run, new std::function<void()>(std::move(action)), 0, nullptr);
+}
+
+inline void RunInBackground(std::function<void()> action) { CloseHandle(StartThread(std::move(action))); }
+
+inline void RunOnOwnThread(std::function<void()> action) {
+    const HANDLE thread = StartThread(std::move(action));
+    WaitForSingleObject(thread, INFINITE);
+    CloseHandle(thread);
+}
+
+}  // namespace dialsim
