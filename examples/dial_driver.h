@@ -1,0 +1,25 @@
+// A hand for the simulated dial: plays a dial script in the background. The one file of the sample that knows
+// of the simulator.
+#pragma once
+
+#include <functional>
+#include <string>
+
+class DialDriver {
+public:
+    explicit DialDriver(const char* script_path);
+
+    // `done` is called at the end of the script, from the thread that played it.
+    void Start(std::function<void()> done);
+
+    // After `done`: whether the script could not be played, and why.
+    bool Failed() const { return !error_.empty(); }
+    const char* Error() const { return error_.c_str(); }
+
+private:
+    static void OnEnd(void* context, const char* error);
+
+    std::string script_;
+    std::string error_;
+    std::function<void()> done_;
+};

@@ -1,0 +1,93 @@
+// A complete host: it makes a window, listens to the dial there, and prints what it is told as a table.
+//
+// This is the code to copy. Only the two lines that name the DialDriver are not for you: they turn a
+// simulated dial by a script, where a person would turn a real one.
+#include <brindle.h>
+
+#include <chrono>
+#include <cstdio>
+
+#include "dial_driver.h"
+#include "host_window.h"
+
+namespace {
+
+class TableHost final : public IDialHost {
+public:
+    explicit TableHost(uint64_t window) : window_(window) {
+        std::printf("%9s  %8s  %12s  %6s  %4s  %s\n", "time", "degrees", "acceleration", "button", "item",
+                    "contact");
+    }
+
+    uint64_t GetWindowHandle() override { return window_; }
+
+    // Both callbacks come on whatever thread the platform raises the dial's events on.
+    void OnRotation(void* /*sender*/, const DialRotationInfo* turn) override {
+        PrintTime();
+        std::printf("  %+8.1f  %12.2f  %6s  %4u  ", turn->deltaDegrees, turn->acceleration,
+                    turn->buttonPressed ? "down" : "up", static_cast<unsigned>(turn->selectedItemTag));
+        PrintContact(turn->contact);
+        angle_ += turn->deltaDegrees;
+        if (angle_ > 90.0) {
+            turn->hapticRequest = &kBuzz;  // past the end of our scale: let the user feel it
+        }
+    }
+
+    void OnButtonClicked(void* /*sender*/, const DialContactRect* rect) override {
+        PrintTime();
+        std::printf("  %8s  %12s  %6s  %4s  ", "-", "-", "click", "-");
+        PrintContact(*rect);
+        angle_ = 0.0;
+    }
+
+private:
+    static constexpr uint32_t kBuzz = 1;
+
+    void PrintTime() const {
+        const auto passed = std::chrono::steady_clock::now() - start_;
+        const auto ms = std::chrono::duration_cast<std::chrono::milliseconds>(passed).count();
+        std::printf("%6lld ms", static_cast<long long>(ms));
+    }
+
+    static void PrintContact(const DialContactRect& rect) {
+        const bool on_screen = rect.left != 0 || rect.top != 0 || rect.right != 0 || rect.bottom != 0;
+        if (on_screen) {
+            std::printf("(%d, %d) to (%d, %d)\n", rect.left, rect.top, rect.right, rect.bottom);
+        } else {
+            std::printf("-\n");
+        }
+        std::fflush(stdout);
+    }
+
+    const uint64_t window_;
+    const std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
+    double angle_ = 0.0;
+};
+
+int Fail(const char* what) {
+    std::fprintf(stderr, "sample_host: %s\n", what);
+    return 1;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (argc != 2) {
+        return Fail("give it a dial script");
+    }
+    if (initialize() != 0) {
+        return Fail("this system has no dial support");
+    }
+    HostWindow window("Brindle sample host");
+    TableHost host(window.Handle());
+    if (!init_dial_listener(&host)) {
+        return Fail("the dial cannot be listened to; the lines above say which step failed");
+    }
+
+    DialDriver driver(argv[1]);
+    driver.Start([&window] { window.Close(); });
+
+    window.RunMessageLoop();
+    uninit();
+    return driver.Failed() ? Fail(driver.Error()) : 0;
+}
