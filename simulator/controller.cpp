@@ -32,7 +32,10 @@ Controller::Controller(HWND window)
     TheDial().Enter(this);
 }
 
-Controller::~Controller() { TheDial().Leave(this); }
+Controller::~Controller() {
+    TheDial().Leave(this);
+    TheJournal().Note("end of RadialController", std::to_string(window_));
+}
 
 Outcome Controller::RaiseRotation(const DialState& dial, double degrees) {
     const auto args = Make<RotationArgs>(dial, degrees);

@@ -25,11 +25,11 @@ std::size_t CopyOut(const std::string& text, char* buffer, std::size_t size) {
     return text.size() + 1;
 }
 
-bool AddFault(const char* operation, std::optional<HRESULT> code, std::uint32_t from, std::uint32_t times) {
-    if (!IsOperation(operation)) {
+bool AddFault(const Fault& fault) {
+    if (!IsOperation(fault.pattern)) {
         return false;
     }
-    TheJournal().Add({operation, code, from, times});
+    TheJournal().Add(fault);
     return true;
 }
 
@@ -78,10 +78,13 @@ void dialsim_play_in_background(const char* script, uint32_t flags,
 }
 
 bool dialsim_fail(const char* operation, int32_t code, uint32_t from, uint32_t times) {
-    return AddFault(operation, code, from, times);
+    return AddFault({operation, Fault::Kind::Fail, code, from, times});
+}
+bool dialsim_fail_late(const char* operation, int32_t code, uint32_t from, uint32_t times) {
+    return AddFault({operation, Fault::Kind::FailLate, code, from, times});
 }
 bool dialsim_yield_null(const char* operation, uint32_t from, uint32_t times) {
-    return AddFault(operation, std::nullopt, from, times);
+    return AddFault({operation, Fault::Kind::YieldNull, S_OK, from, times});
 }
 const char* dialsim_operation(uint32_t index) { return Operation(index); }
 

@@ -84,7 +84,8 @@ enum {
  *   turn DEGREES         click               hold                release
  *   touch X Y W H        move X Y W H        lift                acquire             lose
  *   wait MS              window HANDLE       haptics WAVEFORM... thread own|caller
- *   fail OPERATION CODE [FROM [TIMES]]       null OPERATION [FROM [TIMES]]
+ *   fail OPERATION CODE [FROM [TIMES]]       fail-late OPERATION CODE [FROM [TIMES]]
+ *   null OPERATION [FROM [TIMES]]
  *   show journal         show accounts
  *
  * `window` directs what follows (0, the newest, at the start). False when a line cannot be understood;
@@ -107,7 +108,9 @@ void dialsim_play_in_background(const char* script, uint32_t flags,
  * may be set on one operation; the first that strikes decides. False when no such operation exists.
  */
 bool dialsim_fail(const char* operation, int32_t code, uint32_t from, uint32_t times);
-/* Succeeds and yields null, or nothing. */
+/* The operation takes place, its result is handed out, and then it claims to have failed. */
+bool dialsim_fail_late(const char* operation, int32_t code, uint32_t from, uint32_t times);
+/* The operation does not take place, and succeeds with null, or zero. */
 bool dialsim_yield_null(const char* operation, uint32_t from, uint32_t times);
 
 /* The operations that faults can be set on, by index from 0; null past the last. */

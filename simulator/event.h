@@ -27,19 +27,48 @@ struct Outcome {
     }
 };
 
+inline constexpr HRESULT kWrongThread = static_cast<HRESULT>(0x8001010E);  // RPC_E_WRONG_THREAD
+
 // A handler that the platform holds; entered in the accounts as long as it does.
 template <class Handler>
 class HeldHandler {
 public:
-    explicit HeldHandler(Handler* handler) : handler_(handler) { TheAccounts().HandlerTaken(handler); }
+    explicit HeldHandler(Handler* handler) : handler_(handler), agile_(IsAgile(handler)) {
+        TheAccounts().HandlerTaken(handler);
+    }
     HeldHandler(const HeldHandler&) = delete;
     HeldHandler& operator=(const HeldHandler&) = delete;
     ~HeldHandler() { TheAccounts().HandlerReleased(handler_.get()); }
 
-    Handler* get() const { return handler_.get(); }
+    // Nothing stands above the platform: what a handler raises stops here and is reported. One that is not
+    // agile belongs to the thread that subscribed it.
+    template <class Sender, class Args>
+    Outcome Call(Sender* sender, Args* args) const {
+        if (!agile_ && home_ != CurrentThread()) {
+            return {kWrongThread, false, {}};
+        }
+        try {
+            return {handler_->Invoke(sender, args), false, {}};
+        } catch (const std::exception& error) {
+            return {S_OK, true, error.what()};
+        } catch (...) {
+            return {S_OK, true, "something that is no standard exception"};
+        }
+    }
 
 private:
-    Ref<Handler> handler_;
+    static bool IsAgile(Handler* handler) {
+        abi::IAgileObject* marker = nullptr;
+        if (handler->QueryInterface(abi::IAgileObject::Iid, reinterpret_cast<void**>(&marker)) < 0) {
+            return false;
+        }
+        marker->Release();
+        return true;
+    }
+
+    const Ref<Handler> handler_;
+    const bool agile_;
+    const std::uint64_t home_ = CurrentThread();
 };
 
 template <class Handler>
@@ -67,7 +96,7 @@ public:
     Outcome Raise(Sender* sender, Args* args) {
         Outcome outcome;
         for (const auto& [token, handler] : Snapshot()) {
-            outcome.Join(CallOne(*handler->get(), sender, args));
+            outcome.Join(handler->Call(sender, args));
         }
         return outcome;
     }
@@ -78,18 +107,6 @@ private:
     Handlers Snapshot() {
         const std::lock_guard guard(mutex_);
         return handlers_;
-    }
-
-    // Nothing stands above the platform: what a handler raises stops here and is reported.
-    template <class Sender, class Args>
-    static Outcome CallOne(Handler& handler, Sender* sender, Args* args) {
-        try {
-            return {handler.Invoke(sender, args), false, {}};
-        } catch (const std::exception& error) {
-            return {S_OK, true, error.what()};
-        } catch (...) {
-            return {S_OK, true, "something that is no standard exception"};
-        }
     }
 
     Mutex mutex_;

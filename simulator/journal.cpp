@@ -34,12 +34,11 @@ Journal& TheJournal() {
 Journal::Entry Journal::Begin(std::string_view operation, std::string_view arguments) {
     const std::lock_guard guard(mutex_);
     std::string call = std::string(operation) + "(" + std::string(arguments) + ")";
-    Entry entry{first_number_ + lines_.size(), false, std::nullopt};
+    Entry entry{first_number_ + lines_.size(), std::nullopt};
     for (Fault& fault : faults_) {
         // Every fault counts every call, also where an earlier one has struck already.
-        if (Matches(fault.pattern, operation, call) && Strikes(fault) && !entry.struck) {
-            entry.struck = true;
-            entry.code = fault.code;
+        if (Matches(fault.pattern, operation, call) && Strikes(fault) && !entry.fault) {
+            entry.fault = fault;
         }
     }
     lines_.push_back({std::string(operation), std::move(call), S_OK});
@@ -52,6 +51,8 @@ void Journal::End(const Entry& entry, HRESULT code) {
         lines_[entry.number - first_number_].code = code;
     }
 }
+
+void Journal::Note(std::string_view event, std::string_view arguments) { Begin(event, arguments); }
 
 void Journal::Add(Fault fault) {
     const std::lock_guard guard(mutex_);

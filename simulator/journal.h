@@ -16,10 +16,17 @@
 namespace dialsim {
 
 struct Fault {
-    std::string pattern;          // an operation, or an operation with its arguments
-    std::optional<HRESULT> code;  // none: succeed and yield null
-    std::uint32_t from;           // the first matching call that is struck, counted from 1
-    std::uint32_t times;          // 0: for ever
+    enum class Kind {
+        Fail,      // the operation does not take place and fails
+        FailLate,  // it takes place and then claims to have failed
+        YieldNull  // it does not take place and succeeds with nothing
+    };
+
+    std::string pattern;  // an operation, or an operation with its arguments
+    Kind kind;
+    HRESULT code;
+    std::uint32_t from;   // the first matching call that is struck, counted from 1
+    std::uint32_t times;  // 0: for ever
     std::uint32_t seen = 0;
 };
 
@@ -27,14 +34,14 @@ class Journal {
 public:
     struct Entry {
         std::uint64_t number;
-        // Set when a fault strikes; the operation itself then does not take place.
-        bool struck = false;
-        std::optional<HRESULT> code;
+        std::optional<Fault> fault;  // what strikes the call
     };
 
     // Writes the call down and looks for a fault.
     Entry Begin(std::string_view operation, std::string_view arguments);
     void End(const Entry& entry, HRESULT code);
+    // What happens without being called for.
+    void Note(std::string_view event, std::string_view arguments);
 
     void Add(Fault fault);
     std::uint32_t Count(std::string_view pattern);
@@ -76,7 +83,12 @@ HRESULT Perform(std::string_view operation, std::string_view arguments, Body bod
         return body();
     }
     const Journal::Entry entry = TheJournal().Begin(operation, arguments);
-    const HRESULT code = entry.struck ? entry.code.value_or(S_OK) : body();
+    HRESULT code = entry.fault ? entry.fault->code : S_OK;
+    if (!entry.fault) {
+        code = body();
+    } else if (entry.fault->kind == Fault::Kind::FailLate) {
+        body();
+    }
     TheJournal().End(entry, code);
     return code;
 }

@@ -63,18 +63,22 @@ bool ParseChoice(const std::string& word, const char* yes, const char* no) {
 }
 
 // `counts` is where the optional FROM and TIMES begin.
-Fault ParseFault(const Words& words, std::size_t counts, std::optional<HRESULT> code) {
+Fault ParseFault(const Words& words, std::size_t counts, Fault::Kind kind, HRESULT code) {
     if (!IsOperation(words[1])) {
         throw Misunderstood("there is no operation '" + words[1] + "'");
     }
     const auto count = [&](std::size_t i, std::uint32_t absent) {
         return i < words.size() ? Parse<std::uint32_t>(words[i]) : absent;
     };
-    return {words[1], code, count(counts, 1), count(counts + 1, 0)};
+    return {words[1], kind, code, count(counts, 1), count(counts + 1, 0)};
 }
 
 HRESULT ParseCode(const std::string& word) {
     return static_cast<HRESULT>(Parse<std::uint32_t>(word.starts_with("0x") ? word : "0x" + word));
+}
+
+Action Strike(const Fault& fault) {
+    return [fault](Player&) { TheJournal().Add(fault); };
 }
 
 struct Command {
@@ -127,12 +131,14 @@ const Command kCommands[] = {
      }},
     {"fail", 3, 5,
      [](const Words& words) -> Action {
-         return [fault = ParseFault(words, 3, ParseCode(words[2]))](Player&) { TheJournal().Add(fault); };
+         return Strike(ParseFault(words, 3, Fault::Kind::Fail, ParseCode(words[2])));
+     }},
+    {"fail-late", 3, 5,
+     [](const Words& words) -> Action {
+         return Strike(ParseFault(words, 3, Fault::Kind::FailLate, ParseCode(words[2])));
      }},
     {"null", 2, 4,
-     [](const Words& words) -> Action {
-         return [fault = ParseFault(words, 2, std::nullopt)](Player&) { TheJournal().Add(fault); };
-     }},
+     [](const Words& words) -> Action { return Strike(ParseFault(words, 2, Fault::Kind::YieldNull, S_OK)); }},
     {"show", 2, 2,
      [](const Words& words) -> Action {
          return [journal = ParseChoice(words[1], "journal", "accounts")](Player&) {

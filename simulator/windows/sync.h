@@ -3,6 +3,7 @@
 
 #include <windows.h>
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 
@@ -33,5 +34,7 @@ inline void RunOnOwnThread(std::function<void()> action) {
     WaitForSingleObject(thread, INFINITE);
     CloseHandle(thread);
 }
+
+inline std::uint64_t CurrentThread() { return GetCurrentThreadId(); }
 
 }  // namespace dialsim

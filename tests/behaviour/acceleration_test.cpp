@@ -1,0 +1,186 @@
+// How fast turning speeds up. The clock may be the system's here, which advances in steps of up to 16 ms: a scenario
+// whose gaps come out differently from what it needs is played again. Exact boundaries are tested where the clock can
+// be set.
+#include <cmath>
+#include <cstdlib>
+#include <vector>
+
+#include "behaviour.h"
+
+namespace {
+
+constexpr std::uint32_t kStepMs = 77;    // between a recomputation (50) and a pause (100), with room on both sides
+constexpr std::uint32_t kPauseMs = 160;  // a pause, with room
+
+double FactorFor(double degrees) { return std::sqrt(std::fabs(degrees) - 10.0) / 2.07 + 1.0; }
+
+class Acceleration : public Listening {
+protected:
+    // Starts a new sum with a turn of nothing.
+    void Settle() {
+        dialsim_wait(kPauseMs);
+        dialsim_turn(kWindow, 0.0);
+        last_turn_ = dialsim_now();
+        clean_ = true;
+    }
+    // A turn after `wait_ms`, which must leave a gap between `least_ms` and `most_ms` since the last one.
+    double TurnAfter(std::uint32_t wait_ms, double degrees, std::uint64_t least_ms, std::uint64_t most_ms,
+                     std::uint64_t window = kWindow) {
+        dialsim_wait(wait_ms);
+        const std::uint64_t before = dialsim_now();
+        dialsim_turn(window, degrees);
+        const std::uint64_t after = dialsim_now();
+        // The turn's own reading lay somewhere between.
+        clean_ = clean_ && before - last_turn_ >= least_ms && after - last_turn_ <= most_ms && before == after;
+        last_turn_ = after;
+        return host.rotations.empty() ? 0.0 : host.LastRotation().acceleration;
+    }
+    double Step(double degrees) { return TurnAfter(kStepMs, degrees, 50, 100); }
+    double Pause(double degrees) { return TurnAfter(kPauseMs, degrees, 101, 1000); }
+
+    // Plays until the clock has let a scenario through; its expectations hold for that run.
+    template <class Scenario>
+    void Play(Scenario scenario) {
+        for (int attempt = 0; attempt < 50; ++attempt) {
+            Settle();
+            const auto check = scenario();
+            if (clean_) {
+                check();
+                return;
+            }
+        }
+        FAIL() << "the clock never let the scenario through";
+    }
+
+    std::uint64_t last_turn_ = 0;
+    bool clean_ = true;
+};
+
+TEST_F(Acceleration, TheFirstTenDegreesOfAMovementAddNothing) {
+    Play([&] {
+        const double five = Step(5.0);
+        const double ten = Step(5.0);
+        return [=] {
+            EXPECT_EQ(five, 1.0);
+            EXPECT_EQ(ten, 1.0);
+        };
+    });
+}
+
+TEST_F(Acceleration, DegreesBeyondTenInOneMovementRaiseTheFactor) {
+    Play([&] {
+        std::vector<double> factors;
+        for (int i = 0; i < 6; ++i) {
+            factors.push_back(Step(5.0));
+        }
+        return [=] {
+            EXPECT_DOUBLE_EQ(factors[2], FactorFor(15.0));
+            EXPECT_DOUBLE_EQ(factors[3], FactorFor(20.0));
+            EXPECT_DOUBLE_EQ(factors[4], FactorFor(25.0));
+            EXPECT_DOUBLE_EQ(factors[5], FactorFor(30.0));
+        };
+    });
+}
+
+TEST_F(Acceleration, ARotationAfterAPauseRestartsTheSum) {
+    Play([&] {
+        Step(40.0);
+        const double small = Pause(5.0);
+        Step(40.0);
+        const double large = Pause(25.0);
+        return [=] {
+            EXPECT_EQ(small, 1.0);
+            EXPECT_DOUBLE_EQ(large, FactorFor(25.0));
+        };
+    });
+}
+
+TEST_F(Acceleration, TurningBackAcceleratesAsTurningForth) {
+    Play([&] {
+        Step(-15.0);
+        const double factor = Step(-15.0);
+        return [=] { EXPECT_DOUBLE_EQ(factor, FactorFor(30.0)); };
+    });
+}
+
+TEST_F(Acceleration, TurningBackTakesFromTheSum) {
+    Play([&] {
+        Step(40.0);
+        const double factor = Step(-25.0);
+        return [=] { EXPECT_DOUBLE_EQ(factor, FactorFor(15.0)); };
+    });
+}
+
+TEST_F(Acceleration, TurnsInQuickSuccessionKeepTheLastFactorAndStillCount) {
+    Play([&] {
+        const double first = Step(20.0);
+        const double quick = TurnAfter(0, 20.0, 0, 0);
+        // Measured from the last recomputation, which was the step before.
+        const double later = TurnAfter(kStepMs, 20.0, 50, 100);
+        return [=] {
+            EXPECT_DOUBLE_EQ(first, FactorFor(20.0));
+            EXPECT_DOUBLE_EQ(quick, FactorFor(20.0));
+            EXPECT_DOUBLE_EQ(later, FactorFor(60.0));
+        };
+    });
+}
+
+TEST_F(Acceleration, ADeltaThatFailsAddsNothing) {
+    Play([&] {
+        Step(20.0);
+        dialsim_fail("IRadialControllerRotationChangedEventArgs::get_RotationDeltaInDegrees", kFail, 1, 1);
+        const double factor = Step(100.0);
+        return [=] { EXPECT_DOUBLE_EQ(factor, FactorFor(20.0)); };
+    });
+}
+
+TEST_F(Acceleration, ATurnWhoseRequiredDataFailsIsNotCounted) {
+    Play([&] {
+        Step(20.0);
+        dialsim_fail("IRadialControllerRotationChangedEventArgs2::get_IsButtonPressed", kFail, 1, 1);
+        TurnAfter(0, 100.0, 0, 0);
+        const double factor = Step(20.0);
+        return [=] { EXPECT_DOUBLE_EQ(factor, FactorFor(40.0)); };
+    });
+}
+
+TEST_F(Acceleration, TwoWindowsFeedOneHistory) {
+    RecordingHost other(kWindow + 1);
+    ASSERT_TRUE(init_dial_listener(&other));
+    Play([&] {
+        Step(20.0);
+        TurnAfter(kStepMs, 20.0, 50, 100, kWindow + 1);
+        const double factor = other.LastRotation().acceleration;
+        return [=] { EXPECT_DOUBLE_EQ(factor, FactorFor(40.0)); };
+    });
+}
+
+TEST_F(Acceleration, StoppingTheLibraryDoesNotResetTheHistory) {
+    Play([&] {
+        Step(20.0);
+        uninit();
+        initialize();
+        init_dial_listener(&host);
+        const double factor = Step(20.0);
+        return [=] { EXPECT_DOUBLE_EQ(factor, FactorFor(40.0)); };
+    });
+}
+
+using AccelerationDeathTest = Acceleration;
+
+// In a process of its own: the history begins with the first turn that gets as far, not with the library's load.
+void TurnForTheFirstTime() {
+    dialsim_reset();
+    initialize();
+    RecordingHost host(kWindow);
+    init_dial_listener(&host);
+    dialsim_wait(kPauseMs);
+    dialsim_turn(kWindow, 500.0);
+    std::_Exit(host.LastRotation().acceleration == 1.0 ? EXIT_SUCCESS : EXIT_FAILURE);
+}
+
+TEST_F(AccelerationDeathTest, TheFirstTurnEverIsNotAccelerated) {
+    EXPECT_EXIT(TurnForTheFirstTime(), testing::ExitedWithCode(EXIT_SUCCESS), "");
+}
+
+}  // namespace

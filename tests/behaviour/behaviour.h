@@ -1,0 +1,81 @@
+// What every behaviour test stands on: the library started on a fresh simulator; at the end nothing printed that was
+// not asked for, and nothing handed out that has not come back.
+#pragma once
+
+#include <brindle.h>
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <string>
+
+#include "simulator/dialsim.h"
+#include "support/dialsim_text.h"
+#include "support/recording_host.h"
+
+inline constexpr std::int32_t kFail = static_cast<std::int32_t>(0x80004005);
+inline constexpr std::int32_t kNoInterface = static_cast<std::int32_t>(0x80004002);
+inline constexpr std::int32_t kAccessDenied = static_cast<std::int32_t>(0x80070005);
+inline constexpr std::int32_t kOutOfMemory = static_cast<std::int32_t>(0x8007000E);
+inline constexpr std::int32_t kClassNotRegistered = static_cast<std::int32_t>(0x80040154);
+inline constexpr std::int32_t kDisconnected = static_cast<std::int32_t>(0x80010108);
+
+inline constexpr char kControllers[] = "Windows.UI.Input.RadialController";
+inline constexpr char kContacts[] = "Windows.UI.Input.RadialControllerScreenContact";
+
+inline constexpr std::uint64_t kWindow = 0x20316;
+
+class Unstarted : public testing::Test {
+protected:
+    void SetUp() override {
+        dialsim_reset();
+        testing::internal::CaptureStdout();
+    }
+    void TearDown() override {
+        EXPECT_EQ(Printed(), "") << "lines that nothing asked for";
+        testing::internal::GetCapturedStdout();
+        EXPECT_EQ(OpenAccounts(), "") << "handed out and not come back";
+    }
+
+    // What was printed since the last question.
+    static std::string Printed() {
+        const std::string printed = testing::internal::GetCapturedStdout();
+        testing::internal::CaptureStdout();
+        return printed;
+    }
+
+    // The operation fails once for each code, call by call, 0 standing for a call that works.
+    static void FailInTurn(const char* operation, std::initializer_list<std::int32_t> codes) {
+        std::uint32_t call = 0;
+        for (const std::int32_t code : codes) {
+            ++call;
+            if (code != 0) {
+                ASSERT_TRUE(dialsim_fail(operation, code, call, 1)) << operation;
+            }
+        }
+    }
+};
+
+class Started : public Unstarted {
+protected:
+    void SetUp() override {
+        Unstarted::SetUp();
+        ASSERT_EQ(initialize(), 0);
+        dialsim_clear_journal();
+    }
+    void TearDown() override {
+        uninit();
+        Unstarted::TearDown();
+    }
+};
+
+// A host listens at kWindow.
+class Listening : public Started {
+protected:
+    void SetUp() override {
+        Started::SetUp();
+        ASSERT_TRUE(init_dial_listener(&host));
+        dialsim_clear_journal();
+    }
+
+    RecordingHost host{kWindow};
+};

@@ -1,0 +1,318 @@
+// Registration, the registry, and the end of listeners.
+#include <string>
+#include <vector>
+
+#include "behaviour.h"
+
+namespace {
+
+using Listener = Started;
+
+constexpr char kRegistrationJournal[] =
+    "WindowsCreateStringReference(Windows.UI.Input.RadialController)\n"
+    "RoGetActivationFactory(Windows.UI.Input.RadialController)\n"
+    "IRadialControllerInterop::CreateForWindow(131862)\n"
+    "IRadialController::add_ScreenContactContinued()\n"
+    "IRadialController::add_ScreenContactStarted()\n"
+    "IRadialController::add_ScreenContactEnded()\n"
+    "IRadialController::add_ControlLost()\n"
+    "IRadialController::add_ControlAcquired()\n"
+    "IRadialController::add_RotationChanged()\n"
+    "IRadialController::add_ButtonClicked()\n";
+
+TEST_F(Listener, ANullHostIsRefusedAndNothingIsAsked) {
+    EXPECT_FALSE(init_dial_listener(nullptr));
+    EXPECT_EQ(Journal(), "");
+}
+
+TEST_F(Listener, TheSevenEventsAreSubscribedInTheirOwnOrder) {
+    RecordingHost host(kWindow);
+    EXPECT_TRUE(init_dial_listener(&host));
+    EXPECT_EQ(Journal(), kRegistrationJournal);
+    EXPECT_EQ(dialsim_handlers(), 7u);
+}
+
+TEST_F(Listener, TheHostIsAskedForItsWindowExactlyTwice) {
+    RecordingHost host(kWindow);
+    EXPECT_TRUE(init_dial_listener(&host));
+    EXPECT_EQ(host.times_asked, 2u);
+}
+
+TEST_F(Listener, AHostWhoseRegistrationFailsIsAskedForItsWindowOnce) {
+    RecordingHost host(kWindow);
+    dialsim_fail("IRadialControllerInterop::CreateForWindow", kFail, 1, 0);
+    EXPECT_FALSE(init_dial_listener(&host));
+    EXPECT_EQ(host.times_asked, 1u);
+    Printed();
+}
+
+TEST_F(Listener, TheFirstAnswerIsTheControllersWindow) {
+    RecordingHost host({10, 20});
+    EXPECT_TRUE(init_dial_listener(&host));
+    EXPECT_EQ(dialsim_calls("IRadialControllerInterop::CreateForWindow(10)"), 1u);
+    EXPECT_EQ(dialsim_turn(10, 1.0), 0);
+    EXPECT_EQ(host.rotations.size(), 1u);
+}
+
+TEST_F(Listener, TheSecondAnswerIsTheKey) {
+    RecordingHost displaced({10, 20});
+    RecordingHost second({30, 20});
+    RecordingHost elsewhere({40, 10});
+    EXPECT_TRUE(init_dial_listener(&displaced));
+    EXPECT_TRUE(init_dial_listener(&second));
+    EXPECT_TRUE(init_dial_listener(&elsewhere));
+    uninit();
+    // Filed under 20, the first listener was displaced there, so that uninit does not know it.
+    EXPECT_EQ(dialsim_turn(10, 1.0), 0);
+    EXPECT_EQ(dialsim_turn(30, 1.0), DIALSIM_NO_CONTROLLER);
+    EXPECT_EQ(dialsim_turn(40, 1.0), DIALSIM_NO_CONTROLLER);
+    EXPECT_EQ(dialsim_objects(kControllers), 1u);
+    dialsim_reset();
+}
+
+TEST_F(Listener, UninitEndsListenersInUnsignedOrderOfWindows) {
+    RecordingHost top(0x8000000000000001);
+    RecordingHost low(1);
+    RecordingHost middle(0x7FFFFFFFFFFFFFFF);
+    EXPECT_TRUE(init_dial_listener(&top));
+    EXPECT_TRUE(init_dial_listener(&middle));
+    EXPECT_TRUE(init_dial_listener(&low));
+    dialsim_clear_journal();
+    uninit();
+    EXPECT_EQ(Journal(),
+              "end of RadialController(1)\n"
+              "end of RadialController(9223372036854775807)\n"
+              "end of RadialController(9223372036854775809)\n"
+              "RoUninitialize()\n");
+}
+
+TEST_F(Listener, ASecondUninitFindsAnEmptyRegistry) {
+    RecordingHost host(kWindow);
+    EXPECT_TRUE(init_dial_listener(&host));
+    uninit();
+    dialsim_clear_journal();
+    uninit();
+    EXPECT_EQ(Journal(), "RoUninitialize()\n");
+}
+
+TEST_F(Listener, NoEventReachesAHostAfterUninit) {
+    RecordingHost host(kWindow);
+    EXPECT_TRUE(init_dial_listener(&host));
+    uninit();
+    EXPECT_EQ(dialsim_turn(kWindow, 5.0), DIALSIM_NO_CONTROLLER);
+    EXPECT_TRUE(host.rotations.empty());
+}
+
+TEST_F(Listener, ADisplacedListenerGoesOnCallingItsHost) {
+    RecordingHost first(kWindow);
+    RecordingHost second(kWindow);
+    EXPECT_TRUE(init_dial_listener(&first));
+    EXPECT_TRUE(init_dial_listener(&second));
+    EXPECT_EQ(dialsim_turn(kWindow, 1.0), 0);
+    EXPECT_EQ(first.rotations.size(), 1u);
+    EXPECT_EQ(second.rotations.size(), 1u);
+    dialsim_reset();
+}
+
+TEST_F(Listener, ADisplacedListenerOutlivesUninit) {
+    RecordingHost first(kWindow);
+    RecordingHost second(kWindow);
+    EXPECT_TRUE(init_dial_listener(&first));
+    EXPECT_TRUE(init_dial_listener(&second));
+    uninit();
+    EXPECT_EQ(dialsim_objects(kControllers), 1u);
+    EXPECT_EQ(dialsim_handlers(), 7u);
+    EXPECT_EQ(dialsim_turn(kWindow, 1.0), 0);
+    EXPECT_EQ(first.rotations.size(), 1u);
+    EXPECT_TRUE(second.rotations.empty());
+    dialsim_reset();
+}
+
+TEST_F(Listener, NothingIsEverUnsubscribed) {
+    RecordingHost first(kWindow);
+    RecordingHost second(kWindow);
+    RecordingHost refused(7);
+    EXPECT_TRUE(init_dial_listener(&first));
+    EXPECT_TRUE(init_dial_listener(&second));
+    dialsim_fail("IRadialController::add_ButtonClicked", kFail, 1, 0);
+    EXPECT_FALSE(init_dial_listener(&refused));
+    Printed();
+    uninit();
+    EXPECT_EQ(Journal().find("remove_"), std::string::npos);
+    dialsim_reset();
+}
+
+TEST_F(Listener, EachWindowsHostHearsItsOwnDial) {
+    RecordingHost first(1);
+    RecordingHost second(2);
+    EXPECT_TRUE(init_dial_listener(&first));
+    EXPECT_TRUE(init_dial_listener(&second));
+    EXPECT_EQ(dialsim_turn(2, 4.0), 0);
+    EXPECT_EQ(dialsim_click(1), 0);
+    EXPECT_EQ(first.rotations.size(), 0u);
+    EXPECT_EQ(first.clicks.size(), 1u);
+    EXPECT_EQ(second.rotations.size(), 1u);
+    EXPECT_EQ(second.clicks.size(), 0u);
+}
+
+TEST_F(Listener, APlatformWithoutDialSupportIsAskedThreeTimes) {
+    RecordingHost host(kWindow);
+    dialsim_fail("RoGetActivationFactory(Windows.UI.Input.RadialController)", kClassNotRegistered, 1, 0);
+    EXPECT_FALSE(init_dial_listener(&host));
+    EXPECT_EQ(dialsim_calls("RoGetActivationFactory(Windows.UI.Input.RadialController)"), 3u);
+    EXPECT_EQ(Printed(),
+              "failed with 80040154 at line 458\n"
+              "register failed with 80040154 at line 110\n");
+}
+
+TEST_F(Listener, AClassNameThatCannotBeMadeCountsAsAMissingFactory) {
+    RecordingHost host(kWindow);
+    dialsim_fail("WindowsCreateStringReference", kOutOfMemory, 1, 0);
+    EXPECT_FALSE(init_dial_listener(&host));
+    EXPECT_EQ(Printed(),
+              "failed with 8007000e at line 458\n"
+              "register failed with 8007000e at line 110\n");
+}
+
+TEST_F(Listener, ASuccessWithoutAControllerIsNoInterfaceSilently) {
+    RecordingHost host(kWindow);
+    dialsim_yield_null("IRadialControllerInterop::CreateForWindow", 1, 0);
+    EXPECT_FALSE(init_dial_listener(&host));
+    EXPECT_EQ(dialsim_calls("IRadialControllerInterop::CreateForWindow"), 1u);
+    EXPECT_EQ(Printed(), "register failed with 80004002 at line 110\n");
+}
+
+// An attempt that hands out its result and still fails: the next one gives back what was stored.
+TEST_F(Listener, FactoriesAndControllersOfFailedAttemptsAreReleased) {
+    for (const char* operation :
+         {"RoGetActivationFactory(Windows.UI.Input.RadialController)", "IRadialControllerInterop::CreateForWindow"}) {
+        RecordingHost host(kWindow);
+        dialsim_fail_late(operation, kFail, 1, 3);
+        EXPECT_FALSE(init_dial_listener(&host));
+        EXPECT_EQ(dialsim_calls(operation), 3u);
+        EXPECT_EQ(OpenAccounts(), "") << operation;
+    }
+    Printed();
+}
+
+// A subscription that takes hold and still fails: all three attempts' handlers are alive and different.
+TEST_F(Listener, EachAttemptOfASubscriptionMakesAFreshHandler) {
+    RecordingHost host(kWindow);
+    dialsim_fail_late("IRadialController::add_ButtonClicked", kFail, 1, 2);
+    EXPECT_TRUE(init_dial_listener(&host));
+    EXPECT_EQ(dialsim_handlers(), 6u + 3u);
+    EXPECT_EQ(dialsim_click(kWindow), 0);
+    EXPECT_EQ(host.clicks.size(), 3u);
+    EXPECT_EQ(Printed(), "failed with 80004005 at line 491\n");
+}
+
+struct Step {
+    const char* operation;
+    int line;
+    std::uint32_t handlers_when_skipped;  // subscribed when the registration ends at this step
+};
+
+void PrintTo(const Step& step, std::ostream* stream) { *stream << "line " << step.line; }
+
+class EachStep : public Started, public testing::WithParamInterface<Step> {
+protected:
+    std::string LineWith(const char* code) const {
+        return "failed with " + std::string(code) + " at line " + std::to_string(GetParam().line) + "\n";
+    }
+    bool Register() { return init_dial_listener(&host_); }
+    std::uint32_t Attempts() const { return dialsim_calls(GetParam().operation); }
+
+    RecordingHost host_{kWindow};
+};
+
+TEST_P(EachStep, FailingThriceEndsTheRegistrationWithTheThirdCode) {
+    FailInTurn(GetParam().operation, {kFail, kAccessDenied, kDisconnected});
+    EXPECT_FALSE(Register());
+    EXPECT_EQ(Attempts(), 3u);
+    EXPECT_EQ(Printed(), LineWith("80070005") + "register failed with 80010108 at line 110\n");
+    EXPECT_EQ(OpenAccounts(), "");
+}
+
+TEST_P(EachStep, FailingTwiceAndThenWorkingEndsTheRegistrationAsASuccess) {
+    FailInTurn(GetParam().operation, {kFail, kAccessDenied, 0});
+    EXPECT_TRUE(Register());
+    EXPECT_EQ(Attempts(), 3u);
+    EXPECT_EQ(Printed(), LineWith("80070005"));
+    EXPECT_EQ(dialsim_handlers(), GetParam().handlers_when_skipped);
+}
+
+TEST_P(EachStep, FailingOnceAndThenAgainEndsTheRegistrationWithTheThirdCode) {
+    FailInTurn(GetParam().operation, {kFail, 0, kDisconnected});
+    EXPECT_FALSE(Register());
+    EXPECT_EQ(Attempts(), 3u);
+    EXPECT_EQ(Printed(), LineWith("0") + "register failed with 80010108 at line 110\n");
+    EXPECT_EQ(OpenAccounts(), "");
+}
+
+TEST_P(EachStep, FailingOnceEndsTheRegistrationAsASuccessAfterALineWithZero) {
+    FailInTurn(GetParam().operation, {kFail, 0, 0});
+    EXPECT_TRUE(Register());
+    EXPECT_EQ(Attempts(), 3u);
+    EXPECT_EQ(Printed(), LineWith("0"));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Registration, EachStep,
+    testing::Values(Step{"RoGetActivationFactory(Windows.UI.Input.RadialController)", 458, 0},
+                    Step{"IRadialControllerInterop::CreateForWindow", 460, 0},
+                    Step{"IRadialController::add_ScreenContactContinued", 467, 1},
+                    Step{"IRadialController::add_ScreenContactStarted", 471, 2},
+                    Step{"IRadialController::add_ScreenContactEnded", 475, 3},
+                    Step{"IRadialController::add_ControlLost", 479, 4},
+                    Step{"IRadialController::add_ControlAcquired", 483, 5},
+                    Step{"IRadialController::add_RotationChanged", 487, 6},
+                    Step{"IRadialController::add_ButtonClicked", 491, 7}),
+    [](const auto& step_info) { return "Line" + std::to_string(step_info.param.line); });
+
+using Windows = Listening;
+
+TEST_F(Windows, AWindowThatWasNeverRegisteredGetsFalseAndAsksNothing) {
+    EXPECT_FALSE(add_custom_menu(kWindow + 1, nullptr, 0));
+    EXPECT_FALSE(set_default_menu(kWindow + 1, nullptr, 0));
+    EXPECT_FALSE(set_current_custom_menu(kWindow + 1, 0));
+    EXPECT_FALSE(is_dial_present(kWindow + 1));
+    EXPECT_EQ(Journal(), "");
+}
+
+TEST_F(Windows, AMissInsertsNoEntry) {
+    EXPECT_FALSE(is_dial_present(kWindow + 1));
+    uninit();
+    EXPECT_EQ(Journal(), "end of RadialController(131862)\nRoUninitialize()\n");
+}
+
+// Until the library has menus and presence, a known window gets the same answer as an unknown one.
+TEST_F(Windows, WhatIsNotThereYetAnswersFalse) {
+    EXPECT_FALSE(add_custom_menu(kWindow, nullptr, 0));
+    EXPECT_FALSE(set_default_menu(kWindow, nullptr, 0));
+    EXPECT_FALSE(set_current_custom_menu(kWindow, 0));
+    EXPECT_FALSE(is_dial_present(kWindow));
+    EXPECT_EQ(Journal(), "");
+}
+
+using Settings = Started;
+
+#ifdef _WIN32
+#define UTF16(literal) L##literal
+#else
+#define UTF16(literal) u##literal
+#endif
+
+TEST_F(Settings, AKeyThatWasNeverWrittenIsAbsent) {
+    EXPECT_EQ(get_string_from_storage(UTF16("host"), UTF16("never")), nullptr);
+    EXPECT_EQ(get_int_from_storage(UTF16("host"), UTF16("never")), INT32_MIN);
+}
+
+// Until the library keeps settings, writing one says so.
+TEST_F(Settings, AWriteThatKeepsNothingDoesNotClaimToHaveKept) {
+    constexpr std::int32_t kNotImplemented = static_cast<std::int32_t>(0x80004001);
+    EXPECT_EQ(set_string_in_storage(UTF16("host"), UTF16("key"), UTF16("value")), kNotImplemented);
+    EXPECT_EQ(set_int_in_storage(UTF16("host"), UTF16("key"), 7), kNotImplemented);
+    EXPECT_EQ(get_int_from_storage(UTF16("host"), UTF16("key")), INT32_MIN);
+}
+
+}  // namespace

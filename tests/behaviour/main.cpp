@@ -1,0 +1,16 @@
+#include <gtest/gtest.h>
+
+#include <cstdio>
+
+#include "simulator/dialsim.h"
+
+int main(int argc, char** argv) {
+    testing::InitGoogleTest(&argc, argv);
+    // Each death test starts the program anew: the library's process-wide state is then as at its load.
+    testing::FLAGS_gtest_death_test_style = "threadsafe";
+    if (!dialsim_watch("brindle.dll")) {
+        std::fprintf(stderr, "brindle.dll is not loaded\n");
+        return 1;
+    }
+    return RUN_ALL_TESTS();
+}

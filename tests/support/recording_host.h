@@ -1,0 +1,45 @@
+// A host that writes down what it is told.
+#pragma once
+
+#include <brindle.h>
+
+#include <cstdint>
+#include <vector>
+
+class RecordingHost final : public IDialHost {
+public:
+    explicit RecordingHost(std::uint64_t window) : handles_{window} {}
+    // Answers GetWindowHandle with one after the other, and then always the last.
+    explicit RecordingHost(std::vector<std::uint64_t> handles) : handles_(std::move(handles)) {}
+
+    void OnRotation(void* sender, const DialRotationInfo* info) override {
+        senders.push_back(sender);
+        rotations.push_back(*info);
+        info->hapticRequest = haptic_request;
+    }
+    std::uint64_t GetWindowHandle() override {
+        const std::size_t asked = times_asked++;
+        return handles_[asked < handles_.size() ? asked : handles_.size() - 1];
+    }
+    void OnButtonClicked(void* sender, const DialContactRect* rect) override {
+        senders.push_back(sender);
+        clicks.push_back(*rect);
+    }
+
+    const DialRotationInfo& LastRotation() const { return rotations.at(rotations.size() - 1); }
+    const DialContactRect& LastClick() const { return clicks.at(clicks.size() - 1); }
+
+    std::vector<DialRotationInfo> rotations;
+    std::vector<DialContactRect> clicks;
+    std::vector<void*> senders;
+    std::size_t times_asked = 0;
+    const std::uint32_t* haptic_request = nullptr;  // the answer to the next rotations
+
+private:
+    std::vector<std::uint64_t> handles_;
+};
+
+// For EXPECT_EQ and its messages.
+inline bool operator==(const DialContactRect& a, const DialContactRect& b) {
+    return a.left == b.left && a.top == b.top && a.right == b.right && a.bottom == b.bottom;
+}
