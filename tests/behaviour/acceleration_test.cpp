@@ -1,6 +1,6 @@
-// How fast turning speeds up. The clock may be the system's here, which advances in steps of up to 16 ms: a scenario
-// whose gaps come out differently from what it needs is played again. Exact boundaries are tested where the clock can
-// be set.
+// How fast turning speeds up. The clock may be the system's here, which advances in steps of up to 16 ms: a
+// scenario whose gaps come out differently from what it needs is played again. Exact boundaries are tested
+// where the clock can be set.
 #include <cmath>
 #include <cstdlib>
 #include <vector>
@@ -9,7 +9,8 @@
 
 namespace {
 
-constexpr std::uint32_t kStepMs = 77;    // between a recomputation (50) and a pause (100), with room on both sides
+constexpr std::uint32_t kStepMs =
+    77;  // between a recomputation (50) and a pause (100), with room on both sides
 constexpr std::uint32_t kPauseMs = 160;  // a pause, with room
 
 double FactorFor(double degrees) { return std::sqrt(std::fabs(degrees) - 10.0) / 2.07 + 1.0; }
@@ -31,7 +32,8 @@ protected:
         dialsim_turn(window, degrees);
         const std::uint64_t after = dialsim_now();
         // The turn's own reading lay somewhere between.
-        clean_ = clean_ && before - last_turn_ >= least_ms && after - last_turn_ <= most_ms && before == after;
+        clean_ =
+            clean_ && before - last_turn_ >= least_ms && after - last_turn_ <= most_ms && before == after;
         last_turn_ = after;
         return host.rotations.empty() ? 0.0 : host.LastRotation().acceleration;
     }
@@ -168,7 +170,8 @@ TEST_F(Acceleration, StoppingTheLibraryDoesNotResetTheHistory) {
 
 using AccelerationDeathTest = Acceleration;
 
-// In a process of its own: the history begins with the first turn that gets as far, not with the library's load.
+// In a process of its own: the history begins with the first turn that gets as far, not with the library's
+// load.
 void TurnForTheFirstTime() {
     dialsim_reset();
     initialize();

@@ -1,5 +1,5 @@
-// What every behaviour test stands on: the library started on a fresh simulator; at the end nothing printed that was
-// not asked for, and nothing handed out that has not come back.
+// What every behaviour test stands on: the library started on a fresh simulator; at the end nothing printed
+// that was not asked for, and nothing handed out that has not come back.
 #pragma once
 
 #include <brindle.h>

@@ -184,8 +184,8 @@ TEST_F(Listener, ASuccessWithoutAControllerIsNoInterfaceSilently) {
 
 // An attempt that hands out its result and still fails: the next one gives back what was stored.
 TEST_F(Listener, FactoriesAndControllersOfFailedAttemptsAreReleased) {
-    for (const char* operation :
-         {"RoGetActivationFactory(Windows.UI.Input.RadialController)", "IRadialControllerInterop::CreateForWindow"}) {
+    for (const char* operation : {"RoGetActivationFactory(Windows.UI.Input.RadialController)",
+                                  "IRadialControllerInterop::CreateForWindow"}) {
         RecordingHost host(kWindow);
         dialsim_fail_late(operation, kFail, 1, 3);
         EXPECT_FALSE(init_dial_listener(&host));
@@ -256,18 +256,18 @@ TEST_P(EachStep, FailingOnceEndsTheRegistrationAsASuccessAfterALineWithZero) {
     EXPECT_EQ(Printed(), LineWith("0"));
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Registration, EachStep,
-    testing::Values(Step{"RoGetActivationFactory(Windows.UI.Input.RadialController)", 458, 0},
-                    Step{"IRadialControllerInterop::CreateForWindow", 460, 0},
-                    Step{"IRadialController::add_ScreenContactContinued", 467, 1},
-                    Step{"IRadialController::add_ScreenContactStarted", 471, 2},
-                    Step{"IRadialController::add_ScreenContactEnded", 475, 3},
-                    Step{"IRadialController::add_ControlLost", 479, 4},
-                    Step{"IRadialController::add_ControlAcquired", 483, 5},
-                    Step{"IRadialController::add_RotationChanged", 487, 6},
-                    Step{"IRadialController::add_ButtonClicked", 491, 7}),
-    [](const auto& step_info) { return "Line" + std::to_string(step_info.param.line); });
+INSTANTIATE_TEST_SUITE_P(Registration, EachStep,
+                         testing::Values(Step{"RoGetActivationFactory(Windows.UI.Input.RadialController)",
+                                              458, 0},
+                                         Step{"IRadialControllerInterop::CreateForWindow", 460, 0},
+                                         Step{"IRadialController::add_ScreenContactContinued", 467, 1},
+                                         Step{"IRadialController::add_ScreenContactStarted", 471, 2},
+                                         Step{"IRadialController::add_ScreenContactEnded", 475, 3},
+                                         Step{"IRadialController::add_ControlLost", 479, 4},
+                                         Step{"IRadialController::add_ControlAcquired", 483, 5},
+                                         Step{"IRadialController::add_RotationChanged", 487, 6},
+                                         Step{"IRadialController::add_ButtonClicked", 491, 7}),
+                         [](const auto& step_info) { return "Line" + std::to_string(step_info.param.line); });
 
 using Windows = Listening;
 

@@ -167,7 +167,8 @@ TEST_F(Haptics, OneAndTwoPlayTheFirstWaveformThreeTimesAtFullIntensityWithAPause
         dialsim_clear_journal();
         EXPECT_EQ(TurnAsking(request), 0);
         EXPECT_EQ(
-            dialsim_calls("ISimpleHapticsController::SendHapticFeedbackForPlayCount(4102, 1, 3, 2000000)"), 1u);
+            dialsim_calls("ISimpleHapticsController::SendHapticFeedbackForPlayCount(4102, 1, 3, 2000000)"),
+            1u);
     }
 }
 

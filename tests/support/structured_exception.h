@@ -1,4 +1,5 @@
-// Structured exceptions end a process. Natively the simulator says so on standard error; on Windows this does.
+// Structured exceptions end a process. Natively the simulator says so on standard error; on Windows this
+// does.
 #pragma once
 
 #ifdef _WIN32
