@@ -12,6 +12,7 @@
 #include "simulator/clock.h"
 #include "simulator/control.h"
 #include "simulator/dial.h"
+#include "simulator/dialsim.h"
 #include "simulator/journal.h"
 #include "simulator/operations.h"
 
@@ -25,7 +26,8 @@ struct Player {
     bool real_time = false;
 };
 
-using Action = std::function<void(Player&)>;
+// Answers what an event's handlers answered; 0 for everything else.
+using Action = std::function<HRESULT(Player&)>;
 using Words = std::vector<std::string>;
 
 // Why a line cannot be understood.
@@ -77,8 +79,16 @@ HRESULT ParseCode(const std::string& word) {
     return static_cast<HRESULT>(Parse<std::uint32_t>(word.starts_with("0x") ? word : "0x" + word));
 }
 
+// A command that raises no event.
+Action Quiet(std::function<void(Player&)> action) {
+    return [action = std::move(action)](Player& player) {
+        action(player);
+        return S_OK;
+    };
+}
+
 Action Strike(const Fault& fault) {
-    return [fault](Player&) { TheJournal().Add(fault); };
+    return Quiet([fault](Player&) { TheJournal().Add(fault); });
 }
 
 struct Command {
@@ -93,29 +103,32 @@ constexpr std::size_t kAnyNumber = 64;
 const Command kCommands[] = {
     {"turn", 2, 2,
      [](const Words& words) -> Action {
-         return [degrees = Parse<double>(words[1])](Player& player) { Turn(player.window, degrees); };
+         return [degrees = Parse<double>(words[1])](Player& player) { return Turn(player.window, degrees); };
      }},
-    {"click", 1, 1, [](const Words&) -> Action { return [](Player& player) { Click(player.window); }; }},
-    {"hold", 1, 1, [](const Words&) -> Action { return [](Player&) { Hold(true); }; }},
-    {"release", 1, 1, [](const Words&) -> Action { return [](Player&) { Hold(false); }; }},
+    {"click", 1, 1,
+     [](const Words&) -> Action { return [](Player& player) { return Click(player.window); }; }},
+    {"hold", 1, 1, [](const Words&) -> Action { return Quiet([](Player&) { Hold(true); }); }},
+    {"release", 1, 1, [](const Words&) -> Action { return Quiet([](Player&) { Hold(false); }); }},
     {"touch", 5, 5,
      [](const Words& words) -> Action {
-         return [bounds = ParseRect(words)](Player& player) { Touch(player.window, bounds); };
+         return [bounds = ParseRect(words)](Player& player) { return Touch(player.window, bounds); };
      }},
     {"move", 5, 5,
      [](const Words& words) -> Action {
-         return [bounds = ParseRect(words)](Player& player) { Move(player.window, bounds); };
+         return [bounds = ParseRect(words)](Player& player) { return Move(player.window, bounds); };
      }},
-    {"lift", 1, 1, [](const Words&) -> Action { return [](Player& player) { Lift(player.window); }; }},
-    {"acquire", 1, 1, [](const Words&) -> Action { return [](Player& player) { Acquire(player.window); }; }},
-    {"lose", 1, 1, [](const Words&) -> Action { return [](Player& player) { Lose(player.window); }; }},
+    {"lift", 1, 1, [](const Words&) -> Action { return [](Player& player) { return Lift(player.window); }; }},
+    {"acquire", 1, 1,
+     [](const Words&) -> Action { return [](Player& player) { return Acquire(player.window); }; }},
+    {"lose", 1, 1, [](const Words&) -> Action { return [](Player& player) { return Lose(player.window); }; }},
     {"wait", 2, 2,
      [](const Words& words) -> Action {
-         return [time = Parse<std::uint32_t>(words[1])](Player& player) { Wait(time, player.real_time); };
+         return Quiet(
+             [time = Parse<std::uint32_t>(words[1])](Player& player) { Wait(time, player.real_time); });
      }},
     {"window", 2, 2,
      [](const Words& words) -> Action {
-         return [window = Parse<std::uint64_t>(words[1])](Player& player) { player.window = window; };
+         return Quiet([window = Parse<std::uint64_t>(words[1])](Player& player) { player.window = window; });
      }},
     {"haptics", 1, kAnyNumber,
      [](const Words& words) -> Action {
@@ -123,11 +136,12 @@ const Command kCommands[] = {
          for (std::size_t i = 1; i < words.size(); ++i) {
              waveforms.push_back(Parse<std::uint16_t>(words[i]));
          }
-         return [waveforms](Player&) { SetHaptics(true, waveforms); };
+         return Quiet([waveforms](Player&) { SetHaptics(true, waveforms); });
      }},
     {"thread", 2, 2,
      [](const Words& words) -> Action {
-         return [own = ParseChoice(words[1], "own", "caller")](Player&) { TheDial().SetOwnThread(own); };
+         return Quiet(
+             [own = ParseChoice(words[1], "own", "caller")](Player&) { TheDial().SetOwnThread(own); });
      }},
     {"fail", 3, 5,
      [](const Words& words) -> Action {
@@ -141,10 +155,10 @@ const Command kCommands[] = {
      [](const Words& words) -> Action { return Strike(ParseFault(words, 2, Fault::Kind::YieldNull, S_OK)); }},
     {"show", 2, 2,
      [](const Words& words) -> Action {
-         return [journal = ParseChoice(words[1], "journal", "accounts")](Player&) {
+         return Quiet([journal = ParseChoice(words[1], "journal", "accounts")](Player&) {
              const std::string text = journal ? TheJournal().Text() : TheAccounts().Text();
              std::fputs(text.c_str(), stdout);
-         };
+         });
      }},
 };
 
@@ -172,27 +186,53 @@ Action Understand(const Words& words) {
     throw Misunderstood("there is no command '" + words[0] + "'");
 }
 
-}  // namespace
+struct Line {
+    int number;
+    Action action;
+};
 
-std::string PlayScript(const std::string& script, bool real_time) {
-    std::vector<Action> actions;
+std::vector<Line> Understand(const std::string& script) {
+    std::vector<Line> understood;
     std::istringstream lines(script);
     std::string line;
     for (int number = 1; std::getline(lines, line); ++number) {
         try {
             if (const Words words = Split(line); !words.empty()) {
-                actions.push_back(Understand(words));
+                understood.push_back({number, Understand(words)});
             }
         } catch (const Misunderstood& reason) {
-            return "line " + std::to_string(number) + ": " + reason.what();
+            throw Misunderstood("line " + std::to_string(number) + ": " + reason.what());
         }
     }
-    Player player;
-    player.real_time = real_time;
-    for (const Action& action : actions) {
-        action(player);
+    return understood;
+}
+
+// An event that came to nothing is no error of the script, but its author wants to know.
+void Report(int number, HRESULT code) {
+    if (code == DIALSIM_NO_CONTROLLER) {
+        std::fprintf(stderr, "dial script, line %d: no window listens\n", number);
+    } else if (code == DIALSIM_RAISED) {
+        std::fprintf(stderr, "dial script, line %d: a handler raised: %s\n", number,
+                     TheDial().Raised().c_str());
+    } else if (code < 0) {
+        std::fprintf(stderr, "dial script, line %d: a handler answered %x\n", number,
+                     static_cast<unsigned>(code));
     }
-    return {};
+}
+
+}  // namespace
+
+std::string PlayScript(const std::string& script, bool real_time) {
+    try {
+        Player player;
+        player.real_time = real_time;
+        for (const Line& line : Understand(script)) {
+            Report(line.number, line.action(player));
+        }
+        return {};
+    } catch (const Misunderstood& reason) {
+        return reason.what();
+    }
 }
 
 }  // namespace dialsim

@@ -127,6 +127,17 @@ TEST_F(Acceleration, TurnsInQuickSuccessionKeepTheLastFactorAndStillCount) {
     });
 }
 
+TEST_F(Acceleration, TheFactorIsDueAgainAfterItsLastRecomputationNotAfterTheLastTurn) {
+    Play([&] {
+        Step(20.0);
+        const std::uint64_t recomputed = last_turn_;
+        TurnAfter(32, 20.0, 1, 49);
+        const double factor = TurnAfter(32, 20.0, 1, 49);
+        clean_ = clean_ && last_turn_ - recomputed >= 50;
+        return [=] { EXPECT_DOUBLE_EQ(factor, FactorFor(60.0)); };
+    });
+}
+
 TEST_F(Acceleration, ADeltaThatFailsAddsNothing) {
     Play([&] {
         Step(20.0);
