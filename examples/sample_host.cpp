@@ -75,10 +75,13 @@ int main(int argc, char** argv) {
     if (argc != 2) {
         return Fail("give it a dial script");
     }
+    HostWindow window("Brindle sample host");
+    if (window.Handle() == 0) {
+        return Fail("no window can be made; is there a display?");
+    }
     if (initialize() != 0) {
         return Fail("this system has no dial support");
     }
-    HostWindow window("Brindle sample host");
     TableHost host(window.Handle());
     if (!init_dial_listener(&host)) {
         return Fail("the dial cannot be listened to; the lines above say which step failed");
