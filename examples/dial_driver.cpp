@@ -27,6 +27,8 @@ void DialDriver::Start(std::function<void()> done) {
     }
 }
 
+void DialDriver::Wait() { dialsim_wait_for_scripts(); }
+
 void DialDriver::OnEnd(void* context, const char* error) {
     auto* driver = static_cast<DialDriver*>(context);
     if (error != nullptr) {

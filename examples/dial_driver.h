@@ -12,7 +12,10 @@ public:
     // `done` is called at the end of the script, from the thread that played it.
     void Start(std::function<void()> done);
 
-    // After `done`: whether the script could not be played, and why.
+    // Until the script has come to its end, so that no event is under way any more.
+    void Wait();
+
+    // After Wait: whether the script could not be played, and why.
     bool Failed() const { return !error_.empty(); }
     const char* Error() const { return error_.c_str(); }
 

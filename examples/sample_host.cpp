@@ -1,6 +1,6 @@
 // A complete host: it makes a window, listens to the dial there, and prints what it is told as a table.
 //
-// This is the code to copy. Only the two lines that name the DialDriver are not for you: they turn a
+// This is the code to copy. Only the lines that name the DialDriver are not for you: they turn a
 // simulated dial by a script, where a person would turn a real one.
 #include <brindle.h>
 
@@ -79,11 +79,12 @@ int main(int argc, char** argv) {
     if (window.Handle() == 0) {
         return Fail("no window can be made; is there a display?");
     }
-    if (initialize() != 0) {
-        return Fail("this system has no dial support");
+    if (initialize() == 1) {
+        return Fail("this system has no Windows Runtime");
     }
     TableHost host(window.Handle());
     if (!init_dial_listener(&host)) {
+        uninit();
         return Fail("the dial cannot be listened to; the lines above say which step failed");
     }
 
@@ -91,6 +92,7 @@ int main(int argc, char** argv) {
     driver.Start([&window] { window.Close(); });
 
     window.RunMessageLoop();
+    driver.Wait();
     uninit();
     return driver.Failed() ? Fail(driver.Error()) : 0;
 }

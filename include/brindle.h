@@ -10,7 +10,9 @@
  * ---------------
  *
  *     #include <brindle.h>
- *     #include <stdio.h>
+ *     #include <windows.h>
+ *
+ *     static const uint32_t kBuzz = 1;
  *
  *     class Volume final : public IDialHost {
  *     public:
@@ -26,17 +28,20 @@
  *         void OnButtonClicked(void*, const DialContactRect*) override { level_ = 0.0; }
  *
  *     private:
- *         static constexpr uint32_t kBuzz = 1;
  *         HWND window_;
  *         double level_ = 0.0;
  *     };
  *
- *     // on the thread that owns the window and pumps its messages:
- *     if (initialize() != 0) return;                    // 1: no Windows Runtime, 2: Windows too old
- *     Volume volume(window);                            // must outlive uninit
- *     if (!init_dial_listener(&volume)) return;         // this machine has no dial support
- *     RunMessageLoop();
- *     uninit();
+ *     // On the thread that owns the window and pumps its messages.
+ *     void RunWithDial(HWND window) {
+ *         if (initialize() == 1) return;                // no Windows Runtime: nothing to undo
+ *         Volume volume(window);                        // must outlive uninit
+ *         if (init_dial_listener(&volume)) {            // false: this machine has no dial support
+ *             MSG message;
+ *             while (GetMessageW(&message, nullptr, 0, 0) > 0) DispatchMessageW(&message);
+ *         }
+ *         uninit();
+ *     }
  *
  *
  * Conventions
@@ -47,14 +52,14 @@
  *
  * Threads    Call every function on the one thread that called initialize (it becomes a single-threaded
  *            apartment). Nothing here takes a lock. Your callbacks run on whatever thread the platform
- *            raises the dial's events on; a callback may call any window function of this header when
- *            that thread is the one that called initialize, and must never call uninit.
+ *            raises the dial's events on; on the thread that called initialize a callback may call every
+ *            function of this header but initialize and uninit, on another thread none.
  *
  * Windows    A window is named by its handle as an unsigned 64-bit number: (uint64_t)hwnd.
  *
- * Results    Window functions return true or false; the code behind a false goes to standard output (see
- *            Diagnostics). initialize returns 0, 1 or 2. Storage setters return an HRESULT: 0 or a
- *            negative code. Storage getters return the value or a marker for "nothing there".
+ * Results    Window functions return true or false; where a step of the platform failed, its code goes to
+ *            standard output (see Diagnostics). initialize returns 0, 1 or 2. Storage setters return an
+ * HRESULT: 0 or a negative code. Storage getters return the value or a marker for "nothing there".
  *
  * Texts      NUL-terminated UTF-16, borrowed for the call. A text returned to you is yours: free() it
  *            (the heap is the Universal C Runtime's).
@@ -86,7 +91,7 @@
 #define BRINDLE_VERSION_MAJOR 0
 #define BRINDLE_VERSION_MINOR 1
 #define BRINDLE_VERSION_PATCH 0
-#define BRINDLE_VERSION_TEXT "0.1.0"
+#define BRINDLE_VERSION_TEXT "0.1.0" /* the three numbers; a test compares them */
 
 #if UINTPTR_MAX != 0xFFFFFFFFFFFFFFFFu
 #error "brindle.h: the library exists for 64-bit programs only"
@@ -105,7 +110,8 @@ typedef char16_t BrindleChar;
 
 /* Where the dial stands on the screen, in the coordinates that the platform reports for the window, fractions
  * cut off toward zero; a coordinate outside the range of int32_t becomes INT32_MIN. All zero when the dial is
- * not on the screen. For a turn, right is left + width cut off once; for a click it is the already cut left
+ * not on the screen or its place cannot be read. For a turn, right is left + width cut off once; for a click
+ * it is the already cut left
  * + width cut off again, so that the two can differ by one (bottom likewise). 16 bytes. */
 typedef struct DialContactRect {
     int32_t left;
@@ -126,14 +132,15 @@ typedef struct DialRotationInfo {
     DialContactRect contact;
     /* The dial's button is held down during the turn. */
     bool buttonPressed;
-    /* Degrees since the last event, clockwise positive. */
+    /* Degrees since the last event, clockwise positive; 0.0 when the platform cannot tell. */
     double deltaDegrees;
     /* How fast the user turns, as a factor to multiply deltaDegrees by: 1.0 or more, and 1.0 for the first
      * 10 degrees of a movement. With s the degrees summed since the last pause, it is
      * sqrt(max(|s| - 10, 0)) / 2.07 + 1, recomputed at most once in 50 ms; a pause of more than 100 ms
      * starts the sum anew. One sum serves the whole process, whichever window the dial turns for. */
     double acceleration;
-    /* The item_id of the menu item that is selected; 0 when none is or the window has no custom menu. */
+    /* The item_id of the menu item that is selected; 0 when none is, the window has no custom menu, or the
+     * platform cannot tell the item's tag. */
     uint32_t selectedItemTag;
     /* Null when you are called. Point it at the value 1 or 2, which must stay readable until the library
      * has read it just after your return, and the dial plays its first haptic waveform three times at full
@@ -203,26 +210,33 @@ typedef struct MenuItemDescription {
  *   puts it on the screen, moves    ScreenContact...        nothing; later turns and clicks carry `contact`
  *   comes to or leaves the window   Control...              nothing
  *
- * `sender` is the platform's controller (IRadialController*), borrowed for the call: take a reference of
- * your own if you keep it. Callbacks must not throw or unwind: above them stands the platform.
+ * Arguments are never null and live for the call only. `sender` is the platform's controller
+ * (IRadialController*): a reference that you take of it has to be released before uninit, or its events go on
+ * and reach memory that is gone. Callbacks must not throw or unwind: above them stands the platform.
  *
- * A turn whose platform data cannot be read does not reach you. When the platform refuses the required part
- * of it (the button's state, or the haptic answer that you asked for), the failure leaves the event as a
- * C++ exception (hresult_error, or std::bad_alloc for 0x8007000E) that only the platform stands above;
- * Windows ends the process on such an exception. In the simulator it is reported to the script or the test.
+ * What the platform cannot tell of an event:
+ *
+ *   a turn's degrees, the contact's place, the selected item's tag   0, and you are called
+ *   which item is selected, a click's contact                        you are not called
+ *   a turn's button, the haptic answer that you asked for            the failure leaves the event as a C++
+ *       exception (hresult_error, or std::bad_alloc for 0x8007000E) that only the platform stands above:
+ *       Windows ends the process on it. In the simulator it is reported to the script or the test.
  */
 #ifdef __cplusplus
 
 class IDialHost {
 public:
+    /* The dial was turned. You may write info->hapticRequest and nothing else. */
     virtual void OnRotation(void* sender, const DialRotationInfo* info) = 0;
     /* The window this object serves. init_dial_listener asks twice: the first answer is the window the dial
      * is bound to, the second the one under which the listener is filed. */
     virtual uint64_t GetWindowHandle() = 0;
+    /* The button was pressed and let go; `rect` is where the dial stands on the screen. */
     virtual void OnButtonClicked(void* sender, const DialContactRect* rect) = 0;
 
 protected:
-    /* Not virtual: a virtual destructor would take a place in the function table. */
+    /* Not virtual: a virtual destructor would take a place in the function table. Make your class final, and
+     * no compiler warns about it. */
     ~IDialHost() = default;
 };
 
@@ -258,7 +272,7 @@ struct IDialHost {
  *      apartment)
  *   2  this Windows is too old for the dial
  *
- * Call uninit after 0 or 2; after 1 the library cannot tell whether the Windows Runtime was started.
+ * Call uninit after 0 or 2; after 1 call nothing more.
  * Thread: the one that will make all other calls. Since 0.1.
  */
 int32_t initialize(void);
@@ -267,6 +281,7 @@ int32_t initialize(void);
  * Ends every listener, in ascending order of window handle, and stops the Windows Runtime on this thread.
  * A listener displaced by a second init_dial_listener for its window is not ended: it keeps its place in
  * memory and calls its host as long as the platform raises events for it, so such a host must live on.
+ * Where events come on another thread, see to it that none is being delivered: its listener goes away here.
  * Thread: the one that called initialize, never from a callback. Since 0.1.
  */
 void uninit(void);

@@ -27,12 +27,13 @@ Accounts& TheAccounts() {
     return accounts;
 }
 
-void Accounts::Made(const Accountable* object) {
+void Accounts::Made(const void* object, std::string_view class_name,
+                    const std::atomic<std::uint32_t>& references) {
     const std::lock_guard guard(mutex_);
-    objects_.insert(object);
+    objects_.emplace(object, Entry{std::string(class_name), &references});
 }
 
-void Accounts::Gone(const Accountable* object) {
+void Accounts::Gone(const void* object) {
     const std::lock_guard guard(mutex_);
     objects_.erase(object);
 }
@@ -64,10 +65,10 @@ void Accounts::StringReturned(HSTRING string) {
 Accounts::Tally Accounts::Objects(std::string_view class_name) {
     const std::lock_guard guard(mutex_);
     Tally tally;
-    for (const Accountable* object : objects_) {
-        if (class_name.empty() || object->ClassName() == class_name) {
+    for (const auto& [object, entry] : objects_) {
+        if (class_name.empty() || entry.class_name == class_name) {
             ++tally.objects;
-            tally.references += object->References();
+            tally.references += *entry.references;
         }
     }
     return tally;
@@ -84,15 +85,15 @@ std::uint32_t Accounts::Strings() {
 }
 
 std::string Accounts::Text() {
-    std::set<std::string_view> classes;
+    std::set<std::string> classes;
     {
         const std::lock_guard guard(mutex_);
-        for (const Accountable* object : objects_) {
-            classes.insert(object->ClassName());
+        for (const auto& [object, entry] : objects_) {
+            classes.insert(entry.class_name);
         }
     }
     std::string text;
-    for (const std::string_view name : classes) {
+    for (const std::string& name : classes) {
         text += Line(name, Objects(name));
     }
     if (const std::uint32_t strings = Strings(); strings > 0) {
@@ -106,8 +107,8 @@ std::string Accounts::Text() {
 
 void Accounts::Reset() {
     const std::lock_guard guard(mutex_);
-    for (const Accountable* object : objects_) {
-        written_off_.push_back(dynamic_cast<const void*>(object));
+    for (const auto& [object, entry] : objects_) {
+        written_off_.push_back(object);
     }
     written_off_.insert(written_off_.end(), strings_.begin(), strings_.end());
     objects_.clear();

@@ -1,6 +1,7 @@
 // What the platform has handed out and what has come back.
 #pragma once
 
+#include <atomic>
 #include <cstdint>
 #include <map>
 #include <mutex>
@@ -14,16 +15,6 @@
 
 namespace dialsim {
 
-// What the accounts know of a platform object.
-class Accountable {
-public:
-    virtual std::string_view ClassName() const noexcept = 0;
-    virtual std::uint32_t References() const noexcept = 0;
-
-protected:
-    ~Accountable() = default;
-};
-
 class Accounts {
 public:
     struct Tally {
@@ -31,8 +22,9 @@ public:
         std::uint32_t references = 0;
     };
 
-    void Made(const Accountable* object);
-    void Gone(const Accountable* object);
+    // `object` is where it begins, for leak checkers; its count may be read until it is gone.
+    void Made(const void* object, std::string_view class_name, const std::atomic<std::uint32_t>& references);
+    void Gone(const void* object);
     void HandlerTaken(const void* handler);
     void HandlerReleased(const void* handler);
     void StringTaken(HSTRING string);
@@ -50,7 +42,11 @@ public:
 
 private:
     Mutex mutex_;
-    std::set<const Accountable*> objects_;
+    struct Entry {
+        std::string class_name;
+        const std::atomic<std::uint32_t>* references;
+    };
+    std::map<const void*, Entry> objects_;
     std::multiset<const void*> handlers_;
     std::multiset<HSTRING> strings_;
     std::vector<const void*> written_off_;

@@ -12,7 +12,7 @@ class ApiInformation final : public Object<abi::IApiInformationStatics> {
     using boolean = abi::boolean;
 
 public:
-    ApiInformation() : Object(abi::ApiInformation::Name) {}
+    ApiInformation() : Object(TypeName<Interface>()) {}
 
     HRESULT IsTypePresent(HSTRING type, boolean* result) noexcept override {
         return Answer("IsTypePresent", type, result);

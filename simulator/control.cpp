@@ -22,7 +22,8 @@ HRESULT RaiseAt(std::uint64_t window, RaiseOne raise_one) {
         }
     };
     if (TheDial().OwnThread()) {
-        RunOnOwnThread(raise_all);
+        Thread own = StartThread(raise_all);
+        Join(own);
     } else {
         raise_all();
     }
@@ -79,6 +80,11 @@ HRESULT Acquire(std::uint64_t window) {
 HRESULT Lose(std::uint64_t window) {
     return RaiseAt(window,
                    [](Controller& controller, const DialState&) { return controller.RaiseControlLost(); });
+}
+
+HRESULT Choose(std::uint64_t window, std::uint32_t item) {
+    return RaiseAt(window,
+                   [=](Controller& controller, const DialState&) { return controller.menu().Choose(item); });
 }
 
 void SetHaptics(bool present, std::vector<std::uint16_t> waveforms) {

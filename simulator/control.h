@@ -16,6 +16,7 @@ void Hold(bool down);
 HRESULT Touch(std::uint64_t window, const abi::Rect& bounds);
 HRESULT Move(std::uint64_t window, const abi::Rect& bounds);
 HRESULT Lift(std::uint64_t window);
+HRESULT Choose(std::uint64_t window, std::uint32_t item);
 HRESULT Acquire(std::uint64_t window);
 HRESULT Lose(std::uint64_t window);
 void SetHaptics(bool present, std::vector<std::uint16_t> waveforms);

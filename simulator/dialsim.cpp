@@ -26,12 +26,15 @@ std::size_t CopyOut(const std::string& text, char* buffer, std::size_t size) {
 }
 
 bool AddFault(const Fault& fault) {
-    if (!IsOperation(fault.pattern)) {
+    if (!CanStrike(fault)) {
         return false;
     }
     TheJournal().Add(fault);
     return true;
 }
+
+Mutex scripts_mutex;
+std::vector<Thread>& scripts = *new std::vector<Thread>;  // never destroyed: a script may outlive main
 
 std::string_view NameOrAll(const char* class_name) { return class_name == nullptr ? "" : class_name; }
 
@@ -47,6 +50,7 @@ int32_t dialsim_move(uint64_t window, float x, float y, float width, float heigh
     return Move(window, {x, y, width, height});
 }
 int32_t dialsim_lift(uint64_t window) { return Lift(window); }
+int32_t dialsim_choose(uint64_t window, uint32_t item) { return Choose(window, item); }
 int32_t dialsim_acquire(uint64_t window) { return Acquire(window); }
 int32_t dialsim_lose(uint64_t window) { return Lose(window); }
 
@@ -71,10 +75,21 @@ bool dialsim_play(const char* script, uint32_t flags, char* error, size_t error_
 
 void dialsim_play_in_background(const char* script, uint32_t flags,
                                 void (*done)(void* context, const char* error), void* context) {
-    RunInBackground([script = std::string(script), flags, done, context] {
+    const std::lock_guard guard(scripts_mutex);
+    scripts.push_back(StartThread([script = std::string(script), flags, done, context] {
         const std::string reason = PlayScript(script, (flags & DIALSIM_REAL_TIME) != 0);
         done(context, reason.empty() ? nullptr : reason.c_str());
-    });
+    }));
+}
+void dialsim_wait_for_scripts() {
+    std::vector<Thread> running;
+    {
+        const std::lock_guard guard(scripts_mutex);
+        running.swap(scripts);
+    }
+    for (Thread& script : running) {
+        Join(script);
+    }
 }
 
 bool dialsim_fail(const char* operation, int32_t code, uint32_t from, uint32_t times) {

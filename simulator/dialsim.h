@@ -9,7 +9,8 @@
  * failure if several windows' handlers were called; texts are UTF-8 and borrowed for the call; functions
  * that copy a text out take a buffer and its size in bytes, always terminate it, and return the size that the
  * whole text needs, terminator included. `window` is a window handle, or 0 for the window whose controller
- * was made last. Every function may be called from any thread; no lock is held while handlers run.
+ * was made last; handles are taken as they come, whether a window has them or not. No pointer may be null but
+ * where it says so. Every function may be called from any thread; no lock is held while handlers run.
  */
 #ifndef DIALSIM_H
 #define DIALSIM_H
@@ -22,8 +23,7 @@
 extern "C" {
 #endif
 
-/* --- turning the dial --------------------------------------------------------------------------------------
- */
+/* --- turning the dial --- */
 
 /* No controller exists for the window (the platform's ERROR_NOT_FOUND). */
 #define DIALSIM_NO_CONTROLLER ((int32_t)0x80070490)
@@ -43,6 +43,9 @@ int32_t dialsim_touch(uint64_t window, float x, float y, float width, float heig
 int32_t dialsim_move(uint64_t window, float x, float y, float width, float height);
 /* ScreenContactEnded. */
 int32_t dialsim_lift(uint64_t window);
+/* The user chooses the menu's item at this place in the ring, from 0: it becomes the selected one and is
+ * Invoked. An empty place gives the platform's E_BOUNDS (0x8000000B). */
+int32_t dialsim_choose(uint64_t window, uint32_t item);
 /* ControlAcquired and ControlLost. */
 int32_t dialsim_acquire(uint64_t window);
 int32_t dialsim_lose(uint64_t window);
@@ -83,6 +86,7 @@ enum {
  *
  *   turn DEGREES         click               hold                release
  *   touch X Y W H        move X Y W H        lift                acquire             lose
+ *   choose ITEM
  *   wait MS              window HANDLE       haptics WAVEFORM... thread own|caller
  *   fail OPERATION CODE [FROM [TIMES]]       fail-late OPERATION CODE [FROM [TIMES]]
  *   null OPERATION [FROM [TIMES]]
@@ -97,18 +101,22 @@ bool dialsim_play(const char* script, uint32_t flags, char* error, size_t error_
  * reason why nothing was played. */
 void dialsim_play_in_background(const char* script, uint32_t flags,
                                 void (*done)(void* context, const char* error), void* context);
+/* Returns when every script in the background has been played and its `done` has returned. */
+void dialsim_wait_for_scripts(void);
 
 /* --- faults
  * ------------------------------------------------------------------------------------------------- */
 
 /*
- * `operation` is a name as the journal prints it, "IRadialController::add_RotationChanged", or a name with
- * its arguments, "RoGetActivationFactory(Windows.UI.Input.RadialController)". The fault strikes from its
- * `from`th matching call on, counted from now (1 is the next), `times` times; 0 is for ever. Several faults
- * may be set on one operation; the first that strikes decides. False when no such operation exists.
+ * `operation` is one of dialsim_operation, "IRadialController::add_RotationChanged", or one with the
+ * arguments that the journal prints, "RoGetActivationFactory(Windows.UI.Input.RadialController)". The fault
+ * strikes from its `from`th matching call on, counted from now (1 is the next), `times` times; 0 is for ever.
+ * Several faults may be set on one operation; the first that strikes decides. False when the list has no such
+ * operation; arguments are not checked.
  */
 bool dialsim_fail(const char* operation, int32_t code, uint32_t from, uint32_t times);
-/* The operation takes place, its result is handed out, and then it claims to have failed. */
+/* The operation takes place, its result is handed out, and then it claims to have failed. False also for
+ * WindowsPromoteStringBuffer, which consumes what its caller would then give back. */
 bool dialsim_fail_late(const char* operation, int32_t code, uint32_t from, uint32_t times);
 /* The operation does not take place, and succeeds with null, or zero. */
 bool dialsim_yield_null(const char* operation, uint32_t from, uint32_t times);
@@ -126,8 +134,9 @@ void dialsim_clear_journal(void);
 /* How many of them were calls of `operation` (with or without arguments, as above). */
 uint32_t dialsim_calls(const char* operation);
 
-/* What was handed out and has not come back: platform objects of a class ("RadialController"; null for all),
- * references to them, platform strings, and event handlers that the platform holds. */
+/* What was handed out and has not come back: platform objects of a class
+ * ("Windows.UI.Input.RadialController"; null for all), references to them, platform strings, and event
+ * handlers that the platform holds. */
 uint32_t dialsim_objects(const char* class_name);
 uint32_t dialsim_references(const char* class_name);
 uint32_t dialsim_strings(void);

@@ -78,14 +78,16 @@ public:
         if (handler == nullptr) {
             return E_INVALIDARG;
         }
+        auto held = std::make_shared<HeldHandler<Handler>>(handler);
         const std::lock_guard guard(mutex_);
         token->value = ++last_token_;
-        handlers_.emplace_back(last_token_, std::make_shared<HeldHandler<Handler>>(handler));
+        handlers_.emplace_back(last_token_, std::move(held));
         return S_OK;
     }
 
     // An unknown token is no failure.
     HRESULT Remove(EventRegistrationToken token) {
+        const Handlers before = Snapshot();  // what is removed ends with it, after the lock
         const std::lock_guard guard(mutex_);
         std::erase_if(handlers_, [&](const auto& entry) { return entry.first == token.value; });
         return S_OK;

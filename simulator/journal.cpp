@@ -1,7 +1,8 @@
 #include "simulator/journal.h"
 
+#include "simulator/text.h"
+
 #include <algorithm>
-#include <cstdio>
 
 namespace dialsim {
 
@@ -13,12 +14,6 @@ bool Matches(std::string_view pattern, std::string_view operation, std::string_v
     return pattern == operation || pattern == call;
 }
 
-std::string Hex(HRESULT code) {
-    char text[9];
-    std::snprintf(text, sizeof text, "%x", static_cast<unsigned>(code));
-    return text;
-}
-
 bool Strikes(Fault& fault) {
     const std::uint32_t call = ++fault.seen;
     return call >= fault.from && (fault.times == 0 || call - fault.from < fault.times);
@@ -27,7 +22,8 @@ bool Strikes(Fault& fault) {
 }  // namespace
 
 Journal& TheJournal() {
-    static Journal journal;
+    // Never destroyed: controllers may end after main.
+    static Journal& journal = *new Journal;
     return journal;
 }
 

@@ -255,14 +255,13 @@ HRESULT RadialMenu::TrySelectPreviouslySelectedMenuItem(abi::boolean* result) no
     });
 }
 
-bool RadialMenu::Choose(std::uint32_t index, Outcome& outcome) {
+Outcome RadialMenu::Choose(std::uint32_t index) {
     const auto items = items_->Snapshot();
-    if (index >= items.size()) {
-        return false;
+    if (index >= items.size() || !items[index]) {
+        return {kOutOfBounds, false, {}};
     }
     Select(items[index]);
-    outcome = static_cast<MenuItem*>(items[index].get())->Invoke();
-    return true;
+    return static_cast<MenuItem*>(items[index].get())->Invoke();
 }
 
 Ref<abi::IRadialControllerMenuItem> RadialMenu::StillThere(const Ref<abi::IRadialControllerMenuItem>& item) {
@@ -275,8 +274,9 @@ Ref<abi::IRadialControllerMenuItem> RadialMenu::StillThere(const Ref<abi::IRadia
 }
 
 void RadialMenu::Select(Ref<abi::IRadialControllerMenuItem> item) {
+    Ref<abi::IRadialControllerMenuItem> forgotten;
     const std::lock_guard guard(mutex_);
-    previous_ = std::exchange(selected_, std::move(item));
+    forgotten = std::exchange(previous_, std::exchange(selected_, std::move(item)));
 }
 
 namespace {
@@ -292,7 +292,7 @@ class MenuItemStatics final
     using Item = abi::IRadialControllerMenuItem;
 
 public:
-    MenuItemStatics() : Object(abi::RadialControllerMenuItem::Name) {}
+    MenuItemStatics() : Object(TypeName<First>()) {}
 
     // Pictures from streams and font files are not simulated yet.
     HRESULT CreateFromIcon(HSTRING, abi::IRandomAccessStreamReference*, Item** result) noexcept override {

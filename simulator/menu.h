@@ -36,8 +36,6 @@ private:
     Event<abi::TypedEventHandler<abi::RadialControllerMenuItem, abi::IInspectable>> invoked_;
 };
 
-class Menu;
-
 // The live list of the menu's custom items.
 class MenuItems final : public Object<abi::IVector<abi::RadialControllerMenuItem>> {
     using Interface = abi::IVector<abi::RadialControllerMenuItem>;
@@ -80,8 +78,8 @@ public:
     HRESULT SelectMenuItem(abi::IRadialControllerMenuItem* item) noexcept override;
     HRESULT TrySelectPreviouslySelectedMenuItem(abi::boolean* result) noexcept override;
 
-    // The user chooses the item with this position in the ring, from 0; false when there is none.
-    bool Choose(std::uint32_t index, Outcome& outcome);
+    // The user chooses the item at this place in the ring, from 0.
+    Outcome Choose(std::uint32_t index);
 
 private:
     // Null unless the item is still in the menu.

@@ -72,14 +72,13 @@ Ref<T> Make(Arguments&&... arguments) {
 // of its published interfaces by the library is an operation of its own, "QueryInterface(IPropertyValue)";
 // those for the roots and the agility marker are not.
 template <class Default, class... More>
-class Object : public Accountable, public Default, public More... {
+class Object : public Default, public More... {
 public:
-    explicit Object(std::string_view class_name) : class_name_(class_name) { TheAccounts().Made(this); }
+    explicit Object(std::string_view class_name) : class_name_(class_name) {
+        TheAccounts().Made(this, class_name, references_);
+    }
     Object(const Object&) = delete;
     Object& operator=(const Object&) = delete;
-
-    std::string_view ClassName() const noexcept final { return class_name_; }
-    std::uint32_t References() const noexcept final { return references_; }
 
     HRESULT QueryInterface(const GUID& iid, void** object) noexcept final {
         if (object == nullptr) {

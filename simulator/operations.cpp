@@ -54,9 +54,13 @@ const char* Operation(std::size_t index) {
     return index < std::size(kOperations) ? kOperations[index] : nullptr;
 }
 
-bool IsOperation(std::string_view pattern) {
-    const std::string_view operation = pattern.substr(0, pattern.find('('));
-    return std::find(std::begin(kOperations), std::end(kOperations), operation) != std::end(kOperations);
+bool CanStrike(const Fault& fault) {
+    const std::string operation = fault.pattern.substr(0, fault.pattern.find('('));
+    // A promotion that took place and claims to have failed would have its caller give back a string as a
+    // buffer.
+    const bool consumed = fault.kind == Fault::Kind::FailLate && operation == "WindowsPromoteStringBuffer";
+    return !consumed &&
+           std::find(std::begin(kOperations), std::end(kOperations), operation) != std::end(kOperations);
 }
 
 }  // namespace dialsim

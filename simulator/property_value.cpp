@@ -88,8 +88,7 @@ public:
 #undef DIALSIM_ARRAY_GETTER
 
 private:
-    // Of another type, but a number: the platform's own code for a value that does not fit is not modelled;
-    // any other type is a mismatch, as there.
+    // Every other type is refused, a number of another width too.
     template <class T>
     HRESULT Get(std::string_view method, PropertyType type, T* result) {
         return PerformInto(MethodName<Interface>(method), "", result, [&] {
@@ -112,7 +111,7 @@ class PropertyValueStatics final : public Object<abi::IPropertyValueStatics> {
     using Interface = abi::IPropertyValueStatics;
 
 public:
-    PropertyValueStatics() : Object(abi::PropertyValue::Name) {}
+    PropertyValueStatics() : Object(TypeName<Interface>()) {}
 
     // An empty value is no object at all.
     HRESULT CreateEmpty(abi::IInspectable** result) noexcept override {

@@ -66,13 +66,14 @@ bool ParseChoice(const std::string& word, const char* yes, const char* no) {
 
 // `counts` is where the optional FROM and TIMES begin.
 Fault ParseFault(const Words& words, std::size_t counts, Fault::Kind kind, HRESULT code) {
-    if (!IsOperation(words[1])) {
-        throw Misunderstood("there is no operation '" + words[1] + "'");
-    }
     const auto count = [&](std::size_t i, std::uint32_t absent) {
         return i < words.size() ? Parse<std::uint32_t>(words[i]) : absent;
     };
-    return {words[1], kind, code, count(counts, 1), count(counts + 1, 0)};
+    const Fault fault{words[1], kind, code, count(counts, 1), count(counts + 1, 0)};
+    if (!CanStrike(fault)) {
+        throw Misunderstood("there is no operation '" + words[1] + "' to do that to");
+    }
+    return fault;
 }
 
 HRESULT ParseCode(const std::string& word) {
@@ -116,6 +117,11 @@ const Command kCommands[] = {
     {"move", 5, 5,
      [](const Words& words) -> Action {
          return [bounds = ParseRect(words)](Player& player) { return Move(player.window, bounds); };
+     }},
+    {"choose", 2, 2,
+     [](const Words& words) -> Action {
+         return
+             [item = Parse<std::uint32_t>(words[1])](Player& player) { return Choose(player.window, item); };
      }},
     {"lift", 1, 1, [](const Words&) -> Action { return [](Player& player) { return Lift(player.window); }; }},
     {"acquire", 1, 1,

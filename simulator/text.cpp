@@ -1,6 +1,7 @@
 #include "simulator/text.h"
 
 #include <cstdint>
+#include <cstdio>
 
 namespace dialsim {
 
@@ -106,6 +107,12 @@ std::string Narrow(WideView wide) {
         }
     }
     return utf8;
+}
+
+std::string Hex(HRESULT code) {
+    char text[9];
+    std::snprintf(text, sizeof text, "%x", static_cast<unsigned>(code));
+    return text;
 }
 
 }  // namespace dialsim

@@ -15,4 +15,7 @@ using WideView = std::basic_string_view<WCHAR>;
 WideString Widen(std::string_view utf8);
 std::string Narrow(WideView wide);
 
+// A code as the journal shows it: "80004005".
+std::string Hex(HRESULT code);
+
 }  // namespace dialsim

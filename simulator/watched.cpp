@@ -1,6 +1,5 @@
 #include "simulator/watched.h"
 
-#include <cstdio>
 #include <string>
 
 #include "simulator/accounts.h"
@@ -9,16 +8,6 @@
 #include "simulator/underlying.h"
 
 namespace dialsim::watched {
-
-namespace {
-
-std::string HexText(HRESULT code) {
-    char text[9];
-    std::snprintf(text, sizeof text, "%x", static_cast<unsigned>(code));
-    return text;
-}
-
-}  // namespace
 
 HRESULT RoInitialize(RO_INIT_TYPE type) {
     return Perform("RoInitialize", std::to_string(type), [&] { return underlying::RoInitialize(type); });
@@ -40,7 +29,7 @@ HRESULT RoGetActivationFactory(HSTRING class_name, const IID& iid, void** factor
 
 BOOL RoOriginateLanguageException(HRESULT code, HSTRING message, ::IUnknown* language_exception) {
     BOOL answer = 0;
-    Perform("RoOriginateLanguageException", HexText(code) + ", " + Narrow(View(message)), [&] {
+    Perform("RoOriginateLanguageException", Hex(code) + ", " + Narrow(View(message)), [&] {
         answer = underlying::RoOriginateLanguageException(code, message, language_exception);
         return S_OK;
     });

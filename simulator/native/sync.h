@@ -9,10 +9,11 @@
 namespace dialsim {
 
 using Mutex = std::mutex;
+using Thread = std::thread;
 
-inline void RunOnOwnThread(std::function<void()> action) { std::thread(std::move(action)).join(); }
+inline Thread StartThread(std::function<void()> action) { return std::thread(std::move(action)); }
 
-inline void RunInBackground(std::function<void()> action) { std::thread(std::move(action)).detach(); }
+inline void Join(Thread& thread) { thread.join(); }
 
 inline std::uint64_t CurrentThread() { return std::hash<std::thread::id>()(std::this_thread::get_id()); }
 

@@ -66,6 +66,9 @@ HRESULT WINAPI DllRegisterServer() {
 }
 
 HRESULT WINAPI DllUnregisterServer() {
+    if (!RunsUnderWine()) {
+        return HRESULT_FROM_WIN32(ERROR_NOT_SUPPORTED);
+    }
     for (std::size_t i = 0; const char* name = ActivatableClass(i); ++i) {
         RegDeleteKeyA(HKEY_LOCAL_MACHINE, (kClassesKey + std::string(name)).c_str());
     }

@@ -18,7 +18,9 @@ private:
     SRWLOCK lock_ = SRWLOCK_INIT;
 };
 
-inline HANDLE StartThread(std::function<void()> action) {
+using Thread = HANDLE;
+
+inline Thread StartThread(std::function<void()> action) {
     const auto run = [](void* context) -> DWORD {
         const std::unique_ptr<std::function<void()>> owned(static_cast<std::function<void()>*>(context));
         (*owned)();
@@ -27,10 +29,7 @@ inline HANDLE StartThread(std::function<void()> action) {
     return CreateThread(nullptr, 0, run, new std::function<void()>(std::move(action)), 0, nullptr);
 }
 
-inline void RunInBackground(std::function<void()> action) { CloseHandle(StartThread(std::move(action))); }
-
-inline void RunOnOwnThread(std::function<void()> action) {
-    const HANDLE thread = StartThread(std::move(action));
+inline void Join(Thread thread) {
     WaitForSingleObject(thread, INFINITE);
     CloseHandle(thread);
 }

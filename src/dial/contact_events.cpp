@@ -1,14 +1,11 @@
 // The events that never reach the host: the dial's contact with the screen, and control of the window.
+#include "dial/contact_line.h"
 #include "dial/dial_listener.h"
 #include "frame/steps.h"
-#include "platform/strings.h"
 
 namespace brindle {
 
 namespace {
-
-constexpr auto kContactLine =
-    Wide("\t Postion X=%lf, Y=%lf & \n \t Bounds Height=%lf, Width=%lf, X=%lf, Y=%lf\n");
 
 template <class Args>
 HRESULT LogContact(Args* args) {
@@ -23,10 +20,7 @@ HRESULT LogContact(Args* args) {
     RETURN_IF_STEP_FAILS(1073, contact->get_Bounds(&bounds));
 
     WCHAR line[kWideLineCharacters];
-    FormatWide(line, kWideLineCharacters, kContactLine.data(), static_cast<double>(position.X),
-               static_cast<double>(position.Y), static_cast<double>(bounds.Height),
-               static_cast<double>(bounds.Width), static_cast<double>(bounds.X),
-               static_cast<double>(bounds.Y));
+    FormatContactLine(line, kWideLineCharacters, position, bounds);
     return S_OK;
 }
 

@@ -13,8 +13,8 @@
 namespace brindle {
 
 // Made, registered, filed and ended on the host's thread; the event handlers run on the platform's. They hold
-// a plain pointer to the listener, and the controller holds the only references to them: with the controller
-// released, no event comes any more. No lock.
+// a plain pointer to the listener, and the controller holds the only references to them: when it goes with
+// the listener, no event comes any more. A host that kept the controller has to give it up before. No lock.
 class DialListener {
 public:
     explicit DialListener(IDialHost* host) : host_(host) {}

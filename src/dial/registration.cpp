@@ -52,9 +52,10 @@ HRESULT DialListener::Register(std::uint64_t window) {
     return S_OK;
 }
 
-// In this order. No event is unsubscribed, on purpose: the handlers go with the controller.
+// In this order. No event is unsubscribed, on purpose: the handlers go with the controller, unless somebody
+// else holds it.
 DialListener::~DialListener() {
-    menu_entries_.clear();
+    std::vector<MenuEntry>().swap(menu_entries_);
     item_statics_.Reset();
     menu_.Reset();
     controller_.Reset();

@@ -17,8 +17,6 @@ constexpr int32_t kReady = 0;
 constexpr int32_t kPlatformUnavailable = 1;
 constexpr int32_t kPlatformTooOld = 2;
 
-constexpr auto kRequiredType = Wide("Windows.UI.Input.EdgeGesture");
-
 ListenerRegistry registry;
 
 // The two names of initialize alone are made this way: where they cannot be made, nothing works.
@@ -47,12 +45,12 @@ int32_t initialize() {
     StringReference api_information;
     CreateOrDie(api_information, ClassName<abi::ApiInformation>());
     ComPtr<abi::IApiInformationStatics> types;
-    if (GetFactory(api_information, types) < 0 || !types) {
+    if (GetFactory(api_information, types) < 0) {
         // The Windows Runtime stays initialised; that is intended.
         return kPlatformUnavailable;
     }
     StringReference required;
-    CreateOrDie(required, {kRequiredType.data(), kRequiredType.size() - 1});
+    CreateOrDie(required, ClassName<abi::EdgeGesture>());
     abi::boolean present = 0;
     types->IsTypePresent(required.Get(), &present);
     return present != 0 ? kReady : kPlatformTooOld;

@@ -16,18 +16,21 @@ constexpr std::basic_string_view<WCHAR> ClassName() noexcept {
     return {kClassName<RuntimeClass>.data(), kClassName<RuntimeClass>.size() - 1};
 }
 
+// A success that yields nothing counts as a failure.
 template <class Factory>
-HRESULT GetFactory(const StringReference& className, ComPtr<Factory>& factory) noexcept {
-    return RoGetActivationFactory(className.Get(), Factory::Iid, reinterpret_cast<void**>(factory.Put()));
+HRESULT GetFactory(const StringReference& class_name, ComPtr<Factory>& factory) noexcept {
+    const HRESULT code =
+        RoGetActivationFactory(class_name.Get(), Factory::Iid, reinterpret_cast<void**>(factory.Put()));
+    return code >= 0 && !factory ? E_NOINTERFACE : code;
 }
 
 template <class RuntimeClass, class Factory>
 HRESULT GetFactory(ComPtr<Factory>& factory) noexcept {
-    StringReference className;
-    if (const HRESULT code = className.Create(ClassName<RuntimeClass>()); code < 0) {
+    StringReference class_name;
+    if (const HRESULT code = class_name.Create(ClassName<RuntimeClass>()); code < 0) {
         return code;
     }
-    return GetFactory(className, factory);
+    return GetFactory(class_name, factory);
 }
 
 }  // namespace brindle

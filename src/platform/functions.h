@@ -7,7 +7,9 @@
 //   RoGetActivationFactory       GetFactory           the host's             code; no factory
 //   WindowsCreateStringReference StringReference      any                    code; the string stays empty
 //   WindowsPreallocateStringBuffer, WindowsPromoteStringBuffer, WindowsDeleteStringBuffer
-//                                ToPlatformString     any                    code, raised
+//                                ToPlatformString     any                    code, raised; the last one gives
+//                                back
+//                                                                            a buffer that was not promoted
 //   WindowsDeleteString          String               any                    cannot fail
 //   RoOriginateLanguageException ErrorToCode          any                    ignored
 //   GetTickCount64               NextAcceleration     the event's            cannot fail

@@ -1,4 +1,6 @@
 // Registration, the registry, and the end of listeners.
+#include <cstdio>
+#include <cstdlib>
 #include <string>
 #include <vector>
 
@@ -174,6 +176,16 @@ TEST_F(Listener, AClassNameThatCannotBeMadeCountsAsAMissingFactory) {
               "register failed with 8007000e at line 110\n");
 }
 
+TEST_F(Listener, ASuccessWithoutAFactoryCountsAsAMissingFactory) {
+    RecordingHost host(kWindow);
+    dialsim_yield_null("RoGetActivationFactory(Windows.UI.Input.RadialController)", 1, 0);
+    EXPECT_FALSE(init_dial_listener(&host));
+    EXPECT_EQ(dialsim_calls("RoGetActivationFactory(Windows.UI.Input.RadialController)"), 3u);
+    EXPECT_EQ(Printed(),
+              "failed with 80004002 at line 458\n"
+              "register failed with 80004002 at line 110\n");
+}
+
 TEST_F(Listener, ASuccessWithoutAControllerIsNoInterfaceSilently) {
     RecordingHost host(kWindow);
     dialsim_yield_null("IRadialControllerInterop::CreateForWindow", 1, 0);
@@ -192,6 +204,20 @@ TEST_F(Listener, FactoriesAndControllersOfFailedAttemptsAreReleased) {
         EXPECT_EQ(dialsim_calls(operation), 3u);
         EXPECT_EQ(OpenAccounts(), "") << operation;
     }
+    Printed();
+}
+
+TEST_F(Listener, TheControllerOfAFailedAttemptIsReleasedBeforeTheNextIsMade) {
+    RecordingHost host(5);
+    dialsim_fail_late("IRadialControllerInterop::CreateForWindow", kFail, 1, 3);
+    EXPECT_FALSE(init_dial_listener(&host));
+    EXPECT_EQ(Journal().substr(Journal().find("IRadialControllerInterop")),
+              "IRadialControllerInterop::CreateForWindow(5) = 80004005\n"
+              "end of RadialController(5)\n"
+              "IRadialControllerInterop::CreateForWindow(5) = 80004005\n"
+              "end of RadialController(5)\n"
+              "IRadialControllerInterop::CreateForWindow(5) = 80004005\n"
+              "end of RadialController(5)\n");
     Printed();
 }
 
@@ -295,6 +321,28 @@ TEST_F(Windows, WhatIsNotThereYetAnswersFalse) {
 }
 
 using Settings = Started;
+
+using DiagnosticsDeathTest = Listener;
+
+// Standard output that cannot be written to.
+void RegisterWithoutOutput() {
+#ifdef _WIN32
+    constexpr char kReadOnly[] = "NUL";
+#else
+    constexpr char kReadOnly[] = "/dev/null";
+#endif
+    dialsim_reset();
+    initialize();
+    RecordingHost host(kWindow);
+    dialsim_fail("IRadialControllerInterop::CreateForWindow", kFail, 1, 0);
+    const bool unwritable = std::freopen(kReadOnly, "r", stdout) != nullptr && std::fputs("x", stdout) == EOF;
+    const bool refused = !init_dial_listener(&host);
+    std::_Exit(unwritable && refused ? EXIT_SUCCESS : EXIT_FAILURE);
+}
+
+TEST_F(DiagnosticsDeathTest, ALineThatCannotBeWrittenIsIgnored) {
+    EXPECT_EXIT(RegisterWithoutOutput(), testing::ExitedWithCode(EXIT_SUCCESS), "");
+}
 
 #ifdef _WIN32
 #define UTF16(literal) L##literal

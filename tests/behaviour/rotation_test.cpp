@@ -117,6 +117,16 @@ TEST_F(Rotation, RequiredDataThatFailsIsRaisedOutOfTheHandler) {
     EXPECT_TRUE(host.rotations.empty());
 }
 
+TEST_F(Rotation, RequiredInterfacesThatAreYieldedAsNullAreRaisedAsMissing) {
+    for (const char* operation : {"QueryInterface(IRadialControllerRotationChangedEventArgs)",
+                                  "QueryInterface(IRadialControllerRotationChangedEventArgs2)"}) {
+        dialsim_yield_null(operation, 1, 1);
+        EXPECT_EQ(dialsim_turn(kWindow, 1.0), DIALSIM_RAISED) << operation;
+        EXPECT_EQ(Raised(), "platform error 80004002") << operation;
+    }
+    EXPECT_TRUE(host.rotations.empty());
+}
+
 TEST_F(Rotation, ACodeThatMeansNoMemoryIsRaisedAsTheAllocationFailure) {
     dialsim_fail("IRadialControllerRotationChangedEventArgs2::get_IsButtonPressed", kOutOfMemory, 1, 1);
     EXPECT_EQ(dialsim_turn(kWindow, 1.0), DIALSIM_RAISED);

@@ -10,6 +10,11 @@ struct ApiInformation {
     static constexpr char Name[] = "Windows.Foundation.Metadata.ApiInformation";
 };
 
+// Never used: a platform that knows it is recent enough.
+struct EdgeGesture {
+    static constexpr char Name[] = "Windows.UI.Input.EdgeGesture";
+};
+
 struct IApiInformationStatics : IInspectable {
     static constexpr GUID Iid = Id("997439fe-f681-4a11-b416-c13a47e8ba36");
     virtual HRESULT IsTypePresent(HSTRING typeName, boolean* result) noexcept = 0;

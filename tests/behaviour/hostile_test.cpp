@@ -1,0 +1,133 @@
+// A host that calls back in, several threads at once, and a platform of which everything fails.
+#include <string>
+#include <vector>
+
+#include "behaviour.h"
+
+namespace {
+
+// Calls the library from inside its callbacks.
+class ReentrantHost final : public IDialHost {
+public:
+    void OnRotation(void*, const DialRotationInfo*) override { CallBackIn(); }
+    std::uint64_t GetWindowHandle() override { return kWindow; }
+    void OnButtonClicked(void*, const DialContactRect*) override { CallBackIn(); }
+
+    bool registered = true;
+    bool answered = false;
+    RecordingHost other{kWindow + 1};
+
+private:
+    void CallBackIn() {
+        registered = registered && init_dial_listener(&other);
+        answered = answered || add_custom_menu(kWindow, nullptr, 0) ||
+                   set_default_menu(kWindow, nullptr, 0) || set_current_custom_menu(kWindow, 1) ||
+                   is_dial_present(kWindow);
+    }
+};
+
+using Reentrancy = Started;
+
+TEST_F(Reentrancy, ACallbackMayCallTheWindowFunctions) {
+    ReentrantHost host;
+    ASSERT_TRUE(init_dial_listener(&host));
+    EXPECT_EQ(dialsim_turn(kWindow, 1.0), 0);
+    EXPECT_TRUE(host.registered);
+    EXPECT_FALSE(host.answered);
+    EXPECT_EQ(dialsim_turn(kWindow + 1, 1.0), 0);
+    EXPECT_EQ(host.other.rotations.size(), 1u);
+}
+
+TEST_F(Reentrancy, AClickMayRegisterAHostAgain) {
+    ReentrantHost host;
+    ASSERT_TRUE(init_dial_listener(&host));
+    EXPECT_EQ(dialsim_click(kWindow), 0);
+    EXPECT_EQ(dialsim_click(kWindow), 0);
+    EXPECT_TRUE(host.registered);
+    // The second click displaced the listener that the first had filed: both call the host, one beyond
+    // uninit.
+    EXPECT_EQ(dialsim_turn(kWindow + 1, 1.0), 0);
+    EXPECT_EQ(host.other.rotations.size(), 2u);
+    uninit();
+    EXPECT_EQ(dialsim_objects(kControllers), 1u);
+    dialsim_reset();
+}
+
+// What a user may do to a dial in a few moments, once.
+void LiveThroughEverything() {
+    static const std::uint32_t buzz = 1;
+    initialize();
+    RecordingHost host(kWindow);
+    host.haptic_request = &buzz;
+    init_dial_listener(&host);
+    dialsim_acquire(kWindow);
+    dialsim_turn(kWindow, 5.0);
+    dialsim_touch(kWindow, 1, 2, 3, 4);
+    dialsim_turn(kWindow, 5.0);
+    dialsim_move(kWindow, 2, 2, 3, 4);
+    dialsim_lift(kWindow);
+    dialsim_click(kWindow);
+    dialsim_lose(kWindow);
+    uninit();
+}
+
+using Sweep = Unstarted;
+
+// Each operation fails from each of its calls on, in each way: the process lives, and everything comes back.
+TEST_F(Sweep, NoFailureOfThePlatformEndsTheProcessOrLeaksAnything) {
+    constexpr int kWays = 3;
+    constexpr std::uint32_t kCalls = 4;
+    for (std::uint32_t i = 0; const char* operation = dialsim_operation(i); ++i) {
+        // Without a name for its first classes initialize ends the process, as it should: a test of its own.
+        const bool deadly = std::string(operation) == "WindowsCreateStringReference";
+        for (std::uint32_t from = deadly ? 3 : 1; from <= kCalls; ++from) {
+            for (int way = 0; way < kWays; ++way) {
+                dialsim_reset();
+                if (way == 0) {
+                    dialsim_fail(operation, kFail, from, 0);
+                } else if (way == 1) {
+                    dialsim_fail_late(operation, kFail, from, 0);
+                } else {
+                    dialsim_yield_null(operation, from, 0);
+                }
+                LiveThroughEverything();
+                EXPECT_EQ(OpenAccounts(), "") << operation << " from call " << from << ", way " << way;
+            }
+        }
+    }
+    Printed();
+}
+
+using Threads = Listening;
+
+TEST_F(Threads, BackgroundScriptsReachTheHostAndCanBeWaitedFor) {
+    static int ended = 0;
+    ended = 0;
+    dialsim_play_in_background(
+        "turn 1\nturn 2\nturn 3\n", 0, [](void*, const char* error) { ended += error == nullptr; }, nullptr);
+    dialsim_wait_for_scripts();
+    EXPECT_EQ(ended, 1);
+    EXPECT_EQ(host.rotations.size(), 3u);
+}
+
+// The simulator itself may be asked from any thread while events run on others.
+TEST_F(Threads, TheSimulatorMayBeAskedWhileEventsRun) {
+    std::string script;
+    for (int i = 0; i < 200; ++i) {
+        script += "turn 1\n";
+    }
+    static int ended = 0;
+    ended = 0;
+    dialsim_play_in_background(
+        script.c_str(), 0, [](void*, const char*) { ++ended; }, nullptr);
+    for (int i = 0; i < 50; ++i) {
+        OpenAccounts();
+        Journal();
+        dialsim_references(nullptr);
+        dialsim_hold(i % 2 == 0);
+    }
+    dialsim_wait_for_scripts();
+    EXPECT_EQ(host.rotations.size(), 200u);
+}
+
+}  // namespace

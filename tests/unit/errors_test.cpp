@@ -1,0 +1,189 @@
+#include "frame/errors.h"
+
+#include <gtest/gtest.h>
+
+#include <new>
+#include <stdexcept>
+#include <string>
+#include <type_traits>
+#include <typeinfo>
+
+#include "simulated.h"
+
+namespace brindle {
+namespace {
+
+// Whether the code is raised as this kind, not as one derived from it, and the error carries the code.
+template <class Kind>
+bool RaisedExactlyAs(HRESULT code) {
+    try {
+        Raise(code);
+    } catch (const Kind& error) {
+        return typeid(error) == typeid(Kind) && error.code() == code;
+    } catch (...) {
+        return false;
+    }
+}
+
+struct KindRow {
+    std::uint32_t code;
+    const char* kind;
+    bool (*raised_as)(HRESULT code);
+};
+
+#define KIND(code, kind) \
+    { code, #kind, RaisedExactlyAs<kind> }
+constexpr KindRow kKinds[] = {
+    KIND(0x80070005, hresult_access_denied),
+    KIND(0x8001010E, hresult_wrong_thread),
+    KIND(0x80004001, hresult_not_implemented),
+    KIND(0x80070057, hresult_invalid_argument),
+    KIND(0x8000000B, hresult_out_of_bounds),
+    KIND(0x80004002, hresult_no_interface),
+    KIND(0x80010108, hresult_disconnected),
+    KIND(0x80040111, hresult_class_not_available),
+    KIND(0x8000000C, hresult_changed_state),
+    KIND(0x8000000E, hresult_illegal_method_call),
+    KIND(0x8000000D, hresult_illegal_state_change),
+    KIND(0x80000018, hresult_illegal_delegate_assignment),
+    KIND(0x800704C7, hresult_canceled),
+};
+#undef KIND
+
+HRESULT CodeCarriedBy(HRESULT raised) {
+    try {
+        Raise(raised);
+    } catch (const hresult_error& error) {
+        return error.code();
+    } catch (...) {
+        return S_OK;
+    }
+}
+
+TEST(RaisedErrors, EveryCodeOfItsOwnKindIsRaisedAsThatKind) {
+    for (const KindRow& row : kKinds)
+        EXPECT_TRUE(row.raised_as(Code(row.code))) << row.kind;
+}
+
+TEST(RaisedErrors, AHandlerForPlatformErrorsCatchesEveryKindAndReadsItsCode) {
+    for (const KindRow& row : kKinds)
+        EXPECT_EQ(CodeCarriedBy(Code(row.code)), Code(row.code)) << row.kind;
+}
+
+TEST(RaisedErrors, AnyOtherCodeIsAPlainPlatformError) {
+    for (const std::uint32_t code :
+         {0x80004005u, 0x80004003u, 0x80040154u, 0x80070490u, 0x8000000Fu, 0x80000000u, 0xFFFFFFFFu})
+        EXPECT_TRUE(RaisedExactlyAs<hresult_error>(Code(code))) << std::hex << code;
+}
+
+TEST(RaisedErrors, MissingMemoryIsTheStandardAllocationFailure) {
+    try {
+        Raise(Code(0x8007000E));
+    } catch (const std::exception& error) {
+        EXPECT_TRUE(typeid(error) == typeid(std::bad_alloc)) << typeid(error).name();
+    }
+}
+
+TEST(RaisedErrors, MissingMemoryPassesAHandlerForPlatformErrors) {
+    EXPECT_EQ(CodeCarriedBy(Code(0x8007000E)), S_OK);
+    static_assert(!std::is_base_of_v<hresult_error, std::bad_alloc>);
+}
+
+TEST(RaisedErrors, EveryPlatformErrorIsAStandardOneWithItsCodeInHexadecimal) {
+    try {
+        Raise(Code(0x8000000B));
+    } catch (const std::exception& error) {
+        EXPECT_STREQ(error.what(), "platform error 8000000b");
+    }
+}
+
+TEST(RaisedErrors, SuccessesAreNotRaised) {
+    EXPECT_NO_THROW(RaiseIfFailed(S_OK));
+    EXPECT_NO_THROW(RaiseIfFailed(S_FALSE));
+    EXPECT_NO_THROW(RaiseIfFailed(0x7FFFFFFF));
+    EXPECT_THROW(RaiseIfFailed(Code(0x80000000)), hresult_error);
+}
+
+using ErrorsToCodes = Simulated;
+
+template <class Error>
+HRESULT CodeFor(const Error& error) {
+    try {
+        throw error;
+    } catch (...) {
+        return ErrorToCode();
+    }
+}
+
+TEST_F(ErrorsToCodes, APlatformErrorGivesItsCode) {
+    EXPECT_EQ(CodeFor(hresult_error(Code(0x80070490))), Code(0x80070490));
+    EXPECT_EQ(CodeFor(hresult_canceled()), Code(0x800704C7));
+}
+
+TEST_F(ErrorsToCodes, MissingMemoryGivesItsCode) { EXPECT_EQ(CodeFor(std::bad_alloc()), Code(0x8007000E)); }
+
+TEST_F(ErrorsToCodes, AnOutOfRangeErrorGivesOutOfBounds) {
+    EXPECT_EQ(CodeFor(std::out_of_range("")), Code(0x8000000B));
+}
+
+TEST_F(ErrorsToCodes, AnInvalidArgumentErrorGivesInvalidArgument) {
+    EXPECT_EQ(CodeFor(std::invalid_argument("")), Code(0x80070057));
+}
+
+TEST_F(ErrorsToCodes, AnyOtherStandardErrorGivesAGeneralFailure) {
+    EXPECT_EQ(CodeFor(std::runtime_error("")), Code(0x80004005));
+    EXPECT_EQ(CodeFor(std::length_error("")), Code(0x80004005));
+    EXPECT_EQ(CodeFor(std::exception()), Code(0x80004005));
+}
+
+TEST_F(ErrorsToCodes, WhatIsNoStandardErrorGivesAGeneralFailure) {
+    EXPECT_EQ(CodeFor(42), Code(0x80004005));
+    EXPECT_EQ(dialsim_calls("RoOriginateLanguageException"), 0u);
+}
+
+TEST_F(ErrorsToCodes, StandardErrorsAreReportedWithTheirCodeAndMessage) {
+    CodeFor(std::out_of_range("too far"));
+    CodeFor(std::invalid_argument("no such thing"));
+    CodeFor(std::runtime_error("message"));
+    EXPECT_EQ(dialsim_calls("RoOriginateLanguageException"), 3u);
+    EXPECT_EQ(dialsim_calls("RoOriginateLanguageException(8000000b, too far)"), 1u);
+    EXPECT_EQ(dialsim_calls("RoOriginateLanguageException(80070057, no such thing)"), 1u);
+    EXPECT_EQ(dialsim_calls("RoOriginateLanguageException(80004005, message)"), 1u);
+}
+
+TEST_F(ErrorsToCodes, TheReportedMessageIsReadAsUtf8) {
+    CodeFor(std::runtime_error("\xC3\xA9\xF0\x9F\x8E\x9B"));
+    EXPECT_EQ(dialsim_calls("RoOriginateLanguageException(80004005, \xC3\xA9\xF0\x9F\x8E\x9B)"), 1u);
+}
+
+TEST_F(ErrorsToCodes, PlatformErrorsAndMissingMemoryAreNotReported) {
+    CodeFor(hresult_error(Code(0x80004005)));
+    CodeFor(hresult_invalid_argument());
+    CodeFor(hresult_out_of_bounds());
+    CodeFor(std::bad_alloc());
+    EXPECT_EQ(Journal(), "");
+}
+
+TEST_F(ErrorsToCodes, TheCodeComesBackWhereTheMessageCannotBeMade) {
+    for (const char* operation : {"WindowsPreallocateStringBuffer", "WindowsPromoteStringBuffer"}) {
+        for (const std::uint32_t code : {0x8007000Eu, 0x80004005u}) {
+            ASSERT_TRUE(dialsim_fail(operation, Code(code), 1, 1));
+            EXPECT_EQ(CodeFor(std::out_of_range("message")), Code(0x8000000B)) << operation;
+        }
+    }
+}
+
+TEST_F(ErrorsToCodes, AMessageThatCannotBeConvertedIsReportedAsTheEmptyText) {
+    ASSERT_TRUE(dialsim_yield_null("MultiByteToWideChar", 1, 1));
+    EXPECT_EQ(CodeFor(std::runtime_error("message")), Code(0x80004005));
+    EXPECT_EQ(dialsim_calls("RoOriginateLanguageException(80004005, )"), 1u);
+}
+
+TEST_F(ErrorsToCodes, TheMessagesStringIsGivenBack) {
+    CodeFor(std::runtime_error("message"));
+    EXPECT_EQ(dialsim_calls("WindowsDeleteString(message)"), 1u);
+    EXPECT_EQ(dialsim_strings(), 0u);
+}
+
+}  // namespace
+}  // namespace brindle

@@ -1,0 +1,59 @@
+#include "frame/listener_registry.h"
+
+#include <gtest/gtest.h>
+
+#include "dial/dial_listener.h"
+
+namespace brindle {
+namespace {
+
+std::unique_ptr<DialListener> MakeListener() { return std::make_unique<DialListener>(nullptr); }
+
+TEST(ListenerRegistry, FindsEachListenerUnderItsOwnWindow) {
+    ListenerRegistry registry;
+    auto first = MakeListener();
+    auto second = MakeListener();
+    DialListener* const at_first = first.get();
+    DialListener* const at_second = second.get();
+    registry.File(1, std::move(first));
+    registry.File(0xFFFFFFFFFFFFFFFF, std::move(second));
+    EXPECT_EQ(registry.Find(1), at_first);
+    EXPECT_EQ(registry.Find(0xFFFFFFFFFFFFFFFF), at_second);
+    registry.EndAll();
+}
+
+TEST(ListenerRegistry, AMissGivesNullAndInsertsNothing) {
+    ListenerRegistry registry;
+    EXPECT_EQ(registry.Find(1), nullptr);
+    registry.File(2, MakeListener());
+    EXPECT_EQ(registry.Find(1), nullptr);
+    EXPECT_EQ(registry.Find(3), nullptr);
+    EXPECT_EQ(registry.Size(), 1u);
+    registry.EndAll();
+}
+
+TEST(ListenerRegistry, ASecondListenerReplacesTheFirstAndLeavesItAlive) {
+    ListenerRegistry registry;
+    auto first = MakeListener();
+    DialListener* const displaced = first.get();
+    registry.File(1, std::move(first));
+    registry.File(1, MakeListener());
+    EXPECT_NE(registry.Find(1), displaced);
+    EXPECT_EQ(registry.Size(), 1u);
+    registry.EndAll();
+    delete displaced;  // still ours to end: the registry has forgotten it
+}
+
+TEST(ListenerRegistry, EndingAllLeavesItEmptyAndUsable) {
+    ListenerRegistry registry;
+    registry.File(1, MakeListener());
+    registry.EndAll();
+    EXPECT_EQ(registry.Size(), 0u);
+    EXPECT_EQ(registry.Find(1), nullptr);
+    registry.File(1, MakeListener());
+    EXPECT_NE(registry.Find(1), nullptr);
+    registry.EndAll();
+}
+
+}  // namespace
+}  // namespace brindle

@@ -1,0 +1,128 @@
+#include "frame/text.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <string_view>
+
+#include "frame/errors.h"
+#include "simulated.h"
+
+namespace brindle {
+namespace {
+
+using namespace std::string_view_literals;
+
+using PlatformStrings = Simulated;
+
+WideText Converted(std::string_view utf8) { return CharactersOf(ToPlatformString(utf8).Get()); }
+
+TEST_F(PlatformStrings, EmptyTextIsTheEmptyStringAndAsksForNone) {
+    EXPECT_EQ(ToPlatformString("").Get(), nullptr);
+    EXPECT_EQ(ToPlatformString({}).Get(), nullptr);
+    EXPECT_EQ(dialsim_calls("WindowsPreallocateStringBuffer"), 0u);
+}
+
+TEST_F(PlatformStrings, TheirLengthIsAskedForAndThenExactlyThatMuchIsMade) {
+    { const String string = ToPlatformString("dial"); }
+    EXPECT_EQ(Journal(),
+              "MultiByteToWideChar(65001)\n"
+              "WindowsPreallocateStringBuffer(4)\n"
+              "MultiByteToWideChar(65001)\n"
+              "WindowsPromoteStringBuffer()\n"
+              "WindowsDeleteString(dial)\n");
+}
+
+TEST_F(PlatformStrings, AsciiKeepsItsCharacters) { EXPECT_EQ(Converted("Volume 5\n"), WIDE("Volume 5\n")); }
+
+TEST_F(PlatformStrings, TwoAndThreeBytesBecomeOneUnit) {
+    EXPECT_EQ(Converted("\xC2\x80\xC3\xA9\xDF\xBF"), WIDE("\u0080\u00E9\u07FF"));
+    EXPECT_EQ(Converted("\xE0\xA0\x80\xE2\x82\xAC\xEF\xBF\xBF"), WIDE("\u0800\u20AC\uFFFF"));
+}
+
+TEST_F(PlatformStrings, FourBytesBecomeASurrogatePair) {
+    EXPECT_EQ(Converted("\xF0\x90\x80\x80"), (WideText{0xD800, 0xDC00}));
+    EXPECT_EQ(Converted("\xF0\x9F\x8E\x9B"), (WideText{0xD83C, 0xDF9B}));
+    EXPECT_EQ(Converted("\xF4\x8F\xBF\xBF"), (WideText{0xDBFF, 0xDFFF}));
+}
+
+TEST_F(PlatformStrings, AZeroByteInsideIsACharacter) {
+    EXPECT_EQ(Converted("a\0b"sv), (WideText{'a', 0, 'b'}));
+}
+
+TEST_F(PlatformStrings, OnlyTheBytesOfTheViewAreRead) {
+    EXPECT_EQ(Converted("abc"sv.substr(0, 2)), WIDE("ab"));
+}
+
+TEST_F(PlatformStrings, ADamagedByteIsReplaced) { EXPECT_EQ(Converted("a\xFFz"), WIDE("a\uFFFDz")); }
+
+TEST_F(PlatformStrings, ALongTextIsWhole) {
+    EXPECT_EQ(Converted(std::string(100'000, 'x')), WideText(100'000, WIDE('x')));
+}
+
+TEST_F(PlatformStrings, UnconvertibleTextIsTheEmptyStringAndReportsNothing) {
+    ASSERT_TRUE(dialsim_yield_null("MultiByteToWideChar", 1, 1));
+    EXPECT_EQ(ToPlatformString("dial").Get(), nullptr);
+    EXPECT_EQ(Journal(), "MultiByteToWideChar(65001)\n");
+}
+
+// The code that the conversion of a plain text raises.
+HRESULT RaisedCode() {
+    try {
+        ToPlatformString("dial");
+    } catch (const hresult_error& error) {
+        return error.code();
+    }
+    return S_OK;
+}
+
+TEST_F(PlatformStrings, ABufferThatCannotBeMadeRaisesItsCode) {
+    ASSERT_TRUE(dialsim_fail("WindowsPreallocateStringBuffer", Code(0x80070005), 1, 1));
+    EXPECT_EQ(RaisedCode(), Code(0x80070005));
+    EXPECT_EQ(dialsim_calls("WindowsDeleteStringBuffer"), 0u);
+}
+
+TEST_F(PlatformStrings, WithoutMemoryForABufferTheAllocationFailureIsRaised) {
+    ASSERT_TRUE(dialsim_fail("WindowsPreallocateStringBuffer", Code(0x8007000E), 1, 1));
+    EXPECT_THROW(ToPlatformString("dial"), std::bad_alloc);
+}
+
+TEST_F(PlatformStrings, AFailedPromotionRaisesItsCode) {
+    ASSERT_TRUE(dialsim_fail("WindowsPromoteStringBuffer", Code(0x80070057), 1, 1));
+    EXPECT_EQ(RaisedCode(), Code(0x80070057));
+}
+
+TEST_F(PlatformStrings, AFailedPromotionGivesTheBufferBack) {
+    ASSERT_TRUE(dialsim_fail("WindowsPromoteStringBuffer", Code(0x80004005), 1, 1));
+    EXPECT_THROW(ToPlatformString("dial"), hresult_error);
+    EXPECT_EQ(dialsim_calls("WindowsDeleteStringBuffer"), 1u);
+    EXPECT_EQ(dialsim_calls("WindowsDeleteString"), 0u);
+    EXPECT_EQ(dialsim_strings(), 0u);
+}
+
+TEST_F(PlatformStrings, TheOwnerGivesTheStringBackOnce) {
+    {
+        String first = ToPlatformString("dial");
+        EXPECT_EQ(dialsim_strings(), 1u);
+        String second = std::move(first);
+        EXPECT_EQ(first.Get(), nullptr);
+        EXPECT_EQ(dialsim_strings(), 1u);
+    }
+    EXPECT_EQ(dialsim_calls("WindowsDeleteString"), 1u);
+}
+
+TEST_F(PlatformStrings, AssigningGivesTheFormerStringBack) {
+    String string = ToPlatformString("first");
+    string = ToPlatformString("second");
+    EXPECT_EQ(dialsim_calls("WindowsDeleteString(first)"), 1u);
+    EXPECT_EQ(CharactersOf(string.Get()), WIDE("second"));
+}
+
+TEST_F(PlatformStrings, ThePlaceForAnotherStringIsEmptiedFirst) {
+    String string = ToPlatformString("first");
+    EXPECT_EQ(*string.Put(), nullptr);
+    EXPECT_EQ(dialsim_calls("WindowsDeleteString(first)"), 1u);
+}
+
+}  // namespace
+}  // namespace brindle
