@@ -69,7 +69,7 @@ Fault ParseFault(const Words& words, std::size_t counts, Fault::Kind kind, HRESU
     const auto count = [&](std::size_t i, std::uint32_t absent) {
         return i < words.size() ? Parse<std::uint32_t>(words[i]) : absent;
     };
-    const Fault fault{words[1], kind, code, count(counts, 1), count(counts + 1, 0)};
+    Fault fault{words[1], kind, code, count(counts, 1), count(counts + 1, 0)};
     if (!CanStrike(fault)) {
         throw Misunderstood("there is no operation '" + words[1] + "' to do that to");
     }

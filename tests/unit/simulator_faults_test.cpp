@@ -187,6 +187,11 @@ TEST_F(Faults, OfNoOperationAreRefused) {
     }
 }
 
+TEST_F(Faults, CannotStrikeAPromotionLate) {
+    EXPECT_FALSE(dialsim_fail_late("WindowsPromoteStringBuffer", kFault, 1, 1));
+    EXPECT_TRUE(dialsim_fail("WindowsPromoteStringBuffer", kFault, 9, 1));
+}
+
 TEST_F(Faults, AreGoneAfterAReset) {
     const String kept = ToPlatformString("A");
     ASSERT_TRUE(dialsim_fail(kOperation, kFault, 1, 0));

@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include <functional>
-#include <future>
 #include <stdexcept>
 #include <string>
 #include <thread>
@@ -209,7 +208,7 @@ TEST_F(RaisedErrorsOfHandlers, StopOnAThreadOfItsOwnToo) {
 // Plays in the background and waits for the end; what the end was told.
 std::string PlayedInBackground(const char* script, std::thread::id& done_on) {
     struct End {
-        std::promise<std::string> told;
+        std::string told;
         std::thread::id on;
     } end;
     dialsim_play_in_background(
@@ -217,12 +216,12 @@ std::string PlayedInBackground(const char* script, std::thread::id& done_on) {
         [](void* context, const char* error) {
             auto& told = *static_cast<End*>(context);
             told.on = std::this_thread::get_id();
-            told.told.set_value(error == nullptr ? "played" : error);
+            told.told = error == nullptr ? "played" : error;
         },
         &end);
-    const std::string told = end.told.get_future().get();
+    dialsim_wait_for_scripts();
     done_on = end.on;
-    return told;
+    return end.told;
 }
 
 using BackgroundScripts = SimulatedApartment;

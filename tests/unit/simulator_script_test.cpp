@@ -67,6 +67,24 @@ TEST_F(Scripts, AcquireAndLoseControl) {
     EXPECT_EQ(ear.Heard(), "acquire; lose; ");
 }
 
+TEST_F(Scripts, ChooseAnItem) {
+    const auto controller = MakeController(1);
+    ComPtr<abi::IRadialControllerMenu> menu;
+    ASSERT_EQ(controller->get_Menu(menu.Put()), S_OK);
+    ComPtr<abi::IRadialControllerMenuItemStatics> items;
+    ASSERT_EQ(GetFactory<abi::RadialControllerMenuItem>(items), S_OK);
+    ComPtr<abi::IRadialControllerMenuItem> item;
+    ASSERT_EQ(items->CreateFromKnownIcon(nullptr, abi::RadialControllerMenuKnownIcon::Zoom, item.Put()),
+              S_OK);
+    ComPtr<abi::IVector<abi::RadialControllerMenuItem>> list;
+    ASSERT_EQ(menu->get_Items(list.Put()), S_OK);
+    ASSERT_EQ(list->Append(item.Get()), S_OK);
+    Play("choose 0");
+    ComPtr<abi::IRadialControllerMenuItem> selected;
+    EXPECT_EQ(menu->GetSelectedMenuItem(selected.Put()), S_OK);
+    EXPECT_EQ(selected.Get(), item.Get());
+}
+
 TEST_F(Scripts, BeginWithTheNewestWindowAndDirectWhatFollows) {
     ControllerEar older(16);
     ControllerEar newest(17);
@@ -193,6 +211,8 @@ TEST_F(Scripts, ALineThatCannotBeUnderstoodIsTold) {
         {"touch 1 2 3", "'touch'"},
         {"touch 1 2 3 4 5", "'touch'"},
         {"move 1 2 3 d", "'d'"},
+        {"choose", "'choose'"},
+        {"choose -1", "'-1'"},
         {"wait -1", "'-1'"},
         {"wait 1.5", "'1.5'"},
         {"wait 4294967296", "'4294967296'"},
@@ -213,6 +233,7 @@ TEST_F(Scripts, ALineThatCannotBeUnderstoodIsTold) {
         {"fail IRadialController::add_RotationChanged 80004005 1 1 1", "'fail'"},
         {"fail-late IRadialController::add_RotationChanged", "'fail-late'"},
         {"fail-late NoSuch 80004005", "'NoSuch'"},
+        {"fail-late WindowsPromoteStringBuffer 80004005", "'WindowsPromoteStringBuffer'"},
         {"null NoSuch", "'NoSuch'"},
         {"null IRadialController::add_RotationChanged one", "'one'"},
     };

@@ -75,6 +75,54 @@ TEST_F(SimulatedDial, ItsPositionIsTheMiddleOfItsBounds) {
     EXPECT_EQ(position.Y, 45.0F);
 }
 
+// A new item at the end of the controller's menu that counts how often it is chosen.
+ComPtr<abi::IRadialControllerMenuItem> AddItem(abi::IRadialControllerMenu& menu, int& chosen) {
+    ComPtr<abi::IRadialControllerMenuItemStatics> items;
+    EXPECT_EQ(GetFactory<abi::RadialControllerMenuItem>(items), S_OK);
+    ComPtr<abi::IRadialControllerMenuItem> item;
+    EXPECT_EQ(items->CreateFromKnownIcon(nullptr, abi::RadialControllerMenuKnownIcon::Zoom, item.Put()),
+              S_OK);
+    const auto handler =
+        MakeDelegate<abi::TypedEventHandler<abi::RadialControllerMenuItem, abi::IInspectable>>(
+            [&](auto*, auto*) {
+                ++chosen;
+                return S_FALSE;
+            });
+    EventRegistrationToken token{};
+    EXPECT_EQ(item->add_Invoked(handler.Get(), &token), S_OK);
+    ComPtr<abi::IVector<abi::RadialControllerMenuItem>> list;
+    EXPECT_EQ(menu.get_Items(list.Put()), S_OK);
+    EXPECT_EQ(list->Append(item.Get()), S_OK);
+    return item;
+}
+
+TEST_F(SimulatedDial, ChoosingAnItemInvokesAndSelectsIt) {
+    const auto controller = MakeController(kWindow);
+    ComPtr<abi::IRadialControllerMenu> menu;
+    ASSERT_EQ(controller->get_Menu(menu.Put()), S_OK);
+    int first_chosen = 0;
+    int second_chosen = 0;
+    const auto first = AddItem(*menu.Get(), first_chosen);
+    const auto second = AddItem(*menu.Get(), second_chosen);
+    EXPECT_EQ(dialsim_choose(kWindow, 1), S_FALSE);
+    EXPECT_EQ(first_chosen, 0);
+    EXPECT_EQ(second_chosen, 1);
+    ComPtr<abi::IRadialControllerMenuItem> selected;
+    EXPECT_EQ(menu->GetSelectedMenuItem(selected.Put()), S_OK);
+    EXPECT_EQ(selected.Get(), second.Get());
+}
+
+TEST_F(SimulatedDial, AnEmptyPlaceOfTheMenuCannotBeChosen) {
+    const auto controller = MakeController(kWindow);
+    ComPtr<abi::IRadialControllerMenu> menu;
+    ASSERT_EQ(controller->get_Menu(menu.Put()), S_OK);
+    int chosen = 0;
+    const auto item = AddItem(*menu.Get(), chosen);
+    EXPECT_EQ(dialsim_choose(kWindow, 1), Code(0x8000000B));
+    EXPECT_EQ(chosen, 0);
+    EXPECT_EQ(dialsim_choose(kWindow + 1, 0), DIALSIM_NO_CONTROLLER);
+}
+
 TEST_F(SimulatedDial, AWindowHearsItsOwnEventsOnly) {
     ControllerEar first(1);
     ControllerEar second(2);
