@@ -5,17 +5,36 @@
 
 #include "simulator/dialsim.h"
 
-DialDriver::DialDriver(const char* script_path) {
-    std::FILE* file = std::fopen(script_path, "r");
+namespace {
+
+bool ReadFile(const char* path, std::string& content) {
+    std::FILE* file = std::fopen(path, "rb");
     if (file == nullptr) {
-        error_ = std::string("the script ") + script_path + " cannot be read";
-        return;
+        return false;
     }
     char part[4096];
     while (const std::size_t length = std::fread(part, 1, sizeof part, file)) {
-        script_.append(part, length);
+        content.append(part, length);
     }
     std::fclose(file);
+    return true;
+}
+
+}  // namespace
+
+DialDriver::DialDriver(const char* script_path) {
+    if (!ReadFile(script_path, script_)) {
+        error_ = std::string("the script ") + script_path + " cannot be read";
+    }
+    // Wine lacks a function of the platform that pictures of resources need; the simulator puts its own in
+    // place.
+    dialsim_watch("brindle.dll");
+    // On Windows this changes nothing: the picture is a resource of the program there.
+    std::string picture;
+    if (ReadFile(SAMPLE_RESOURCE, picture)) {
+        dialsim_add_resource(kSampleModule, 101, "PNG", picture.data(),
+                             static_cast<std::uint32_t>(picture.size()));
+    }
 }
 
 void DialDriver::Start(std::function<void()> done) {

@@ -2,8 +2,12 @@
 // of the simulator.
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <string>
+
+// Natively programs have no resources: the driver gives the simulator the sample's, under this module.
+inline constexpr std::uint64_t kSampleModule = 1;
 
 class DialDriver {
 public:

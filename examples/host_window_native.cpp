@@ -1,7 +1,11 @@
 #include <condition_variable>
 #include <mutex>
 
+#include "dial_driver.h"
 #include "host_window.h"
+
+// There are no modules here; the simulator is told what this one holds.
+const void* OwnModule() { return reinterpret_cast<const void*>(kSampleModule); }
 
 struct HostWindow::Impl {
     std::mutex mutex;

@@ -16,6 +16,8 @@ LRESULT CALLBACK OnMessage(HWND window, UINT message, WPARAM wparam, LPARAM lpar
 
 }  // namespace
 
+const void* OwnModule() { return GetModuleHandleA(nullptr); }
+
 struct HostWindow::Impl {
     HWND window = nullptr;
 };

@@ -1,4 +1,6 @@
-// A complete host: it makes a window, listens to the dial there, and prints what it is told as a table.
+// A complete host: it makes a window, listens to the dial there, fills its menu with an item of each kind,
+// and prints what it is told as a table. Usage: sample_host SCRIPT.dial PICTURE.png FONT.ttf, with absolute
+// paths.
 //
 // This is the code to copy. Only the lines that name the DialDriver are not for you: they turn a
 // simulated dial by a script, where a person would turn a real one.
@@ -6,6 +8,8 @@
 
 #include <chrono>
 #include <cstdio>
+#include <cstring>
+#include <string>
 
 #include "dial_driver.h"
 #include "host_window.h"
@@ -64,6 +68,31 @@ private:
     double angle_ = 0.0;
 };
 
+// The identifiers of our menu's items; a turn tells which one is selected.
+enum Item : uint32_t { kVolume = 1, kPalette = 2, kNotes = 3, kBrush = 4, kDial = 5 };
+
+using Text = std::basic_string<BrindleChar>;
+
+// One item of each kind. Everything is read during the call; the picture file is opened after it.
+bool FillMenu(uint64_t window, const Text& picture_path, const Text& font_path) {
+    const MenuItemDescription items[] = {
+        {MenuItemKind::KnownIcon, TEXT16("Volume"), kVolume, 1, {.number = 3}, {}, {}},
+        {MenuItemKind::SystemFont, TEXT16("Palette"), kPalette, 0, {TEXT16("P")}, {TEXT16("Arial")}, {}},
+        {MenuItemKind::CustomFont,
+         TEXT16("Notes"),
+         kNotes,
+         0,
+         {TEXT16("N")},
+         {TEXT16("DejaVu Sans")},
+         {font_path.c_str()}},
+        {MenuItemKind::FilePNG, TEXT16("Brush"), kBrush, 0, {picture_path.c_str()}, {}, {}},
+        {MenuItemKind::ResourcePNG, TEXT16("Dial"), kDial, 1, {.module = OwnModule()}, {.number = 101}, {}},
+    };
+    const int32_t system_items[] = {3, 2};  // of the system's own entries, volume and undo
+    return add_custom_menu(window, items, 5) && set_default_menu(window, system_items, 2) &&
+           set_current_custom_menu(window, kPalette);
+}
+
 int Fail(const char* what) {
     std::fprintf(stderr, "sample_host: %s\n", what);
     return 1;
@@ -72,8 +101,8 @@ int Fail(const char* what) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (argc != 2) {
-        return Fail("give it a dial script");
+    if (argc != 4) {
+        return Fail("give it a dial script, a PNG picture and a font file");
     }
     HostWindow window("Brindle sample host");
     if (window.Handle() == 0) {
@@ -89,6 +118,12 @@ int main(int argc, char** argv) {
     }
 
     DialDriver driver(argv[1]);
+    // Plain ASCII paths, widened character by character.
+    const Text picture_path(argv[2], argv[2] + std::strlen(argv[2]));
+    const Text font_path(argv[3], argv[3] + std::strlen(argv[3]));
+    if (!FillMenu(window.Handle(), picture_path, font_path)) {
+        std::printf("the dial has no menu; the lines above say which step failed\n");
+    }
     driver.Start([&window] { window.Close(); });
 
     window.RunMessageLoop();

@@ -310,11 +310,22 @@ bool init_dial_listener(IDialHost* host);
  *   items   `count` records, read during the call; null adds none
  *   count   0 to 4294967295; 0 clears the menu
  *
- *   true    the menu was replaced; an item that could not be made is missing and has its line on standard
- *           output. Items from PNG files appear after the call, when the platform has opened the file.
- *   false   no listener, no menu, or the platform's item factory is gone
+ *   true    the menu was replaced; an item that could not be made is missing and has its lines on standard
+ *           output
+ *   false   no listener, no menu, or the platform's factory for known icons is gone (the records from there on
+ *           are then skipped)
  *
- * This version has no menus yet: the result is always false. Thread: that of initialize. Since 0.1.
+ * A record of an unknown kind, or of a font file that does not exist, is skipped silently. Items from PNG files
+ * appear after the call, when the platform has opened the file, in the order in which that happens; a file that
+ * does not exist never appears. Call uninit only when those loads are over.
+ *
+ * An item's haptic_feedback is kept under its item_id from the first item that ever had it: a later item, of a
+ * later menu too, with the same item_id shares the earlier one's setting. Use fresh identifiers for new meanings.
+ * Items from PNG files have the setting 0.
+ *
+ * Exceptions: a label or source text that the platform refuses or that is longer than 4294967295 units
+ * (hresult_error), or no memory (std::bad_alloc); items made before stay.
+ * Thread: that of initialize. Since 0.1.
  */
 bool add_custom_menu(uint64_t window, const MenuItemDescription* items, uint32_t count);
 
@@ -325,15 +336,17 @@ bool add_custom_menu(uint64_t window, const MenuItemDescription* items, uint32_t
  *           previous track; passed on unchanged; null gives false
  *   count   0 leaves no system entry
  *
- * This version has no menus yet: the result is always false. Thread: that of initialize. Since 0.1.
+ *   true    the platform has taken them
+ *   false   no listener, no configuration for the window, a null list, or the platform refused them
+ *
+ * The window is the one that the host object reports now. Thread: that of initialize. Since 0.1.
  */
 bool set_default_menu(uint64_t window, const int32_t* kinds, uint32_t count);
 
 /*
  * Selects the first item of the window's custom menu whose item_id equals `item_id`; false when there is
- * none or the platform refuses.
- *
- * This version has no menus yet: the result is always false. Thread: that of initialize. Since 0.1.
+ * none or the platform refuses. Selecting does not count as choosing: no haptic setting changes.
+ * Thread: that of initialize. Since 0.1.
  */
 bool set_current_custom_menu(uint64_t window, uint32_t item_id);
 

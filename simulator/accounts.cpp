@@ -62,6 +62,18 @@ void Accounts::StringReturned(HSTRING string) {
     EraseOne(strings_, string);
 }
 
+void Accounts::BlockTaken(const void* block) {
+    if (block != nullptr) {
+        const std::lock_guard guard(mutex_);
+        blocks_.insert(block);
+    }
+}
+
+void Accounts::BlockReturned(const void* block) {
+    const std::lock_guard guard(mutex_);
+    blocks_.erase(block);
+}
+
 Accounts::Tally Accounts::Objects(std::string_view class_name) {
     const std::lock_guard guard(mutex_);
     Tally tally;
@@ -84,6 +96,11 @@ std::uint32_t Accounts::Strings() {
     return static_cast<std::uint32_t>(strings_.size());
 }
 
+std::uint32_t Accounts::Blocks() {
+    const std::lock_guard guard(mutex_);
+    return static_cast<std::uint32_t>(blocks_.size());
+}
+
 std::string Accounts::Text() {
     std::set<std::string> classes;
     {
@@ -99,6 +116,9 @@ std::string Accounts::Text() {
     if (const std::uint32_t strings = Strings(); strings > 0) {
         text += "strings: " + std::to_string(strings) + "\n";
     }
+    if (const std::uint32_t blocks = Blocks(); blocks > 0) {
+        text += "blocks: " + std::to_string(blocks) + "\n";
+    }
     if (const std::uint32_t handlers = Handlers(); handlers > 0) {
         text += "handlers: " + std::to_string(handlers) + "\n";
     }
@@ -111,9 +131,11 @@ void Accounts::Reset() {
         written_off_.push_back(object);
     }
     written_off_.insert(written_off_.end(), strings_.begin(), strings_.end());
+    written_off_.insert(written_off_.end(), blocks_.begin(), blocks_.end());
     objects_.clear();
     handlers_.clear();
     strings_.clear();
+    blocks_.clear();
 }
 
 }  // namespace dialsim

@@ -29,11 +29,14 @@ public:
     void HandlerReleased(const void* handler);
     void StringTaken(HSTRING string);
     void StringReturned(HSTRING string);
+    void BlockTaken(const void* block);
+    void BlockReturned(const void* block);
 
     // An empty name sums over all classes.
     Tally Objects(std::string_view class_name);
     std::uint32_t Handlers();
     std::uint32_t Strings();
+    std::uint32_t Blocks();
     std::string Text();
 
     // What is still out is no longer counted, but kept in sight of leak checkers: some of it is out on
@@ -49,6 +52,7 @@ private:
     std::map<const void*, Entry> objects_;
     std::multiset<const void*> handlers_;
     std::multiset<HSTRING> strings_;
+    std::set<const void*> blocks_;
     std::vector<const void*> written_off_;
 };
 

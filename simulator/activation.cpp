@@ -1,9 +1,13 @@
 #include "simulator/activation.h"
 
 #include "simulator/api_information.h"
+#include "simulator/configuration.h"
 #include "simulator/controller.h"
 #include "simulator/menu.h"
 #include "simulator/property_value.h"
+#include "simulator/storage_file.h"
+#include "simulator/streams.h"
+#include "simulator/uri.h"
 
 namespace dialsim {
 
@@ -19,8 +23,12 @@ struct ActivatableClassEntry {
 constexpr ActivatableClassEntry kClasses[] = {
     {abi::ApiInformation::Name, MakeApiInformation},
     {abi::RadialController::Name, MakeControllerFactory},
+    {abi::RadialControllerConfiguration::Name, MakeConfigurationFactory},
     {abi::RadialControllerMenuItem::Name, MakeMenuItemStatics},
     {abi::PropertyValue::Name, MakePropertyValueStatics},
+    {abi::RandomAccessStreamReference::Name, MakeStreamReferenceStatics},
+    {abi::StorageFile::Name, MakeStorageFileStatics},
+    {abi::Uri::Name, MakeUriFactory},
 };
 
 }  // namespace

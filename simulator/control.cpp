@@ -1,5 +1,6 @@
 #include "simulator/control.h"
 
+#include "simulator/async.h"
 #include "simulator/controller.h"
 #include "simulator/dialsim.h"
 
@@ -15,23 +16,13 @@ HRESULT RaiseAt(std::uint64_t window, RaiseOne raise_one) {
         return DIALSIM_NO_CONTROLLER;
     }
     Outcome outcome;
-    const auto raise_all = [&] {
+    OnEventThread([&] {
         const DialState state = TheDial().State();
         for (const auto& controller : controllers) {
             outcome.Join(raise_one(*controller.get(), state));
         }
-    };
-    if (TheDial().OwnThread()) {
-        Thread own = StartThread(raise_all);
-        Join(own);
-    } else {
-        raise_all();
-    }
-    if (outcome.raised) {
-        TheDial().SetRaised(outcome.what);
-        return DIALSIM_RAISED;
-    }
-    return outcome.code;
+    });
+    return CodeOf(outcome);
 }
 
 }  // namespace

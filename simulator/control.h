@@ -10,6 +10,17 @@
 
 namespace dialsim {
 
+// On the thread that is set for what the platform raises; returns when it is done.
+template <class Body>
+void OnEventThread(Body body) {
+    if (TheDial().OwnThread()) {
+        Thread own = StartThread(body);
+        Join(own);
+    } else {
+        body();
+    }
+}
+
 HRESULT Turn(std::uint64_t window, double degrees);
 HRESULT Click(std::uint64_t window);
 void Hold(bool down);

@@ -19,6 +19,7 @@ public:
 
     std::uint64_t window() const { return window_; }
     RadialMenu& menu() { return *menu_.get(); }
+    bool automatic_haptics() const { return automatic_haptics_; }
 
     // The platform raises the event with arguments made for it from the dial's state.
     Outcome RaiseRotation(const DialState& dial, double degrees);

@@ -5,11 +5,18 @@
 #include <cstring>
 
 #include "simulator/accounts.h"
+#include "simulator/async.h"
 #include "simulator/clock.h"
+#include "simulator/configuration.h"
 #include "simulator/control.h"
+#include "simulator/controller.h"
 #include "simulator/dial.h"
+#include "simulator/files.h"
 #include "simulator/journal.h"
+#include "simulator/menu_view.h"
 #include "simulator/operations.h"
+#include "simulator/property_value.h"
+#include "simulator/resources.h"
 #include "simulator/script.h"
 
 namespace {
@@ -35,6 +42,18 @@ bool AddFault(const Fault& fault) {
 
 Mutex scripts_mutex;
 std::vector<Thread>& scripts = *new std::vector<Thread>;  // never destroyed: a script may outlive main
+
+Ref<Controller> NewestOf(std::uint64_t window) {
+    const auto controllers = TheDial().ControllersOf(window);
+    return controllers.empty() ? Ref<Controller>() : controllers.back();
+}
+
+// The simulator's own hand in the menu is not journaled.
+bool AppendItem(std::uint64_t window, abi::IRadialControllerMenuItem* item) {
+    const Ref<Controller> controller = NewestOf(window);
+    const Unobserved own_hand;
+    return controller && controller->menu().items().Append(item) >= 0;
+}
 
 std::string_view NameOrAll(const char* class_name) { return class_name == nullptr ? "" : class_name; }
 
@@ -63,6 +82,64 @@ void dialsim_set_haptics(bool present, const uint16_t* waveforms, uint32_t count
 
 void dialsim_set_type_present(const char* type, bool present) { TheDial().SetTypePresent(type, present); }
 
+size_t dialsim_menu(uint64_t window, char* buffer, size_t size) {
+    return CopyOut(MenuText(window), buffer, size);
+}
+size_t dialsim_menu_svg(uint64_t window, char* buffer, size_t size) {
+    return CopyOut(MenuPicture(window), buffer, size);
+}
+
+uint32_t dialsim_system_items(uint64_t window, int32_t* kinds, uint32_t capacity) {
+    const Ref<Controller> controller = NewestOf(window);
+    const auto shown = SystemItems(controller ? controller->window() : window);
+    std::copy_n(shown.begin(), std::min<std::size_t>(shown.size(), capacity), kinds);
+    return static_cast<uint32_t>(shown.size());
+}
+void dialsim_keep_sequences(bool keep) { KeepSequences(keep); }
+int32_t dialsim_use_kept_sequence() { return UseKeptSequence(); }
+
+bool dialsim_append_null_item(uint64_t window) { return AppendItem(window, nullptr); }
+bool dialsim_append_item(uint64_t window, const char* tag_kind, uint32_t value) {
+    const std::string kind = tag_kind;
+    Ref<abi::IInspectable> tag;
+    if (kind == "UInt32") {
+        tag = BoxNumber(value);
+    } else if (kind == "String") {
+        tag = BoxText(std::to_string(value));
+    } else if (kind == "object") {
+        tag = MakePropertyValueStatics();  // any object that is no value
+    } else if (kind != "none") {
+        return false;
+    }
+    return AppendItem(window, MakeItem("appended", tag.get()).get());
+}
+bool dialsim_shrink_menu_after(uint64_t window, uint32_t calls) {
+    const Ref<Controller> controller = NewestOf(window);
+    if (controller) {
+        controller->menu().items().ShrinkAfter(calls);
+    }
+    return static_cast<bool>(controller);
+}
+
+void dialsim_async(dialsim_async_mode mode) {
+    TheOperations().SetMode(mode == DIALSIM_AT_ONCE ? AsyncMode::AtOnce
+                            : mode == DIALSIM_HELD  ? AsyncMode::Held
+                                                    : AsyncMode::OwnThread);
+}
+int32_t dialsim_complete(uint32_t index) { return TheOperations().Complete(index, {}); }
+int32_t dialsim_complete_all() { return TheOperations().CompleteAll(); }
+int32_t dialsim_complete_as(uint32_t index, int32_t status) {
+    return TheOperations().Complete(index, static_cast<abi::AsyncStatus>(status));
+}
+uint32_t dialsim_pending() { return TheOperations().Pending(); }
+int32_t dialsim_completion_code(uint32_t index) { return TheOperations().CompletionCode(index); }
+void dialsim_abandon_pending() { TheOperations().Abandon(); }
+void dialsim_wait_for_async() { TheOperations().WaitForThreads(); }
+
+bool dialsim_add_resource(uint64_t module, uint16_t id, const char* type, const void* bytes, uint32_t size) {
+    return AddResource(module, id, type, std::string(static_cast<const char*>(bytes), size));
+}
+
 uint64_t dialsim_now() { return ClockNow(); }
 void dialsim_wait(uint32_t milliseconds) { Wait(milliseconds, false); }
 bool dialsim_set_clock(uint64_t milliseconds) { return SetClock(milliseconds); }
@@ -90,6 +167,7 @@ void dialsim_wait_for_scripts() {
     for (Thread& script : running) {
         Join(script);
     }
+    TheOperations().WaitForThreads();
 }
 
 bool dialsim_fail(const char* operation, int32_t code, uint32_t from, uint32_t times) {
@@ -114,10 +192,15 @@ uint32_t dialsim_references(const char* class_name) {
     return TheAccounts().Objects(NameOrAll(class_name)).references;
 }
 uint32_t dialsim_strings() { return TheAccounts().Strings(); }
+uint32_t dialsim_blocks() { return TheAccounts().Blocks(); }
 uint32_t dialsim_handlers() { return TheAccounts().Handlers(); }
 size_t dialsim_accounts(char* buffer, size_t size) { return CopyOut(TheAccounts().Text(), buffer, size); }
 
 void dialsim_reset() {
+    TheOperations().Reset();
+    ResetConfigurations();
+    ResetResources();
+    ResetFiles();
     TheJournal().Reset();
     TheAccounts().Reset();
     TheDial().Reset();

@@ -63,6 +63,92 @@ void dialsim_set_haptics(bool present, const uint16_t* waveforms, uint32_t count
 /* Whether a type is known to the platform's API probe; every type is at the start. */
 void dialsim_set_type_present(const char* type, bool present);
 
+/* --- the menu
+ * ------------------------------------------------------------------------------------------------------ */
+
+/*
+ * The window's menu as a person would see it, a line an item, the selected one marked:
+ *
+ *   0   "Louder" known icon Volume, tag 7
+ *   1 * "Brush" glyph A of Symbols, tag -
+ *   2   "Pen" glyph B of font file file:///C:/FONTS/SYMBOL~1.TTF, tag not a number
+ *   3   "File" PNG file 32x32, tag 1
+ *   4   "Resource" PNG image 16x16, tag 2
+ *   5   "Damaged" broken picture, tag 3
+ *   6   no item
+ *   system items: Scroll, Zoom, UndoRedo, Volume, NextPreviousTrack
+ *   automatic haptics: on
+ *
+ * A tag is the item's number, "-" without one; "system items: none" without any. Empty when no controller
+ * exists for the window. Where it has several, the newest one's.
+ */
+size_t dialsim_menu(uint64_t window, char* buffer, size_t size);
+/* The same as a picture, SVG; empty when no controller exists for the window. */
+size_t dialsim_menu_svg(uint64_t window, char* buffer, size_t size);
+
+/* The system's own entries that the window's menu shows, RadialControllerSystemMenuItemKind values in their
+ * order (0 to 4 at the start); at most `capacity` are copied, `kinds` may be null for 0. The journal has
+ * every list that SetDefaultMenuItems was given, "system items(3, 0, 7)", also where it was refused. Answers
+ * how many there are. */
+uint32_t dialsim_system_items(uint64_t window, int32_t* kinds, uint32_t capacity);
+/* Whether the sequence that SetDefaultMenuItems is given, and its iterator, are kept after the call; normally
+ * they are not. */
+void dialsim_keep_sequences(bool keep);
+/* Uses the sequence that was kept last once more, in every way, and lets go of it: the code of that, which is
+ * negative only if nothing worked any more; 1 when none is kept. */
+int32_t dialsim_use_kept_sequence(void);
+
+/* Adds to the end of the window's menu what its owner would not: no item at all; or an item with a tag of the
+ * given kind: "UInt32", "String" (the number as text), "object" (no value at all) or "none". False when no
+ * controller exists for the window, or there is no such kind. */
+bool dialsim_append_null_item(uint64_t window);
+bool dialsim_append_item(uint64_t window, const char* tag_kind, uint32_t value);
+/* The menu's last item goes as soon as GetAt has answered `calls` more times; with 0 it goes at once. */
+bool dialsim_shrink_menu_after(uint64_t window, uint32_t calls);
+
+/* --- asynchronous operations
+ * --------------------------------------------------------------------------------------- */
+
+enum dialsim_async_mode {
+    /* Soon after a handler is attached, on a thread of the simulator's, as the platform does it; so it is at
+     * the start. */
+    DIALSIM_OWN_THREAD = 0,
+    /* Before a handler can be attached: it is called inside put_Completed, on that thread. */
+    DIALSIM_AT_ONCE = 1,
+    /* When dialsim_complete says so. */
+    DIALSIM_HELD = 2
+};
+/* When operations complete that start from now on. What they found out is fixed when they start. */
+void dialsim_async(enum dialsim_async_mode mode);
+
+/* Operations are counted from 0 in the order of their starts since the last reset. These complete one that
+ * has not completed, or all of those in their order, on the thread that is set for events; one without a
+ * handler calls its handler as soon as it gets one. The code is the handler's answer (the first failure of
+ * several), 0 without a handler, 0x8000000B (E_BOUNDS) where nothing is there to complete. */
+int32_t dialsim_complete(uint32_t index);
+int32_t dialsim_complete_all(void);
+/* Completes with a status that is not the operation's own: 0 started, 1 completed, 2 canceled, 3 error. Its
+ * results then answer accordingly: 0x8000000E, what there is, 0x800704C7, its failure or else 0x80004005. */
+int32_t dialsim_complete_as(uint32_t index, int32_t status);
+/* How many have started and not completed. */
+uint32_t dialsim_pending(void);
+/* What the operation's handler answered, DIALSIM_RAISED if it raised; 0x8000000A (E_PENDING) until it has
+ * been called, E_BOUNDS where there is no such operation. The journal has it too:
+ * "AsyncOperationCompletedHandler<StorageFile>::Invoke(status) = code". */
+int32_t dialsim_completion_code(uint32_t index);
+/* Those that have not completed never will: they and their handlers are let go of. */
+void dialsim_abandon_pending(void);
+/* Returns when every operation that completes on a thread of the simulator's and has a handler has called it.
+ */
+void dialsim_wait_for_async(void);
+
+/* --- what modules hold
+ * ------------------------------------------------------------------------------------------- */
+
+/* Natively gives a module (any number) a resource, the type being a name such as "PNG", and answers true; on
+ * Windows resources are the module's own and the answer is false. */
+bool dialsim_add_resource(uint64_t module, uint16_t id, const char* type, const void* bytes, uint32_t size);
+
 /* --- time
  * --------------------------------------------------------------------------------------------------- */
 
@@ -90,10 +176,12 @@ enum {
  *   wait MS              window HANDLE       haptics WAVEFORM... thread own|caller
  *   fail OPERATION CODE [FROM [TIMES]]       fail-late OPERATION CODE [FROM [TIMES]]
  *   null OPERATION [FROM [TIMES]]
- *   show journal         show accounts
+ *   async at-once|held|own-thread            complete INDEX|all  settle
+ *   show journal         show accounts       show menu           draw menu FILE
  *
  * `window` directs what follows (0, the newest, at the start). False when a line cannot be understood;
- * nothing of the script is then played, and `error` says which line and why.
+ * nothing of the script is then played, and `error` says which line and why. `settle` is
+ * dialsim_wait_for_async; `draw menu` writes the picture to a file.
  */
 bool dialsim_play(const char* script, uint32_t flags, char* error, size_t error_size);
 
@@ -101,8 +189,9 @@ bool dialsim_play(const char* script, uint32_t flags, char* error, size_t error_
  * reason why nothing was played. */
 void dialsim_play_in_background(const char* script, uint32_t flags,
                                 void (*done)(void* context, const char* error), void* context);
-/* Returns when every script in the background has been played and its `done` has returned. */
-void dialsim_wait_for_scripts(void);
+/* Returns when every script in the background has been played and its `done` has returned, and then
+ * dialsim_wait_for_async does. */
+void dialsim_wait_for_scripts(void); /* not from a script's `done` */
 
 /* --- faults
  * ------------------------------------------------------------------------------------------------- */
@@ -111,14 +200,16 @@ void dialsim_wait_for_scripts(void);
  * `operation` is one of dialsim_operation, "IRadialController::add_RotationChanged", or one with the
  * arguments that the journal prints, "RoGetActivationFactory(Windows.UI.Input.RadialController)". The fault
  * strikes from its `from`th matching call on, counted from now (1 is the next), `times` times; 0 is for ever.
- * Several faults may be set on one operation; the first that strikes decides. False when the list has no such
- * operation; arguments are not checked.
+ * Several faults may be set on one operation; the first that strikes decides. A function that answers no code
+ * answers null, zero or false instead, GlobalFree the block, and WindowsGetStringRawBuffer an empty text.
+ * False when the list has no such operation; arguments are not checked.
  */
 bool dialsim_fail(const char* operation, int32_t code, uint32_t from, uint32_t times);
 /* The operation takes place, its result is handed out, and then it claims to have failed. False also for
- * WindowsPromoteStringBuffer, which consumes what its caller would then give back. */
+ * WindowsPromoteStringBuffer, which consumes what its caller would then give back, and for functions whose
+ * only answer is what they hand out, such as GlobalAlloc. */
 bool dialsim_fail_late(const char* operation, int32_t code, uint32_t from, uint32_t times);
-/* The operation does not take place, and succeeds with null, or zero. */
+/* The operation does not take place, and succeeds with null, or zero: IStream::Write has written nothing. */
 bool dialsim_yield_null(const char* operation, uint32_t from, uint32_t times);
 
 /* The operations that faults can be set on, by index from 0; null past the last. */
@@ -135,18 +226,20 @@ void dialsim_clear_journal(void);
 uint32_t dialsim_calls(const char* operation);
 
 /* What was handed out and has not come back: platform objects of a class
- * ("Windows.UI.Input.RadialController"; null for all), references to them, platform strings, and event
- * handlers that the platform holds. */
+ * ("Windows.UI.Input.RadialController"; null for all), references to them, platform strings, global blocks,
+ * and handlers that the platform holds. */
 uint32_t dialsim_objects(const char* class_name);
 uint32_t dialsim_references(const char* class_name);
 uint32_t dialsim_strings(void);
+uint32_t dialsim_blocks(void);
 uint32_t dialsim_handlers(void);
 /* The same as text, a line a class; empty when everything has come back. */
 size_t dialsim_accounts(char* buffer, size_t size);
 
-/* Back to the start: no faults, an empty journal, the dial off the screen, button up, default haptics, and
- * fresh accounts (what is still out is no longer counted). Controllers that still exist no longer take part.
- */
+/* Back to the start: no faults, an empty journal, the dial off the screen, button up, default haptics, no
+ * resources, the system's entries in every menu, and fresh accounts (what is still out is no longer counted).
+ * Waits for dialsim_wait_for_async and abandons what is pending; controllers and operations that still exist
+ * no longer take part. */
 void dialsim_reset(void);
 
 /* --- the library under test

@@ -42,19 +42,21 @@ public:
 
     // Nothing stands above the platform: what a handler raises stops here and is reported. One that is not
     // agile belongs to the thread that subscribed it.
-    template <class Sender, class Args>
-    Outcome Call(Sender* sender, Args* args) const {
+    template <class... Arguments>
+    Outcome Call(Arguments... arguments) const {
         if (!agile_ && home_ != CurrentThread()) {
             return {kWrongThread, false, {}};
         }
         try {
-            return {handler_->Invoke(sender, args), false, {}};
+            return {handler_->Invoke(arguments...), false, {}};
         } catch (const std::exception& error) {
             return {S_OK, true, error.what()};
         } catch (...) {
             return {S_OK, true, "something that is no standard exception"};
         }
     }
+
+    HRESULT CopyTo(Handler** result) const { return handler_.CopyTo(result); }
 
 private:
     static bool IsAgile(Handler* handler) {

@@ -2,6 +2,9 @@
 
 #include <array>
 
+#include "simulator/picture.h"
+#include "simulator/streams.h"
+#include "simulator/uri.h"
 #include "simulator/vectors.h"
 
 namespace dialsim {
@@ -57,8 +60,18 @@ Outcome MenuItem::Invoke() {
 
 HRESULT MenuItems::GetAt(std::uint32_t index, Element** result) noexcept {
     return PerformInto(MethodName<Interface>("GetAt"), std::to_string(index), result, [&] {
-        return Locked(mutex_,
-                      [&] { return index < items_.size() ? items_[index].CopyTo(result) : kOutOfBounds; });
+        Ref<Element> removed;
+        return Locked(mutex_, [&] {
+            const HRESULT code = index < items_.size() ? items_[index].CopyTo(result) : kOutOfBounds;
+            if (calls_until_shrinking_ && --*calls_until_shrinking_ == 0) {
+                calls_until_shrinking_.reset();
+                if (!items_.empty()) {
+                    removed = std::move(items_.back());
+                    items_.pop_back();
+                }
+            }
+            return code;
+        });
     });
 }
 
@@ -193,6 +206,17 @@ std::vector<Ref<MenuItems::Element>> MenuItems::Snapshot() {
     return items_;
 }
 
+void MenuItems::ShrinkAfter(std::uint32_t calls) {
+    Ref<Element> removed;
+    const std::lock_guard guard(mutex_);
+    if (calls > 0) {
+        calls_until_shrinking_ = calls;
+    } else if (!items_.empty()) {
+        removed = std::move(items_.back());
+        items_.pop_back();
+    }
+}
+
 RadialMenu::RadialMenu() : Object(abi::RadialControllerMenu::Name), items_(Make<MenuItems>()) {}
 
 HRESULT RadialMenu::get_Items(abi::IVector<abi::RadialControllerMenuItem>** result) noexcept {
@@ -218,14 +242,8 @@ HRESULT RadialMenu::put_IsEnabled(abi::boolean value) noexcept {
 }
 
 HRESULT RadialMenu::GetSelectedMenuItem(abi::IRadialControllerMenuItem** result) noexcept {
-    return PerformInto(MethodName<Interface>("GetSelectedMenuItem"), "", result, [&] {
-        Ref<abi::IRadialControllerMenuItem> selected;
-        Locked(mutex_, [&] {
-            selected = selected_;
-            return S_OK;
-        });
-        return StillThere(selected).CopyTo(result);
-    });
+    return PerformInto(MethodName<Interface>("GetSelectedMenuItem"), "", result,
+                       [&] { return StillThere(Selected()).CopyTo(result); });
 }
 
 HRESULT RadialMenu::SelectMenuItem(abi::IRadialControllerMenuItem* item) noexcept {
@@ -261,7 +279,13 @@ Outcome RadialMenu::Choose(std::uint32_t index) {
         return {kOutOfBounds, false, {}};
     }
     Select(items[index]);
-    return static_cast<MenuItem*>(items[index].get())->Invoke();
+    auto* item = dynamic_cast<MenuItem*>(items[index].get());
+    return item == nullptr ? Outcome() : item->Invoke();
+}
+
+Ref<abi::IRadialControllerMenuItem> RadialMenu::Selected() {
+    const std::lock_guard guard(mutex_);
+    return selected_;
 }
 
 Ref<abi::IRadialControllerMenuItem> RadialMenu::StillThere(const Ref<abi::IRadialControllerMenuItem>& item) {
@@ -285,6 +309,15 @@ constexpr std::array<const char*, 9> kIconNames = {
     "Scroll", "Zoom",     "UndoRedo",     "Volume", "NextPreviousTrack",
     "Ruler",  "InkColor", "InkThickness", "PenType"};
 
+// "PNG file 32x32"
+std::string SourceOf(abi::IRandomAccessStreamReference* icon) {
+    const Unobserved platforms_own;
+    const auto size = SizeOfPng(ReadBeginning(icon, kPngBeginning));
+    return size ? "PNG " + KindOfReference(icon) + " " + std::to_string(size->width) + "x" +
+                      std::to_string(size->height)
+                : "broken picture";
+}
+
 class MenuItemStatics final
     : public Object<abi::IRadialControllerMenuItemStatics, abi::IRadialControllerMenuItemStatics2> {
     using First = abi::IRadialControllerMenuItemStatics;
@@ -294,9 +327,14 @@ class MenuItemStatics final
 public:
     MenuItemStatics() : Object(TypeName<First>()) {}
 
-    // Pictures from streams and font files are not simulated yet.
-    HRESULT CreateFromIcon(HSTRING, abi::IRandomAccessStreamReference*, Item** result) noexcept override {
-        return PerformInto(MethodName<First>("CreateFromIcon"), "", result, [] { return E_NOTIMPL; });
+    // The picture is read here and never again: what it was read from may go while the item stays.
+    HRESULT CreateFromIcon(HSTRING label, abi::IRandomAccessStreamReference* icon,
+                           Item** result) noexcept override {
+        return PerformInto(MethodName<First>("CreateFromIcon"), Narrow(View(label)), result, [&] {
+            return icon == nullptr
+                       ? E_INVALIDARG
+                       : Make<MenuItem>(View(label), Picture{SourceOf(icon), Ref(icon)}).CopyTo(result);
+        });
     }
     HRESULT CreateFromKnownIcon(HSTRING label, abi::RadialControllerMenuKnownIcon icon,
                                 Item** result) noexcept override {
@@ -313,10 +351,11 @@ public:
         return PerformInto(MethodName<Second>("CreateFromFontGlyph"), source, result,
                            [&] { return MakeItem(label, source, result); });
     }
-    HRESULT CreateFromFontGlyphWithUri(HSTRING, HSTRING, HSTRING, abi::IUriRuntimeClass*,
+    HRESULT CreateFromFontGlyphWithUri(HSTRING label, HSTRING glyph, HSTRING, abi::IUriRuntimeClass* uri,
                                        Item** result) noexcept override {
-        return PerformInto(MethodName<Second>("CreateFromFontGlyphWithUri"), "", result,
-                           [] { return E_NOTIMPL; });
+        const std::string source = "glyph " + Narrow(View(glyph)) + " of font file " + AbsoluteUri(uri);
+        return PerformInto(MethodName<Second>("CreateFromFontGlyphWithUri"), source, result,
+                           [&] { return uri == nullptr ? E_INVALIDARG : MakeItem(label, source, result); });
     }
 
 private:
@@ -330,6 +369,13 @@ private:
 Ref<abi::IInspectable> MakeMenuItemStatics() {
     return Ref<abi::IInspectable>::Adopt(
         static_cast<abi::IRadialControllerMenuItemStatics*>(new MenuItemStatics));
+}
+
+Ref<abi::IRadialControllerMenuItem> MakeItem(const std::string& label, abi::IInspectable* tag) {
+    auto item = Make<MenuItem>(Widen(label), Picture{"no picture"});
+    const Unobserved platforms_own;
+    item->put_Tag(tag);
+    return Ref<abi::IRadialControllerMenuItem>(item.get());
 }
 
 }  // namespace dialsim

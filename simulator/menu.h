@@ -1,6 +1,8 @@
 // A window's dial menu.
 #pragma once
 
+#include <optional>
+
 #include "platform/interfaces/ui_input_menu.h"
 #include "simulator/event.h"
 #include "simulator/object.h"
@@ -9,7 +11,8 @@ namespace dialsim {
 
 // How an item's picture was given.
 struct Picture {
-    std::string source;  // "known icon Volume", "glyph A of Symbols"
+    std::string source;                                // "known icon Volume", "glyph A of Symbols"
+    Ref<abi::IRandomAccessStreamReference> icon = {};  // kept as long as the item is
 };
 
 class MenuItem final : public Object<abi::IRadialControllerMenuItem> {
@@ -27,6 +30,8 @@ public:
 
     // The user chooses the item.
     Outcome Invoke();
+
+    const std::string& source() const { return picture_.source; }
 
 private:
     Mutex mutex_;
@@ -60,9 +65,13 @@ public:
 
     std::vector<Ref<Element>> Snapshot();
 
+    // After so many more calls of GetAt the last item goes.
+    void ShrinkAfter(std::uint32_t calls);
+
 private:
     Mutex mutex_;
     std::vector<Ref<Element>> items_;
+    std::optional<std::uint32_t> calls_until_shrinking_;
 };
 
 class RadialMenu final : public Object<abi::IRadialControllerMenu> {
@@ -81,6 +90,10 @@ public:
     // The user chooses the item at this place in the ring, from 0.
     Outcome Choose(std::uint32_t index);
 
+    MenuItems& items() { return *items_.get(); }
+    // As it stands, in or out of the menu; null without one.
+    Ref<abi::IRadialControllerMenuItem> Selected();
+
 private:
     // Null unless the item is still in the menu.
     Ref<abi::IRadialControllerMenuItem> StillThere(const Ref<abi::IRadialControllerMenuItem>& item);
@@ -94,5 +107,8 @@ private:
 };
 
 Ref<abi::IInspectable> MakeMenuItemStatics();
+
+// An item that nobody made through the factories.
+Ref<abi::IRadialControllerMenuItem> MakeItem(const std::string& label, abi::IInspectable* tag);
 
 }  // namespace dialsim

@@ -159,6 +159,20 @@ Ref<abi::IInspectable> MakePropertyValueStatics() {
     return Ref<abi::IInspectable>::Adopt(new PropertyValueStatics);
 }
 
+std::optional<std::uint32_t> NumberIn(abi::IInspectable* value) {
+    const auto* boxed = dynamic_cast<BoxedValue*>(value);
+    const auto* number = boxed == nullptr ? nullptr : std::get_if<std::uint32_t>(&boxed->value().held);
+    return number == nullptr ? std::nullopt : std::optional(*number);
+}
+
+Ref<abi::IInspectable> BoxNumber(std::uint32_t number) {
+    return Ref<abi::IInspectable>::Adopt(new BoxedValue({PropertyType::UInt32, number}));
+}
+
+Ref<abi::IInspectable> BoxText(const std::string& text) {
+    return Ref<abi::IInspectable>::Adopt(new BoxedValue({PropertyType::String, Widen(text)}));
+}
+
 std::string Describe(abi::IInspectable* value) {
     const auto* boxed = dynamic_cast<BoxedValue*>(value);
     if (boxed == nullptr) {

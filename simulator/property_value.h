@@ -1,12 +1,22 @@
 // Boxed values.
 #pragma once
 
+#include <cstdint>
+#include <optional>
+#include <string>
+
 #include "platform/interfaces/property_value.h"
 #include "simulator/object.h"
 
 namespace dialsim {
 
 Ref<abi::IInspectable> MakePropertyValueStatics();
+
+// A boxed UInt32; empty for everything else.
+std::optional<std::uint32_t> NumberIn(abi::IInspectable* value);
+
+Ref<abi::IInspectable> BoxNumber(std::uint32_t number);
+Ref<abi::IInspectable> BoxText(const std::string& text);
 
 // A boxed value as text, "UInt32 7", for those who show it; "null" without one.
 std::string Describe(abi::IInspectable* value);

@@ -9,11 +9,14 @@
 #include <vector>
 
 #include "simulator/accounts.h"
+#include "simulator/async.h"
 #include "simulator/clock.h"
 #include "simulator/control.h"
 #include "simulator/dial.h"
 #include "simulator/dialsim.h"
+#include "simulator/files.h"
 #include "simulator/journal.h"
+#include "simulator/menu_view.h"
 #include "simulator/operations.h"
 
 namespace dialsim {
@@ -92,6 +95,24 @@ Action Strike(const Fault& fault) {
     return Quiet([fault](Player&) { TheJournal().Add(fault); });
 }
 
+AsyncMode ParseMode(const std::string& word) {
+    if (word == "at-once") {
+        return AsyncMode::AtOnce;
+    }
+    return ParseChoice(word, "held", "own-thread") ? AsyncMode::Held : AsyncMode::OwnThread;
+}
+
+void Print(const std::string& text) { std::fputs(text.c_str(), stdout); }
+
+Action ParseShown(const std::string& word) {
+    if (word == "menu") {
+        return Quiet([](Player& player) { Print(MenuText(player.window)); });
+    }
+    return Quiet([journal = ParseChoice(word, "journal", "accounts")](Player&) {
+        Print(journal ? TheJournal().Text() : TheAccounts().Text());
+    });
+}
+
 struct Command {
     const char* name;
     std::size_t least_words;  // with the name
@@ -159,11 +180,31 @@ const Command kCommands[] = {
      }},
     {"null", 2, 4,
      [](const Words& words) -> Action { return Strike(ParseFault(words, 2, Fault::Kind::YieldNull, S_OK)); }},
-    {"show", 2, 2,
+    {"async", 2, 2,
      [](const Words& words) -> Action {
-         return Quiet([journal = ParseChoice(words[1], "journal", "accounts")](Player&) {
-             const std::string text = journal ? TheJournal().Text() : TheAccounts().Text();
-             std::fputs(text.c_str(), stdout);
+         return Quiet([mode = ParseMode(words[1])](Player&) { TheOperations().SetMode(mode); });
+     }},
+    {"complete", 2, 2,
+     [](const Words& words) -> Action {
+         if (words[1] == "all") {
+             return [](Player&) { return TheOperations().CompleteAll(); };
+         }
+         return [index = Parse<std::uint32_t>(words[1])](Player&) {
+             return TheOperations().Complete(index, {});
+         };
+     }},
+    {"settle", 1, 1,
+     [](const Words&) -> Action { return Quiet([](Player&) { TheOperations().WaitForThreads(); }); }},
+    {"show", 2, 2, [](const Words& words) -> Action { return ParseShown(words[1]); }},
+    {"draw", 3, 3,
+     [](const Words& words) -> Action {
+         if (words[1] != "menu") {
+             throw Misunderstood("'" + words[1] + "' cannot be drawn");
+         }
+         return Quiet([file = words[2]](Player& player) {
+             if (!WriteFile(file, MenuPicture(player.window))) {
+                 std::fprintf(stderr, "dial script: '%s' cannot be written\n", file.c_str());
+             }
          });
      }},
 };

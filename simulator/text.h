@@ -11,7 +11,7 @@ namespace dialsim {
 using WideString = std::basic_string<WCHAR>;
 using WideView = std::basic_string_view<WCHAR>;
 
-// Damaged sequences become U+FFFD, as in the platform's own conversion.
+// Each damaged sequence becomes U+FFFD, one for its longest possible beginning.
 WideString Widen(std::string_view utf8);
 std::string Narrow(WideView wide);
 

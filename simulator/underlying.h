@@ -13,6 +13,7 @@ BOOL RoOriginateLanguageException(HRESULT code, HSTRING message, ::IUnknown* lan
 
 HRESULT WindowsCreateString(const WCHAR* text, UINT length, HSTRING* string);
 HRESULT WindowsCreateStringReference(const WCHAR* text, UINT length, HSTRING_HEADER* header, HSTRING* string);
+HRESULT WindowsDuplicateString(HSTRING string, HSTRING* copy);
 HRESULT WindowsDeleteString(HSTRING string);
 const WCHAR* WindowsGetStringRawBuffer(HSTRING string, UINT* length);
 HRESULT WindowsPreallocateStringBuffer(UINT length, WCHAR** characters, HSTRING_BUFFER* buffer);
@@ -22,5 +23,20 @@ HRESULT WindowsDeleteStringBuffer(HSTRING_BUFFER buffer);
 ULONGLONG GetTickCount64();
 int MultiByteToWideChar(UINT code_page, DWORD flags, const char* bytes, int byte_count, WCHAR* wide,
                         int wide_count);
+
+BOOL PathFileExistsW(const WCHAR* path);
+DWORD GetShortPathNameW(const WCHAR* path, WCHAR* short_path, DWORD characters);
+
+HRSRC FindResourceW(HMODULE module, const WCHAR* name, const WCHAR* type);
+DWORD SizeofResource(HMODULE module, HRSRC resource);
+HGLOBAL LoadResource(HMODULE module, HRSRC resource);
+void* LockResource(HGLOBAL resource);
+BOOL FreeResource(HGLOBAL resource);
+
+HGLOBAL GlobalAlloc(UINT flags, std::size_t size);
+void* GlobalLock(HGLOBAL block);
+BOOL GlobalUnlock(HGLOBAL block);
+HGLOBAL GlobalFree(HGLOBAL block);
+HRESULT CreateStreamOnHGlobal(HGLOBAL block, BOOL delete_on_release, ::IStream** stream);
 
 }  // namespace dialsim::underlying

@@ -4,10 +4,34 @@
 
 #include "simulator/accounts.h"
 #include "simulator/journal.h"
+#include "simulator/streams.h"
 #include "simulator/strings.h"
 #include "simulator/underlying.h"
 
 namespace dialsim::watched {
+
+namespace {
+
+// A function whose answer is no code: a fault makes it answer `failed`.
+template <class Answer, class Body>
+Answer PerformFor(std::string_view operation, std::string_view arguments, Answer failed, Body body) {
+    Answer answer{};
+    const HRESULT code = Perform(operation, arguments, [&] {
+        answer = body();
+        return S_OK;
+    });
+    return code < 0 ? failed : answer;
+}
+
+std::string TextOrNull(const WCHAR* text) { return text == nullptr ? "null" : Narrow(text); }
+
+// An integer in place of a name is an identifier.
+std::string NameOrId(const WCHAR* name) {
+    const auto number = reinterpret_cast<std::uintptr_t>(name);
+    return number < 0x10000 ? std::to_string(number) : Narrow(name);
+}
+
+}  // namespace
 
 HRESULT RoInitialize(RO_INIT_TYPE type) {
     return Perform("RoInitialize", std::to_string(type), [&] { return underlying::RoInitialize(type); });
@@ -44,11 +68,29 @@ HRESULT WindowsCreateStringReference(const WCHAR* text, UINT length, HSTRING_HEA
     });
 }
 
+HRESULT WindowsDuplicateString(HSTRING string, HSTRING* copy) {
+    return PerformInto("WindowsDuplicateString", Narrow(View(string)), copy, [&] {
+        const HRESULT code = underlying::WindowsDuplicateString(string, copy);
+        TheAccounts().StringTaken(*copy);
+        return code;
+    });
+}
+
 HRESULT WindowsDeleteString(HSTRING string) {
     return Perform("WindowsDeleteString", Narrow(View(string)), [&] {
         TheAccounts().StringReturned(string);
         return underlying::WindowsDeleteString(string);
     });
+}
+
+// Cannot fail: a fault makes the text empty.
+const WCHAR* WindowsGetStringRawBuffer(HSTRING string, UINT* length) {
+    HSTRING shown = nullptr;
+    Perform("WindowsGetStringRawBuffer", Narrow(View(string)), [&] {
+        shown = string;
+        return S_OK;
+    });
+    return underlying::WindowsGetStringRawBuffer(shown, length);
 }
 
 HRESULT WindowsPreallocateStringBuffer(UINT length, WCHAR** characters, HSTRING_BUFFER* buffer) {
@@ -87,6 +129,88 @@ int MultiByteToWideChar(UINT code_page, DWORD flags, const char* bytes, int byte
         return S_OK;
     });
     return answer;
+}
+
+BOOL PathFileExistsW(const WCHAR* path) {
+    return PerformFor("PathFileExistsW", TextOrNull(path), BOOL{0},
+                      [&] { return underlying::PathFileExistsW(path); });
+}
+
+DWORD GetShortPathNameW(const WCHAR* path, WCHAR* short_path, DWORD characters) {
+    return PerformFor("GetShortPathNameW", TextOrNull(path) + ", " + std::to_string(characters), DWORD{0},
+                      [&] { return underlying::GetShortPathNameW(path, short_path, characters); });
+}
+
+HRSRC FindResourceW(HMODULE module, const WCHAR* name, const WCHAR* type) {
+    return PerformFor("FindResourceW", NameOrId(name) + ", " + NameOrId(type), HRSRC{},
+                      [&] { return underlying::FindResourceW(module, name, type); });
+}
+
+DWORD SizeofResource(HMODULE module, HRSRC resource) {
+    return PerformFor("SizeofResource", "", DWORD{0},
+                      [&] { return underlying::SizeofResource(module, resource); });
+}
+
+HGLOBAL LoadResource(HMODULE module, HRSRC resource) {
+    return PerformFor("LoadResource", "", HGLOBAL{},
+                      [&] { return underlying::LoadResource(module, resource); });
+}
+
+void* LockResource(HGLOBAL resource) {
+    return PerformFor("LockResource", "", static_cast<void*>(nullptr),
+                      [&] { return underlying::LockResource(resource); });
+}
+
+// Answers 0 when it succeeds.
+BOOL FreeResource(HGLOBAL resource) {
+    return PerformFor("FreeResource", "", BOOL{1}, [&] { return underlying::FreeResource(resource); });
+}
+
+HGLOBAL GlobalAlloc(UINT flags, std::size_t size) {
+    return PerformFor("GlobalAlloc", std::to_string(flags) + ", " + std::to_string(size), HGLOBAL{}, [&] {
+        const HGLOBAL block = underlying::GlobalAlloc(flags, size);
+        TheAccounts().BlockTaken(block);
+        return block;
+    });
+}
+
+void* GlobalLock(HGLOBAL block) {
+    return PerformFor("GlobalLock", "", static_cast<void*>(nullptr),
+                      [&] { return underlying::GlobalLock(block); });
+}
+
+BOOL GlobalUnlock(HGLOBAL block) {
+    return PerformFor("GlobalUnlock", "", BOOL{0}, [&] { return underlying::GlobalUnlock(block); });
+}
+
+// Answers the block when it could not be freed.
+HGLOBAL GlobalFree(HGLOBAL block) {
+    return PerformFor("GlobalFree", "", block, [&] {
+        TheAccounts().BlockReturned(block);
+        return underlying::GlobalFree(block);
+    });
+}
+
+HRESULT CreateStreamOnHGlobal(HGLOBAL block, BOOL delete_on_release, ::IStream** stream) {
+    return PerformInto("CreateStreamOnHGlobal", std::to_string(delete_on_release), stream, [&] {
+        const HRESULT code = underlying::CreateStreamOnHGlobal(block, delete_on_release, stream);
+        if (code >= 0) {
+            *stream = WatchStream(*stream);
+            if (delete_on_release != 0) {
+                TheAccounts().BlockReturned(block);
+            }
+        }
+        return code;
+    });
+}
+
+// The simulator's own in both builds: Wine has none.
+HRESULT CreateRandomAccessStreamOverStream(::IStream* stream, BSOS_OPTIONS options, const IID& iid,
+                                           void** result) {
+    return PerformInto("CreateRandomAccessStreamOverStream", std::to_string(options), result, [&] {
+        const Unobserved platforms_own;
+        return stream == nullptr ? E_INVALIDARG : MakeStreamOverStream(stream)->QueryInterface(iid, result);
+    });
 }
 
 }  // namespace dialsim::watched

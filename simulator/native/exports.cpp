@@ -17,7 +17,13 @@ HRESULT WindowsCreateStringReference(const WCHAR* text, UINT length, HSTRING_HEA
                                      HSTRING* string) {
     return watched::WindowsCreateStringReference(text, length, header, string);
 }
+HRESULT WindowsDuplicateString(HSTRING string, HSTRING* copy) {
+    return watched::WindowsDuplicateString(string, copy);
+}
 HRESULT WindowsDeleteString(HSTRING string) { return watched::WindowsDeleteString(string); }
+const WCHAR* WindowsGetStringRawBuffer(HSTRING string, UINT* length) {
+    return watched::WindowsGetStringRawBuffer(string, length);
+}
 HRESULT WindowsPreallocateStringBuffer(UINT length, WCHAR** characters, HSTRING_BUFFER* buffer) {
     return watched::WindowsPreallocateStringBuffer(length, characters, buffer);
 }
@@ -32,4 +38,29 @@ ULONGLONG GetTickCount64() { return watched::GetTickCount64(); }
 int MultiByteToWideChar(UINT code_page, DWORD flags, const char* bytes, int byte_count, WCHAR* wide,
                         int wide_count) {
     return watched::MultiByteToWideChar(code_page, flags, bytes, byte_count, wide, wide_count);
+}
+
+BOOL PathFileExistsW(const WCHAR* path) { return watched::PathFileExistsW(path); }
+DWORD GetShortPathNameW(const WCHAR* path, WCHAR* short_path, DWORD characters) {
+    return watched::GetShortPathNameW(path, short_path, characters);
+}
+
+HRSRC FindResourceW(HMODULE module, const WCHAR* name, const WCHAR* type) {
+    return watched::FindResourceW(module, name, type);
+}
+DWORD SizeofResource(HMODULE module, HRSRC resource) { return watched::SizeofResource(module, resource); }
+HGLOBAL LoadResource(HMODULE module, HRSRC resource) { return watched::LoadResource(module, resource); }
+void* LockResource(HGLOBAL resource) { return watched::LockResource(resource); }
+BOOL FreeResource(HGLOBAL resource) { return watched::FreeResource(resource); }
+
+HGLOBAL GlobalAlloc(UINT flags, std::size_t size) { return watched::GlobalAlloc(flags, size); }
+void* GlobalLock(HGLOBAL block) { return watched::GlobalLock(block); }
+BOOL GlobalUnlock(HGLOBAL block) { return watched::GlobalUnlock(block); }
+HGLOBAL GlobalFree(HGLOBAL block) { return watched::GlobalFree(block); }
+HRESULT CreateStreamOnHGlobal(HGLOBAL block, BOOL delete_on_release, IStream** stream) {
+    return watched::CreateStreamOnHGlobal(block, delete_on_release, stream);
+}
+HRESULT CreateRandomAccessStreamOverStream(IStream* stream, BSOS_OPTIONS options, const IID& iid,
+                                           void** result) {
+    return watched::CreateRandomAccessStreamOverStream(stream, options, iid, result);
 }

@@ -79,6 +79,20 @@ HRESULT WindowsCreateStringReference(const WCHAR* text, UINT length, HSTRING_HEA
     return S_OK;
 }
 
+HRESULT WindowsDuplicateString(HSTRING string, HSTRING* copy) {
+    if (copy == nullptr) {
+        return E_INVALIDARG;
+    }
+    if (string != nullptr && string->is_reference != 0) {
+        return underlying::WindowsCreateString(string->characters, string->length, copy);
+    }
+    if (string != nullptr) {
+        ++static_cast<CountedString*>(string)->references;
+    }
+    *copy = string;
+    return S_OK;
+}
+
 HRESULT WindowsDeleteString(HSTRING string) {
     if (string == nullptr || string->is_reference != 0) {
         return S_OK;

@@ -19,6 +19,9 @@ HRESULT WindowsCreateStringReference(const WCHAR* text, UINT length, HSTRING_HEA
                                      HSTRING* string) {
     return ::WindowsCreateStringReference(text, length, header, string);
 }
+HRESULT WindowsDuplicateString(HSTRING string, HSTRING* copy) {
+    return ::WindowsDuplicateString(string, copy);
+}
 HRESULT WindowsDeleteString(HSTRING string) { return ::WindowsDeleteString(string); }
 const WCHAR* WindowsGetStringRawBuffer(HSTRING string, UINT* length) {
     return ::WindowsGetStringRawBuffer(string, length);
@@ -35,6 +38,27 @@ ULONGLONG GetTickCount64() { return ::GetTickCount64(); }
 int MultiByteToWideChar(UINT code_page, DWORD flags, const char* bytes, int byte_count, WCHAR* wide,
                         int wide_count) {
     return ::MultiByteToWideChar(code_page, flags, bytes, byte_count, wide, wide_count);
+}
+
+BOOL PathFileExistsW(const WCHAR* path) { return ::PathFileExistsW(path); }
+DWORD GetShortPathNameW(const WCHAR* path, WCHAR* short_path, DWORD characters) {
+    return ::GetShortPathNameW(path, short_path, characters);
+}
+
+HRSRC FindResourceW(HMODULE module, const WCHAR* name, const WCHAR* type) {
+    return ::FindResourceW(module, name, type);
+}
+DWORD SizeofResource(HMODULE module, HRSRC resource) { return ::SizeofResource(module, resource); }
+HGLOBAL LoadResource(HMODULE module, HRSRC resource) { return ::LoadResource(module, resource); }
+void* LockResource(HGLOBAL resource) { return ::LockResource(resource); }
+BOOL FreeResource(HGLOBAL resource) { return ::FreeResource(resource); }
+
+HGLOBAL GlobalAlloc(UINT flags, std::size_t size) { return ::GlobalAlloc(flags, size); }
+void* GlobalLock(HGLOBAL block) { return ::GlobalLock(block); }
+BOOL GlobalUnlock(HGLOBAL block) { return ::GlobalUnlock(block); }
+HGLOBAL GlobalFree(HGLOBAL block) { return ::GlobalFree(block); }
+HRESULT CreateStreamOnHGlobal(HGLOBAL block, BOOL delete_on_release, ::IStream** stream) {
+    return ::CreateStreamOnHGlobal(block, delete_on_release, stream);
 }
 
 }  // namespace dialsim::underlying

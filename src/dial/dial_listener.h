@@ -3,11 +3,13 @@
 
 #include <atomic>
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 #include "brindle.h"
 #include "menu/menu_entry.h"
 #include "platform/com_ptr.h"
+#include "platform/interfaces/storage.h"
 #include "platform/interfaces/ui_input.h"
 
 namespace brindle {
@@ -26,6 +28,7 @@ public:
     // code; after one the listener is to be deleted.
     HRESULT Register(std::uint64_t window);
 
+    // custom_menu.cpp, default_menu.cpp, selection.cpp
     HRESULT AddCustomMenu(const MenuItemDescription* items, std::uint32_t count);
     HRESULT SetDefaultMenu(const std::int32_t* kinds, std::uint32_t count);
     HRESULT SetCurrentCustomMenu(std::uint32_t item_id);
@@ -53,6 +56,26 @@ private:
     HRESULT OnButtonClicked(abi::IRadialController* sender,
                             abi::IRadialControllerButtonClickedEventArgs* args);
 
+    // The five sources of an item, each in a file of its own: known_icon, font_glyph, png_file, png_resource.
+    HRESULT AddMenuItemFromKnownIcon(MenuEntry& entry, abi::RadialControllerMenuKnownIcon icon);
+    HRESULT AddMenuItemFromSystemFont(MenuEntry& entry, HSTRING glyph, HSTRING font_family);
+    HRESULT AddMenuItemFromCustomFont(MenuEntry& entry, HSTRING glyph, HSTRING font_family,
+                                      HSTRING short_path);
+    HRESULT AddMenuItemFromFilePNG(const MenuEntry& entry, HSTRING path);
+    HRESULT AddMenuItemFromResourcePNG(MenuEntry& entry, HMODULE module, std::uint32_t resource);
+    // The rest of AddMenuItemFromFilePNG, when the platform has opened the file.
+    HRESULT OnImageFileOpened(abi::IAsyncOperation<abi::StorageFile>* operation, abi::AsyncStatus status,
+                              const WCHAR* label, std::uint32_t item_id);
+
+    // custom_menu.cpp: the code to end the whole menu with, or nothing.
+    std::optional<HRESULT> AddDescribedItem(const MenuItemDescription& item);
+    void AddCustomFontItem(MenuEntry entry, const MenuItemDescription& item);
+    // menu_item.cpp: what all sources end with.
+    HRESULT AddItemToMenu(abi::IRadialControllerMenuItem* item, MenuEntry& entry);
+    HRESULT SubscribeInvoked(abi::IRadialControllerMenuItem& item, std::int64_t& token) noexcept;
+    // invocation.cpp
+    HRESULT OnItemInvoked(abi::IRadialControllerMenuItem* sender, abi::IInspectable* args);
+
     std::uint32_t state_ = 0;
     IDialHost* host_;
     ComPtr<abi::IRadialControllerInterop> controller_factory_;
@@ -68,6 +91,8 @@ private:
     EventRegistrationToken control_lost_token_{};
     EventRegistrationToken control_acquired_token_{};
     EventRegistrationToken button_clicked_token_{};
+    // Only ever appended to, across menus; the first match wins. No lock, also where a load completes
+    // elsewhere.
     std::vector<MenuEntry> menu_entries_;
     std::atomic<std::int32_t> presence_done_ = 0;
 };

@@ -5,22 +5,11 @@
 #include "dial/haptics.h"
 #include "frame/errors.h"
 #include "frame/steps.h"
-#include "platform/interfaces/property_value.h"
+#include "menu/item_tag.h"
 
 namespace brindle {
 
 namespace {
-
-// 0 for anything that cannot be read: a missing tag is no reason to keep the turn from the host.
-std::uint32_t ReadTag(abi::IRadialControllerMenuItem* item) {
-    ComPtr<abi::IInspectable> tag;
-    ComPtr<abi::IPropertyValue> number;
-    std::uint32_t value = 0;
-    if (item->get_Tag(tag.Put()) >= 0 && tag && Query(tag.Get(), number) >= 0) {
-        number->GetUInt32(&value);
-    }
-    return value;
-}
 
 DialContactRect ReadContact(abi::IRadialControllerRotationChangedEventArgs* args) {
     ComPtr<abi::IRadialControllerScreenContact> contact;
@@ -57,7 +46,7 @@ HRESULT DialListener::OnRotationChanged(abi::IRadialController* sender,
         ComPtr<abi::IRadialControllerMenuItem> selected;
         RETURN_IF_STEP_FAILS(847, menu_->GetSelectedMenuItem(selected.Put()));
         if (selected) {
-            info.selectedItemTag = ReadTag(selected.Get());
+            info.selectedItemTag = ReadTag(*selected.Get());
         }
     }
     info.contact = ReadContact(args);

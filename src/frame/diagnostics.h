@@ -18,7 +18,8 @@ void PrintFailure(const char* step, HRESULT code, int line) noexcept;
 inline constexpr std::size_t kWideLineCharacters = 2000;
 
 // Formats into `buffer` of `size` characters, %s taking UTF-16. The number of characters written before the
-// terminator, or -1 on any failure, a text that does not fit included; the buffer then holds an empty text.
+// terminator, or -1 on any failure: a text that does not fit leaves an empty one, a missing buffer or format
+// nothing.
 int FormatWide(WCHAR* buffer, std::size_t size, const WCHAR* format, ...) noexcept;
 
 }  // namespace brindle

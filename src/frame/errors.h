@@ -18,6 +18,7 @@ inline constexpr HRESULT kIllegalMethodCall = static_cast<HRESULT>(0x8000000E);
 inline constexpr HRESULT kIllegalStateChange = static_cast<HRESULT>(0x8000000D);
 inline constexpr HRESULT kIllegalDelegateAssignment = static_cast<HRESULT>(0x80000018);
 inline constexpr HRESULT kCanceled = static_cast<HRESULT>(0x800704C7);
+inline constexpr HRESULT kArithmeticOverflow = static_cast<HRESULT>(0x80070216);
 
 // A failure of the platform, with the code it gave.
 class hresult_error : public std::exception {

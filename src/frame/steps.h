@@ -28,6 +28,15 @@ std::optional<HRESULT> EvaluateStep(int line, Operation operation) {
     return operation();
 }
 
+// The other form, for a step whose failure does not end the operation: evaluated a second time, and a line
+// with the step's name printed with the second code. Intended likewise.
+template <class Operation>
+void TryStep(const char* step, int line, Operation operation) {
+    if (operation() < 0) {
+        PrintFailure(step, operation(), line);
+    }
+}
+
 }  // namespace brindle
 
 #define RETURN_IF_STEP_FAILS(line, operation)                                                  \
@@ -36,3 +45,6 @@ std::optional<HRESULT> EvaluateStep(int line, Operation operation) {
             return *ended;                                                                     \
         }                                                                                      \
     } while (false)
+
+#define LOG_IF_STEP_FAILS(step, line, operation) \
+    ::brindle::TryStep((step), (line), [&] { return (operation); })

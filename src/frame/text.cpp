@@ -1,5 +1,7 @@
 #include "frame/text.h"
 
+#include <limits>
+
 #include "frame/errors.h"
 
 namespace brindle {
@@ -46,6 +48,25 @@ String ToPlatformString(std::string_view utf8) {
     WCHAR* characters = buffer.Allocate(static_cast<UINT>(length));
     MultiByteToWideChar(CP_UTF8, 0, utf8.data(), bytes, characters, length);
     return buffer.Promote();
+}
+
+TextReference::TextReference(const WCHAR* text) {
+    const std::basic_string_view<WCHAR> characters(text);
+    if (characters.size() > std::numeric_limits<UINT>::max()) {
+        Raise(kArithmeticOverflow);
+    }
+    RaiseIfFailed(string_.Create(characters));
+}
+
+String CopyText(const WCHAR* text) {
+    const TextReference reference(text);
+    String copy;
+    RaiseIfFailed(WindowsDuplicateString(reference.Get(), copy.Put()));
+    return copy;
+}
+
+const WCHAR* TextOf(const String& string) noexcept {
+    return WindowsGetStringRawBuffer(string.Get(), nullptr);
 }
 
 }  // namespace brindle

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <memory>
 
-#include "platform/strings.h"
+#include "frame/text.h"
 
 namespace brindle {
 
@@ -16,5 +16,16 @@ struct MenuEntry {
     std::int64_t invoked_token = 0;
     bool haptic_feedback = false;
 };
+
+// Raises what copying the label raises.
+inline MenuEntry MakeEntry(const WCHAR* label, std::uint32_t item_id, bool haptic_feedback) {
+    return {std::make_unique<String>(CopyText(label)), item_id, 0, haptic_feedback};
+}
+
+// The empty text without a box.
+inline const WCHAR* LabelOf(const MenuEntry& entry) noexcept {
+    static constexpr WCHAR kEmpty[] = {0};
+    return entry.display_text ? TextOf(*entry.display_text) : kEmpty;
+}
 
 }  // namespace brindle

@@ -4,8 +4,10 @@
 //   function                     called by            on which thread        on failure
 //   RoInitialize                 initialize           the host's             code; initialize returns 1
 //   RoUninitialize               uninit               the host's             cannot fail
-//   RoGetActivationFactory       GetFactory           the host's             code; no factory
+//   RoGetActivationFactory       GetFactory           any                    code; no factory
 //   WindowsCreateStringReference StringReference      any                    code; the string stays empty
+//   WindowsDuplicateString       CopyText             the host's, a load's   code, raised
+//   WindowsGetStringRawBuffer    TextOf               any                    cannot fail
 //   WindowsPreallocateStringBuffer, WindowsPromoteStringBuffer, WindowsDeleteStringBuffer
 //                                ToPlatformString     any                    code, raised; the last one gives
 //                                back
@@ -16,6 +18,14 @@
 //   MultiByteToWideChar          ToPlatformString     any                    0; the text becomes empty
 //   RaiseException               initialize           the host's             does not return
 //   _vsnwprintf                  FormatWide           any                    negative; nothing is formatted
+//   PathFileExistsW, GetShortPathNameW
+//                                AddCustomMenu        the host's             false, 0; the record is skipped
+//   FindResourceW, SizeofResource, LoadResource, LockResource, FreeResource
+//                                LoadPngResourceStream  the host's           null, 0; no stream
+//   GlobalAlloc, GlobalLock, GlobalUnlock, GlobalFree, CreateStreamOnHGlobal
+//                                LoadPngResourceStream  the host's           null, code; no stream
+//   CreateRandomAccessStreamOverStream
+//                                AddMenuItemFromResourcePNG  the host's      code
 //   DisableThreadLibraryCalls    DllMain              the loader's           ignored
 //
 // Ownership follows the platform's rules: a returned interface or string belongs to the caller, an argument
@@ -26,16 +36,21 @@
 
 #ifdef _WIN32
 
+#include <objbase.h>
 #include <roapi.h>
+#include <shlwapi.h>
 #include <unknwn.h>
 #include <winstring.h>
 
 #include <cstdio>
 #include <cwchar>
 
-// Published in roerrorapi.h, which the toolchain lacks.
+// Published in roerrorapi.h and shcore.h, which the toolchain lacks.
+enum BSOS_OPTIONS : int { BSOS_DEFAULT = 0 };
 extern "C" BOOL WINAPI RoOriginateLanguageException(HRESULT code, HSTRING message,
                                                     IUnknown* languageException);
+extern "C" HRESULT WINAPI CreateRandomAccessStreamOverStream(IStream* stream, BSOS_OPTIONS options,
+                                                             REFIID iid, void** result);
 
 #else
 
@@ -43,8 +58,14 @@ extern "C" BOOL WINAPI RoOriginateLanguageException(HRESULT code, HSTRING messag
 #include <cstddef>
 
 enum RO_INIT_TYPE : int { RO_INIT_SINGLETHREADED = 0, RO_INIT_MULTITHREADED = 1 };
+enum BSOS_OPTIONS : int { BSOS_DEFAULT = 0 };
 struct IUnknown;
+struct IStream;
+using HMODULE = struct HINSTANCE__*;
+using HRSRC = struct HRSRC__*;
+using HGLOBAL = void*;
 
+inline constexpr UINT GMEM_MOVEABLE = 2;
 inline constexpr UINT CP_UTF8 = 65001;
 inline constexpr DWORD EXCEPTION_NONCONTINUABLE = 1;
 
@@ -56,7 +77,9 @@ HRESULT RoGetActivationFactory(HSTRING className, const IID& iid, void** factory
 BOOL RoOriginateLanguageException(HRESULT code, HSTRING message, IUnknown* languageException);
 
 HRESULT WindowsCreateStringReference(const WCHAR* text, UINT length, HSTRING_HEADER* header, HSTRING* string);
+HRESULT WindowsDuplicateString(HSTRING string, HSTRING* copy);
 HRESULT WindowsDeleteString(HSTRING string);
+const WCHAR* WindowsGetStringRawBuffer(HSTRING string, UINT* length);
 HRESULT WindowsPreallocateStringBuffer(UINT length, WCHAR** characters, HSTRING_BUFFER* buffer);
 HRESULT WindowsPromoteStringBuffer(HSTRING_BUFFER buffer, HSTRING* string);
 HRESULT WindowsDeleteStringBuffer(HSTRING_BUFFER buffer);
@@ -66,6 +89,24 @@ int MultiByteToWideChar(UINT codePage, DWORD flags, const char* bytes, int byteC
                         int wideCount);
 [[noreturn]] void RaiseException(DWORD code, DWORD flags, DWORD argumentCount,
                                  const std::uintptr_t* arguments);
+
+BOOL PathFileExistsW(const WCHAR* path);
+DWORD GetShortPathNameW(const WCHAR* path, WCHAR* short_path, DWORD characters);
+
+// An integer below 65536 in place of `name` is an identifier.
+HRSRC FindResourceW(HMODULE module, const WCHAR* name, const WCHAR* type);
+DWORD SizeofResource(HMODULE module, HRSRC resource);
+HGLOBAL LoadResource(HMODULE module, HRSRC resource);
+void* LockResource(HGLOBAL resource);
+BOOL FreeResource(HGLOBAL resource);
+
+HGLOBAL GlobalAlloc(UINT flags, std::size_t size);
+void* GlobalLock(HGLOBAL block);
+BOOL GlobalUnlock(HGLOBAL block);
+HGLOBAL GlobalFree(HGLOBAL block);
+HRESULT CreateStreamOnHGlobal(HGLOBAL block, BOOL delete_on_release, IStream** stream);
+HRESULT CreateRandomAccessStreamOverStream(IStream* stream, BSOS_OPTIONS options, const IID& iid,
+                                           void** result);
 
 // The runtime library's bounded wide formatter: %s takes UTF-16.
 int _vsnwprintf(WCHAR* buffer, std::size_t size, const WCHAR* format, std::va_list arguments);

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <cstdio>
 #include <string>
 
 #include "simulator/dialsim.h"
@@ -39,6 +40,9 @@ protected:
     // What was printed since the last question.
     static std::string Printed() {
         const std::string printed = testing::internal::GetCapturedStdout();
+        if (HasFailure()) {
+            std::fputs(printed.c_str(), stderr);  // with what the test framework said of it
+        }
         testing::internal::CaptureStdout();
         return printed;
     }

@@ -75,9 +75,11 @@ static void FillTheMenu(void) {
     const MenuItemDescription item = {MenuItemKind_KnownIcon, UTF16("Volume"), 7, 1, {NULL}, {NULL}, {NULL}};
     const int32_t kinds[] = {3};
     phase = "menu";
-    CHECK(!add_custom_menu(WINDOW, &item, 1));
-    CHECK(!set_default_menu(WINDOW, kinds, 1));
-    CHECK(!set_current_custom_menu(WINDOW, 7));
+    CHECK(add_custom_menu(WINDOW, &item, 1));
+    CHECK(set_default_menu(WINDOW, kinds, 1));
+    CHECK(set_current_custom_menu(WINDOW, 7));
+    CHECK(!set_current_custom_menu(WINDOW, 8));
+    CHECK(add_custom_menu(WINDOW, NULL, 0));
 }
 
 static void AskForTheDial(void) {

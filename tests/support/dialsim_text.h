@@ -1,7 +1,9 @@
 // The simulator's texts as strings.
 #pragma once
 
+#include <sstream>
 #include <string>
+#include <vector>
 
 #include "simulator/dialsim.h"
 
@@ -15,3 +17,12 @@ inline std::string TextOf(std::size_t (*copy_out)(char*, std::size_t)) {
 inline std::string Journal() { return TextOf(dialsim_journal); }
 inline std::string OpenAccounts() { return TextOf(dialsim_accounts); }
 inline std::string Raised() { return TextOf(dialsim_raised); }
+
+inline std::vector<std::string> LinesOf(const std::string& text) {
+    std::istringstream stream(text);
+    std::vector<std::string> lines;
+    for (std::string line; std::getline(stream, line);) {
+        lines.push_back(line);
+    }
+    return lines;
+}

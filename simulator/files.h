@@ -1,0 +1,26 @@
+// The real file system.
+#pragma once
+
+#include <cstddef>
+#include <string>
+
+#include "simulator/text.h"
+
+namespace dialsim {
+
+// Whether a path says where it begins: at a drive, a share or, natively, the root.
+bool IsRooted(WideView path);
+
+// Whether it leads to a file; a folder is none.
+bool IsFile(const WideString& path);
+
+// The file's beginning, at most `count` bytes; empty when it cannot be read.
+std::string ReadBeginning(const WideString& path, std::size_t count);
+
+// False where it could not be written.
+bool WriteFile(const std::string& path, const std::string& content);
+
+// Forgets the short paths that were made up.
+void ResetFiles();
+
+}  // namespace dialsim

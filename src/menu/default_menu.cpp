@@ -1,0 +1,70 @@
+// set_default_menu: which of the system's own entries remain.
+#include <algorithm>
+#include <iterator>
+#include <vector>
+
+#include "dial/dial_listener.h"
+#include "frame/errors.h"
+#include "menu/kind_sequence.h"
+#include "platform/activation.h"
+
+namespace brindle {
+
+namespace {
+
+// Null when the window has none: the platform's own code for that is not consulted.
+ComPtr<abi::IRadialControllerConfiguration> GetConfigurationForWindow(std::uint64_t window) {
+    ComPtr<abi::IActivationFactory> factory;
+    RaiseIfFailed(GetFactory<abi::RadialControllerConfiguration>(factory));
+    ComPtr<abi::IRadialControllerConfigurationInterop> interop;
+    RaiseIfFailed(Query(factory.Get(), interop));
+    ComPtr<abi::IRadialControllerConfiguration> configuration;
+    interop->GetForWindow(reinterpret_cast<HWND>(window), abi::IRadialControllerConfiguration::Iid,
+                          reinterpret_cast<void**>(configuration.Put()));
+    return configuration;
+}
+
+// Closes the sequence however the call ends.
+class OpenSequence {
+public:
+    OpenSequence(const std::int32_t* kinds, std::uint32_t count) {
+        std::vector<SystemItemKind> copy;
+        copy.reserve(count);
+        std::transform(kinds, kinds + count, std::back_inserter(copy),
+                       [](std::int32_t kind) { return static_cast<SystemItemKind>(kind); });
+        sequence_ = ComPtr<KindSequence>::Own(new KindSequence(std::move(copy)));
+    }
+    OpenSequence(const OpenSequence&) = delete;
+    OpenSequence& operator=(const OpenSequence&) = delete;
+    ~OpenSequence() { sequence_->Close(); }
+
+    KindSequence* Get() const { return sequence_.Get(); }
+
+private:
+    ComPtr<KindSequence> sequence_;
+};
+
+}  // namespace
+
+// The window is the one that the host names now, not the one that it was asked for with.
+HRESULT DialListener::SetDefaultMenu(const std::int32_t* kinds, std::uint32_t count) {
+    if (host_ == nullptr) {
+        return E_FAIL;
+    }
+    try {
+        const auto configuration = GetConfigurationForWindow(host_->GetWindowHandle());
+        if (!configuration) {
+            return E_NOINTERFACE;
+        }
+        if (kinds == nullptr) {
+            return E_INVALIDARG;
+        }
+        const OpenSequence sequence(kinds, count);
+        RaiseIfFailed(configuration->SetDefaultMenuItems(sequence.Get()));
+        return S_OK;
+    } catch (const hresult_error& error) {
+        return error.code();
+    }
+}
+
+}  // namespace brindle

@@ -1,0 +1,91 @@
+// The system entries that a host wants to keep, as the platform reads them.
+#pragma once
+
+#include <algorithm>
+#include <atomic>
+#include <cstdint>
+#include <new>
+#include <vector>
+
+#include "platform/implements.h"
+#include "platform/interfaces/ui_input.h"
+
+namespace brindle {
+
+using SystemItemKind = abi::RadialControllerSystemMenuItemKind;
+
+// A read-only sequence for the time of one call. A platform that keeps it, or an iterator over it, beyond
+// that finds it closed: the memory is still there, the list is not.
+class KindSequence final : public ImplementsInspectable<abi::IIterable<SystemItemKind>> {
+public:
+    static constexpr HRESULT kOutOfBounds = static_cast<HRESULT>(0x8000000B);  // E_BOUNDS
+    static constexpr HRESULT kClosed = static_cast<HRESULT>(0x80000013);       // RO_E_CLOSED
+
+    explicit KindSequence(std::vector<SystemItemKind> kinds) : kinds_(std::move(kinds)) {}
+
+    HRESULT First(abi::IIterator<SystemItemKind>** result) noexcept override;
+
+    // On the thread of the call that made it.
+    void Close() noexcept {
+        closed_ = true;
+        std::vector<SystemItemKind>().swap(kinds_);
+    }
+    bool IsClosed() const noexcept { return closed_; }
+    const std::vector<SystemItemKind>& Kinds() const noexcept { return kinds_; }
+
+private:
+    std::atomic<bool> closed_ = false;
+    std::vector<SystemItemKind> kinds_;
+};
+
+class KindIterator final : public ImplementsInspectable<abi::IIterator<SystemItemKind>> {
+public:
+    explicit KindIterator(ComPtr<KindSequence> sequence) : sequence_(std::move(sequence)) {}
+
+    HRESULT get_Current(SystemItemKind* result) noexcept override {
+        if (sequence_->IsClosed()) {
+            return KindSequence::kClosed;
+        }
+        if (Left() == 0) {
+            return KindSequence::kOutOfBounds;
+        }
+        *result = sequence_->Kinds()[next_];
+        return S_OK;
+    }
+    HRESULT get_HasCurrent(abi::boolean* result) noexcept override {
+        *result = Left() > 0;
+        return sequence_->IsClosed() ? KindSequence::kClosed : S_OK;
+    }
+    // Past the end it stays there and answers false.
+    HRESULT MoveNext(abi::boolean* result) noexcept override {
+        next_ += Left() > 0;
+        return get_HasCurrent(result);
+    }
+    HRESULT GetMany(std::uint32_t count, SystemItemKind* items, std::uint32_t* result) noexcept override {
+        const std::size_t copied = std::min<std::size_t>(count, Left());
+        std::copy_n(sequence_->Kinds().begin() + static_cast<std::ptrdiff_t>(next_), copied, items);
+        next_ += copied;
+        *result = static_cast<std::uint32_t>(copied);
+        return sequence_->IsClosed() ? KindSequence::kClosed : S_OK;
+    }
+
+private:
+    std::size_t Left() const noexcept {
+        return sequence_->IsClosed() ? 0 : sequence_->Kinds().size() - next_;
+    }
+
+    const ComPtr<KindSequence> sequence_;
+    std::size_t next_ = 0;
+};
+
+inline HRESULT KindSequence::First(abi::IIterator<SystemItemKind>** result) noexcept {
+    *result = nullptr;
+    if (IsClosed()) {
+        return kClosed;
+    }
+    AddRef();
+    *result = new (std::nothrow) KindIterator(ComPtr<KindSequence>::Own(this));
+    return *result == nullptr ? E_OUTOFMEMORY : S_OK;
+}
+
+}  // namespace brindle

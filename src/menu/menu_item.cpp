@@ -1,0 +1,56 @@
+// What every item goes through once it exists: subscribed, put into the menu, tagged, in this order. One that
+// fails at its tag is in the menu and subscribed all the same.
+#include "dial/dial_listener.h"
+#include "frame/steps.h"
+#include "platform/activation.h"
+#include "platform/delegate.h"
+#include "platform/interfaces/property_value.h"
+
+namespace brindle {
+
+namespace {
+
+constexpr auto kAddedLine = Wide("Added %s to menu\n");
+
+}  // namespace
+
+HRESULT DialListener::SubscribeInvoked(abi::IRadialControllerMenuItem& item, std::int64_t& token) noexcept {
+    using Handler = abi::TypedEventHandler<abi::RadialControllerMenuItem, abi::IInspectable>;
+    const auto handler =
+        MakeDelegate<Handler>([this](auto* sender, auto* args) { return OnItemInvoked(sender, args); });
+    if (!handler) {
+        return E_OUTOFMEMORY;
+    }
+    EventRegistrationToken registration{};
+    const HRESULT code = item.add_Invoked(handler.Get(), &registration);
+    if (code >= 0) {
+        token = registration.value;
+    }
+    return code;
+}
+
+HRESULT DialListener::AddItemToMenu(abi::IRadialControllerMenuItem* item, MenuEntry& entry) {
+    if (item == nullptr) {
+        return E_NOINTERFACE;
+    }
+    RETURN_IF_STEP_FAILS(743, SubscribeInvoked(*item, entry.invoked_token));
+
+    ComPtr<abi::IVector<abi::RadialControllerMenuItem>> list;
+    RETURN_IF_STEP_FAILS(747, menu_->get_Items(list.Put()));
+    if (!list) {
+        return E_NOINTERFACE;
+    }
+    RETURN_IF_STEP_FAILS(750, list->Append(item));
+
+    ComPtr<abi::IPropertyValueStatics> values;
+    RETURN_IF_STEP_FAILS(754, GetFactory<abi::PropertyValue>(values));
+    ComPtr<abi::IInspectable> tag;
+    RETURN_IF_STEP_FAILS(758, values->CreateUInt32(entry.item_id, tag.Put()));
+    RETURN_IF_STEP_FAILS(760, item->put_Tag(tag.Get()));
+
+    WCHAR line[kWideLineCharacters];
+    FormatWide(line, kWideLineCharacters, kAddedLine.data(), LabelOf(entry));
+    return S_OK;
+}
+
+}  // namespace brindle

@@ -1,0 +1,69 @@
+// Items with a picture from a PNG file, which the platform opens in its own time.
+#include <string>
+
+#include "dial/dial_listener.h"
+#include "frame/errors.h"
+#include "frame/steps.h"
+#include "platform/activation.h"
+#include "platform/delegate.h"
+#include "platform/interfaces/storage_streams.h"
+
+namespace brindle {
+
+// Returns before the file is open. The completion handler holds a plain pointer to the listener, which has to
+// outlive the load, and no haptic setting: the item's entry will say false.
+HRESULT DialListener::AddMenuItemFromFilePNG(const MenuEntry& entry, HSTRING path) {
+    using OpenOperation = abi::IAsyncOperation<abi::StorageFile>;
+    using Handler = abi::AsyncOperationCompletedHandler<abi::StorageFile>;
+
+    ComPtr<abi::IStorageFileStatics> files;
+    RETURN_IF_STEP_FAILS(586, GetFactory<abi::StorageFile>(files));
+    ComPtr<OpenOperation> opening;
+    RETURN_IF_STEP_FAILS(589, files->GetFileFromPathAsync(path, opening.Put()));
+    if (!opening) {
+        return E_NOINTERFACE;
+    }
+
+    const auto handler = MakeDelegate<Handler>(
+        [this, label = std::basic_string<WCHAR>(LabelOf(entry)), item_id = entry.item_id](
+            OpenOperation* operation, abi::AsyncStatus status) noexcept {
+            try {
+                return OnImageFileOpened(operation, status, label.c_str(), item_id);
+            } catch (...) {
+                return ErrorToCode();
+            }
+        });
+    if (!handler) {
+        throw std::bad_alloc();
+    }
+    opening->put_Completed(handler.Get());  // its answer is ignored: intended
+    return S_OK;
+}
+
+// On the platform's thread. Loads complete in any order, and so do their items appear.
+HRESULT DialListener::OnImageFileOpened(abi::IAsyncOperation<abi::StorageFile>* operation,
+                                        abi::AsyncStatus status, const WCHAR* label, std::uint32_t item_id) {
+    if (status != abi::AsyncStatus::Completed && status != abi::AsyncStatus::Error) {
+        return S_FALSE;
+    }
+    ComPtr<abi::IStorageFile> file;
+    if (const HRESULT code = operation->GetResults(file.Put()); !file) {
+        return code;
+    }
+    ComPtr<abi::IRandomAccessStreamReferenceStatics> references;
+    RETURN_IF_STEP_FAILS(627, GetFactory<abi::RandomAccessStreamReference>(references));
+    ComPtr<abi::IRandomAccessStreamReference> picture;
+    RETURN_IF_STEP_FAILS(630, references->CreateFromFile(file.Get(), picture.Put()));
+    ComPtr<abi::IRadialControllerMenuItemStatics> statics;
+    RETURN_IF_STEP_FAILS(639, GetFactory<abi::RadialControllerMenuItem>(statics));
+
+    const TextReference shown(label);
+    ComPtr<abi::IRadialControllerMenuItem> item;
+    RETURN_IF_STEP_FAILS(642, statics->CreateFromIcon(shown.Get(), picture.Get(), item.Put()));
+    MenuEntry entry = MakeEntry(label, item_id, false);
+    RETURN_IF_STEP_FAILS(649, AddItemToMenu(item.Get(), entry));
+    menu_entries_.push_back(std::move(entry));
+    return S_OK;
+}
+
+}  // namespace brindle

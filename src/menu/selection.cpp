@@ -1,0 +1,70 @@
+// set_current_custom_menu: the first item that carries the identifier becomes the selected one.
+#include "dial/dial_listener.h"
+#include "frame/errors.h"
+#include "platform/interfaces/property_value.h"
+
+namespace brindle {
+
+namespace {
+
+using ItemList = abi::IVector<abi::RadialControllerMenuItem>;
+
+std::uint32_t SizeOf(ItemList& list) {
+    std::uint32_t size = 0;
+    RaiseIfFailed(list.get_Size(&size));
+    return size;
+}
+
+// A tag that is there and no number ends the search; an item without a tag is passed over.
+bool Carries(abi::IRadialControllerMenuItem& item, std::uint32_t item_id) {
+    ComPtr<abi::IInspectable> tag;
+    RaiseIfFailed(item.get_Tag(tag.Put()));
+    if (!tag) {
+        return false;
+    }
+    ComPtr<abi::IPropertyValue> number;
+    RaiseIfFailed(Query(tag.Get(), number));
+    std::uint32_t value = 0;
+    RaiseIfFailed(number->GetUInt32(&value));
+    return value == item_id;
+}
+
+HRESULT SelectItem(abi::IRadialController& controller, std::uint32_t item_id) {
+    ComPtr<abi::IRadialControllerMenu> menu;
+    RaiseIfFailed(controller.get_Menu(menu.Put()));
+    if (!menu) {
+        return E_NOINTERFACE;
+    }
+    ComPtr<ItemList> list;
+    RaiseIfFailed(menu->get_Items(list.Put()));
+    if (!list) {
+        return E_NOINTERFACE;
+    }
+    // The list is the platform's live one: its size is asked for anew on every step.
+    for (std::uint32_t i = 0; i < SizeOf(*list.Get()); ++i) {
+        ComPtr<abi::IRadialControllerMenuItem> item;
+        RaiseIfFailed(list->GetAt(i, item.Put()));
+        if (item && Carries(*item.Get(), item_id)) {
+            RaiseIfFailed(menu->SelectMenuItem(item.Get()));
+            return S_OK;
+        }
+    }
+    return E_FAIL;
+}
+
+}  // namespace
+
+HRESULT DialListener::SetCurrentCustomMenu(std::uint32_t item_id) {
+    if (!controller_) {
+        return E_NOINTERFACE;
+    }
+    try {
+        ComPtr<abi::IRadialController> controller;
+        RaiseIfFailed(Query(controller_.Get(), controller));
+        return SelectItem(*controller.Get(), item_id);
+    } catch (const hresult_error& error) {
+        return error.code();
+    }
+}
+
+}  // namespace brindle

@@ -1,0 +1,300 @@
+// Filling the dial's menu: the menu as a whole, and what every item goes through.
+#include <string>
+#include <vector>
+
+#include "behaviour.h"
+#include "support/menu_items.h"
+
+namespace {
+
+using CustomMenu = Listening;
+
+constexpr char kMenuItems[] = "Windows.UI.Input.RadialControllerMenuItem";
+constexpr char kGetItems[] = "IRadialControllerMenu::get_Items";
+constexpr char kAppend[] = "IVector<RadialControllerMenuItem>::Append";
+constexpr char kClear[] = "IVector<RadialControllerMenuItem>::Clear";
+constexpr char kPutTag[] = "IRadialControllerMenuItem::put_Tag";
+constexpr char kItemStatics[] = "RoGetActivationFactory(Windows.UI.Input.RadialControllerMenuItem)";
+
+std::string Repeated(const std::string& text, int times) {
+    std::string all;
+    for (int i = 0; i < times; ++i) {
+        all += text;
+    }
+    return all;
+}
+
+TEST_F(CustomMenu, OneKnownIconTakesTheseStepsInThisOrder) {
+    EXPECT_TRUE(SetMenu(kWindow, {KnownIcon(7)}));
+    std::string calls;
+    for (const std::string& line : LinesOf(Journal())) {
+        // Strings come and go between the steps; their order is nobody's business.
+        calls += line.find("Windows") == 0 ? "" : line + "\n";
+    }
+    EXPECT_EQ(calls,
+              "IRadialController::get_Menu()\n"
+              "IRadialControllerMenu::get_Items()\n"
+              "IVector<RadialControllerMenuItem>::Clear()\n"
+              "RoGetActivationFactory(Windows.UI.Input.RadialControllerMenuItem)\n"
+              "IRadialControllerMenuItemStatics::CreateFromKnownIcon(3)\n"
+              "IRadialControllerMenuItem::add_Invoked()\n"
+              "IRadialControllerMenu::get_Items()\n"
+              "IVector<RadialControllerMenuItem>::Append()\n"
+              "RoGetActivationFactory(Windows.Foundation.PropertyValue)\n"
+              "IPropertyValueStatics::CreateUInt32()\n"
+              "IRadialControllerMenuItem::put_Tag()\n");
+}
+
+TEST_F(CustomMenu, NoItemsClearTheMenu) {
+    EXPECT_TRUE(SetMenu(kWindow, {KnownIcon(1), KnownIcon(2)}));
+    EXPECT_EQ(dialsim_objects(kMenuItems), 2u);
+    EXPECT_TRUE(SetMenu(kWindow, {}));
+    EXPECT_EQ(dialsim_objects(kMenuItems), 0u);
+}
+
+TEST_F(CustomMenu, ANullListWithACountClearsTheMenuAndAddsNothing) {
+    EXPECT_TRUE(SetMenu(kWindow, {KnownIcon(1)}));
+    EXPECT_TRUE(add_custom_menu(kWindow, nullptr, 3));
+    EXPECT_EQ(dialsim_objects(kMenuItems), 0u);
+}
+
+TEST_F(CustomMenu, ASecondMenuReplacesTheFirstsItemsAndKeepsItsEntries) {
+    EXPECT_TRUE(SetMenu(kWindow, {KnownIcon(1), KnownIcon(2)}));
+    EXPECT_TRUE(SetMenu(kWindow, {KnownIcon(3)}));
+    EXPECT_EQ(dialsim_objects(kMenuItems), 1u);
+    EXPECT_EQ(dialsim_strings(), 3u);  // one label an entry
+}
+
+TEST_F(CustomMenu, UninitGivesTheEntriesAndTheMenuBack) {
+    EXPECT_TRUE(SetMenu(kWindow, {KnownIcon(1), SystemFont(2)}));
+    uninit();
+    EXPECT_EQ(OpenAccounts(), "");
+}
+
+TEST_F(CustomMenu, UnknownKindsAreSkippedSilently) {
+    auto five = KnownIcon(1);
+    five.kind = static_cast<MenuItemKind>(5);
+    auto minus_one = KnownIcon(2);
+    minus_one.kind = static_cast<MenuItemKind>(-1);
+    EXPECT_TRUE(SetMenu(kWindow, {five, minus_one, KnownIcon(3)}));
+    EXPECT_EQ(dialsim_objects(kMenuItems), 1u);
+}
+
+TEST_F(CustomMenu, AMenuThatCannotBeHadIsAskedForThreeTimes) {
+    FailInTurn("IRadialController::get_Menu", {kFail, kAccessDenied, kDisconnected});
+    EXPECT_FALSE(SetMenu(kWindow, {KnownIcon(1)}));
+    EXPECT_EQ(dialsim_calls("IRadialController::get_Menu"), 3u);
+    EXPECT_EQ(Printed(), "failed with 80070005 at line 124\n");
+}
+
+// Each attempt hands a reference out and fails: none is left behind.
+TEST_F(CustomMenu, TheMenuOfAFailedAttemptIsReleased) {
+    const std::uint32_t before = dialsim_references("Windows.UI.Input.RadialControllerMenu");
+    dialsim_fail_late("IRadialController::get_Menu", kFail, 1, 2);
+    EXPECT_TRUE(SetMenu(kWindow, {}));
+    EXPECT_EQ(Printed(), "failed with 80004005 at line 124\n");
+    EXPECT_EQ(dialsim_references("Windows.UI.Input.RadialControllerMenu"), before + 1);
+}
+
+TEST_F(CustomMenu, TheMenuIsFetchedAnewOnEveryCall) {
+    EXPECT_TRUE(SetMenu(kWindow, {}));
+    EXPECT_TRUE(SetMenu(kWindow, {}));
+    EXPECT_EQ(dialsim_calls("IRadialController::get_Menu"), 2u);
+}
+
+TEST_F(CustomMenu, AnItemListThatCannotBeHadIsAskedForThreeTimes) {
+    dialsim_fail(kGetItems, kFail, 1, 0);
+    EXPECT_FALSE(SetMenu(kWindow, {KnownIcon(1)}));
+    EXPECT_EQ(dialsim_calls(kGetItems), 3u);
+    EXPECT_EQ(Printed(), "failed with 80004005 at line 129\n");
+}
+
+TEST_F(CustomMenu, AListThatCannotBeClearedIsTriedTwiceAndFilledAllTheSame) {
+    dialsim_fail(kClear, kFail, 1, 0);
+    EXPECT_TRUE(SetMenu(kWindow, {KnownIcon(1)}));
+    EXPECT_EQ(dialsim_calls(kClear), 2u);
+    EXPECT_EQ(Printed(), "clear failed with 80004005 at line 132\n");
+    EXPECT_EQ(dialsim_objects(kMenuItems), 1u);
+}
+
+TEST_F(CustomMenu, AClearThatWorksTheSecondTimeIsPrintedAsZero) {
+    dialsim_fail(kClear, kFail, 1, 1);
+    EXPECT_TRUE(SetMenu(kWindow, {}));
+    EXPECT_EQ(Printed(), "clear failed with 0 at line 132\n");
+}
+
+TEST_F(CustomMenu, WithoutTheFactoryForKnownIconsTheRestIsSkipped) {
+    FailInTurn(kItemStatics, {kFail, kAccessDenied, kDisconnected});
+    EXPECT_FALSE(SetMenu(kWindow, {KnownIcon(1), SystemFont(2), KnownIcon(3)}));
+    EXPECT_EQ(dialsim_calls(kItemStatics), 3u);
+    EXPECT_EQ(Printed(), "failed with 80070005 at line 151\n");
+    EXPECT_EQ(dialsim_objects(kMenuItems), 0u);
+    EXPECT_EQ(dialsim_strings(), 0u);
+}
+
+TEST_F(CustomMenu, AFactoryThatComesWithTheThirdAttemptEndsTheMenuAsASuccess) {
+    FailInTurn(kItemStatics, {kFail, kAccessDenied, 0});
+    EXPECT_TRUE(SetMenu(kWindow, {KnownIcon(1), KnownIcon(2)}));
+    EXPECT_EQ(Printed(), "failed with 80070005 at line 151\n");
+    EXPECT_EQ(dialsim_objects(kMenuItems), 0u);
+}
+
+TEST_F(CustomMenu, TheFactoryIsFetchedAnewForEveryKnownIcon) {
+    EXPECT_TRUE(SetMenu(kWindow, {KnownIcon(1), KnownIcon(2)}));
+    EXPECT_EQ(dialsim_calls(kItemStatics), 2u);
+}
+
+TEST_F(CustomMenu, OneKnownIconWhoseTagAlwaysFails) {
+    dialsim_fail(kPutTag, kFail, 1, 0);
+    EXPECT_TRUE(SetMenu(kWindow, {KnownIcon(1)}));
+    EXPECT_EQ(dialsim_calls(kPutTag), 18u);
+    EXPECT_EQ(dialsim_calls(kAppend), 6u);
+    EXPECT_EQ(dialsim_objects(kMenuItems), 2u);
+    const std::string builder =
+        "failed with 80004005 at line 760\n"
+        "failed with 80004005 at line 760\n"
+        "failed with 80004005 at line 517\n"
+        "failed with 80004005 at line 760\n";
+    EXPECT_EQ(Printed(),
+              Repeated(builder, 2) + "AddMenuItemFromKnownIcon failed with 80004005 at line 152\n");
+    EXPECT_EQ(dialsim_strings(), 1u);  // the entry is recorded all the same
+}
+
+TEST_F(CustomMenu, AFailingKnownIconIsRecordedAndTheNextItemIsMade) {
+    dialsim_fail("IRadialControllerMenuItemStatics::CreateFromKnownIcon", kFail, 1, 6);
+    EXPECT_TRUE(SetMenu(kWindow, {KnownIcon(1), KnownIcon(2)}));
+    EXPECT_EQ(dialsim_calls("IRadialControllerMenuItemStatics::CreateFromKnownIcon"), 7u);
+    EXPECT_EQ(Printed(), Repeated("failed with 80004005 at line 515\n", 2) +
+                             "AddMenuItemFromKnownIcon failed with 80004005 at line 152\n");
+    EXPECT_EQ(dialsim_objects(kMenuItems), 1u);
+    EXPECT_EQ(dialsim_strings(), 2u);
+}
+
+TEST_F(CustomMenu, AnItemThatIsYieldedAsNullIsNoInterface) {
+    dialsim_yield_null("IRadialControllerMenuItemStatics::CreateFromKnownIcon", 1, 0);
+    EXPECT_TRUE(SetMenu(kWindow, {KnownIcon(1)}));
+    EXPECT_EQ(Printed(), Repeated("failed with 80004002 at line 517\n", 2) +
+                             "AddMenuItemFromKnownIcon failed with 80004002 at line 152\n");
+}
+
+TEST_F(CustomMenu, AFailingGlyphIsRecordedAndTheNextItemIsMade) {
+    dialsim_fail("IRadialControllerMenuItemStatics2::CreateFromFontGlyph", kFail, 1, 6);
+    EXPECT_TRUE(SetMenu(kWindow, {SystemFont(1), SystemFont(2)}));
+    EXPECT_EQ(Printed(), Repeated("failed with 80004005 at line 531\n", 2) +
+                             "AddMenuItemFromSystemFont failed with 80004005 at line 157\n");
+    EXPECT_EQ(dialsim_objects(kMenuItems), 1u);
+    EXPECT_EQ(dialsim_strings(), 2u);
+}
+
+TEST_F(CustomMenu, AGlyphWithoutAFactoryIsPrintedByItsStepAndByItsItem) {
+    dialsim_fail(kItemStatics, kFail, 1, 0);
+    EXPECT_TRUE(SetMenu(kWindow, {SystemFont(1)}));
+    EXPECT_EQ(dialsim_calls(kItemStatics), 6u);
+    EXPECT_EQ(Printed(), Repeated("failed with 80004005 at line 528\n", 2) +
+                             "AddMenuItemFromSystemFont failed with 80004005 at line 157\n");
+}
+
+struct AddStep {
+    const char* operation;
+    int line;
+};
+
+void PrintTo(const AddStep& step, std::ostream* stream) { *stream << "line " << step.line; }
+
+class EveryItem : public Listening, public testing::WithParamInterface<AddStep> {};
+
+// The step's line comes from each of three evaluations of the whole adding, and that from each of two
+// builders.
+TEST_P(EveryItem, PrintsAFailingStepOfItsAdding) {
+    // Its first call belongs to the menu itself.
+    const bool shared = GetParam().line == 747;
+    dialsim_fail(GetParam().operation, kAccessDenied, shared ? 2 : 1, 0);
+    EXPECT_TRUE(SetMenu(kWindow, {SystemFont(1)}));
+    EXPECT_EQ(dialsim_calls(GetParam().operation), shared ? 19u : 18u);
+    const std::string step = "failed with 80070005 at line " + std::to_string(GetParam().line) + "\n";
+    EXPECT_EQ(Printed(), Repeated(step + step + "failed with 80070005 at line 533\n" + step, 2) +
+                             "AddMenuItemFromSystemFont failed with 80070005 at line 157\n");
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Adding, EveryItem,
+    testing::Values(AddStep{"IRadialControllerMenuItem::add_Invoked", 743}, AddStep{kGetItems, 747},
+                    AddStep{kAppend, 750},
+                    AddStep{"RoGetActivationFactory(Windows.Foundation.PropertyValue)", 754},
+                    AddStep{"IPropertyValueStatics::CreateUInt32", 758}, AddStep{kPutTag, 760}),
+    [](const auto& step_info) { return "Line" + std::to_string(step_info.param.line); });
+
+TEST_F(CustomMenu, AnItemThatFailsAtItsTagIsInTheMenuAndSubscribed) {
+    dialsim_fail(kPutTag, kFail, 1, 0);
+    const std::uint32_t handlers = dialsim_handlers();
+    EXPECT_TRUE(SetMenu(kWindow, {KnownIcon(1)}));
+    EXPECT_EQ(dialsim_handlers(), handlers + 6);
+    EXPECT_EQ(dialsim_choose(kWindow, 0), 0);
+    Printed();
+}
+
+TEST_F(CustomMenu, ALabelMayBeEmptyLongOrBeyondTheBasicPlane) {
+    const std::basic_string<BrindleChar> longer(2500, 'x');
+    EXPECT_TRUE(SetMenu(kWindow, {KnownIcon(1, 0, UTF16("")), KnownIcon(2, 0, longer.c_str()),
+                                  KnownIcon(3, 0, UTF16("\U0001F39B"))}));
+    EXPECT_EQ(dialsim_objects(kMenuItems), 3u);
+}
+
+// Nothing in the library catches what a label raises.
+TEST_F(CustomMenu, ALabelThatThePlatformRefusesIsRaisedToTheHost) {
+    for (const char* operation : {"WindowsCreateStringReference", "WindowsDuplicateString"}) {
+        dialsim_fail(operation, kAccessDenied, 1, 1);
+        try {
+            SetMenu(kWindow, {KnownIcon(1)});
+            ADD_FAILURE() << operation;
+        } catch (const std::exception& error) {
+            EXPECT_STREQ(error.what(), "platform error 80070005") << operation;
+        }
+        EXPECT_EQ(dialsim_strings(), 0u) << operation;
+        EXPECT_EQ(dialsim_objects(kMenuItems), 0u) << operation;
+    }
+}
+
+TEST_F(CustomMenu, APlatformWithoutMemoryForALabelIsAnAllocationFailure) {
+    dialsim_fail("WindowsDuplicateString", kOutOfMemory, 1, 1);
+    EXPECT_THROW(SetMenu(kWindow, {KnownIcon(1)}), std::bad_alloc);
+}
+
+TEST_F(CustomMenu, ALabelRefusedInsideABuilderIsRaisedWithEverythingGivenBack) {
+    // The label's copy, the factory's name, and then the label on the item.
+    dialsim_fail("WindowsCreateStringReference", kAccessDenied, 3, 1);
+    EXPECT_ANY_THROW(SetMenu(kWindow, {KnownIcon(1)}));
+    EXPECT_EQ(dialsim_strings(), 0u);
+    EXPECT_EQ(dialsim_objects(kMenuItems), 0u);
+}
+
+TEST_F(CustomMenu, ATurnTellsTheSelectedItemsIdentifier) {
+    EXPECT_TRUE(SetMenu(kWindow, {KnownIcon(70), KnownIcon(80)}));
+    EXPECT_EQ(dialsim_turn(kWindow, 1.0), 0);
+    EXPECT_EQ(host.LastRotation().selectedItemTag, 0u);
+    EXPECT_EQ(dialsim_choose(kWindow, 1), 0);
+    EXPECT_EQ(dialsim_turn(kWindow, 1.0), 0);
+    EXPECT_EQ(host.LastRotation().selectedItemTag, 80u);
+}
+
+TEST_F(CustomMenu, ASelectionThatCannotBeReadKeepsATurnFromTheHost) {
+    EXPECT_TRUE(SetMenu(kWindow, {KnownIcon(70)}));
+    dialsim_fail("IRadialControllerMenu::GetSelectedMenuItem", kFail, 1, 0);
+    EXPECT_EQ(dialsim_turn(kWindow, 1.0), kFail);
+    EXPECT_EQ(dialsim_calls("IRadialControllerMenu::GetSelectedMenuItem"), 3u);
+    EXPECT_EQ(Printed(), "failed with 80004005 at line 847\n");
+    EXPECT_TRUE(host.rotations.empty());
+}
+
+TEST_F(CustomMenu, ATagThatCannotBeReadIsZero) {
+    EXPECT_TRUE(SetMenu(kWindow, {KnownIcon(70)}));
+    EXPECT_EQ(dialsim_choose(kWindow, 0), 0);
+    for (const char* operation : {"IRadialControllerMenuItem::get_Tag", "QueryInterface(IPropertyValue)",
+                                  "IPropertyValue::GetUInt32"}) {
+        dialsim_fail(operation, kFail, 1, 1);
+        EXPECT_EQ(dialsim_turn(kWindow, 1.0), 0) << operation;
+        EXPECT_EQ(host.LastRotation().selectedItemTag, 0u) << operation;
+    }
+}
+
+}  // namespace

@@ -1,0 +1,110 @@
+// Which of the system's own entries remain.
+#include <string>
+#include <vector>
+
+#include "behaviour.h"
+
+namespace {
+
+constexpr char kFactory[] = "RoGetActivationFactory(Windows.UI.Input.RadialControllerConfiguration)";
+constexpr char kGetForWindow[] = "IRadialControllerConfigurationInterop::GetForWindow";
+constexpr char kSetItems[] = "IRadialControllerConfiguration::SetDefaultMenuItems";
+
+class DefaultMenu : public Listening {
+protected:
+    static bool Set(const std::vector<std::int32_t>& kinds, std::uint64_t window = kWindow) {
+        return set_default_menu(window, kinds.data(), static_cast<std::uint32_t>(kinds.size()));
+    }
+    static std::vector<std::int32_t> Remaining(std::uint64_t window = kWindow) {
+        std::vector<std::int32_t> kinds(16);
+        kinds.resize(dialsim_system_items(window, kinds.data(), 16));
+        return kinds;
+    }
+};
+
+using Kinds = std::vector<std::int32_t>;
+
+TEST_F(DefaultMenu, TheKindsArePassedOnInTheHostsOrderWithRepeats) {
+    EXPECT_TRUE(Set({3, 0, 3, 4}));
+    EXPECT_EQ(Remaining(), (Kinds{3, 0, 3, 4}));
+}
+
+TEST_F(DefaultMenu, EachCallReplacesTheLast) {
+    EXPECT_TRUE(Set({3, 0}));
+    EXPECT_TRUE(Set({1}));
+    EXPECT_EQ(Remaining(), Kinds{1});
+}
+
+TEST_F(DefaultMenu, ACountOfZeroLeavesNoEntry) {
+    const std::int32_t unused = 0;
+    EXPECT_TRUE(set_default_menu(kWindow, &unused, 0));
+    EXPECT_EQ(Remaining(), Kinds{});
+}
+
+TEST_F(DefaultMenu, ANullListIsRefusedEvenWithACountOfZero) {
+    EXPECT_FALSE(set_default_menu(kWindow, nullptr, 0));
+    EXPECT_EQ(dialsim_calls(kGetForWindow), 1u);  // the list is looked at only after the configuration
+    EXPECT_EQ(dialsim_calls(kSetItems), 0u);
+}
+
+TEST_F(DefaultMenu, AnUnknownKindIsThePlatformsToJudge) {
+    EXPECT_FALSE(Set({7}));
+    EXPECT_EQ(dialsim_calls(kSetItems), 1u);
+    EXPECT_EQ(Remaining(), (Kinds{0, 1, 2, 3, 4}));
+}
+
+TEST_F(DefaultMenu, TheWindowIsTheOneThatTheHostNamesNow) {
+    RecordingHost moved({10, 10, 20});
+    ASSERT_TRUE(init_dial_listener(&moved));
+    EXPECT_TRUE(Set({2}, 10));
+    EXPECT_EQ(Remaining(20), Kinds{2});
+    EXPECT_EQ(dialsim_calls("IRadialControllerConfigurationInterop::GetForWindow(20)"), 1u);
+}
+
+TEST_F(DefaultMenu, NoConfigurationAnswersFalse) {
+    for (const auto& break_it :
+         {+[] { return dialsim_fail(kGetForWindow, kFail, 1, 1); },
+          +[] { return dialsim_yield_null(kGetForWindow, 1, 1); },
+          +[] { return dialsim_fail(kFactory, kFail, 1, 1); },
+          +[] { return dialsim_yield_null(kFactory, 1, 1); },
+          +[] {
+              return dialsim_fail("QueryInterface(IRadialControllerConfigurationInterop)", kFail, 1, 1);
+          }}) {
+        ASSERT_TRUE(break_it());
+        EXPECT_FALSE(Set({1}));
+        EXPECT_EQ(dialsim_calls(kSetItems), 0u);
+    }
+}
+
+TEST_F(DefaultMenu, AConfigurationThatComesWithAFailureIsUsed) {
+    dialsim_fail_late(kGetForWindow, kFail, 1, 1);
+    EXPECT_TRUE(Set({1}));
+    EXPECT_EQ(Remaining(), Kinds{1});
+}
+
+TEST_F(DefaultMenu, APlatformThatRefusesAnswersFalse) {
+    dialsim_fail(kSetItems, kAccessDenied, 1, 1);
+    EXPECT_FALSE(Set({1}));
+}
+
+TEST_F(DefaultMenu, APlatformWithoutMemoryIsAnAllocationFailure) {
+    dialsim_fail(kSetItems, kOutOfMemory, 1, 1);
+    EXPECT_THROW(Set({1}), std::bad_alloc);
+}
+
+TEST_F(DefaultMenu, NothingIsPrintedAndNothingKept) {
+    EXPECT_TRUE(Set({1}));
+    dialsim_fail(kFactory, kFail, 1, 1);
+    EXPECT_FALSE(Set({1}));
+    uninit();
+}
+
+TEST_F(DefaultMenu, ASequenceThatThePlatformKeptIsClosedAfterTheCall) {
+    constexpr std::int32_t kClosed = static_cast<std::int32_t>(0x80000013);
+    dialsim_keep_sequences(true);
+    EXPECT_TRUE(Set({1, 2, 3}));
+    EXPECT_EQ(dialsim_use_kept_sequence(), kClosed);
+    dialsim_keep_sequences(false);
+}
+
+}  // namespace

@@ -1,0 +1,342 @@
+// Items from glyphs, picture files and resources.
+#include <string>
+#include <vector>
+
+#include "behaviour.h"
+#include "support/menu_items.h"
+#include "support/pictures.h"
+
+namespace {
+
+constexpr char kMenuItems[] = "Windows.UI.Input.RadialControllerMenuItem";
+constexpr char kItemStatics[] = "RoGetActivationFactory(Windows.UI.Input.RadialControllerMenuItem)";
+constexpr char kUris[] = "RoGetActivationFactory(Windows.Foundation.Uri)";
+constexpr char kFiles[] = "RoGetActivationFactory(Windows.Storage.StorageFile)";
+constexpr char kReferences[] = "RoGetActivationFactory(Windows.Storage.Streams.RandomAccessStreamReference)";
+constexpr char kOpen[] = "IStorageFileStatics::GetFileFromPathAsync";
+constexpr char kPutTag[] = "IRadialControllerMenuItem::put_Tag";
+constexpr char kCreateFromIcon[] = "IRadialControllerMenuItemStatics::CreateFromIcon";
+
+class ItemSource : public Listening {
+protected:
+    static std::string Menu() {
+        std::string text(dialsim_menu(kWindow, nullptr, 0), '\0');
+        dialsim_menu(kWindow, text.data(), text.size());
+        text.pop_back();
+        return text;
+    }
+    static bool Shows(const std::string& item) { return Menu().find(item) != std::string::npos; }
+    static std::string Line(int line, const char* code = "80004005") {
+        return "failed with " + std::string(code) + " at line " + std::to_string(line) + "\n";
+    }
+    static std::string NamedLine(const char* step, int line, const char* code = "80004005") {
+        return std::string(step) + " " + Line(line, code);
+    }
+};
+
+class FontFile : public ItemSource {
+protected:
+    // Any file will do: the library only finds its short name.
+    const TemporaryFile font_{"a font with a long name.ttf", SmallPng()};
+};
+
+TEST_F(ItemSource, AGlyphOfAnInstalledFontIsShown) {
+    EXPECT_TRUE(SetMenu(kWindow, {SystemFont(4)}));
+    EXPECT_TRUE(Shows("\"Glyph\" glyph A of Symbols, tag 4"));
+}
+
+TEST_F(FontFile, AGlyphOfAFontFileIsShownThroughItsShortName) {
+    EXPECT_TRUE(SetMenu(kWindow, {CustomFont(5, font_.Path())}));
+    EXPECT_TRUE(Shows("\"Own glyph\" glyph B of font file file:///"));
+    EXPECT_FALSE(Shows("long name"));
+    EXPECT_EQ(dialsim_calls("IUriRuntimeClass::get_AbsoluteUri"), 1u);
+    EXPECT_EQ(dialsim_calls("IRadialControllerMenuItem::get_DisplayText"), 1u);
+}
+
+TEST_F(FontFile, AFontFileThatDoesNotExistIsSkippedSilently) {
+    EXPECT_TRUE(SetMenu(kWindow, {CustomFont(5, UTF16("/no/such.ttf"))}));
+    EXPECT_EQ(dialsim_objects(kMenuItems), 0u);
+    EXPECT_EQ(dialsim_strings(), 0u);
+    EXPECT_EQ(dialsim_calls("GetShortPathNameW"), 0u);
+}
+
+TEST_F(FontFile, AShortNameThatCannotBeHadIsSkippedSilently) {
+    for (const std::uint32_t call : {1u, 2u}) {
+        dialsim_yield_null("GetShortPathNameW", call, 1);
+        EXPECT_TRUE(SetMenu(kWindow, {CustomFont(5, font_.Path())}));
+        EXPECT_EQ(dialsim_objects(kMenuItems), 0u);
+        EXPECT_EQ(dialsim_strings(), 0u);
+    }
+}
+
+struct SourceStep {
+    const char* operation;
+    int line;
+};
+
+void PrintTo(const SourceStep& step, std::ostream* stream) { *stream << "line " << step.line; }
+
+class FontFileStep : public FontFile, public testing::WithParamInterface<SourceStep> {};
+
+TEST_P(FontFileStep, ThatFailsIsTriedSixTimesAndTheEntryRecorded) {
+    dialsim_fail(GetParam().operation, kFail, 1, 0);
+    EXPECT_TRUE(SetMenu(kWindow, {CustomFont(5, font_.Path())}));
+    EXPECT_EQ(dialsim_calls(GetParam().operation), 6u);
+    EXPECT_EQ(Printed(),
+              Line(GetParam().line) + Line(GetParam().line) + NamedLine("AddMenuItemFromCustomFont", 189));
+    EXPECT_EQ(dialsim_strings(), 1u);
+    EXPECT_EQ(dialsim_objects(kMenuItems), 0u);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    All, FontFileStep,
+    testing::Values(SourceStep{kItemStatics, 543}, SourceStep{kUris, 552},
+                    SourceStep{"IUriRuntimeClassFactory::CreateUri", 556},
+                    SourceStep{"IUriRuntimeClass::get_AbsoluteUri", 562},
+                    SourceStep{"IRadialControllerMenuItemStatics2::CreateFromFontGlyphWithUri", 567},
+                    SourceStep{"IRadialControllerMenuItem::get_DisplayText", 573}),
+    [](const auto& step_info) { return "Line" + std::to_string(step_info.param.line); });
+
+TEST_F(FontFile, AUriOrAnItemThatIsYieldedAsNullIsNoInterface) {
+    for (const char* operation : {"IUriRuntimeClassFactory::CreateUri",
+                                  "IRadialControllerMenuItemStatics2::CreateFromFontGlyphWithUri"}) {
+        dialsim_yield_null(operation, 1, 2);
+        EXPECT_TRUE(SetMenu(kWindow, {CustomFont(5, font_.Path())}));
+        EXPECT_EQ(Printed(), NamedLine("AddMenuItemFromCustomFont", 189, "80004002")) << operation;
+    }
+}
+
+TEST_F(FontFile, ATagThatAlwaysFailsIsPrintedByTheAddingStep) {
+    dialsim_fail(kPutTag, kFail, 1, 0);
+    EXPECT_TRUE(SetMenu(kWindow, {CustomFont(5, font_.Path())}));
+    const std::string builder = Line(760) + Line(760) + Line(575) + Line(760);
+    EXPECT_EQ(Printed(), builder + builder + NamedLine("AddMenuItemFromCustomFont", 189));
+}
+
+class PictureFile : public ItemSource {
+protected:
+    void SetUp() override {
+        ItemSource::SetUp();
+        dialsim_async(DIALSIM_HELD);
+    }
+    const TemporaryFile picture_{"brindle-picture.png", SmallPng()};
+};
+
+TEST_F(PictureFile, AppearsOnlyAfterTheCall) {
+    EXPECT_TRUE(SetMenu(kWindow, {FilePNG(6, picture_.Path())}));
+    EXPECT_EQ(dialsim_objects(kMenuItems), 0u);
+    EXPECT_EQ(dialsim_strings(), 0u);
+    EXPECT_EQ(dialsim_complete_all(), 0);
+    EXPECT_TRUE(Shows("\"File\" PNG file 2x3, tag 6"));
+    EXPECT_EQ(dialsim_strings(), 1u);
+}
+
+TEST_F(PictureFile, MayHaveBeenOpenedBeforeAnybodyListened) {
+    dialsim_async(DIALSIM_AT_ONCE);
+    EXPECT_TRUE(SetMenu(kWindow, {FilePNG(6, picture_.Path())}));
+    EXPECT_TRUE(Shows("PNG file 2x3"));
+}
+
+TEST_F(PictureFile, MayBeOpenedOnAnotherThread) {
+    dialsim_async(DIALSIM_OWN_THREAD);
+    EXPECT_TRUE(SetMenu(kWindow, {FilePNG(6, picture_.Path())}));
+    dialsim_wait_for_async();
+    EXPECT_TRUE(Shows("PNG file 2x3"));
+}
+
+TEST_F(PictureFile, SeveralAppearInTheOrderOfTheirOpening) {
+    EXPECT_TRUE(SetMenu(kWindow, {FilePNG(1, picture_.Path()), FilePNG(2, picture_.Path())}));
+    EXPECT_EQ(dialsim_complete(1), 0);
+    EXPECT_EQ(dialsim_complete(0), 0);
+    EXPECT_LT(Menu().find("tag 2"), Menu().find("tag 1"));
+}
+
+TEST_F(PictureFile, MayNeverBeOpened) {
+    EXPECT_TRUE(SetMenu(kWindow, {FilePNG(1, picture_.Path())}));
+    dialsim_abandon_pending();
+    EXPECT_EQ(dialsim_objects(kMenuItems), 0u);
+}
+
+TEST_F(PictureFile, ThatDoesNotExistAppearsNowhereAndPrintsNothing) {
+    EXPECT_TRUE(SetMenu(kWindow, {FilePNG(1, UTF16("/no/such.png"))}));
+    EXPECT_LT(dialsim_complete(0), 0);
+    EXPECT_EQ(dialsim_objects(kMenuItems), 0u);
+    EXPECT_EQ(dialsim_strings(), 0u);
+}
+
+TEST_F(PictureFile, WhoseOpeningStartsOrIsCanceledDoesNothing) {
+    EXPECT_TRUE(SetMenu(kWindow, {FilePNG(1, picture_.Path()), FilePNG(2, picture_.Path())}));
+    EXPECT_EQ(dialsim_complete_as(0, 0), 1);
+    EXPECT_EQ(dialsim_complete_as(1, 2), 1);
+    EXPECT_EQ(dialsim_calls("IAsyncOperation<StorageFile>::GetResults"), 0u);
+    EXPECT_EQ(dialsim_objects(kMenuItems), 0u);
+}
+
+TEST_F(PictureFile, WhoseOpeningReportsAnErrorIsUsedIfItIsThere) {
+    EXPECT_TRUE(SetMenu(kWindow, {FilePNG(1, picture_.Path())}));
+    dialsim_fail_late("IAsyncOperation<StorageFile>::GetResults", kFail, 1, 1);
+    EXPECT_EQ(dialsim_complete(0), 0);
+    EXPECT_TRUE(Shows("PNG file 2x3"));
+}
+
+TEST_F(PictureFile, HasNoHapticSettingOfItsOwn) {
+    EXPECT_TRUE(SetMenu(kWindow, {WithHaptics(FilePNG(1, picture_.Path()))}));
+    EXPECT_EQ(dialsim_complete_all(), 0);
+    EXPECT_EQ(dialsim_choose(kWindow, 0), 0);
+    EXPECT_EQ(dialsim_calls("IRadialController::put_UseAutomaticHapticFeedback(0)"), 1u);
+}
+
+TEST_F(PictureFile, WhoseHandlerCannotBeAttachedIsStillASuccess) {
+    dialsim_fail("IAsyncOperation<StorageFile>::put_Completed", kFail, 1, 1);
+    EXPECT_TRUE(SetMenu(kWindow, {FilePNG(1, picture_.Path())}));
+    EXPECT_EQ(dialsim_calls(kOpen), 1u);
+    dialsim_abandon_pending();
+}
+
+TEST_F(PictureFile, ThatCannotBeOpenedIsTriedSixTimes) {
+    dialsim_fail(kOpen, kFail, 1, 0);
+    EXPECT_TRUE(SetMenu(kWindow, {FilePNG(1, picture_.Path())}));
+    EXPECT_EQ(dialsim_calls(kOpen), 6u);
+    EXPECT_EQ(Printed(), Line(589) + Line(589) + NamedLine("AddMenuItemFromFilePNG", 199));
+}
+
+TEST_F(PictureFile, OfAPlatformWithoutFilesIsTriedSixTimes) {
+    dialsim_fail(kFiles, kFail, 1, 0);
+    EXPECT_TRUE(SetMenu(kWindow, {FilePNG(1, picture_.Path())}));
+    EXPECT_EQ(Printed(), Line(586) + Line(586) + NamedLine("AddMenuItemFromFilePNG", 199));
+}
+
+// The second attempt of the whole source starts a second load.
+TEST_F(PictureFile, WhoseFirstAttemptFailsIsLoadedByTheSecond) {
+    dialsim_fail_late(kOpen, kFail, 1, 3);
+    EXPECT_TRUE(SetMenu(kWindow, {FilePNG(1, picture_.Path())}));
+    EXPECT_EQ(dialsim_calls(kOpen), 4u);
+    EXPECT_EQ(Printed(), Line(589) + NamedLine("AddMenuItemFromFilePNG", 199, "0"));
+    EXPECT_EQ(dialsim_pending(), 1u);
+    EXPECT_EQ(dialsim_complete_all(), 0);
+    EXPECT_EQ(dialsim_objects(kMenuItems), 1u);
+}
+
+class CompletionStep : public PictureFile, public testing::WithParamInterface<SourceStep> {};
+
+TEST_P(CompletionStep, ThatFailsIsTriedThreeTimesAndItsCodeGoesToThePlatform) {
+    EXPECT_TRUE(SetMenu(kWindow, {FilePNG(1, picture_.Path())}));
+    dialsim_clear_journal();
+    dialsim_fail(GetParam().operation, kAccessDenied, 1, 0);
+    EXPECT_EQ(dialsim_complete(0), kAccessDenied);
+    EXPECT_EQ(dialsim_calls(GetParam().operation), 3u);
+    EXPECT_EQ(Printed(), Line(GetParam().line, "80070005"));
+    EXPECT_EQ(dialsim_strings(), 0u);
+}
+
+INSTANTIATE_TEST_SUITE_P(All, CompletionStep,
+                         testing::Values(SourceStep{kReferences, 627},
+                                         SourceStep{"IRandomAccessStreamReferenceStatics::CreateFromFile",
+                                                    630},
+                                         SourceStep{kItemStatics, 639}, SourceStep{kCreateFromIcon, 642}),
+                         [](const auto& step_info) { return "Line" + std::to_string(step_info.param.line); });
+
+TEST_F(PictureFile, WhoseTagAlwaysFailsIsInTheMenuButNotRecorded) {
+    EXPECT_TRUE(SetMenu(kWindow, {FilePNG(1, picture_.Path())}));
+    dialsim_fail(kPutTag, kFail, 1, 0);
+    EXPECT_EQ(dialsim_complete(0), kFail);
+    EXPECT_EQ(Printed(), Line(760) + Line(760) + Line(649) + Line(760));
+    EXPECT_EQ(dialsim_objects(kMenuItems), 1u);
+    EXPECT_EQ(dialsim_strings(), 0u);
+}
+
+// At this border an error becomes a code.
+TEST_F(PictureFile, WhoseLabelIsRefusedInTheCompletionAnswersTheCode) {
+    EXPECT_TRUE(SetMenu(kWindow, {FilePNG(1, picture_.Path())}));
+    dialsim_fail("WindowsDuplicateString", kOutOfMemory, 1, 1);
+    EXPECT_EQ(dialsim_complete(0), kOutOfMemory);
+    EXPECT_EQ(dialsim_objects(kMenuItems), 0u);
+}
+
+using PictureResource = ItemSource;
+
+TEST_F(PictureResource, IsShownAndRecorded) {
+    EXPECT_TRUE(SetMenu(kWindow, {ResourcePNG(7, ModuleWithPng(), kPngResource)}));
+    EXPECT_TRUE(Shows("\"Resource\" PNG image 2x3, tag 7"));
+    EXPECT_EQ(dialsim_strings(), 1u);
+    EXPECT_EQ(dialsim_blocks(), 0u);
+}
+
+// The platform may still hold the stream over it.
+TEST_F(PictureResource, IsFreedAsSoonAsItsItemIsHandedOver) {
+    EXPECT_TRUE(SetMenu(kWindow, {ResourcePNG(7, ModuleWithPng(), kPngResource)}));
+    const std::string journal = Journal();
+    EXPECT_LT(journal.find(kPutTag), journal.find("GlobalFree"));
+    EXPECT_NE(journal.find("GlobalFree"), std::string::npos);
+}
+
+TEST_F(PictureResource, IdentifiersCountModulo65536) {
+    EXPECT_TRUE(SetMenu(kWindow, {ResourcePNG(7, ModuleWithPng(), 65536 + kPngResource)}));
+    EXPECT_TRUE(Shows("PNG image 2x3"));
+}
+
+TEST_F(PictureResource, ThatIsNotThereIsAFailureWithOneLine) {
+    EXPECT_TRUE(SetMenu(kWindow, {ResourcePNG(7, ModuleWithPng(), 9999)}));
+    EXPECT_EQ(dialsim_calls("FindResourceW"), 2u);
+    EXPECT_EQ(Printed(), NamedLine("AddMenuItemFromResourcePNG", 203));
+    EXPECT_EQ(dialsim_strings(), 0u);
+}
+
+TEST_F(PictureResource, ThatCannotBeLoadedIsAFailureWithEverythingGivenBack) {
+    for (const char* operation : {"SizeofResource", "LoadResource", "LockResource", "GlobalAlloc",
+                                  "GlobalLock", "CreateStreamOnHGlobal", "IStream::Write"}) {
+        ASSERT_TRUE(dialsim_yield_null(operation, 1, 2)) << operation;
+        EXPECT_TRUE(SetMenu(kWindow, {ResourcePNG(7, ModuleWithPng(), kPngResource)}));
+        EXPECT_EQ(Printed(), NamedLine("AddMenuItemFromResourcePNG", 203)) << operation;
+        EXPECT_EQ(dialsim_blocks(), 0u) << operation;
+        EXPECT_EQ(dialsim_objects(kMenuItems), 0u) << operation;
+    }
+}
+
+class ResourceStep : public ItemSource, public testing::WithParamInterface<SourceStep> {};
+
+TEST_P(ResourceStep, ThatFailsIsTriedSixTimesAndNothingRecorded) {
+    dialsim_fail(GetParam().operation, kFail, 1, 0);
+    EXPECT_TRUE(SetMenu(kWindow, {ResourcePNG(7, ModuleWithPng(), kPngResource)}));
+    EXPECT_EQ(dialsim_calls(GetParam().operation), 6u);
+    EXPECT_EQ(Printed(),
+              Line(GetParam().line) + Line(GetParam().line) + NamedLine("AddMenuItemFromResourcePNG", 203));
+    EXPECT_EQ(dialsim_strings(), 0u);
+    EXPECT_EQ(dialsim_blocks(), 0u);
+}
+
+INSTANTIATE_TEST_SUITE_P(All, ResourceStep,
+                         testing::Values(SourceStep{kReferences, 671}, SourceStep{kItemStatics, 676},
+                                         SourceStep{"CreateRandomAccessStreamOverStream", 700},
+                                         SourceStep{"IRandomAccessStreamReferenceStatics::CreateFromStream",
+                                                    706}),
+                         [](const auto& step_info) { return "Line" + std::to_string(step_info.param.line); });
+
+TEST_F(PictureResource, WhoseReferenceIsYieldedAsNullAddsNothingSilently) {
+    dialsim_yield_null("IRandomAccessStreamReferenceStatics::CreateFromStream", 1, 1);
+    EXPECT_TRUE(SetMenu(kWindow, {ResourcePNG(7, ModuleWithPng(), kPngResource)}));
+    EXPECT_EQ(dialsim_objects(kMenuItems), 0u);
+    EXPECT_EQ(dialsim_strings(), 0u);
+}
+
+// Unlike all other steps these two are tried once by each of the two attempts of the whole source.
+TEST_F(PictureResource, WhoseItemCannotBeMadeIsNamedWithItsStep) {
+    dialsim_fail(kCreateFromIcon, kFail, 1, 0);
+    EXPECT_TRUE(SetMenu(kWindow, {ResourcePNG(7, ModuleWithPng(), kPngResource)}));
+    EXPECT_EQ(dialsim_calls(kCreateFromIcon), 2u);
+    EXPECT_EQ(Printed(), NamedLine("CreateFromIcon", 715) + NamedLine("CreateFromIcon", 715) +
+                             NamedLine("AddMenuItemFromResourcePNG", 203));
+    EXPECT_EQ(dialsim_blocks(), 0u);
+}
+
+TEST_F(PictureResource, WhoseTagAlwaysFailsIsInTheMenuButNotRecorded) {
+    dialsim_fail(kPutTag, kFail, 1, 0);
+    EXPECT_TRUE(SetMenu(kWindow, {ResourcePNG(7, ModuleWithPng(), kPngResource)}));
+    EXPECT_EQ(dialsim_calls(kPutTag), 6u);
+    const std::string builder = Line(760) + Line(727);
+    EXPECT_EQ(Printed(), builder + builder + NamedLine("AddMenuItemFromResourcePNG", 203));
+    EXPECT_EQ(dialsim_objects(kMenuItems), 2u);
+    EXPECT_EQ(dialsim_strings(), 0u);
+}
+
+}  // namespace

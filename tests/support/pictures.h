@@ -1,0 +1,66 @@
+// Picture files and resources to make items from.
+#pragma once
+
+#include <brindle.h>
+
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+#include <vector>
+
+#ifdef _WIN32
+#include <windows.h>
+#endif
+
+#include "simulator/dialsim.h"
+
+// A picture of 2 by 3 pixels: enough of a PNG for its size to be read.
+inline const std::vector<std::uint8_t>& SmallPng() {
+    static const std::vector<std::uint8_t> bytes = {
+        0x89, 'P', 'N', 'G', '\r', '\n', 0x1A, '\n', 0, 0, 0, 13, 'I',  'H',  'D',  'R', 0,
+        0,    0,   2,   0,   0,    0,    3,    8,    6, 0, 0, 0,  0xB9, 0xEA, 0xDE, 0x81};
+    return bytes;
+}
+
+// A file in the folder for temporary files, gone with this object.
+class TemporaryFile {
+public:
+    TemporaryFile(const std::string& name, const std::vector<std::uint8_t>& bytes) : path_(Folder() + name) {
+        if (std::FILE* file = std::fopen(path_.c_str(), "wb")) {
+            std::fwrite(bytes.data(), 1, bytes.size(), file);
+            std::fclose(file);
+        }
+        wide_.assign(path_.begin(), path_.end());
+    }
+    TemporaryFile(const TemporaryFile&) = delete;
+    TemporaryFile& operator=(const TemporaryFile&) = delete;
+    ~TemporaryFile() { std::remove(path_.c_str()); }
+
+    const BrindleChar* Path() const { return wide_.c_str(); }
+
+private:
+    static std::string Folder() {
+#ifdef _WIN32
+        char folder[MAX_PATH + 1];
+        return {folder, GetTempPathA(sizeof folder, folder)};
+#else
+        return "/tmp/";
+#endif
+    }
+
+    std::string path_;
+    std::basic_string<BrindleChar> wide_;
+};
+
+// A module with a picture of 2 by 3 pixels under this identifier.
+inline constexpr std::uint16_t kPngResource = 101;
+inline std::uint64_t ModuleWithPng() {
+#ifdef _WIN32
+    return reinterpret_cast<std::uint64_t>(GetModuleHandleA(nullptr));
+#else
+    dialsim_add_resource(1, kPngResource, "PNG", SmallPng().data(),
+                         static_cast<std::uint32_t>(SmallPng().size()));
+    return 1;
+#endif
+}
