@@ -312,16 +312,16 @@ bool init_dial_listener(IDialHost* host);
  *
  *   true    the menu was replaced; an item that could not be made is missing and has its lines on standard
  *           output
- *   false   no listener, no menu, or the platform's factory for known icons is gone (the records from there on
- *           are then skipped)
+ *   false   no listener, no menu, or the platform's factory for known icons is gone (the records from there
+ * on are then skipped)
  *
- * A record of an unknown kind, or of a font file that does not exist, is skipped silently. Items from PNG files
- * appear after the call, when the platform has opened the file, in the order in which that happens; a file that
- * does not exist never appears. Call uninit only when those loads are over.
+ * A record of an unknown kind, or of a font file that does not exist, is skipped silently. Items from PNG
+ * files appear after the call, when the platform has opened the file, in the order in which that happens; a
+ * file that does not exist never appears. Call uninit only when those loads are over.
  *
- * An item's haptic_feedback is kept under its item_id from the first item that ever had it: a later item, of a
- * later menu too, with the same item_id shares the earlier one's setting. Use fresh identifiers for new meanings.
- * Items from PNG files have the setting 0.
+ * An item's haptic_feedback is kept under its item_id from the first item that ever had it: a later item, of
+ * a later menu too, with the same item_id shares the earlier one's setting. Use fresh identifiers for new
+ * meanings. Items from PNG files have the setting 0.
  *
  * Exceptions: a label or source text that the platform refuses or that is longer than 4294967295 units
  * (hresult_error), or no memory (std::bad_alloc); items made before stay.

@@ -72,7 +72,7 @@ private:
     void AddCustomFontItem(MenuEntry entry, const MenuItemDescription& item);
     // menu_item.cpp: what all sources end with.
     HRESULT AddItemToMenu(abi::IRadialControllerMenuItem* item, MenuEntry& entry);
-    HRESULT SubscribeInvoked(abi::IRadialControllerMenuItem& item, std::int64_t& token) noexcept;
+    HRESULT SubscribeInvoked(abi::IRadialControllerMenuItem& item, std::int64_t& token);
     // invocation.cpp
     HRESULT OnItemInvoked(abi::IRadialControllerMenuItem* sender, abi::IInspectable* args);
 

@@ -1,7 +1,6 @@
 // The system entries that a host wants to keep, as the platform reads them.
 #pragma once
 
-#include <algorithm>
 #include <atomic>
 #include <cstdint>
 #include <new>
@@ -62,11 +61,14 @@ public:
         return get_HasCurrent(result);
     }
     HRESULT GetMany(std::uint32_t count, SystemItemKind* items, std::uint32_t* result) noexcept override {
-        const std::size_t copied = std::min<std::size_t>(count, Left());
-        std::copy_n(sequence_->Kinds().begin() + static_cast<std::ptrdiff_t>(next_), copied, items);
-        next_ += copied;
-        *result = static_cast<std::uint32_t>(copied);
-        return sequence_->IsClosed() ? KindSequence::kClosed : S_OK;
+        *result = 0;
+        if (sequence_->IsClosed()) {
+            return KindSequence::kClosed;
+        }
+        while (*result < count && Left() > 0) {
+            items[(*result)++] = sequence_->Kinds()[next_++];
+        }
+        return S_OK;
     }
 
 private:

@@ -14,12 +14,12 @@ constexpr auto kAddedLine = Wide("Added %s to menu\n");
 
 }  // namespace
 
-HRESULT DialListener::SubscribeInvoked(abi::IRadialControllerMenuItem& item, std::int64_t& token) noexcept {
+HRESULT DialListener::SubscribeInvoked(abi::IRadialControllerMenuItem& item, std::int64_t& token) {
     using Handler = abi::TypedEventHandler<abi::RadialControllerMenuItem, abi::IInspectable>;
     const auto handler =
         MakeDelegate<Handler>([this](auto* sender, auto* args) { return OnItemInvoked(sender, args); });
     if (!handler) {
-        return E_OUTOFMEMORY;
+        throw std::bad_alloc();
     }
     EventRegistrationToken registration{};
     const HRESULT code = item.add_Invoked(handler.Get(), &registration);

@@ -80,6 +80,18 @@ TEST_F(CustomMenu, UnknownKindsAreSkippedSilently) {
     EXPECT_EQ(dialsim_objects(kMenuItems), 1u);
 }
 
+// Registration may end as a success without a controller: its first step failed once.
+TEST_F(CustomMenu, AListenerWithoutAControllerHasNoMenu) {
+    RecordingHost bare(99);
+    FailInTurn("RoGetActivationFactory(Windows.UI.Input.RadialController)", {kFail, 0, 0});
+    ASSERT_TRUE(init_dial_listener(&bare));
+    EXPECT_EQ(Printed(), "failed with 0 at line 458\n");
+    dialsim_clear_journal();
+    EXPECT_FALSE(SetMenu(99, {KnownIcon(1)}));
+    EXPECT_FALSE(set_current_custom_menu(99, 1));
+    EXPECT_EQ(Journal(), "");
+}
+
 TEST_F(CustomMenu, AMenuThatCannotBeHadIsAskedForThreeTimes) {
     FailInTurn("IRadialController::get_Menu", {kFail, kAccessDenied, kDisconnected});
     EXPECT_FALSE(SetMenu(kWindow, {KnownIcon(1)}));
