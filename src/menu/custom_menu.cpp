@@ -27,7 +27,7 @@ HRESULT DialListener::AddCustomMenu(const MenuItemDescription* items, std::uint3
     if (!controller_) {
         return E_FAIL;
     }
-    menu_.Reset();
+    // Fetched anew by every call and every attempt; the one before is released first.
     RETURN_IF_STEP_FAILS(124, controller_->get_Menu(menu_.Put()));
     if (!menu_) {
         return E_NOINTERFACE;
