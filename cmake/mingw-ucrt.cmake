@@ -3,7 +3,7 @@
 #     cmake --preset windows && cmake --build --preset windows
 #
 # Debian's compiler links msvcrt.dll. A host built with any current compiler uses the UCRT instead, and free() there
-# must find the heap of malloc() here, so the compiler's link specification is rewritten to name the UCRT.
+# must find the heap of malloc() here, so the compiler's specs are rewritten to name the UCRT.
 # The compiler is the one with the Win32 thread model: it needs no thread library beside the DLL.
 
 set(CMAKE_SYSTEM_NAME Windows)

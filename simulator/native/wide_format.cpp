@@ -15,7 +15,7 @@ using dialsim::WideView;
 constexpr WideView kConversions = u"dioxXucsfFeEgGaApn%";
 
 // One conversion, from % to its letter.
-std::string TakeSpecification(WideView& format) {
+std::string TakeConversion(WideView& format) {
     const std::size_t end = format.find_first_of(kConversions, 1);
     const WideView whole = format.substr(0, end == WideView::npos ? format.size() : end + 1);
     format.remove_prefix(whole.size());
@@ -23,12 +23,12 @@ std::string TakeSpecification(WideView& format) {
 }
 
 template <class Value>
-WideString Convert(const std::string& specification, Value value) {
+WideString Convert(const std::string& conversion, Value value) {
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wformat-nonliteral"
-    const int length = std::snprintf(nullptr, 0, specification.c_str(), value);
+    const int length = std::snprintf(nullptr, 0, conversion.c_str(), value);
     std::string text(static_cast<std::size_t>(length), '\0');
-    std::snprintf(text.data(), text.size() + 1, specification.c_str(), value);
+    std::snprintf(text.data(), text.size() + 1, conversion.c_str(), value);
 #pragma GCC diagnostic pop
     return dialsim::Widen(text);
 }
@@ -43,8 +43,8 @@ int _vsnwprintf(WCHAR* buffer, std::size_t size, const WCHAR* format, std::va_li
             rest.remove_prefix(1);
             continue;
         }
-        const std::string specification = TakeSpecification(rest);
-        switch (specification.back()) {
+        const std::string conversion = TakeConversion(rest);
+        switch (conversion.back()) {
             case '%':
                 text += u'%';
                 break;
@@ -52,11 +52,11 @@ int _vsnwprintf(WCHAR* buffer, std::size_t size, const WCHAR* format, std::va_li
                 text += va_arg(arguments, const WCHAR*);
                 break;
             case 'f':
-                text += Convert(specification, va_arg(arguments, double));
+                text += Convert(conversion, va_arg(arguments, double));
                 break;
             case 'd':
             case 'x':
-                text += Convert(specification, va_arg(arguments, int));
+                text += Convert(conversion, va_arg(arguments, int));
                 break;
             default:
                 return -1;
