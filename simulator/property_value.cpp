@@ -173,21 +173,4 @@ Ref<abi::IInspectable> BoxText(const std::string& text) {
     return Ref<abi::IInspectable>::Adopt(new BoxedValue({PropertyType::String, Widen(text)}));
 }
 
-std::string Describe(abi::IInspectable* value) {
-    const auto* boxed = dynamic_cast<BoxedValue*>(value);
-    if (boxed == nullptr) {
-        return value == nullptr ? "null" : "object";
-    }
-    switch (boxed->value().type) {
-        case PropertyType::UInt32:
-            return "UInt32 " + std::to_string(std::get<std::uint32_t>(boxed->value().held));
-        case PropertyType::Int32:
-            return "Int32 " + std::to_string(std::get<std::int32_t>(boxed->value().held));
-        case PropertyType::String:
-            return "String \"" + Narrow(std::get<WideString>(boxed->value().held)) + "\"";
-        default:
-            return "type " + std::to_string(static_cast<int>(boxed->value().type));
-    }
-}
-
 }  // namespace dialsim

@@ -18,7 +18,4 @@ std::optional<std::uint32_t> NumberIn(abi::IInspectable* value);
 Ref<abi::IInspectable> BoxNumber(std::uint32_t number);
 Ref<abi::IInspectable> BoxText(const std::string& text);
 
-// A boxed value as text, "UInt32 7", for those who show it; "null" without one.
-std::string Describe(abi::IInspectable* value);
-
 }  // namespace dialsim

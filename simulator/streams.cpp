@@ -1,7 +1,6 @@
 #include "simulator/streams.h"
 
-#include <atomic>
-
+#include "simulator/classic_stream.h"
 #include "simulator/files.h"
 #include "simulator/storage_file.h"
 
@@ -12,36 +11,12 @@ namespace {
 constexpr std::uint32_t kSeekFromHere = 1;
 constexpr std::uint32_t kSeekFromEnd = 2;
 
-// No object of the Windows Runtime, so not an Object.
-class WatchedStream final : public abi::IStream {
+class WatchedStream final : public ClassicStream {
     using Interface = abi::IStream;
 
 public:
     explicit WatchedStream(Ref<abi::IStream> stream) : stream_(std::move(stream)) {
         TheAccounts().Made(this, "IStream", references_);
-    }
-
-    HRESULT QueryInterface(const GUID& iid, void** object) noexcept override {
-        if (object == nullptr) {
-            return E_POINTER;
-        }
-        const bool answered = abi::SameId(iid, abi::IUnknown::Iid) ||
-                              abi::SameId(iid, abi::ISequentialStream::Iid) ||
-                              abi::SameId(iid, abi::IStream::Iid);
-        *object = answered ? this : nullptr;
-        if (!answered) {
-            return E_NOINTERFACE;
-        }
-        AddRef();
-        return S_OK;
-    }
-    std::uint32_t AddRef() noexcept override { return ++references_; }
-    std::uint32_t Release() noexcept override {
-        const std::uint32_t left = --references_;
-        if (left == 0) {
-            delete this;
-        }
-        return left;
     }
 
     HRESULT Read(void* bytes, std::uint32_t count, std::uint32_t* read) noexcept override {
@@ -88,7 +63,7 @@ public:
     }
 
 private:
-    ~WatchedStream() { TheAccounts().Gone(this); }
+    ~WatchedStream() override { TheAccounts().Gone(this); }
 
     // Who moves bytes may not want to hear how many. What yields nothing moves none.
     template <class Body>
@@ -102,7 +77,6 @@ private:
         return code;
     }
 
-    std::atomic<std::uint32_t> references_{1};
     const Ref<abi::IStream> stream_;
 };
 

@@ -1,10 +1,9 @@
 // Global blocks, and the stream over one.
 #include <algorithm>
-#include <atomic>
 #include <cstdlib>
 #include <cstring>
 
-#include "platform/interfaces/stream.h"
+#include "simulator/classic_stream.h"
 #include "simulator/underlying.h"
 
 namespace dialsim {
@@ -25,29 +24,9 @@ struct Block {
 Block* At(HGLOBAL handle) { return static_cast<Block*>(handle); }
 
 // Of fixed size. Whoever freed the block must not use the stream any more, but may let go of it.
-class BlockStream final : public abi::IStream {
+class BlockStream final : public ClassicStream {
 public:
     BlockStream(HGLOBAL block, bool owned) : block_(block), owned_(owned) {}
-
-    HRESULT QueryInterface(const GUID& iid, void** object) noexcept override {
-        const bool answered = abi::SameId(iid, abi::IUnknown::Iid) ||
-                              abi::SameId(iid, abi::ISequentialStream::Iid) ||
-                              abi::SameId(iid, abi::IStream::Iid);
-        *object = answered ? this : nullptr;
-        if (!answered) {
-            return E_NOINTERFACE;
-        }
-        AddRef();
-        return S_OK;
-    }
-    std::uint32_t AddRef() noexcept override { return ++references_; }
-    std::uint32_t Release() noexcept override {
-        const std::uint32_t left = --references_;
-        if (left == 0) {
-            delete this;
-        }
-        return left;
-    }
 
     HRESULT Read(void* bytes, std::uint32_t count, std::uint32_t* read) noexcept override {
         const std::size_t moved = Room(count);
@@ -97,7 +76,7 @@ public:
     }
 
 private:
-    ~BlockStream() {
+    ~BlockStream() override {
         if (owned_) {
             underlying::GlobalFree(block_);
         }
@@ -114,7 +93,6 @@ private:
         }
     }
 
-    std::atomic<std::uint32_t> references_{1};
     const HGLOBAL block_;
     const bool owned_;
     std::uint64_t position_ = 0;
