@@ -142,6 +142,72 @@ void dialsim_abandon_pending(void);
  */
 void dialsim_wait_for_async(void);
 
+/* How long operations on threads of the simulator's take, in milliseconds after they got a handler; 0 at the
+ * start. Natively the clock decides: they complete when Sleep or dialsim_wait has moved it that far. */
+void dialsim_async_delay(uint32_t milliseconds);
+
+/* --- devices
+ * ------------------------------------------------------------------------------------------------------- */
+
+/*
+ * The device interfaces of the machine. An enumeration finds those that its filter asks for, in this order,
+ * as they are when it starts. At the start there is one: the dial, enabled. Filters are conjunctions of the
+ * properties System.Devices.InterfaceClassGuid and System.Devices.InterfaceEnabled; the platform's
+ * E_INVALIDARG answers any other.
+ *
+ *   id                a device-interface Id; null puts an entry without an object into every result
+ *   interface_class   a GUID in braces; null: the dial's
+ */
+void dialsim_add_device(const char* id, const char* interface_class, bool enabled);
+void dialsim_remove_devices(void);
+/* Enumerations that start from now on end as failed, with this code; 0: they find what there is. */
+void dialsim_fail_devices(int32_t code);
+
+/* --- settings and credentials
+ * --------------------------------------------------------------------------------------- */
+
+/*
+ * Three stores: the roaming and the local settings of the application, and the user's credential vault. Each
+ * is a JSON file in one folder, roaming.json, local.json and vault.json, the last readable by its owner only.
+ * A change replaces the file at once, so that whatever ends the process leaves the old or the new state, and
+ * several processes may change the stores of one folder side by side. A missing file is an empty store. One
+ * that is damaged is never overwritten: every operation on it fails, with 0x80073DB8
+ * (ERROR_STATE_LOAD_STORE_FAILED) for settings and 0x80070570 (ERROR_FILE_CORRUPT) for the vault, and the
+ * first one says what is wrong on standard error.
+ *
+ * What the platform refuses is refused here with its codes: a setting's name above 255 characters
+ * (0x80073DC9) and a value above 8192 bytes (0x80073DC8); a credential with an empty resource, user name or
+ * password (E_INVALIDARG); retrieving, removing or searching for what is not there (0x80070490,
+ * ERROR_NOT_FOUND). Adding a credential that is there replaces its password. A setting that is not there is
+ * looked up as null.
+ *
+ * The folder is the one given here; with null (at the start) that of the environment variable DIALSIM_STORES,
+ * and without it dialsim in the user's own local data: %LOCALAPPDATA%, natively $XDG_STATE_HOME or
+ * ~/.local/state. It is made when it is first needed. dialsim_reset changes neither folder nor files.
+ */
+void dialsim_set_stores(const char* folder);
+/* Whether the program runs with the identity of a package. One without has no application data: its Current
+ * fails with 0x80073D54 (APPMODEL_ERROR_NO_PACKAGE), and the vault alone remains. At the start: without,
+ * unless the environment variable DIALSIM_PACKAGED is 1. */
+void dialsim_set_packaged(bool packaged);
+
+/* A store ("roaming", "local", "vault") as text, an entry a line, in the order of their keys:
+ *
+ *   "brush" String "Palette"
+ *   "runs" Int32 3
+ *   "resource" "user name" "password"      in the vault
+ *
+ * Empty without entries; "damaged\n" for a store that cannot be read. Not journaled, and neither is what
+ * follows. */
+size_t dialsim_store(const char* store, char* buffer, size_t size);
+/* Puts an entry of any type that the stores keep: "String", "Int32", "UInt32", "Int64", "UInt64", "UInt8",
+ * "Int16", "UInt16", "Boolean" ("true", "false"), or "composite", an object that is no value (`value` is
+ * ignored). False when the store refuses it, or there is no such store or type. */
+bool dialsim_put_setting(const char* store, const char* key, const char* type, const char* value);
+bool dialsim_put_credential(const char* resource, const char* user_name, const char* password);
+/* Deletes the three files, damaged ones too; false when that fails. */
+bool dialsim_clear_stores(void);
+
 /* --- what modules hold
  * ------------------------------------------------------------------------------------------- */
 
@@ -156,6 +222,10 @@ bool dialsim_add_resource(uint64_t module, uint16_t id, const char* type, const 
 uint64_t dialsim_now(void);
 /* Lets time pass: natively the clock is set forward at once, on Windows the calling thread sleeps. */
 void dialsim_wait(uint32_t milliseconds);
+/* Natively the platform's Sleep does not sleep: it sets the clock forward, and returns when what is then due
+ * on threads of the simulator's has been done. On Windows it sleeps, unless told to skip that: it then
+ * returns at once, and no time passes. */
+void dialsim_skip_sleeps(bool skip);
 /* Natively sets the clock and gives true; on Windows the clock is the system's and the answer is false. */
 bool dialsim_set_clock(uint64_t milliseconds);
 
@@ -176,12 +246,15 @@ enum {
  *   wait MS              window HANDLE       haptics WAVEFORM... thread own|caller
  *   fail OPERATION CODE [FROM [TIMES]]       fail-late OPERATION CODE [FROM [TIMES]]
  *   null OPERATION [FROM [TIMES]]
- *   async at-once|held|own-thread            complete INDEX|all  settle
+ *   async at-once|held|own-thread            delay MS            complete INDEX|all  settle
+ *   no-devices                               device ID [disabled]
+ *   packaged            unpackaged           show stores
  *   show journal         show accounts       show menu           draw menu FILE
  *
  * `window` directs what follows (0, the newest, at the start). False when a line cannot be understood;
  * nothing of the script is then played, and `error` says which line and why. `settle` is
- * dialsim_wait_for_async; `draw menu` writes the picture to a file.
+ * dialsim_wait_for_async, `delay` dialsim_async_delay; `draw menu` writes the picture to a file; `show
+ * stores` prints the three stores, each under its name.
  */
 bool dialsim_play(const char* script, uint32_t flags, char* error, size_t error_size);
 
@@ -237,9 +310,10 @@ uint32_t dialsim_handlers(void);
 size_t dialsim_accounts(char* buffer, size_t size);
 
 /* Back to the start: no faults, an empty journal, the dial off the screen, button up, default haptics, no
- * resources, the system's entries in every menu, and fresh accounts (what is still out is no longer counted).
- * Waits for dialsim_wait_for_async and abandons what is pending; controllers and operations that still exist
- * no longer take part. */
+ * resources, the dial alone among the devices, packaged as at the start, sleeps that sleep, the system's
+ * entries in every menu, and fresh accounts (what is still out is no longer counted). Waits for
+ * dialsim_wait_for_async and abandons what is pending; controllers and operations that still exist no longer
+ * take part. */
 void dialsim_reset(void);
 
 /* --- the library under test
