@@ -1,8 +1,10 @@
 #include "simulator/activation.h"
 
+#include "platform/interfaces/devices.h"
 #include "simulator/api_information.h"
 #include "simulator/configuration.h"
 #include "simulator/controller.h"
+#include "simulator/devices.h"
 #include "simulator/menu.h"
 #include "simulator/property_value.h"
 #include "simulator/storage_file.h"
@@ -25,6 +27,7 @@ constexpr ActivatableClassEntry kClasses[] = {
     {abi::RadialController::Name, MakeControllerFactory},
     {abi::RadialControllerConfiguration::Name, MakeConfigurationFactory},
     {abi::RadialControllerMenuItem::Name, MakeMenuItemStatics},
+    {abi::DeviceInformation::Name, MakeDeviceInformationStatics},
     {abi::PropertyValue::Name, MakePropertyValueStatics},
     {abi::RandomAccessStreamReference::Name, MakeStreamReferenceStatics},
     {abi::StorageFile::Name, MakeStorageFileStatics},

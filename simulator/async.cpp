@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "simulator/clock.h"
 #include "simulator/control.h"
 #include "simulator/dialsim.h"
 #include "simulator/underlying.h"
@@ -65,19 +66,22 @@ void Operations::Attached(Completable* operation) {
     slot->kept = operation->TryHold();
     if (slot->mode == AsyncMode::OwnThread) {
         const auto index = static_cast<std::uint32_t>(slot - slots_.data());
-        threads_.push_back(StartThread([this, operation, index] {
-            Completable* taken = nullptr;
-            {
-                const std::lock_guard thread_guard(mutex_);
-                const bool here = index < slots_.size() && slots_[index].operation == operation;
-                taken = here ? Take(slots_[index]) : nullptr;
-            }
-            if (taken != nullptr) {
-                const InApartment apartment;
-                taken->Complete({});
-                taken->LetGo();
-            }
-        }));
+        RunAfter(delay_, [this, operation, index] { CompleteOnOwnThread(operation, index); });
+    }
+}
+
+// It may have been completed otherwise or abandoned in the meantime.
+void Operations::CompleteOnOwnThread(Completable* operation, std::uint32_t index) {
+    Completable* taken = nullptr;
+    {
+        const std::lock_guard guard(mutex_);
+        const bool here = index < slots_.size() && slots_[index].operation == operation;
+        taken = here ? Take(slots_[index]) : nullptr;
+    }
+    if (taken != nullptr) {
+        const InApartment apartment;
+        taken->Complete({});
+        taken->LetGo();
     }
 }
 
@@ -91,6 +95,11 @@ void Operations::Answered(Completable* operation, HRESULT code) {
 void Operations::SetMode(AsyncMode mode) {
     const std::lock_guard guard(mutex_);
     mode_ = mode;
+}
+
+void Operations::SetDelay(std::uint32_t milliseconds) {
+    const std::lock_guard guard(mutex_);
+    delay_ = milliseconds;
 }
 
 std::uint32_t Operations::Pending() {
@@ -141,21 +150,6 @@ HRESULT Operations::CompletionCode(std::uint32_t index) {
     return index < slots_.size() ? slots_[index].code : kOutOfBounds;
 }
 
-void Operations::WaitForThreads() {
-    // Who comes second waits for the first to have waited.
-    const std::lock_guard wait_guard(wait_mutex_);
-    for (std::vector<Thread> running = TakeThreads(); !running.empty(); running = TakeThreads()) {
-        for (Thread& thread : running) {
-            Join(thread);
-        }
-    }
-}
-
-std::vector<Thread> Operations::TakeThreads() {
-    const std::lock_guard guard(mutex_);
-    return std::exchange(threads_, {});
-}
-
 void Operations::Abandon() {
     std::vector<Completable*> kept;
     {
@@ -172,11 +166,12 @@ void Operations::Abandon() {
 }
 
 void Operations::Reset() {
-    WaitForThreads();
+    WaitForActions();
     Abandon();
     const std::lock_guard guard(mutex_);
     slots_.clear();
     mode_ = AsyncMode::OwnThread;
+    delay_ = 0;
 }
 
 Operations::Slot* Operations::Find(Completable* operation) {

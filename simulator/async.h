@@ -49,11 +49,12 @@ public:
     void Answered(Completable* operation, HRESULT code);
 
     void SetMode(AsyncMode mode);
+    // How long those on threads of their own take.
+    void SetDelay(std::uint32_t milliseconds);
     std::uint32_t Pending();
     HRESULT Complete(std::uint32_t index, std::optional<abi::AsyncStatus> status);
     HRESULT CompleteAll();
     HRESULT CompletionCode(std::uint32_t index);
-    void WaitForThreads();
     // Those that have not completed never will.
     void Abandon();
     void Reset();
@@ -67,16 +68,15 @@ private:
         HRESULT code = kPending;
     };
 
-    std::vector<Thread> TakeThreads();
+    void CompleteOnOwnThread(Completable* operation, std::uint32_t index);
     Slot* Find(Completable* operation);
     // Marks it completed, and takes over or gets a reference; null when it cannot be completed.
     Completable* Take(Slot& slot);
 
     Mutex mutex_;
-    Mutex wait_mutex_;
     AsyncMode mode_ = AsyncMode::OwnThread;
+    std::uint32_t delay_ = 0;
     std::vector<Slot> slots_;
-    std::vector<Thread> threads_;
 };
 
 Operations& TheOperations();

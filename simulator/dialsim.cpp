@@ -10,6 +10,7 @@
 #include "simulator/configuration.h"
 #include "simulator/control.h"
 #include "simulator/controller.h"
+#include "simulator/devices.h"
 #include "simulator/dial.h"
 #include "simulator/files.h"
 #include "simulator/journal.h"
@@ -18,6 +19,7 @@
 #include "simulator/property_value.h"
 #include "simulator/resources.h"
 #include "simulator/script.h"
+#include "simulator/threads.h"
 
 namespace {
 
@@ -40,8 +42,7 @@ bool AddFault(const Fault& fault) {
     return true;
 }
 
-Mutex scripts_mutex;
-std::vector<Thread>& scripts = *new std::vector<Thread>;  // never destroyed: a script may outlive main
+Threads& scripts = *new Threads;  // never destroyed: a script may outlive main
 
 Ref<Controller> NewestOf(std::uint64_t window) {
     const auto controllers = TheDial().ControllersOf(window);
@@ -134,7 +135,14 @@ int32_t dialsim_complete_as(uint32_t index, int32_t status) {
 uint32_t dialsim_pending() { return TheOperations().Pending(); }
 int32_t dialsim_completion_code(uint32_t index) { return TheOperations().CompletionCode(index); }
 void dialsim_abandon_pending() { TheOperations().Abandon(); }
-void dialsim_wait_for_async() { TheOperations().WaitForThreads(); }
+void dialsim_wait_for_async() { WaitForActions(); }
+void dialsim_async_delay(uint32_t milliseconds) { TheOperations().SetDelay(milliseconds); }
+
+void dialsim_add_device(const char* id, const char* interface_class, bool enabled) {
+    TheDevices().Add(id, interface_class, enabled);
+}
+void dialsim_remove_devices() { TheDevices().RemoveAll(); }
+void dialsim_fail_devices(int32_t code) { TheDevices().Fail(code); }
 
 bool dialsim_add_resource(uint64_t module, uint16_t id, const char* type, const void* bytes, uint32_t size) {
     return AddResource(module, id, type, std::string(static_cast<const char*>(bytes), size));
@@ -142,6 +150,7 @@ bool dialsim_add_resource(uint64_t module, uint16_t id, const char* type, const 
 
 uint64_t dialsim_now() { return ClockNow(); }
 void dialsim_wait(uint32_t milliseconds) { Wait(milliseconds, false); }
+void dialsim_skip_sleeps(bool skip) { SkipSleeps(skip); }
 bool dialsim_set_clock(uint64_t milliseconds) { return SetClock(milliseconds); }
 
 bool dialsim_play(const char* script, uint32_t flags, char* error, size_t error_size) {
@@ -152,22 +161,14 @@ bool dialsim_play(const char* script, uint32_t flags, char* error, size_t error_
 
 void dialsim_play_in_background(const char* script, uint32_t flags,
                                 void (*done)(void* context, const char* error), void* context) {
-    const std::lock_guard guard(scripts_mutex);
-    scripts.push_back(StartThread([script = std::string(script), flags, done, context] {
+    scripts.Start([script = std::string(script), flags, done, context] {
         const std::string reason = PlayScript(script, (flags & DIALSIM_REAL_TIME) != 0);
         done(context, reason.empty() ? nullptr : reason.c_str());
-    }));
+    });
 }
 void dialsim_wait_for_scripts() {
-    std::vector<Thread> running;
-    {
-        const std::lock_guard guard(scripts_mutex);
-        running.swap(scripts);
-    }
-    for (Thread& script : running) {
-        Join(script);
-    }
-    TheOperations().WaitForThreads();
+    scripts.WaitForAll();
+    WaitForActions();
 }
 
 bool dialsim_fail(const char* operation, int32_t code, uint32_t from, uint32_t times) {
@@ -201,6 +202,8 @@ void dialsim_reset() {
     ResetConfigurations();
     ResetResources();
     ResetFiles();
+    TheDevices().Reset();
+    SkipSleeps(false);
     TheJournal().Reset();
     TheAccounts().Reset();
     TheDial().Reset();

@@ -12,6 +12,7 @@
 #include "simulator/async.h"
 #include "simulator/clock.h"
 #include "simulator/control.h"
+#include "simulator/devices.h"
 #include "simulator/dial.h"
 #include "simulator/dialsim.h"
 #include "simulator/files.h"
@@ -184,6 +185,10 @@ const Command kCommands[] = {
      [](const Words& words) -> Action {
          return Quiet([mode = ParseMode(words[1])](Player&) { TheOperations().SetMode(mode); });
      }},
+    {"delay", 2, 2,
+     [](const Words& words) -> Action {
+         return Quiet([time = Parse<std::uint32_t>(words[1])](Player&) { TheOperations().SetDelay(time); });
+     }},
     {"complete", 2, 2,
      [](const Words& words) -> Action {
          if (words[1] == "all") {
@@ -193,8 +198,18 @@ const Command kCommands[] = {
              return TheOperations().Complete(index, {});
          };
      }},
-    {"settle", 1, 1,
-     [](const Words&) -> Action { return Quiet([](Player&) { TheOperations().WaitForThreads(); }); }},
+    {"settle", 1, 1, [](const Words&) -> Action { return Quiet([](Player&) { WaitForActions(); }); }},
+    {"no-devices", 1, 1,
+     [](const Words&) -> Action { return Quiet([](Player&) { TheDevices().RemoveAll(); }); }},
+    {"device", 2, 3,
+     [](const Words& words) -> Action {
+         if (words.size() == 3 && words[2] != "disabled") {
+             throw Misunderstood("'" + words[2] + "' is not 'disabled'");
+         }
+         return Quiet([id = words[1], enabled = words.size() == 2](Player&) {
+             TheDevices().Add(id.c_str(), nullptr, enabled);
+         });
+     }},
     {"show", 2, 2, [](const Words& words) -> Action { return ParseShown(words[1]); }},
     {"draw", 3, 3,
      [](const Words& words) -> Action {

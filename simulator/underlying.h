@@ -16,13 +16,20 @@ HRESULT WindowsCreateStringReference(const WCHAR* text, UINT length, HSTRING_HEA
 HRESULT WindowsDuplicateString(HSTRING string, HSTRING* copy);
 HRESULT WindowsDeleteString(HSTRING string);
 const WCHAR* WindowsGetStringRawBuffer(HSTRING string, UINT* length);
+UINT WindowsGetStringLen(HSTRING string);
 HRESULT WindowsPreallocateStringBuffer(UINT length, WCHAR** characters, HSTRING_BUFFER* buffer);
 HRESULT WindowsPromoteStringBuffer(HSTRING_BUFFER buffer, HSTRING* string);
 HRESULT WindowsDeleteStringBuffer(HSTRING_BUFFER buffer);
 
+HRESULT CoCreateFreeThreadedMarshaler(::IUnknown* outer, ::IUnknown** marshaler);
+
 ULONGLONG GetTickCount64();
+void Sleep(DWORD milliseconds);
 int MultiByteToWideChar(UINT code_page, DWORD flags, const char* bytes, int byte_count, WCHAR* wide,
                         int wide_count);
+int _wcsnicmp(const WCHAR* a, const WCHAR* b, std::size_t count);
+int wcscpy_s(WCHAR* copy, std::size_t size, const WCHAR* text);
+LONG wcstol(const WCHAR* text, WCHAR** end, int base);
 
 BOOL PathFileExistsW(const WCHAR* path);
 DWORD GetShortPathNameW(const WCHAR* path, WCHAR* short_path, DWORD characters);

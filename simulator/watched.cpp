@@ -1,5 +1,6 @@
 #include "simulator/watched.h"
 
+#include <cerrno>
 #include <string>
 
 #include "simulator/accounts.h"
@@ -60,6 +61,14 @@ BOOL RoOriginateLanguageException(HRESULT code, HSTRING message, ::IUnknown* lan
     return answer;
 }
 
+HRESULT WindowsCreateString(const WCHAR* text, UINT length, HSTRING* string) {
+    return PerformInto("WindowsCreateString", text == nullptr ? "null" : Narrow({text, length}), string, [&] {
+        const HRESULT code = underlying::WindowsCreateString(text, length, string);
+        TheAccounts().StringTaken(*string);
+        return code;
+    });
+}
+
 HRESULT WindowsCreateStringReference(const WCHAR* text, UINT length, HSTRING_HEADER* header,
                                      HSTRING* string) {
     const std::string shown = text == nullptr ? "null" : Narrow({text, length});
@@ -93,6 +102,12 @@ const WCHAR* WindowsGetStringRawBuffer(HSTRING string, UINT* length) {
     return underlying::WindowsGetStringRawBuffer(shown, length);
 }
 
+// Nor can this: a fault makes the length 0.
+UINT WindowsGetStringLen(HSTRING string) {
+    return PerformFor("WindowsGetStringLen", Narrow(View(string)), UINT{0},
+                      [&] { return underlying::WindowsGetStringLen(string); });
+}
+
 HRESULT WindowsPreallocateStringBuffer(UINT length, WCHAR** characters, HSTRING_BUFFER* buffer) {
     return PerformInto("WindowsPreallocateStringBuffer", std::to_string(length), buffer, [&] {
         return underlying::WindowsPreallocateStringBuffer(length, characters, buffer);
@@ -112,6 +127,11 @@ HRESULT WindowsDeleteStringBuffer(HSTRING_BUFFER buffer) {
                    [&] { return underlying::WindowsDeleteStringBuffer(buffer); });
 }
 
+HRESULT CoCreateFreeThreadedMarshaler(::IUnknown* outer, ::IUnknown** marshaler) {
+    return PerformInto("CoCreateFreeThreadedMarshaler", "", marshaler,
+                       [&] { return underlying::CoCreateFreeThreadedMarshaler(outer, marshaler); });
+}
+
 ULONGLONG GetTickCount64() {
     ULONGLONG now = 0;
     Perform("GetTickCount64", "", [&] {
@@ -119,6 +139,13 @@ ULONGLONG GetTickCount64() {
         return S_OK;
     });
     return now;
+}
+
+void Sleep(DWORD milliseconds) {
+    Perform("Sleep", std::to_string(milliseconds), [&] {
+        underlying::Sleep(milliseconds);
+        return S_OK;
+    });
 }
 
 int MultiByteToWideChar(UINT code_page, DWORD flags, const char* bytes, int byte_count, WCHAR* wide,
@@ -129,6 +156,23 @@ int MultiByteToWideChar(UINT code_page, DWORD flags, const char* bytes, int byte
         return S_OK;
     });
     return answer;
+}
+
+int _wcsnicmp(const WCHAR* a, const WCHAR* b, std::size_t count) {
+    return PerformFor("_wcsnicmp", Narrow(a) + ", " + Narrow(b) + ", " + std::to_string(count), 1,
+                      [&] { return underlying::_wcsnicmp(a, b, count); });
+}
+
+// The runtime library ends a process whose buffer is too small; only a fault can bring that about here.
+int wcscpy_s(WCHAR* copy, std::size_t size, const WCHAR* text) {
+    return PerformFor("wcscpy_s", std::to_string(size), ERANGE, [&] {
+        return WideView(text).size() < size ? underlying::wcscpy_s(copy, size, text) : ERANGE;
+    });
+}
+
+LONG wcstol(const WCHAR* text, WCHAR** end, int base) {
+    return PerformFor("wcstol", Narrow(text) + ", " + std::to_string(base), LONG{0},
+                      [&] { return underlying::wcstol(text, end, base); });
 }
 
 BOOL PathFileExistsW(const WCHAR* path) {

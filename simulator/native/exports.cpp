@@ -13,6 +13,9 @@ BOOL RoOriginateLanguageException(HRESULT code, HSTRING message, IUnknown* langu
     return watched::RoOriginateLanguageException(code, message, language_exception);
 }
 
+HRESULT WindowsCreateString(const WCHAR* text, UINT length, HSTRING* string) {
+    return watched::WindowsCreateString(text, length, string);
+}
 HRESULT WindowsCreateStringReference(const WCHAR* text, UINT length, HSTRING_HEADER* header,
                                      HSTRING* string) {
     return watched::WindowsCreateStringReference(text, length, header, string);
@@ -24,6 +27,7 @@ HRESULT WindowsDeleteString(HSTRING string) { return watched::WindowsDeleteStrin
 const WCHAR* WindowsGetStringRawBuffer(HSTRING string, UINT* length) {
     return watched::WindowsGetStringRawBuffer(string, length);
 }
+UINT WindowsGetStringLen(HSTRING string) { return watched::WindowsGetStringLen(string); }
 HRESULT WindowsPreallocateStringBuffer(UINT length, WCHAR** characters, HSTRING_BUFFER* buffer) {
     return watched::WindowsPreallocateStringBuffer(length, characters, buffer);
 }
@@ -34,11 +38,19 @@ HRESULT WindowsDeleteStringBuffer(HSTRING_BUFFER buffer) {
     return watched::WindowsDeleteStringBuffer(buffer);
 }
 
+HRESULT CoCreateFreeThreadedMarshaler(IUnknown* outer, IUnknown** marshaler) {
+    return watched::CoCreateFreeThreadedMarshaler(outer, marshaler);
+}
+
 ULONGLONG GetTickCount64() { return watched::GetTickCount64(); }
+void Sleep(DWORD milliseconds) { watched::Sleep(milliseconds); }
 int MultiByteToWideChar(UINT code_page, DWORD flags, const char* bytes, int byte_count, WCHAR* wide,
                         int wide_count) {
     return watched::MultiByteToWideChar(code_page, flags, bytes, byte_count, wide, wide_count);
 }
+int _wcsnicmp(const WCHAR* a, const WCHAR* b, std::size_t count) { return watched::_wcsnicmp(a, b, count); }
+int wcscpy_s(WCHAR* copy, std::size_t size, const WCHAR* text) { return watched::wcscpy_s(copy, size, text); }
+LONG wcstol(const WCHAR* text, WCHAR** end, int base) { return watched::wcstol(text, end, base); }
 
 BOOL PathFileExistsW(const WCHAR* path) { return watched::PathFileExistsW(path); }
 DWORD GetShortPathNameW(const WCHAR* path, WCHAR* short_path, DWORD characters) {

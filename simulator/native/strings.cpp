@@ -112,6 +112,8 @@ const WCHAR* WindowsGetStringRawBuffer(HSTRING string, UINT* length) {
     return string == nullptr ? u"" : string->characters;
 }
 
+UINT WindowsGetStringLen(HSTRING string) { return string == nullptr ? 0 : string->length; }
+
 HRESULT WindowsPreallocateStringBuffer(UINT length, WCHAR** characters, HSTRING_BUFFER* buffer) {
     CountedString* made = Allocate(length);
     if (made == nullptr) {

@@ -46,6 +46,8 @@ BOOL RoOriginateLanguageException(HRESULT, HSTRING, ::IUnknown*) { return 1; }
 
 ULONGLONG GetTickCount64() { return ClockNow(); }
 
+void Sleep(DWORD milliseconds) { PlatformSleep(milliseconds); }
+
 int MultiByteToWideChar(UINT, DWORD, const char* bytes, int byte_count, WCHAR* wide, int wide_count) {
     const WideString text = Widen({bytes, static_cast<std::size_t>(byte_count)});
     if (wide_count == 0) {

@@ -1,6 +1,8 @@
 // The system's own functions.
 #include "simulator/underlying.h"
 
+#include "simulator/clock.h"
+
 namespace dialsim::underlying {
 
 HRESULT RoInitialize(RO_INIT_TYPE type) { return ::RoInitialize(type); }
@@ -26,6 +28,7 @@ HRESULT WindowsDeleteString(HSTRING string) { return ::WindowsDeleteString(strin
 const WCHAR* WindowsGetStringRawBuffer(HSTRING string, UINT* length) {
     return ::WindowsGetStringRawBuffer(string, length);
 }
+UINT WindowsGetStringLen(HSTRING string) { return ::WindowsGetStringLen(string); }
 HRESULT WindowsPreallocateStringBuffer(UINT length, WCHAR** characters, HSTRING_BUFFER* buffer) {
     return ::WindowsPreallocateStringBuffer(length, characters, buffer);
 }
@@ -34,11 +37,19 @@ HRESULT WindowsPromoteStringBuffer(HSTRING_BUFFER buffer, HSTRING* string) {
 }
 HRESULT WindowsDeleteStringBuffer(HSTRING_BUFFER buffer) { return ::WindowsDeleteStringBuffer(buffer); }
 
+HRESULT CoCreateFreeThreadedMarshaler(::IUnknown* outer, ::IUnknown** marshaler) {
+    return ::CoCreateFreeThreadedMarshaler(outer, marshaler);
+}
+
 ULONGLONG GetTickCount64() { return ::GetTickCount64(); }
+void Sleep(DWORD milliseconds) { PlatformSleep(milliseconds); }
 int MultiByteToWideChar(UINT code_page, DWORD flags, const char* bytes, int byte_count, WCHAR* wide,
                         int wide_count) {
     return ::MultiByteToWideChar(code_page, flags, bytes, byte_count, wide, wide_count);
 }
+int _wcsnicmp(const WCHAR* a, const WCHAR* b, std::size_t count) { return ::_wcsnicmp(a, b, count); }
+int wcscpy_s(WCHAR* copy, std::size_t size, const WCHAR* text) { return ::wcscpy_s(copy, size, text); }
+LONG wcstol(const WCHAR* text, WCHAR** end, int base) { return ::wcstol(text, end, base); }
 
 BOOL PathFileExistsW(const WCHAR* path) { return ::PathFileExistsW(path); }
 DWORD GetShortPathNameW(const WCHAR* path, WCHAR* short_path, DWORD characters) {

@@ -3,6 +3,7 @@
 
 #include <atomic>
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -32,6 +33,7 @@ public:
     HRESULT AddCustomMenu(const MenuItemDescription* items, std::uint32_t count);
     HRESULT SetDefaultMenu(const std::int32_t* kinds, std::uint32_t count);
     HRESULT SetCurrentCustomMenu(std::uint32_t item_id);
+    // presence.cpp: S_OK when the dial is there, E_FAIL when it is not.
     HRESULT IsDialPresent();
 
 private:
@@ -67,6 +69,10 @@ private:
     HRESULT OnImageFileOpened(abi::IAsyncOperation<abi::StorageFile>* operation, abi::AsyncStatus status,
                               const WCHAR* label, std::uint32_t item_id);
 
+    // presence.cpp. Raises the platform's failures; what was found is told through both cells.
+    static void StartPresenceQuery(const std::shared_ptr<std::atomic<bool>>& found,
+                                   const std::shared_ptr<std::atomic<std::int32_t>>& done);
+
     // custom_menu.cpp: the code to end the whole menu with, or nothing.
     std::optional<HRESULT> AddDescribedItem(const MenuItemDescription& item);
     void AddCustomFontItem(MenuEntry entry, const MenuItemDescription& item);
@@ -94,7 +100,10 @@ private:
     // Only ever appended to, across menus; the first match wins. No lock, also where a load completes
     // elsewhere.
     std::vector<MenuEntry> menu_entries_;
-    std::atomic<std::int32_t> presence_done_ = 0;
+    // 1 when the last query's completion has finished, 0 while it runs. Shared with that completion, which
+    // may outlive the listener. One for the window, on purpose: queries that overlap end each other's wait.
+    std::shared_ptr<std::atomic<std::int32_t>> presence_done_ =
+        std::make_shared<std::atomic<std::int32_t>>(0);
 };
 
 }  // namespace brindle

@@ -69,4 +69,6 @@ const WCHAR* TextOf(const String& string) noexcept {
     return WindowsGetStringRawBuffer(string.Get(), nullptr);
 }
 
+UINT LengthOf(const String& string) noexcept { return WindowsGetStringLen(string.Get()); }
+
 }  // namespace brindle

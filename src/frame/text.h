@@ -30,4 +30,7 @@ String CopyText(const WCHAR* text);
 // The characters of a string, terminated; they live as long as it does.
 const WCHAR* TextOf(const String& string) noexcept;
 
+// How many characters they are, without the terminator.
+UINT LengthOf(const String& string) noexcept;
+
 }  // namespace brindle

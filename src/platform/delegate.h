@@ -14,7 +14,7 @@ template <class Handler, class Action, class Signature = decltype(&Handler::Invo
 class Delegate;
 
 template <class Handler, class Action, class... Parameters>
-class Delegate<Handler, Action, HRESULT (Handler::*)(Parameters...)> final : public Implements<Handler> {
+class Delegate<Handler, Action, HRESULT (Handler::*)(Parameters...)> : public Implements<Handler> {
 public:
     explicit Delegate(Action action) : action_(std::move(action)) {}
 

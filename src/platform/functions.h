@@ -6,18 +6,25 @@
 //   RoUninitialize               uninit               the host's             cannot fail
 //   RoGetActivationFactory       GetFactory           any                    code; no factory
 //   WindowsCreateStringReference StringReference      any                    code; the string stays empty
+//   WindowsCreateString          MakeString           any                    code, raised
 //   WindowsDuplicateString       CopyText             the host's, a load's   code, raised
-//   WindowsGetStringRawBuffer    TextOf               any                    cannot fail
+//   WindowsGetStringRawBuffer, WindowsGetStringLen
+//                                TextOf, LengthOf     any                    cannot fail
 //   WindowsPreallocateStringBuffer, WindowsPromoteStringBuffer, WindowsDeleteStringBuffer
 //                                ToPlatformString     any                    code, raised; the last one gives
 //                                back
 //                                                                            a buffer that was not promoted
 //   WindowsDeleteString          String               any                    cannot fail
 //   RoOriginateLanguageException ErrorToCode          any                    ignored
+//   CoCreateFreeThreadedMarshaler  FreeThreadedDelegate  the platform's      code; the query for it fails
 //   GetTickCount64               NextAcceleration     the event's            cannot fail
+//   Sleep                        IsDialPresent        the host's             cannot fail
 //   MultiByteToWideChar          ToPlatformString     any                    0; the text becomes empty
 //   RaiseException               initialize           the host's             does not return
 //   _vsnwprintf                  FormatWide           any                    negative; nothing is formatted
+//   _wcsnicmp                    IsTheDial            the completion's       cannot fail
+//   wcscpy_s                     CopyForHost          the host's             cannot fail: the buffer fits
+//   wcstol                       get_int_from_storage the host's             cannot fail: 0 without digits
 //   PathFileExistsW, GetShortPathNameW
 //                                AddCustomMenu        the host's             false, 0; the record is skipped
 //   FindResourceW, SizeofResource, LoadResource, LockResource, FreeResource
@@ -56,6 +63,7 @@ extern "C" HRESULT WINAPI CreateRandomAccessStreamOverStream(IStream* stream, BS
 
 #include <cstdarg>
 #include <cstddef>
+#include <cwchar>  // before an overload of one of its functions
 
 enum RO_INIT_TYPE : int { RO_INIT_SINGLETHREADED = 0, RO_INIT_MULTITHREADED = 1 };
 enum BSOS_OPTIONS : int { BSOS_DEFAULT = 0 };
@@ -64,6 +72,7 @@ struct IStream;
 using HMODULE = struct HINSTANCE__*;
 using HRSRC = struct HRSRC__*;
 using HGLOBAL = void*;
+using LONG = std::int32_t;
 
 inline constexpr UINT GMEM_MOVEABLE = 2;
 inline constexpr UINT CP_UTF8 = 65001;
@@ -76,15 +85,20 @@ void RoUninitialize();
 HRESULT RoGetActivationFactory(HSTRING className, const IID& iid, void** factory);
 BOOL RoOriginateLanguageException(HRESULT code, HSTRING message, IUnknown* languageException);
 
+HRESULT WindowsCreateString(const WCHAR* text, UINT length, HSTRING* string);
 HRESULT WindowsCreateStringReference(const WCHAR* text, UINT length, HSTRING_HEADER* header, HSTRING* string);
 HRESULT WindowsDuplicateString(HSTRING string, HSTRING* copy);
 HRESULT WindowsDeleteString(HSTRING string);
 const WCHAR* WindowsGetStringRawBuffer(HSTRING string, UINT* length);
+UINT WindowsGetStringLen(HSTRING string);
 HRESULT WindowsPreallocateStringBuffer(UINT length, WCHAR** characters, HSTRING_BUFFER* buffer);
 HRESULT WindowsPromoteStringBuffer(HSTRING_BUFFER buffer, HSTRING* string);
 HRESULT WindowsDeleteStringBuffer(HSTRING_BUFFER buffer);
 
+HRESULT CoCreateFreeThreadedMarshaler(IUnknown* outer, IUnknown** marshaler);
+
 ULONGLONG GetTickCount64();
+void Sleep(DWORD milliseconds);
 int MultiByteToWideChar(UINT codePage, DWORD flags, const char* bytes, int byteCount, WCHAR* wide,
                         int wideCount);
 [[noreturn]] void RaiseException(DWORD code, DWORD flags, DWORD argumentCount,
@@ -110,7 +124,13 @@ HRESULT CreateRandomAccessStreamOverStream(IStream* stream, BSOS_OPTIONS options
 
 // The runtime library's bounded wide formatter: %s takes UTF-16.
 int _vsnwprintf(WCHAR* buffer, std::size_t size, const WCHAR* format, std::va_list arguments);
+int _wcsnicmp(const WCHAR* a, const WCHAR* b, std::size_t count);
+// The size counts characters, the terminator among them.
+int wcscpy_s(WCHAR* copy, std::size_t size, const WCHAR* text);
 
 }  // extern "C"
+
+// An overload beside the one of the system's own wide characters; a long has 32 bits on the platform.
+LONG wcstol(const WCHAR* text, WCHAR** end, int base);
 
 #endif

@@ -22,11 +22,12 @@ public:
         if (object == nullptr) {
             return E_POINTER;
         }
-        *object = Answers(iid) ? static_cast<Interface*>(this) : nullptr;
-        if (*object == nullptr) {
-            return E_NOINTERFACE;
+        *object = nullptr;
+        if (!Answers(iid)) {
+            return QueryMore(iid, object);
         }
         AddRef();
+        *object = static_cast<Interface*>(this);
         return S_OK;
     }
     std::uint32_t AddRef() noexcept final { return references_.fetch_add(1) + 1; }
@@ -40,6 +41,9 @@ public:
 
 protected:
     virtual ~Implements() = default;
+
+    // What the object answers beyond its interface, the roots and the agility marker.
+    virtual HRESULT QueryMore(const GUID& /*iid*/, void** /*object*/) noexcept { return E_NOINTERFACE; }
 
 private:
     static bool Answers(const GUID& iid) noexcept {

@@ -1,8 +1,129 @@
+// is_dial_present: a fresh enumeration of the platform's on every call, and a wait for it.
+//
+//   the caller                                   the platform's thread
+//   presence_done = 0, start the enumeration
+//   sleep 1 ms until presence_done is 1,         found = is one of them the dial?
+//     10,001 times at most                       presence_done = 1
+//   answer what was found
+#include <atomic>
+#include <memory>
+#include <new>
+
 #include "dial/dial_listener.h"
+#include "frame/errors.h"
+#include "frame/text.h"
+#include "platform/activation.h"
+#include "platform/free_threaded.h"
+#include "platform/interfaces/devices.h"
 
 namespace brindle {
 
-// This version cannot ask.
-HRESULT DialListener::IsDialPresent() { return E_NOTIMPL; }
+namespace {
+
+using DeviceList = abi::IVectorView<abi::DeviceInformation>;
+using Enumeration = abi::IAsyncOperation<abi::DeviceInformationCollection>;
+using EnumerationHandler = abi::AsyncOperationCompletedHandler<abi::DeviceInformationCollection>;
+
+// The enabled interfaces of the dial's class. Every character is required, the three tabs too.
+constexpr auto kInterfaceFilter = Wide(
+    "System.Devices.InterfaceClassGuid:=\"{80795c47-03f0-446d-b1f2-e424b30db4da}\" AND"
+    "\t\t\tSystem.Devices.InterfaceEnabled: = System.StructuredQueryType.Boolean#True");
+static_assert(kInterfaceFilter.size() - 1 == 156);
+
+// One dial by its Bluetooth address, on purpose: any other, however similar, does not count.
+constexpr auto kDialPrefix = Wide("\\\\?\\BTHLE#Dev_bc838528f72a#");
+static_assert(kDialPrefix.size() - 1 == 27);
+
+constexpr int kMostSleeps = 10'000;
+
+template <std::size_t N>
+String MakeString(const std::array<WCHAR, N>& text) {
+    String string;
+    RaiseIfFailed(WindowsCreateString(text.data(), N - 1, string.Put()));
+    return string;
+}
+
+bool IsTheDial(abi::IDeviceInformation& device) {
+    const String prefix = MakeString(kDialPrefix);
+    String id;
+    RaiseIfFailed(device.get_Id(id.Put()));
+    const UINT length = LengthOf(prefix);
+    return _wcsnicmp(TextOf(id), TextOf(prefix), length) == 0;
+}
+
+// The first match ends the scan.
+bool HoldsTheDial(DeviceList& devices) {
+    std::uint32_t size = 0;
+    RaiseIfFailed(devices.get_Size(&size));
+    for (std::uint32_t i = 0; i < size; ++i) {
+        ComPtr<abi::IDeviceInformation> device;
+        RaiseIfFailed(devices.GetAt(i, device.Put()));
+        if (device && IsTheDial(*device.Get())) {
+            return true;
+        }
+    }
+    return false;
+}
+
+// The status is not asked for: an enumeration that failed has no results either.
+void OnPresenceQueryCompleted(Enumeration& enumeration, std::atomic<bool>& found,
+                              std::atomic<std::int32_t>& done) {
+    ComPtr<DeviceList> devices;
+    RaiseIfFailed(enumeration.GetResults(devices.Put()));
+    if (devices) {
+        found = HoldsTheDial(*devices.Get());
+    }
+    done.exchange(1);
+}
+
+// Counts sleeps, not time; after the last one the flag is not read any more.
+void WaitFor(const std::atomic<std::int32_t>& done) {
+    for (int sleeps = 0; sleeps <= kMostSleeps && done < 1; ++sleeps) {
+        Sleep(1);
+    }
+}
+
+}  // namespace
+
+// Both cells are shared with the completion handler, which may come when the call, or the listener, has
+// ended.
+void DialListener::StartPresenceQuery(const std::shared_ptr<std::atomic<bool>>& found,
+                                      const std::shared_ptr<std::atomic<std::int32_t>>& done) {
+    const String filter = MakeString(kInterfaceFilter);
+    ComPtr<abi::IDeviceInformationStatics> devices;
+    RaiseIfFailed(GetFactory<abi::DeviceInformation>(devices));
+    ComPtr<Enumeration> enumeration;
+    RaiseIfFailed(devices->FindAllAsyncAqsFilter(filter.Get(), enumeration.Put()));
+    devices.Reset();
+    if (!enumeration) {
+        return;  // nothing will complete: the caller waits in vain, as it is meant to
+    }
+    // A failure leaves the flag unset, and the waiter to its bound: that is intended.
+    const auto handler = MakeFreeThreadedDelegate<EnumerationHandler>(
+        [found, done](Enumeration* completed, abi::AsyncStatus) noexcept {
+            try {
+                OnPresenceQueryCompleted(*completed, *found, *done);
+                return S_OK;
+            } catch (...) {
+                return ErrorToCode();
+            }
+        });
+    if (!handler) {
+        throw std::bad_alloc();
+    }
+    RaiseIfFailed(enumeration->put_Completed(handler.Get()));
+}
+
+HRESULT DialListener::IsDialPresent() {
+    const auto found = std::make_shared<std::atomic<bool>>(false);
+    presence_done_->exchange(0);
+    try {
+        StartPresenceQuery(found, presence_done_);
+    } catch (const hresult_error& error) {
+        return error.code();
+    }
+    WaitFor(*presence_done_);
+    return *found ? S_OK : E_FAIL;
+}
 
 }  // namespace brindle

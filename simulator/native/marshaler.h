@@ -1,0 +1,30 @@
+// How objects are taken from one apartment to another.
+#pragma once
+
+#include <cstdint>
+
+#include "platform/interfaces/stream.h"
+
+namespace dialsim {
+
+struct IMarshal : brindle::abi::IUnknown {
+    static constexpr GUID Iid = brindle::abi::IMarshalIid;
+    virtual HRESULT GetUnmarshalClass(const IID& iid, void* object, DWORD context, void* reserved,
+                                      DWORD flags, GUID* unmarshaler) noexcept = 0;
+    virtual HRESULT GetMarshalSizeMax(const IID& iid, void* object, DWORD context, void* reserved,
+                                      DWORD flags, DWORD* size) noexcept = 0;
+    virtual HRESULT MarshalInterface(brindle::abi::IStream* stream, const IID& iid, void* object,
+                                     DWORD context, void* reserved, DWORD flags) noexcept = 0;
+    virtual HRESULT UnmarshalInterface(brindle::abi::IStream* stream, const IID& iid,
+                                       void** object) noexcept = 0;
+    virtual HRESULT ReleaseMarshalData(brindle::abi::IStream* stream) noexcept = 0;
+    virtual HRESULT DisconnectObject(DWORD reserved) noexcept = 0;
+
+protected:
+    ~IMarshal() = default;
+};
+
+// Names the free-threaded marshaler as the one that unmarshals.
+inline constexpr GUID kFreeThreadedMarshaler = brindle::abi::Id("0000033a-0000-0000-c000-000000000046");
+
+}  // namespace dialsim

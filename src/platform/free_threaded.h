@@ -1,0 +1,63 @@
+// A delegate that stays the same object in every apartment, also for a caller that marshals it instead of
+// asking whether it is agile.
+#pragma once
+
+#include <atomic>
+
+#include "platform/delegate.h"
+#include "platform/functions.h"
+
+namespace brindle {
+
+template <class Handler, class Action>
+class FreeThreadedDelegate final : public Delegate<Handler, Action> {
+public:
+    explicit FreeThreadedDelegate(Action action) : Delegate<Handler, Action>(std::move(action)) {}
+
+private:
+    ~FreeThreadedDelegate() override {
+        if (abi::IUnknown* marshaler = marshaler_) {
+            marshaler->Release();
+        }
+    }
+
+    HRESULT QueryMore(const GUID& iid, void** object) noexcept override {
+        if (!abi::SameId(iid, abi::IMarshalIid)) {
+            return E_NOINTERFACE;
+        }
+        if (const HRESULT code = MakeMarshaler(); code < 0) {
+            return code;
+        }
+        return marshaler_.load()->QueryInterface(iid, object);
+    }
+
+    // The platform's, aggregated: its IMarshal counts on this object. Two threads may ask at once; one is
+    // kept.
+    HRESULT MakeMarshaler() noexcept {
+        if (marshaler_ != nullptr) {
+            return S_OK;
+        }
+        ComPtr<abi::IUnknown> made;
+        const HRESULT code =
+            CoCreateFreeThreadedMarshaler(reinterpret_cast<::IUnknown*>(static_cast<abi::IUnknown*>(this)),
+                                          reinterpret_cast<::IUnknown**>(made.Put()));
+        if (code < 0 || !made) {
+            return code < 0 ? code : E_NOINTERFACE;
+        }
+        abi::IUnknown* none = nullptr;
+        if (marshaler_.compare_exchange_strong(none, made.Get())) {
+            made.Detach();
+        }
+        return S_OK;
+    }
+
+    std::atomic<abi::IUnknown*> marshaler_ = nullptr;
+};
+
+// Empty when there is no memory for it.
+template <class Handler, class Action>
+ComPtr<Handler> MakeFreeThreadedDelegate(Action action) noexcept {
+    return ComPtr<Handler>::Own(new (std::nothrow) FreeThreadedDelegate<Handler, Action>(std::move(action)));
+}
+
+}  // namespace brindle
