@@ -1,5 +1,5 @@
-// The eleven functions. Each finds its listener, hands the work inward and turns the code into its result;
-// nothing else happens here.
+// Seven of the eleven functions; storage_exports.cpp has the others. Each finds its listener, hands the work
+// inward and turns the code into its result; nothing else happens here.
 #include "brindle.h"
 #include "dial/dial_listener.h"
 #include "frame/diagnostics.h"
@@ -92,15 +92,3 @@ bool set_current_custom_menu(uint64_t window, uint32_t item_id) {
 bool is_dial_present(uint64_t window) {
     return CallListener(window, [](DialListener& listener) { return listener.IsDialPresent(); });
 }
-
-// No store is connected yet: nothing is kept, and the setters say so.
-
-int32_t set_string_in_storage(const BrindleChar*, const BrindleChar*, const BrindleChar*) {
-    return E_NOTIMPL;
-}
-
-BrindleChar* get_string_from_storage(const BrindleChar*, const BrindleChar*) { return nullptr; }
-
-int32_t set_int_in_storage(const BrindleChar*, const BrindleChar*, int32_t) { return E_NOTIMPL; }
-
-int32_t get_int_from_storage(const BrindleChar*, const BrindleChar*) { return INT32_MIN; }

@@ -71,4 +71,8 @@ const WCHAR* TextOf(const String& string) noexcept {
 
 UINT LengthOf(const String& string) noexcept { return WindowsGetStringLen(string.Get()); }
 
+bool SameText(const String& string, const WCHAR* text) noexcept {
+    return std::basic_string_view<WCHAR>(TextOf(string)) == text;
+}
+
 }  // namespace brindle

@@ -33,4 +33,7 @@ const WCHAR* TextOf(const String& string) noexcept;
 // How many characters they are, without the terminator.
 UINT LengthOf(const String& string) noexcept;
 
+// Unit by unit, up to the first NUL of either.
+bool SameText(const String& string, const WCHAR* text) noexcept;
+
 }  // namespace brindle

@@ -1,0 +1,145 @@
+// Settings in the application's roaming and local containers; a program without package identity has neither.
+#include "frame/errors.h"
+#include "frame/text.h"
+#include "platform/activation.h"
+#include "platform/interfaces/property_value.h"
+#include "platform/interfaces/storage.h"
+#include "storage/storage_context.h"
+
+namespace brindle {
+
+namespace {
+
+using Values = abi::IMap<HSTRING, abi::IInspectable>;
+
+// Empty where the platform has none.
+ComPtr<Values> ValuesOf(Container container) {
+    ComPtr<abi::IApplicationDataStatics> statics;
+    RaiseIfFailed(GetFactory<abi::ApplicationData>(statics));
+    ComPtr<abi::IApplicationData> data;
+    RaiseIfFailed(statics->get_Current(data.Put()));
+    if (!data) {
+        return {};
+    }
+    ComPtr<abi::IApplicationDataContainer> settings;
+    RaiseIfFailed(container == Container::Roaming ? data->get_RoamingSettings(settings.Put())
+                                                  : data->get_LocalSettings(settings.Put()));
+    if (!settings) {
+        return {};
+    }
+    ComPtr<abi::IPropertySet> set;
+    RaiseIfFailed(settings->get_Values(set.Put()));
+    ComPtr<Values> values;
+    if (set) {
+        RaiseIfFailed(Query(set.Get(), values));
+    }
+    return values;
+}
+
+// Empty when there is no entry; one that is no value is raised.
+ComPtr<abi::IPropertyValue> LookUp(Values& values, HSTRING key) {
+    ComPtr<abi::IInspectable> entry;
+    RaiseIfFailed(values.Lookup(key, entry.Put()));
+    ComPtr<abi::IPropertyValue> value;
+    if (entry) {
+        RaiseIfFailed(Query(entry.Get(), value));
+    }
+    return value;
+}
+
+String TextIn(abi::IPropertyValue& value) {
+    String text;
+    RaiseIfFailed(value.GetString(text.Put()));
+    return text;
+}
+
+std::int32_t NumberIn(abi::IPropertyValue& value) {
+    std::int32_t number = 0;
+    RaiseIfFailed(value.GetInt32(&number));
+    return number;
+}
+
+// What `read` makes of the entry, or `absent`.
+template <class Result, class Read>
+Result ReadSetting(Container container, const WCHAR* key, Result absent, Read read) {
+    try {
+        const ComPtr<Values> values = ValuesOf(container);
+        if (!values) {
+            return absent;
+        }
+        const TextReference name(key);
+        const ComPtr<abi::IPropertyValue> value = LookUp(*values.Get(), name.Get());
+        return value ? read(*value.Get()) : std::move(absent);
+    } catch (const hresult_error&) {
+        return absent;
+    }
+}
+
+// Whether the entry is what is to be written; otherwise it is removed. An entry that cannot be read, of the
+// other kind for instance, or removed, counts as different and stays for the insertion to replace.
+template <class IsSame>
+bool KeepOrRemove(Values& values, HSTRING key, IsSame is_same) {
+    try {
+        if (const ComPtr<abi::IPropertyValue> value = LookUp(values, key)) {
+            if (is_same(*value.Get())) {
+                return true;
+            }
+            RaiseIfFailed(values.Remove(key));
+        }
+    } catch (const hresult_error&) {
+        // intended: the write goes on
+    }
+    return false;
+}
+
+// `make` makes the new value with the platform's factory.
+template <class IsSame, class Make>
+void WriteSetting(Container container, const WCHAR* key, IsSame is_same, Make make) {
+    try {
+        const ComPtr<Values> values = ValuesOf(container);
+        if (!values) {
+            return;
+        }
+        const TextReference name(key);
+        if (KeepOrRemove(*values.Get(), name.Get(), is_same)) {
+            return;
+        }
+        ComPtr<abi::IPropertyValueStatics> factory;
+        RaiseIfFailed(GetFactory<abi::PropertyValue>(factory));
+        ComPtr<abi::IInspectable> made;
+        RaiseIfFailed(make(*factory.Get(), made.Put()));
+        abi::boolean replaced = 0;
+        RaiseIfFailed(values->Insert(name.Get(), made.Get(), &replaced));
+    } catch (const hresult_error&) {
+        // intended: nothing is reported
+    }
+}
+
+}  // namespace
+
+HostText StorageContext::GetStringFromSettings(Container container, const WCHAR* key) const {
+    return ReadSetting(container, key, HostText(),
+                       [](abi::IPropertyValue& value) { return CopyForHost(TextIn(value)); });
+}
+
+std::int32_t StorageContext::GetIntFromSettings(Container container, const WCHAR* key) const {
+    return ReadSetting(container, key, std::int32_t{kAbsentNumber}, NumberIn);
+}
+
+void StorageContext::SetStringInSettings(Container container, const WCHAR* key, const WCHAR* value) const {
+    WriteSetting(
+        container, key, [=](abi::IPropertyValue& old) { return SameText(TextIn(old), value); },
+        [=](abi::IPropertyValueStatics& factory, abi::IInspectable** made) {
+            return factory.CreateString(TextReference(value).Get(), made);
+        });
+}
+
+void StorageContext::SetIntInSettings(Container container, const WCHAR* key, std::int32_t value) const {
+    WriteSetting(
+        container, key, [=](abi::IPropertyValue& old) { return NumberIn(old) == value; },
+        [=](abi::IPropertyValueStatics& factory, abi::IInspectable** made) {
+            return factory.CreateInt32(value, made);
+        });
+}
+
+}  // namespace brindle

@@ -1,0 +1,104 @@
+// Texts in the user's credential vault: the resource is the host's name for its settings, the user name the
+// key, the password the text. Any process of the user can read them.
+#include "frame/errors.h"
+#include "frame/text.h"
+#include "platform/activation.h"
+#include "platform/interfaces/credentials.h"
+#include "storage/storage_context.h"
+
+namespace brindle {
+
+namespace {
+
+ComPtr<abi::IPasswordVault> MakeVault() {
+    ComPtr<abi::IActivationFactory> factory;
+    RaiseIfFailed(GetFactory<abi::PasswordVault>(factory));
+    ComPtr<abi::IInspectable> instance;
+    RaiseIfFailed(factory->ActivateInstance(instance.Put()));
+    if (!instance) {
+        Raise(E_NOINTERFACE);
+    }
+    ComPtr<abi::IPasswordVault> vault;
+    RaiseIfFailed(Query(instance.Get(), vault));
+    return vault;
+}
+
+// Under any resource. The platform fails a search that finds nothing; one that fails otherwise counts the
+// same.
+bool Knows(abi::IPasswordVault& vault, HSTRING key) {
+    try {
+        ComPtr<abi::IVectorView<abi::PasswordCredential>> found;
+        RaiseIfFailed(vault.FindAllByUserName(key, found.Put()));
+        std::uint32_t size = 0;
+        if (found) {
+            RaiseIfFailed(found->get_Size(&size));
+        }
+        return size > 0;
+    } catch (const hresult_error&) {
+        return false;
+    }
+}
+
+ComPtr<abi::IPasswordCredential> Retrieve(abi::IPasswordVault& vault, HSTRING resource, HSTRING key) {
+    ComPtr<abi::IPasswordCredential> credential;
+    RaiseIfFailed(vault.Retrieve(resource, key, credential.Put()));
+    return credential;
+}
+
+String PasswordOf(abi::IPasswordCredential& credential) {
+    String password;
+    RaiseIfFailed(credential.get_Password(password.Put()));
+    return password;
+}
+
+ComPtr<abi::IPasswordCredential> MakeCredential(HSTRING resource, HSTRING key, const WCHAR* value) {
+    ComPtr<abi::ICredentialFactory> factory;
+    RaiseIfFailed(GetFactory<abi::PasswordCredential>(factory));
+    ComPtr<abi::IPasswordCredential> credential;
+    const TextReference password(value);
+    RaiseIfFailed(factory->CreatePasswordCredential(resource, key, password.Get(), credential.Put()));
+    return credential;
+}
+
+}  // namespace
+
+HostText StorageContext::GetStringFromVault(const WCHAR* key) const {
+    try {
+        const ComPtr<abi::IPasswordVault> vault = MakeVault();
+        const TextReference user_name(key);
+        if (!Knows(*vault.Get(), user_name.Get())) {
+            return {};
+        }
+        const TextReference resource(resource_);
+        const ComPtr<abi::IPasswordCredential> credential =
+            Retrieve(*vault.Get(), resource.Get(), user_name.Get());
+        return credential ? CopyForHost(PasswordOf(*credential.Get())) : HostText();
+    } catch (const hresult_error&) {
+        return {};
+    }
+}
+
+void StorageContext::SetStringInVault(const WCHAR* key, const WCHAR* value) const {
+    try {
+        const ComPtr<abi::IPasswordVault> vault = MakeVault();
+        const TextReference user_name(key);
+        const TextReference resource(resource_);
+        if (Knows(*vault.Get(), user_name.Get())) {
+            // A key known under another resource only cannot be retrieved, and the write ends here: intended.
+            const ComPtr<abi::IPasswordCredential> old =
+                Retrieve(*vault.Get(), resource.Get(), user_name.Get());
+            if (old && SameText(PasswordOf(*old.Get()), value)) {
+                return;
+            }
+            if (old) {
+                RaiseIfFailed(vault->Remove(old.Get()));
+            }
+        }
+        const ComPtr<abi::IPasswordCredential> made = MakeCredential(resource.Get(), user_name.Get(), value);
+        RaiseIfFailed(vault->Add(made.Get()));
+    } catch (const hresult_error&) {
+        // intended: nothing is reported
+    }
+}
+
+}  // namespace brindle
