@@ -1,6 +1,7 @@
 #include "dial_driver.h"
 
 #include <cstdio>
+#include <string>
 #include <utility>
 
 #include "simulator/dialsim.h"
@@ -18,6 +19,12 @@ bool ReadFile(const char* path, std::string& content) {
     }
     std::fclose(file);
     return true;
+}
+
+std::string ContentOf(const char* store) {
+    std::string content(dialsim_store(store, nullptr, 0), '\0');
+    dialsim_store(store, content.data(), content.size());
+    return content;
 }
 
 }  // namespace
@@ -47,6 +54,19 @@ void DialDriver::Start(std::function<void()> done) {
 }
 
 void DialDriver::Wait() { dialsim_wait_for_scripts(); }
+
+std::string DialDriver::PlaceOf(const char* key) {
+    constexpr std::pair<const char*, const char*> kStores[] = {{"roaming", "from the roaming settings"},
+                                                               {"vault", "from the vault"},
+                                                               {"local", "from the local settings"}};
+    const std::string quoted = '"' + std::string(key) + "\" ";
+    for (const auto& [store, place] : kStores) {
+        if (ContentOf(store).find(quoted) != std::string::npos) {
+            return place;
+        }
+    }
+    return "kept nowhere";
+}
 
 void DialDriver::OnEnd(void* context, const char* error) {
     auto* driver = static_cast<DialDriver*>(context);

@@ -19,6 +19,10 @@ public:
     // Until the script has come to its end, so that no event is under way any more.
     void Wait();
 
+    // Where the simulated platform keeps a setting, the first of the places that the library asks; "nowhere".
+    // A real host cannot tell: it is told what, not from where.
+    static std::string PlaceOf(const char* key);
+
     // After Wait: whether the script could not be played, and why.
     bool Failed() const { return !error_.empty(); }
     const char* Error() const { return error_.c_str(); }

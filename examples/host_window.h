@@ -4,13 +4,6 @@
 #include <cstdint>
 #include <memory>
 
-// UTF-16 literals, wide on Windows.
-#ifdef _WIN32
-#define TEXT16(literal) L##literal
-#else
-#define TEXT16(literal) u##literal
-#endif
-
 // The module that this program is, for its resources.
 const void* OwnModule();
 

@@ -1,6 +1,6 @@
 // A complete host: it makes a window, listens to the dial there, fills its menu with an item of each kind,
-// and prints what it is told as a table. Usage: sample_host SCRIPT.dial PICTURE.png FONT.ttf, with absolute
-// paths.
+// prints what it is told as a table, and remembers from run to run which item was used last and how often the
+// dial was turned. Usage: sample_host SCRIPT.dial PICTURE.png FONT.ttf, with absolute paths.
 //
 // This is the code to copy. Only the lines that name the DialDriver are not for you: they turn a
 // simulated dial by a script, where a person would turn a real one.
@@ -8,17 +8,22 @@
 
 #include <chrono>
 #include <cstdio>
-#include <cstring>
+#include <cstdlib>
+#include <memory>
 #include <string>
+#include <vector>
 
 #include "dial_driver.h"
 #include "host_window.h"
+#include "text.h"
 
 namespace {
 
 class TableHost final : public IDialHost {
 public:
-    explicit TableHost(uint64_t window) : window_(window) {
+    explicit TableHost(uint64_t window) : window_(window) {}
+
+    void PrintHeading() const {
         std::printf("%9s  %8s  %12s  %6s  %4s  %s\n", "time", "degrees", "acceleration", "button", "item",
                     "contact");
     }
@@ -31,6 +36,8 @@ public:
         std::printf("  %+8.1f  %12.2f  %6s  %4u  ", turn->deltaDegrees, turn->acceleration,
                     turn->buttonPressed ? "down" : "up", static_cast<unsigned>(turn->selectedItemTag));
         PrintContact(turn->contact);
+        ++turns_;
+        item_ = turn->selectedItemTag;
         angle_ += turn->deltaDegrees;
         if (angle_ > 90.0) {
             turn->hapticRequest = &kBuzz;  // past the end of our scale: let the user feel it
@@ -43,6 +50,10 @@ public:
         PrintContact(*rect);
         angle_ = 0.0;
     }
+
+    int32_t Turns() const { return turns_; }
+    // The one that was selected at the last turn; 0 when there was none.
+    uint32_t LastItem() const { return item_; }
 
 private:
     static constexpr uint32_t kBuzz = 1;
@@ -66,31 +77,66 @@ private:
     const uint64_t window_;
     const std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
     double angle_ = 0.0;
+    int32_t turns_ = 0;
+    uint32_t item_ = 0;
 };
 
-// The identifiers of our menu's items; a turn tells which one is selected.
+// The identifiers of our menu's items, from 1; a turn tells which one is selected.
 enum Item : uint32_t { kVolume = 1, kPalette = 2, kNotes = 3, kBrush = 4, kDial = 5 };
-
-using Text = std::basic_string<BrindleChar>;
+const BrindleChar* const kLabels[] = {TEXT16(""),      TEXT16("Volume"), TEXT16("Palette"),
+                                      TEXT16("Notes"), TEXT16("Brush"),  TEXT16("Dial")};
 
 // One item of each kind. Everything is read during the call; the picture file is opened after it.
 bool FillMenu(uint64_t window, const Text& picture_path, const Text& font_path) {
     const MenuItemDescription items[] = {
-        {MenuItemKind::KnownIcon, TEXT16("Volume"), kVolume, 1, {.number = 3}, {}, {}},
-        {MenuItemKind::SystemFont, TEXT16("Palette"), kPalette, 0, {TEXT16("P")}, {TEXT16("Arial")}, {}},
+        {MenuItemKind::KnownIcon, kLabels[kVolume], kVolume, 1, {.number = 3}, {}, {}},
+        {MenuItemKind::SystemFont, kLabels[kPalette], kPalette, 0, {TEXT16("P")}, {TEXT16("Arial")}, {}},
         {MenuItemKind::CustomFont,
-         TEXT16("Notes"),
+         kLabels[kNotes],
          kNotes,
          0,
          {TEXT16("N")},
          {TEXT16("DejaVu Sans")},
          {font_path.c_str()}},
-        {MenuItemKind::FilePNG, TEXT16("Brush"), kBrush, 0, {picture_path.c_str()}, {}, {}},
-        {MenuItemKind::ResourcePNG, TEXT16("Dial"), kDial, 1, {.module = OwnModule()}, {.number = 101}, {}},
+        {MenuItemKind::FilePNG, kLabels[kBrush], kBrush, 0, {picture_path.c_str()}, {}, {}},
+        {MenuItemKind::ResourcePNG, kLabels[kDial], kDial, 1, {.module = OwnModule()}, {.number = 101}, {}},
     };
     const int32_t system_items[] = {3, 2};  // of the system's own entries, volume and undo
     return add_custom_menu(window, items, 5) && set_default_menu(window, system_items, 2) &&
            set_current_custom_menu(window, kPalette);
+}
+
+// What is remembered from run to run, a text and a number. A program without package identity keeps the text
+// only.
+struct Memory {
+    Text item;
+    int32_t turns = 0;
+};
+
+const BrindleChar* const kResource = TEXT16("Brindle sample host");
+
+Memory Recall() {
+    Memory memory;
+    // The text is ours to free.
+    const std::unique_ptr<BrindleChar, decltype(&std::free)> item(
+        get_string_from_storage(kResource, TEXT16("item")), &std::free);
+    if (item) {
+        memory.item = item.get();
+    }
+    const int32_t turns = get_int_from_storage(kResource, TEXT16("turns"));
+    memory.turns = turns == INT32_MIN ? 0 : turns;
+    return memory;
+}
+
+void Remember(const Memory& memory) {
+    set_string_in_storage(kResource, TEXT16("item"), memory.item.c_str());
+    set_int_in_storage(kResource, TEXT16("turns"), memory.turns);
+}
+
+void PrintRecalled(const Memory& memory) {
+    std::printf("remembered: item %s (%s), %d turns (%s)\n",
+                memory.item.empty() ? "none" : ToUtf8(memory.item).c_str(),
+                DialDriver::PlaceOf("item").c_str(), memory.turns, DialDriver::PlaceOf("turns").c_str());
 }
 
 int Fail(const char* what) {
@@ -118,16 +164,25 @@ int main(int argc, char** argv) {
     }
 
     DialDriver driver(argv[1]);
-    // Plain ASCII paths, widened character by character.
-    const Text picture_path(argv[2], argv[2] + std::strlen(argv[2]));
-    const Text font_path(argv[3], argv[3] + std::strlen(argv[3]));
-    if (!FillMenu(window.Handle(), picture_path, font_path)) {
+    Memory memory = Recall();
+    PrintRecalled(memory);
+
+    const std::vector<Text> arguments = Arguments(argc, argv);
+    if (!is_dial_present(window.Handle())) {
+        std::printf("no dial is paired with this computer: it gets no menu\n");
+    } else if (!FillMenu(window.Handle(), arguments[2], arguments[3])) {
         std::printf("the dial has no menu; the lines above say which step failed\n");
     }
+    host.PrintHeading();
     driver.Start([&window] { window.Close(); });
 
     window.RunMessageLoop();
     driver.Wait();
+    if (host.LastItem() != 0) {
+        memory.item = kLabels[host.LastItem()];
+    }
+    memory.turns += host.Turns();
+    Remember(memory);
     uninit();
     return driver.Failed() ? Fail(driver.Error()) : 0;
 }

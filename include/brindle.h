@@ -76,7 +76,8 @@
  *              "failed with 80070005 at line 460", or with a step's name in front. The number after
  *              "line" identifies the step and does not change between versions. A step that fails is
  *              tried three times: the code printed is the second attempt's, so "failed with 0" means that
- *              a second attempt worked; the result is the third's.
+ *              a second attempt worked; the result is the third's. Asking for the dial and settings
+ *              print nothing.
  */
 #ifndef BRINDLE_H
 #define BRINDLE_H
@@ -355,35 +356,93 @@ bool set_current_custom_menu(uint64_t window, uint32_t item_id);
  * ------------------------------------------------------------------------------------------------------ */
 
 /*
- * True when the dial is paired with this computer, asked anew on every call; false when it is not, cannot be
- * asked for, or the window has no listener. Blocks the caller until the platform has answered: up to 10,001
- * sleeps of 1 ms each.
+ * Asks Windows whether the dial is there: whether one of the enabled Bluetooth interfaces of its class begins
+ * with this one dial's address. Any other dial, however similar, counts as none. Every call asks anew.
  *
- * This version cannot ask yet: the result is always false. Thread: that of initialize. Since 0.1.
+ *   true    it is there
+ *   false   it is not, Windows could not be asked, or the window has no listener (init_dial_listener comes
+ *           first)
+ *
+ * Blocks the caller until Windows has answered, usually some milliseconds, and handles no messages meanwhile.
+ * An answer that fails or never comes is waited for to the end: 10,001 sleeps of 1 ms, 10 seconds where the
+ * system's timer is fine and up to 160 where it ticks every 16 ms. An answer that comes after that is not
+ * waited for and does no harm, after uninit either.
+ *
+ * Exceptions: std::bad_alloc when there is no memory for the question.
+ * Thread: that of initialize. Since 0.1.
  */
 bool is_dial_present(uint64_t window);
 
 /* ---------------------------------------------------------------------------------------------------------
- * Small named settings. No window and no listener needed; no argument may be null.
- * `resource` names the owner of the texts in the user's credential vault.
- *
- * This version keeps nothing yet: every setting reads as absent, and setters say so with E_NOTIMPL.
+ * Small named settings: texts and numbers, each under a key
  * ------------------------------------------------------------------------------------------------------ */
 
-/* Stores a text. 0, or a negative HRESULT; in this version always E_NOTIMPL (0x80004001).
- * Thread: that of initialize. Since 0.1. */
+/*
+ * They need initialize, but no window, no listener and no dial. A value is kept in the places below, and read
+ * from the first of them that has it:
+ *
+ *                        1. roaming settings    2. the user's vault          3. local settings
+ *   a text is kept in    yes                    yes, under `resource`        yes
+ *   a number is kept in  yes                    no, but a text found there   yes
+ *                                               is read as a number
+ *   for a program with
+ *   package identity     yes                    yes                          yes
+ *   for any other        no                     yes                          no
+ *
+ * So an ordinary desktop program, one without package identity, keeps texts in the vault only and numbers
+ * nowhere: keep a number as a text there, and get_int_from_storage reads it.
+ *
+ * The vault is the user's credential store. Every process of the user can read it: what is kept there is no
+ * secret from the user's other programs. `resource` tells your texts from theirs; a key that another
+ * resource has taken in the vault is not written under yours, so make your keys unlikely ones too
+ * ("Example Paint/last brush"). Windows keeps at most twenty credentials there for a packaged program.
+ *
+ * Roaming settings no longer roam: since Windows 11 they stay on the computer like local ones.
+ *
+ * Sizes: Windows takes keys up to 255 characters and values up to 8192 bytes (4096 UTF-16 units) into
+ * settings, and no empty text into the vault. The library has no limits of its own.
+ *
+ *   resource, key, value   NUL-terminated UTF-16, not null, read during the call
+ *
+ * A place that fails, or refuses a value, is passed over without a word: a setter returns 0 even when nothing
+ * was kept anywhere. To be sure, read the value back. A change is not one step: it removes the old value
+ * and then writes the new one, in each place, and a failure in between leaves the place without either. A
+ * value that a place already has is not written there again.
+ *
+ * Exceptions, of all four: std::bad_alloc without memory, also when Windows is out of it (0x8007000E).
+ */
+
+/*
+ * Keeps a text, which may be empty. 0; a negative HRESULT only if a failure of Windows escaped all care.
+ * Thread: that of initialize. Since 0.1.
+ */
 int32_t set_string_in_storage(const BrindleChar* resource, const BrindleChar* key, const BrindleChar* value);
 
-/* The text stored under `key`, in a new buffer that you free(), or null when there is none.
- * Thread: that of initialize. Since 0.1. */
+/*
+ * The text kept under `key`, or null when there is none. Settings are found under any `resource`, the vault's
+ * texts under their own.
+ *
+ * The text is yours: a new buffer on every call, of its length + 1 units, that you give to free() of the
+ * Universal C Runtime. (A host with another runtime library frees it with that one's free:
+ * GetProcAddress(GetModuleHandle("ucrtbase.dll"), "free").)
+ * Thread: that of initialize. Since 0.1.
+ */
 BrindleChar* get_string_from_storage(const BrindleChar* resource, const BrindleChar* key);
 
-/* Stores a number; `resource` is ignored. 0, or a negative HRESULT; in this version always E_NOTIMPL
- * (0x80004001). Thread: that of initialize. Since 0.1. */
+/*
+ * Keeps a number; `resource` is not used. 0; a negative HRESULT only if a failure of Windows escaped all care.
+ * Thread: that of initialize. Since 0.1.
+ */
 int32_t set_int_in_storage(const BrindleChar* resource, const BrindleChar* key, int32_t value);
 
-/* The number stored under `key`, or INT32_MIN (0x80000000) when there is none: a stored INT32_MIN cannot be
- * told from a missing one. Thread: that of initialize. Since 0.1. */
+/*
+ * The number kept under `key`, or INT32_MIN (0x80000000) when there is none; a kept INT32_MIN cannot be told
+ * from none.
+ *
+ * A text in the vault counts, before the local settings, as the decimal number that it begins with (blanks
+ * and a sign before it are allowed), limited to the range of int32_t; as 0 when it begins with none.
+ * Thread: that of initialize. Since 0.1.
+ */
 int32_t get_int_from_storage(const BrindleChar* resource, const BrindleChar* key);
 
 #ifdef __cplusplus

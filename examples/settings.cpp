@@ -1,0 +1,98 @@
+// Reads and writes settings by hand, through the library as a host would:
+//
+//   settings get-text RESOURCE KEY          settings set-text RESOURCE KEY TEXT
+//   settings get-int RESOURCE KEY           settings set-int RESOURCE KEY NUMBER
+//
+// Getting prints the value; the status is 1 when there is none, 2 when the command cannot be understood.
+#include <brindle.h>
+
+#include <charconv>
+#include <cstdio>
+#include <cstdlib>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "text.h"
+
+namespace {
+
+enum Status { kDone = 0, kAbsent = 1, kMisunderstood = 2 };
+
+int Absent() {
+    std::fputs("settings: there is no such setting\n", stderr);
+    return kAbsent;
+}
+
+int GetText(const Text& resource, const Text& key) {
+    // What the library hands out is ours to free.
+    const std::unique_ptr<BrindleChar, decltype(&std::free)> text(
+        get_string_from_storage(resource.c_str(), key.c_str()), &std::free);
+    if (!text) {
+        return Absent();
+    }
+    std::printf("%s\n", ToUtf8(text.get()).c_str());
+    return kDone;
+}
+
+int GetInt(const Text& resource, const Text& key) {
+    const int32_t number = get_int_from_storage(resource.c_str(), key.c_str());
+    if (number == INT32_MIN) {
+        return Absent();
+    }
+    std::printf("%d\n", number);
+    return kDone;
+}
+
+int Misunderstood() {
+    std::fputs(
+        "usage: settings get-text|get-int RESOURCE KEY\n"
+        "       settings set-text RESOURCE KEY TEXT\n"
+        "       settings set-int RESOURCE KEY NUMBER\n",
+        stderr);
+    return kMisunderstood;
+}
+
+int SetInt(const Text& resource, const Text& key, const Text& value) {
+    const std::string digits = ToUtf8(value);
+    int32_t number = 0;
+    const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), number);
+    if (error != std::errc() || end != digits.data() + digits.size()) {
+        return Misunderstood();
+    }
+    // Negative when the library could not even try; whether it was kept shows in reading it.
+    return set_int_in_storage(resource.c_str(), key.c_str(), number) < 0 ? kAbsent : kDone;
+}
+
+int SetText(const Text& resource, const Text& key, const Text& value) {
+    return set_string_in_storage(resource.c_str(), key.c_str(), value.c_str()) < 0 ? kAbsent : kDone;
+}
+
+int Obey(const std::vector<Text>& words) {
+    const std::string command = words.size() < 4 ? "" : ToUtf8(words[1]);
+    if (words.size() == 4 && command == "get-text") {
+        return GetText(words[2], words[3]);
+    }
+    if (words.size() == 4 && command == "get-int") {
+        return GetInt(words[2], words[3]);
+    }
+    if (words.size() == 5 && command == "set-text") {
+        return SetText(words[2], words[3], words[4]);
+    }
+    if (words.size() == 5 && command == "set-int") {
+        return SetInt(words[2], words[3], words[4]);
+    }
+    return Misunderstood();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (initialize() == 1) {
+        std::fputs("settings: this system has no Windows Runtime\n", stderr);
+        return kMisunderstood;
+    }
+    const int status = Obey(Arguments(argc, argv));
+    uninit();
+    return status;
+}
