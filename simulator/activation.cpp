@@ -1,8 +1,10 @@
 #include "simulator/activation.h"
 
 #include "simulator/api_information.h"
+#include "simulator/application_data.h"
 #include "simulator/configuration.h"
 #include "simulator/controller.h"
+#include "simulator/credentials.h"
 #include "simulator/menu.h"
 #include "simulator/property_value.h"
 #include "simulator/storage_file.h"
@@ -22,6 +24,9 @@ struct ActivatableClassEntry {
 
 constexpr ActivatableClassEntry kClasses[] = {
     {abi::ApiInformation::Name, MakeApiInformation},
+    {abi::ApplicationData::Name, MakeApplicationDataStatics},
+    {abi::PasswordCredential::Name, MakeCredentialFactory},
+    {abi::PasswordVault::Name, MakeVaultFactory},
     {abi::RadialController::Name, MakeControllerFactory},
     {abi::RadialControllerConfiguration::Name, MakeConfigurationFactory},
     {abi::RadialControllerMenuItem::Name, MakeMenuItemStatics},

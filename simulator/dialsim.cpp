@@ -5,6 +5,7 @@
 #include <cstring>
 
 #include "simulator/accounts.h"
+#include "simulator/application_data.h"
 #include "simulator/async.h"
 #include "simulator/clock.h"
 #include "simulator/configuration.h"
@@ -18,6 +19,7 @@
 #include "simulator/property_value.h"
 #include "simulator/resources.h"
 #include "simulator/script.h"
+#include "simulator/stores.h"
 
 namespace {
 
@@ -103,9 +105,9 @@ bool dialsim_append_item(uint64_t window, const char* tag_kind, uint32_t value) 
     const std::string kind = tag_kind;
     Ref<abi::IInspectable> tag;
     if (kind == "UInt32") {
-        tag = BoxNumber(value);
+        tag = Box(value);
     } else if (kind == "String") {
-        tag = BoxText(std::to_string(value));
+        tag = Box(Widen(std::to_string(value)));
     } else if (kind == "object") {
         tag = MakePropertyValueStatics();  // any object that is no value
     } else if (kind != "none") {
@@ -135,6 +137,25 @@ uint32_t dialsim_pending() { return TheOperations().Pending(); }
 int32_t dialsim_completion_code(uint32_t index) { return TheOperations().CompletionCode(index); }
 void dialsim_abandon_pending() { TheOperations().Abandon(); }
 void dialsim_wait_for_async() { TheOperations().WaitForThreads(); }
+
+void dialsim_set_stores(const char* folder) {
+    SetStoresFolder(folder == nullptr ? std::nullopt : std::optional<std::string>(folder));
+}
+void dialsim_set_packaged(bool packaged) { SetPackaged(packaged); }
+size_t dialsim_store(const char* store, char* buffer, size_t size) {
+    return CopyOut(StoreText(store), buffer, size);
+}
+bool dialsim_put_setting(const char* store, const char* key, const char* type, const char* value) {
+    const auto settings = SettingsNamed(store);
+    Setting setting;
+    bool replaced = false;
+    return settings && ParseSetting(type, value, setting) &&
+           PutSetting(*settings, Widen(key), setting, replaced) >= 0;
+}
+bool dialsim_put_credential(const char* resource, const char* user_name, const char* password) {
+    return PutCredential(Widen(resource), Widen(user_name), Widen(password)) >= 0;
+}
+bool dialsim_clear_stores() { return ClearStores(); }
 
 bool dialsim_add_resource(uint64_t module, uint16_t id, const char* type, const void* bytes, uint32_t size) {
     return AddResource(module, id, type, std::string(static_cast<const char*>(bytes), size));
@@ -201,6 +222,7 @@ void dialsim_reset() {
     ResetConfigurations();
     ResetResources();
     ResetFiles();
+    ResetPackaged();
     TheJournal().Reset();
     TheAccounts().Reset();
     TheDial().Reset();

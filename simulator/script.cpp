@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "simulator/accounts.h"
+#include "simulator/application_data.h"
 #include "simulator/async.h"
 #include "simulator/clock.h"
 #include "simulator/control.h"
@@ -18,6 +19,7 @@
 #include "simulator/journal.h"
 #include "simulator/menu_view.h"
 #include "simulator/operations.h"
+#include "simulator/stores.h"
 
 namespace dialsim {
 
@@ -108,6 +110,9 @@ Action ParseShown(const std::string& word) {
     if (word == "menu") {
         return Quiet([](Player& player) { Print(MenuText(player.window)); });
     }
+    if (word == "stores") {
+        return Quiet([](Player&) { Print(AllStoresText()); });
+    }
     return Quiet([journal = ParseChoice(word, "journal", "accounts")](Player&) {
         Print(journal ? TheJournal().Text() : TheAccounts().Text());
     });
@@ -195,6 +200,8 @@ const Command kCommands[] = {
      }},
     {"settle", 1, 1,
      [](const Words&) -> Action { return Quiet([](Player&) { TheOperations().WaitForThreads(); }); }},
+    {"packaged", 1, 1, [](const Words&) -> Action { return Quiet([](Player&) { SetPackaged(true); }); }},
+    {"unpackaged", 1, 1, [](const Words&) -> Action { return Quiet([](Player&) { SetPackaged(false); }); }},
     {"show", 2, 2, [](const Words& words) -> Action { return ParseShown(words[1]); }},
     {"draw", 3, 3,
      [](const Words& words) -> Action {
