@@ -2,8 +2,10 @@
 
 #include "platform/interfaces/devices.h"
 #include "simulator/api_information.h"
+#include "simulator/application_data.h"
 #include "simulator/configuration.h"
 #include "simulator/controller.h"
+#include "simulator/credentials.h"
 #include "simulator/devices.h"
 #include "simulator/menu.h"
 #include "simulator/property_value.h"
@@ -24,6 +26,9 @@ struct ActivatableClassEntry {
 
 constexpr ActivatableClassEntry kClasses[] = {
     {abi::ApiInformation::Name, MakeApiInformation},
+    {abi::ApplicationData::Name, MakeApplicationDataStatics},
+    {abi::PasswordCredential::Name, MakeCredentialFactory},
+    {abi::PasswordVault::Name, MakeVaultFactory},
     {abi::RadialController::Name, MakeControllerFactory},
     {abi::RadialControllerConfiguration::Name, MakeConfigurationFactory},
     {abi::RadialControllerMenuItem::Name, MakeMenuItemStatics},

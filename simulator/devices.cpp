@@ -26,32 +26,24 @@ struct Filter {
     }
 };
 
-// The two properties that device interfaces have here, in the platform's query syntax.
-bool Understand(const std::string& term, Filter& filter) {
-    static const std::regex of_class(
-        R"(\s*System\.Devices\.InterfaceClassGuid\s*:\s*=\s*"(\{[-0-9a-f]+\})\"\s*)", std::regex::icase);
-    static const std::regex of_enabled(
-        R"(\s*System\.Devices\.InterfaceEnabled\s*:\s*=\s*System\.StructuredQueryType\.Boolean#(True|False)\s*)");
-    std::smatch match;
-    if (std::regex_match(term, match, of_class)) {
-        filter.interface_class = match[1];
-        return true;
-    }
-    if (std::regex_match(term, match, of_enabled)) {
-        filter.enabled = match[1] == "True";
-        return true;
-    }
-    return false;
-}
-
+// A conjunction of the two properties that device interfaces have here, in the platform's query syntax.
 std::optional<Filter> Understand(const std::string& query) {
-    static const std::regex conjunction(R"(\s+AND\s+)");
+    static const std::string of_class =
+        R"(System\.Devices\.InterfaceClassGuid\s*:\s*=\s*"(\{[-0-9a-fA-F]+\})\")";
+    static const std::string of_enabled =
+        R"(System\.Devices\.InterfaceEnabled\s*:\s*=\s*System\.StructuredQueryType\.Boolean#(True|False))";
+    static const std::string term = "(" + of_class + "|" + of_enabled + ")";
+    static const std::regex conjunction("\\s*" + term + "(\\s+AND\\s+" + term + ")*\\s*");
+    if (!std::regex_match(query, conjunction)) {
+        return std::nullopt;
+    }
     Filter filter;
-    for (std::sregex_token_iterator term(query.begin(), query.end(), conjunction, -1), end; term != end;
-         ++term) {
-        if (!Understand(*term, filter)) {
-            return std::nullopt;
-        }
+    std::smatch match;
+    if (std::regex_search(query, match, std::regex(of_class))) {
+        filter.interface_class = match[1];
+    }
+    if (std::regex_search(query, match, std::regex(of_enabled))) {
+        filter.enabled = match[1] == "True";
     }
     return filter;
 }

@@ -5,6 +5,7 @@
 #include <cstring>
 
 #include "simulator/accounts.h"
+#include "simulator/application_data.h"
 #include "simulator/async.h"
 #include "simulator/clock.h"
 #include "simulator/configuration.h"
@@ -19,6 +20,7 @@
 #include "simulator/property_value.h"
 #include "simulator/resources.h"
 #include "simulator/script.h"
+#include "simulator/stores.h"
 #include "simulator/threads.h"
 
 namespace {
@@ -104,9 +106,9 @@ bool dialsim_append_item(uint64_t window, const char* tag_kind, uint32_t value) 
     const std::string kind = tag_kind;
     Ref<abi::IInspectable> tag;
     if (kind == "UInt32") {
-        tag = BoxNumber(value);
+        tag = Box(value);
     } else if (kind == "String") {
-        tag = BoxText(std::to_string(value));
+        tag = Box(Widen(std::to_string(value)));
     } else if (kind == "object") {
         tag = MakePropertyValueStatics();  // any object that is no value
     } else if (kind != "none") {
@@ -143,6 +145,25 @@ void dialsim_add_device(const char* id, const char* interface_class, bool enable
 }
 void dialsim_remove_devices() { TheDevices().RemoveAll(); }
 void dialsim_fail_devices(int32_t code) { TheDevices().Fail(code); }
+
+void dialsim_set_stores(const char* folder) {
+    SetStoresFolder(folder == nullptr ? std::nullopt : std::optional<std::string>(folder));
+}
+void dialsim_set_packaged(bool packaged) { SetPackaged(packaged); }
+size_t dialsim_store(const char* store, char* buffer, size_t size) {
+    return CopyOut(StoreText(store), buffer, size);
+}
+bool dialsim_put_setting(const char* store, const char* key, const char* type, const char* value) {
+    const auto settings = SettingsNamed(store);
+    Setting setting;
+    bool replaced = false;
+    return settings && ParseSetting(type, value, setting) &&
+           PutSetting(*settings, Widen(key), setting, replaced) >= 0;
+}
+bool dialsim_put_credential(const char* resource, const char* user_name, const char* password) {
+    return PutCredential(Widen(resource), Widen(user_name), Widen(password)) >= 0;
+}
+bool dialsim_clear_stores() { return ClearStores(); }
 
 bool dialsim_add_resource(uint64_t module, uint16_t id, const char* type, const void* bytes, uint32_t size) {
     return AddResource(module, id, type, std::string(static_cast<const char*>(bytes), size));
@@ -204,6 +225,7 @@ void dialsim_reset() {
     ResetFiles();
     TheDevices().Reset();
     SkipSleeps(false);
+    ResetPackaged();
     TheJournal().Reset();
     TheAccounts().Reset();
     TheDial().Reset();

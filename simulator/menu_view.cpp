@@ -53,7 +53,8 @@ std::string TagOf(abi::IRadialControllerMenuItem& item) {
     abi::IInspectable* result = nullptr;
     item.get_Tag(&result);
     const auto tag = Ref<abi::IInspectable>::Adopt(result);
-    const auto number = NumberIn(tag.get());
+    const auto value = Unbox(tag.get());
+    const auto* number = value ? std::get_if<std::uint32_t>(&*value) : nullptr;
     return !tag ? "-" : number ? std::to_string(*number) : "not a number";
 }
 

@@ -21,22 +21,39 @@ struct ShortName {
     std::size_t length = 0;
 };
 
-consteval ShortName WithoutNamespace(std::string_view name) {
-    constexpr std::string_view space = "brindle::abi::";
+struct Spelling {
+    std::string_view compilers;
+    std::string_view published;
+};
+
+// The first that fits counts.
+constexpr Spelling kSpellings[] = {
+    {"HSTRING__ *", "String"},
+    {"HSTRING__*", "String"},
+    {"brindle::abi::IInspectable", "Object"},
+    {"brindle::abi::", ""},
+};
+
+consteval ShortName Published(std::string_view name) {
     ShortName result;
     while (!name.empty()) {
-        if (name.starts_with(space)) {
-            name.remove_prefix(space.size());
-        } else {
-            result.text[result.length++] = name.front();
-            name.remove_prefix(1);
+        Spelling spelling{name.substr(0, 1), name.substr(0, 1)};
+        for (const Spelling& known : kSpellings) {
+            if (name.starts_with(known.compilers)) {
+                spelling = known;
+                break;
+            }
         }
+        for (const char c : spelling.published) {
+            result.text[result.length++] = c;
+        }
+        name.remove_prefix(spelling.compilers.size());
     }
     return result;
 }
 
 template <class T>
-inline constexpr ShortName kShortName = WithoutNamespace(CompilersName<T>());
+inline constexpr ShortName kShortName = Published(CompilersName<T>());
 
 }  // namespace detail
 

@@ -1,17 +1,17 @@
 #include "simulator/property_value.h"
 
-#include <variant>
-
 // The types of one value, with the names that the getters, the factories and the enumeration share.
-#define DIALSIM_NUMBERS(ROW)   \
+#define DIALSIM_INTEGERS(ROW)  \
     ROW(UInt8, std::uint8_t)   \
     ROW(Int16, std::int16_t)   \
     ROW(UInt16, std::uint16_t) \
     ROW(Int32, std::int32_t)   \
     ROW(UInt32, std::uint32_t) \
     ROW(Int64, std::int64_t)   \
-    ROW(UInt64, std::uint64_t) \
-    ROW(Single, float)         \
+    ROW(UInt64, std::uint64_t)
+#define DIALSIM_NUMBERS(ROW) \
+    DIALSIM_INTEGERS(ROW)    \
+    ROW(Single, float)       \
     ROW(Double, double)
 #define DIALSIM_OTHERS(ROW)      \
     ROW(Char16, WCHAR)           \
@@ -44,6 +44,13 @@ struct Value {
                  abi::Point, abi::Size, abi::Rect, WideString>
         held;
 };
+
+#define DIALSIM_TO_VALUE(NAME, TYPE) \
+    Value ToValue(TYPE number) { return {PropertyType::NAME, number}; }
+DIALSIM_INTEGERS(DIALSIM_TO_VALUE)
+#undef DIALSIM_TO_VALUE
+Value ToValue(bool truth) { return {PropertyType::Boolean, static_cast<abi::boolean>(truth)}; }
+Value ToValue(const WideString& text) { return {PropertyType::String, text}; }
 
 bool IsNumber(PropertyType type) { return type >= PropertyType::UInt8 && type <= PropertyType::Double; }
 
@@ -159,18 +166,30 @@ Ref<abi::IInspectable> MakePropertyValueStatics() {
     return Ref<abi::IInspectable>::Adopt(new PropertyValueStatics);
 }
 
-std::optional<std::uint32_t> NumberIn(abi::IInspectable* value) {
-    const auto* boxed = dynamic_cast<BoxedValue*>(value);
-    const auto* number = boxed == nullptr ? nullptr : std::get_if<std::uint32_t>(&boxed->value().held);
-    return number == nullptr ? std::nullopt : std::optional(*number);
+Ref<abi::IInspectable> Box(const Scalar& scalar) {
+    const auto value = [](const auto& held) { return ToValue(held); };
+    return Ref<abi::IInspectable>::Adopt(new BoxedValue(std::visit(value, scalar)));
 }
 
-Ref<abi::IInspectable> BoxNumber(std::uint32_t number) {
-    return Ref<abi::IInspectable>::Adopt(new BoxedValue({PropertyType::UInt32, number}));
-}
-
-Ref<abi::IInspectable> BoxText(const std::string& text) {
-    return Ref<abi::IInspectable>::Adopt(new BoxedValue({PropertyType::String, Widen(text)}));
+std::optional<Scalar> Unbox(abi::IInspectable* object) {
+    const auto* boxed = dynamic_cast<BoxedValue*>(object);
+    if (boxed == nullptr) {
+        return {};
+    }
+    const auto& [type, held] = boxed->value();
+    switch (type) {
+#define DIALSIM_UNBOX(NAME, TYPE) \
+    case PropertyType::NAME:      \
+        return std::get<TYPE>(held);
+        DIALSIM_INTEGERS(DIALSIM_UNBOX)
+#undef DIALSIM_UNBOX
+        case PropertyType::Boolean:
+            return std::get<abi::boolean>(held) != 0;
+        case PropertyType::String:
+            return std::get<WideString>(held);
+        default:
+            return {};
+    }
 }
 
 }  // namespace dialsim

@@ -3,7 +3,7 @@
 
 #include <cstdint>
 #include <optional>
-#include <string>
+#include <variant>
 
 #include "platform/interfaces/property_value.h"
 #include "simulator/object.h"
@@ -12,10 +12,13 @@ namespace dialsim {
 
 Ref<abi::IInspectable> MakePropertyValueStatics();
 
-// A boxed UInt32; empty for everything else.
-std::optional<std::uint32_t> NumberIn(abi::IInspectable* value);
+// One value; each type has a representation of its own.
+using Scalar = std::variant<std::uint8_t, std::int16_t, std::uint16_t, std::int32_t, std::uint32_t,
+                            std::int64_t, std::uint64_t, bool, WideString>;
 
-Ref<abi::IInspectable> BoxNumber(std::uint32_t number);
-Ref<abi::IInspectable> BoxText(const std::string& text);
+Ref<abi::IInspectable> Box(const Scalar& scalar);
+
+// Empty for null, for objects of others, and for values of other types.
+std::optional<Scalar> Unbox(abi::IInspectable* object);
 
 }  // namespace dialsim

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "simulator/accounts.h"
+#include "simulator/application_data.h"
 #include "simulator/async.h"
 #include "simulator/clock.h"
 #include "simulator/control.h"
@@ -19,6 +20,7 @@
 #include "simulator/journal.h"
 #include "simulator/menu_view.h"
 #include "simulator/operations.h"
+#include "simulator/stores.h"
 
 namespace dialsim {
 
@@ -108,6 +110,9 @@ void Print(const std::string& text) { std::fputs(text.c_str(), stdout); }
 Action ParseShown(const std::string& word) {
     if (word == "menu") {
         return Quiet([](Player& player) { Print(MenuText(player.window)); });
+    }
+    if (word == "stores") {
+        return Quiet([](Player&) { Print(AllStoresText()); });
     }
     return Quiet([journal = ParseChoice(word, "journal", "accounts")](Player&) {
         Print(journal ? TheJournal().Text() : TheAccounts().Text());
@@ -210,6 +215,8 @@ const Command kCommands[] = {
              TheDevices().Add(id.c_str(), nullptr, enabled);
          });
      }},
+    {"packaged", 1, 1, [](const Words&) -> Action { return Quiet([](Player&) { SetPackaged(true); }); }},
+    {"unpackaged", 1, 1, [](const Words&) -> Action { return Quiet([](Player&) { SetPackaged(false); }); }},
     {"show", 2, 2, [](const Words& words) -> Action { return ParseShown(words[1]); }},
     {"draw", 3, 3,
      [](const Words& words) -> Action {

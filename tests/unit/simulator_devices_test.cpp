@@ -95,7 +95,7 @@ TEST_F(SimulatedDevices, AreFoundInTheirOrderByClassAndByBeingEnabled) {
 }
 
 TEST_F(SimulatedDevices, AFilterThatCannotBeUnderstoodIsAnInvalidArgument) {
-    for (const std::string filter :
+    for (const std::string& filter :
          {std::string(), std::string("System.Devices.Paired:=True"), EnabledIs("Perhaps"), ClassIs("{x}"),
           ClassIs(kDialClass) + " OR " + EnabledIs("True"), EnabledIs("True") + " AND "}) {
         ComPtr<Enumeration> enumeration;
