@@ -1,6 +1,5 @@
 #include <clocale>
 #include <cuchar>
-#include <string_view>
 
 #include "text.h"
 
@@ -11,22 +10,23 @@ constexpr auto kSecondHalf = static_cast<std::size_t>(-3);  // of a pair whose b
 constexpr auto kIncomplete = static_cast<std::size_t>(-2);
 constexpr auto kDamaged = static_cast<std::size_t>(-1);
 
-void UseUtf8() { [[maybe_unused]] static const char* const locale = std::setlocale(LC_CTYPE, "C.UTF-8"); }
+// For the functions below; the texts of programs are taken to be UTF-8 whatever the user's language is.
+void UseUtf8() { std::setlocale(LC_CTYPE, "C.UTF-8"); }
 
 // Up to what is damaged.
-Text FromUtf8(std::string_view utf8) {
+Text FromUtf8(const char* utf8) {
+    const char* const end = utf8 + std::char_traits<char>::length(utf8) + 1;
     Text text;
     std::mbstate_t state{};
-    while (!utf8.empty()) {
+    for (;;) {
         char16_t unit = 0;
-        const std::size_t taken = std::mbrtoc16(&unit, utf8.data(), utf8.size(), &state);
-        if (taken == kIncomplete || taken == kDamaged) {
-            break;
+        const std::size_t taken = std::mbrtoc16(&unit, utf8, static_cast<std::size_t>(end - utf8), &state);
+        if (taken == 0 || taken == kIncomplete || taken == kDamaged) {
+            return text;
         }
         text += unit;
-        utf8.remove_prefix(taken == kSecondHalf ? 0 : taken);
+        utf8 += taken == kSecondHalf ? 0 : taken;
     }
-    return text;
 }
 
 }  // namespace
