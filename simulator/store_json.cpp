@@ -219,7 +219,10 @@ std::string Listing(const Settings& settings) {
     std::string text;
     for (const auto& [key, setting] : settings) {
         text += WriteText(key).dump() + " " + TypeOf(setting);
-        text += (setting ? " " + WriteValue(setting).dump() : "") + "\n";
+        if (setting) {
+            text.append(" ").append(WriteValue(setting).dump());
+        }
+        text += "\n";
     }
     return text;
 }
