@@ -1,9 +1,11 @@
 // A host that calls back in, several threads at once, and a platform of which everything fails.
+#include <cstdlib>
 #include <string>
 #include <vector>
 
 #include "behaviour.h"
 #include "support/menu_items.h"
+#include "support/wide.h"
 
 namespace {
 
@@ -24,7 +26,7 @@ private:
         const MenuItemDescription item = KnownIcon(5);
         const std::int32_t kind = 3;
         answered = answered && add_custom_menu(kWindow, &item, 1) && set_default_menu(kWindow, &kind, 1) &&
-                   set_current_custom_menu(kWindow, 5) && !is_dial_present(kWindow);
+                   set_current_custom_menu(kWindow, 5) && is_dial_present(kWindow);
     }
 };
 
@@ -58,6 +60,9 @@ TEST_F(Reentrancy, AClickMayRegisterAHostAgain) {
 // What a user may do to a dial in a few moments, once.
 void LiveThroughEverything() {
     static const std::uint32_t buzz = 1;
+    dialsim_async(DIALSIM_AT_ONCE);
+    dialsim_skip_sleeps(true);
+    dialsim_set_packaged(true);
     initialize();
     RecordingHost host(kWindow);
     host.haptic_request = &buzz;
@@ -79,6 +84,11 @@ void LiveThroughEverything() {
     dialsim_lift(kWindow);
     dialsim_click(kWindow);
     dialsim_lose(kWindow);
+    is_dial_present(kWindow);
+    set_string_in_storage(UTF16("host"), UTF16("key"), UTF16("7"));
+    std::free(get_string_from_storage(UTF16("host"), UTF16("key")));
+    set_int_in_storage(UTF16("host"), UTF16("key"), 7);
+    get_int_from_storage(UTF16("host"), UTF16("key"));
     uninit();
 }
 
@@ -110,6 +120,7 @@ TEST_F(Sweep, NoFailureOfThePlatformEndsTheProcessOrLeaksAnything) {
         }
     }
     Printed();
+    EXPECT_TRUE(dialsim_clear_stores());
 }
 
 using Threads = Listening;

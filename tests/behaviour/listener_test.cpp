@@ -5,7 +5,6 @@
 #include <vector>
 
 #include "behaviour.h"
-#include "support/wide.h"
 
 namespace {
 
@@ -312,14 +311,6 @@ TEST_F(Windows, AMissInsertsNoEntry) {
     EXPECT_EQ(Journal(), "end of RadialController(131862)\nRoUninitialize()\n");
 }
 
-// Until the library can ask for the dial, a known window gets the same answer as an unknown one.
-TEST_F(Windows, WhatIsNotThereYetAnswersFalse) {
-    EXPECT_FALSE(is_dial_present(kWindow));
-    EXPECT_EQ(Journal(), "");
-}
-
-using Settings = Started;
-
 using DiagnosticsDeathTest = Listener;
 
 // Standard output that cannot be written to.
@@ -340,19 +331,6 @@ void RegisterWithoutOutput() {
 
 TEST_F(DiagnosticsDeathTest, ALineThatCannotBeWrittenIsIgnored) {
     EXPECT_EXIT(RegisterWithoutOutput(), testing::ExitedWithCode(EXIT_SUCCESS), "");
-}
-
-TEST_F(Settings, AKeyThatWasNeverWrittenIsAbsent) {
-    EXPECT_EQ(get_string_from_storage(UTF16("host"), UTF16("never")), nullptr);
-    EXPECT_EQ(get_int_from_storage(UTF16("host"), UTF16("never")), INT32_MIN);
-}
-
-// Until the library keeps settings, writing one says so.
-TEST_F(Settings, AWriteThatKeepsNothingDoesNotClaimToHaveKept) {
-    constexpr std::int32_t kNotImplemented = static_cast<std::int32_t>(0x80004001);
-    EXPECT_EQ(set_string_in_storage(UTF16("host"), UTF16("key"), UTF16("value")), kNotImplemented);
-    EXPECT_EQ(set_int_in_storage(UTF16("host"), UTF16("key"), 7), kNotImplemented);
-    EXPECT_EQ(get_int_from_storage(UTF16("host"), UTF16("key")), INT32_MIN);
 }
 
 }  // namespace

@@ -3,16 +3,20 @@
 #include <brindle.h>
 #include <stdio.h>
 #include <stdlib.h>
+#include <string.h>
 
 #include "simulator/dialsim.h"
 
 #ifdef _WIN32
+#include <direct.h>
 #define UTF16(literal) L##literal
 #else
+#include <unistd.h>
 #define UTF16(literal) u##literal
 #endif
 
 #define WINDOW 42
+#define STORES "c_host.stores" /* in the current folder, for as long as this runs */
 
 static const char* phase = "start";
 
@@ -84,15 +88,35 @@ static void FillTheMenu(void) {
 
 static void AskForTheDial(void) {
     phase = "presence";
+    CHECK(is_dial_present(WINDOW));
+    dialsim_remove_devices();
     CHECK(!is_dial_present(WINDOW));
+}
+
+static void CheckAndFree(BrindleChar* text) {
+    const BrindleChar expected[] = UTF16("value");
+    CHECK(text != NULL);
+    CHECK(memcmp(text, expected, sizeof expected) == 0);
+    free(text);
 }
 
 static void KeepSettings(void) {
     phase = "settings";
-    CHECK(set_string_in_storage(UTF16("c_host"), UTF16("name"), UTF16("value")) < 0);
-    free(get_string_from_storage(UTF16("c_host"), UTF16("name")));
-    CHECK(set_int_in_storage(UTF16("c_host"), UTF16("number"), 7) < 0);
+    dialsim_set_stores(STORES);
+    CHECK(dialsim_clear_stores());
+    dialsim_set_packaged(true);
+    CHECK(set_string_in_storage(UTF16("c_host"), UTF16("name"), UTF16("value")) == 0);
+    CHECK(set_int_in_storage(UTF16("c_host"), UTF16("number"), 7) == 0);
+    CheckAndFree(get_string_from_storage(UTF16("c_host"), UTF16("name")));
+    CHECK(get_int_from_storage(UTF16("c_host"), UTF16("number")) == 7);
+    CHECK(get_string_from_storage(UTF16("c_host"), UTF16("number")) == NULL);
+
+    phase = "settings of a program without an identity";
+    dialsim_set_packaged(false);
+    CheckAndFree(get_string_from_storage(UTF16("c_host"), UTF16("name")));
     CHECK(get_int_from_storage(UTF16("c_host"), UTF16("number")) == INT32_MIN);
+    CHECK(dialsim_clear_stores());
+    rmdir(STORES);
 }
 
 static void Stop(const CountingHost* host) {

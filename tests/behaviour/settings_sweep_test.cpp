@@ -1,0 +1,409 @@
+// Every call of the platform's that a settings function makes, struck once in every way: what the function
+// then answers, and what each of the three places then holds.
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <functional>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "settings.h"
+
+namespace {
+
+// In the order in which the functions visit them.
+enum Place : std::size_t { kRoaming, kVault, kLocal };
+constexpr std::array kNamesOfPlaces = {"roaming", "vault", "local"};
+
+enum Way : std::size_t { kFails, kFailsLate, kYieldsNull };
+constexpr Way kWays[] = {kFails, kFailsLate, kYieldsNull};
+constexpr std::array kNamesOfWays = {"fails", "fails late", "yields null"};
+
+// One call of an undisturbed run.
+struct Call {
+    std::string text;       // with its arguments
+    std::string operation;  // without
+    std::uint32_t number;   // among those with the same text, from 1
+    Place place;
+
+    // Texts are made just before the call that takes them, which is not told from here.
+    bool MakesText() const { return operation.starts_with("WindowsCreateString"); }
+};
+
+// What answers no code, or happens without being called for.
+bool CannotBeStruck(const std::string& line) {
+    constexpr const char* kBeginnings[] = {"WindowsDeleteString", "WindowsGetString", "wcs", "end of "};
+    return std::any_of(std::begin(kBeginnings), std::end(kBeginnings),
+                       [&](const char* beginning) { return line.starts_with(beginning); });
+}
+
+std::vector<Call> CallsIn(const std::string& journal) {
+    std::vector<Call> calls;
+    for (const std::string& line : LinesOf(journal)) {
+        if (!CannotBeStruck(line)) {
+            const std::string text = line.substr(0, line.rfind(')') + 1);
+            const auto earlier = std::count_if(calls.begin(), calls.end(),
+                                               [&](const Call& call) { return call.text == text; });
+            calls.push_back(
+                {text, text.substr(0, text.find('(')), static_cast<std::uint32_t>(earlier) + 1, kRoaming});
+        }
+    }
+    return calls;
+}
+
+// Each place is entered by way of its own factory. Texts belong to the call that follows them.
+void FindPlaces(std::vector<Call>& calls) {
+    Place place = kRoaming;
+    auto unplaced = calls.begin();
+    for (auto call = calls.begin(); call != calls.end(); ++call) {
+        if (call->MakesText()) {
+            continue;
+        }
+        if (call->text == kVaultFactory) {
+            place = kVault;
+        } else if (call->text == kApplicationData) {
+            place = call->number == 1 ? kRoaming : kLocal;
+        }
+        for (; unplaced <= call; ++unplaced) {
+            unplaced->place = place;
+        }
+    }
+}
+
+using Stores = std::array<std::string, 3>;
+
+// What a write leaves in the place in which one of its calls is struck.
+enum class Kept {
+    Before,   // what was there
+    Without,  // what was there, without the old value if that is removed before the new one is written
+    After,    // the new value
+    Any       // one of these
+};
+
+struct Effect {
+    const char* call;
+    std::array<Kept, 3> kept;  // by the way in which it is struck
+};
+
+constexpr Effect kEffects[] = {
+    // The way to a container, and to the vault.
+    {kApplicationData, {Kept::Before, Kept::Before, Kept::Before}},
+    {kCurrent, {Kept::Before, Kept::Before, Kept::Before}},
+    {kRoamingSettings, {Kept::Before, Kept::Before, Kept::Before}},
+    {kLocalSettings, {Kept::Before, Kept::Before, Kept::Before}},
+    {kValues, {Kept::Before, Kept::Before, Kept::Before}},
+    {kViewAsMap, {Kept::Before, Kept::Before, Kept::Before}},
+    {kVaultFactory, {Kept::Before, Kept::Before, Kept::Before}},
+    {kNewVault, {Kept::Before, Kept::Before, Kept::Before}},
+    {kViewAsVault, {Kept::Before, Kept::Before, Kept::Before}},
+    // An entry that cannot be compared or removed is replaced.
+    {kLookup, {Kept::After, Kept::After, Kept::After}},
+    {kViewAsValue, {Kept::After, Kept::After, Kept::After}},
+    {kGetString, {Kept::After, Kept::After, Kept::After}},
+    {kGetInt32, {Kept::After, Kept::After, Kept::After}},
+    {kRemoveEntry, {Kept::After, Kept::After, Kept::After}},
+    // A new entry that cannot be made. What becomes of a null in the place of one is the platform's affair.
+    {kValueFactory, {Kept::Without, Kept::Without, Kept::Without}},
+    {kCreateString, {Kept::Without, Kept::Without, Kept::Any}},
+    {kCreateInt32, {Kept::Without, Kept::Without, Kept::Any}},
+    {kInsertEntry, {Kept::Without, Kept::After, Kept::Without}},
+    // A search that fails counts as no match: the new credential is added, over an old one too.
+    {kSearch, {Kept::After, Kept::After, Kept::After}},
+    {kCountFound, {Kept::After, Kept::After, Kept::After}},
+    // A credential that cannot be compared or removed stays; one that is null, or empty, is replaced.
+    {kRetrieve, {Kept::Before, Kept::Before, Kept::After}},
+    {kGetPassword, {Kept::Before, Kept::Before, Kept::After}},
+    {kRemoveCredential, {Kept::Before, Kept::Without, Kept::After}},
+    {kCredentialFactory, {Kept::Without, Kept::Without, Kept::Without}},
+    {kCreateCredential, {Kept::Without, Kept::Without, Kept::Any}},
+    {kAddCredential, {Kept::Without, Kept::After, Kept::Without}},
+};
+
+constexpr std::array kTextEffect = {Kept::Any, Kept::Any, Kept::Any};
+
+// Null when nothing is known of the call.
+const std::array<Kept, 3>* EffectsOf(const Call& call) {
+    if (call.MakesText()) {
+        return &kTextEffect;
+    }
+    const Effect* const effect = std::find_if(
+        std::begin(kEffects), std::end(kEffects),
+        [&](const Effect& each) { return each.call == call.text || each.call == call.operation; });
+    return effect == std::end(kEffects) ? nullptr : &effect->kept;
+}
+
+// What is under the key before a run.
+struct Entry {
+    std::string type;  // empty: nothing
+    std::string value;
+};
+
+struct Scenario {
+    const char* name;
+    Entry container;       // in both
+    const char* password;  // of the resource's own credential; null: there is none
+    bool other_resource;   // whether another resource has one
+};
+
+class SettingsSweep : public Settings {
+protected:
+    void TearDown() override {
+        std::fprintf(stderr, "settings sweep: %zu operations, %zu calls, %zu runs\n", operations_.size(),
+                     calls_, runs_);
+        RecordProperty("operations", static_cast<int>(operations_.size()));
+        RecordProperty("calls", static_cast<int>(calls_));
+        RecordProperty("runs", static_cast<int>(runs_));
+        Settings::TearDown();
+    }
+
+    static void PutEntry(const char* store, const Entry& entry) {
+        if (!entry.type.empty()) {
+            Put(store, entry.type.c_str(), entry.value.c_str());
+        }
+    }
+    static Stores WhatIsStored() { return {Store("roaming"), Store("vault"), Store("local")}; }
+
+    // Calls `check` before each run in which one call is struck. A text that is made as an empty one would be
+    // a text all the same: that is not done.
+    void StrikeEach(std::vector<Call> calls, const std::function<void(const Call&, Way)>& check) {
+        FindPlaces(calls);
+        for (const Call& call : calls) {
+            operations_.insert(call.operation);
+            ++calls_;
+            for (const Way way : kWays) {
+                if (!(way == kYieldsNull && call.MakesText())) {
+                    SCOPED_TRACE(std::string(kNamesOfPlaces[call.place]) + ": " + call.text + ", call " +
+                                 std::to_string(call.number) + ", " + kNamesOfWays[way]);
+                    ++runs_;
+                    check(call, way);
+                    EXPECT_EQ(OpenAccounts(), "");
+                }
+            }
+        }
+    }
+
+    static void Strike(const Call& call, Way way) {
+        const char* const text = call.text.c_str();
+        ASSERT_TRUE(way == kFails       ? dialsim_fail(text, kFail, call.number, 1)
+                    : way == kFailsLate ? dialsim_fail_late(text, kFail, call.number, 1)
+                                        : dialsim_yield_null(text, call.number, 1));
+    }
+
+private:
+    std::set<std::string> operations_;
+    std::size_t calls_ = 0;
+    std::size_t runs_ = 0;
+};
+
+// --- writing
+
+// A new value of a kind, as text.
+struct NewValue {
+    const char* type;
+    const char* text;
+    bool goes_to_the_vault;
+};
+
+class WritingSweep : public SettingsSweep {
+protected:
+    // Sweeps the write of the value over the scenario.
+    void Sweep(const Scenario& scenario, const NewValue& value, const std::function<std::int32_t()>& write) {
+        SCOPED_TRACE(scenario.name);
+        Prepare(scenario);
+        const Outcomes outcomes = OutcomesOf(scenario, value);
+        dialsim_clear_journal();
+        EXPECT_EQ(write(), 0);
+        EXPECT_EQ(WhatIsStored(), outcomes.undisturbed);
+        StrikeEach(CallsIn(Journal()), [&](const Call& call, Way way) {
+            Prepare(scenario);
+            Strike(call, way);
+            EXPECT_EQ(write(), 0);
+            Check(call, way, outcomes);
+        });
+    }
+
+private:
+    struct Outcomes {
+        Stores before;
+        Stores without;
+        Stores after;
+        Stores undisturbed;
+    };
+
+    static void Prepare(const Scenario& scenario) {
+        ASSERT_TRUE(dialsim_clear_stores());
+        PutEntry("roaming", scenario.container);
+        PutEntry("local", scenario.container);
+        if (scenario.password != nullptr) {
+            PutInVault(scenario.password);
+        }
+        if (scenario.other_resource) {
+            PutInVault("theirs", "other");
+        }
+    }
+
+    static Outcomes OutcomesOf(const Scenario& scenario, const NewValue& value) {
+        const std::string entry = "\"key\" " + std::string(value.type) + " " + value.text + "\n";
+        const bool removed = scenario.container.type == value.type;
+        Outcomes outcomes{WhatIsStored(), WhatIsStored(), {entry, "", entry}, {entry, "", entry}};
+        if (removed) {
+            outcomes.without[kRoaming] = outcomes.without[kLocal] = "";
+        }
+        const std::string theirs = scenario.other_resource ? Credential("other", "theirs") : "";
+        const bool blocked = scenario.other_resource && scenario.password == nullptr;
+        outcomes.without[kVault] = theirs;
+        outcomes.after[kVault] = Credential("host", "new") + theirs;
+        outcomes.undisturbed[kVault] =
+            value.goes_to_the_vault && !blocked ? outcomes.after[kVault] : outcomes.before[kVault];
+        return outcomes;
+    }
+
+    // The struck call changes its own place, and no other.
+    static void Check(const Call& call, Way way, const Outcomes& outcomes) {
+        const std::array<Kept, 3>* const effects = EffectsOf(call);
+        ASSERT_NE(effects, nullptr) << "nothing is known of this call";
+        const Stores stored = WhatIsStored();
+        const std::string& kept = stored[call.place];
+        Stores expected = outcomes.undisturbed;
+        switch ((*effects)[way]) {
+            case Kept::Before:
+                expected[call.place] = outcomes.before[call.place];
+                break;
+            case Kept::Without:
+                expected[call.place] = outcomes.without[call.place];
+                break;
+            case Kept::After:
+                expected[call.place] = outcomes.after[call.place];
+                break;
+            case Kept::Any:
+                EXPECT_TRUE(kept == outcomes.before[call.place] || kept == outcomes.without[call.place] ||
+                            kept == outcomes.after[call.place])
+                    << kept;
+                expected[call.place] = kept;
+                break;
+        }
+        EXPECT_EQ(stored, expected);
+    }
+};
+
+TEST_F(WritingSweep, OfATextKeepsWhatCanBeKept) {
+    for (const Scenario& scenario : {
+             Scenario{"nothing is there", {}, nullptr, false},
+             {"the text is there", {"String", "new"}, "new", false},
+             {"another text is there", {"String", "old"}, "old", false},
+             {"a number is there, and the vault knows the key of another resource",
+              {"Int32", "1"},
+              nullptr,
+              true},
+             {"no value is there, and the vault knows the key twice", {"composite", ""}, "old", true},
+         }) {
+        Sweep(scenario, {"String", "\"new\"", true}, [] { return SetText(UTF16("new")); });
+    }
+}
+
+TEST_F(WritingSweep, OfANumberKeepsWhatCanBeKept) {
+    for (const Scenario& scenario : {
+             Scenario{"nothing is there", {}, nullptr, false},
+             {"the number is there", {"Int32", "7"}, "old", false},
+             {"another number is there", {"Int32", "8"}, nullptr, false},
+             {"a text is there", {"String", "7"}, "7", true},
+             {"a number of another kind is there", {"UInt32", "7"}, nullptr, false},
+             {"no value is there", {"composite", ""}, nullptr, false},
+         }) {
+        Sweep(scenario, {"Int32", "7", false}, [] { return SetNumber(7); });
+    }
+}
+
+// --- reading
+
+template <class Value>
+using Found = std::array<std::optional<Value>, 3>;
+
+template <class Value>
+std::optional<Value> FirstOf(const Found<Value>& found) {
+    for (const std::optional<Value>& value : found) {
+        if (value.has_value()) {
+            return value;
+        }
+    }
+    return std::nullopt;
+}
+
+class ReadingSweep : public SettingsSweep {
+protected:
+    static void Prepare(const Entry& roaming, const char* password, bool other_resource, const Entry& local) {
+        ASSERT_TRUE(dialsim_clear_stores());
+        PutEntry("roaming", roaming);
+        if (password != nullptr) {
+            PutInVault(password);
+        }
+        if (other_resource) {
+            PutInVault("3", "other");
+        }
+        PutEntry("local", local);
+    }
+
+    // Sweeps a read that finds these values in the places. A place that is struck yields nothing, unless it
+    // is the value itself that is yielded as null, as the empty text that is.
+    template <class Value>
+    void Sweep(const std::function<std::optional<Value>()>& read, const Found<Value>& found) {
+        const Stores before = WhatIsStored();
+        dialsim_clear_journal();
+        EXPECT_EQ(read(), FirstOf(found));
+        StrikeEach(CallsIn(Journal()), [&](const Call& call, Way way) {
+            Found<Value> left = found;
+            left[call.place] = way == kYieldsNull && IsTheValue(call) ? std::optional(Value()) : std::nullopt;
+            Strike(call, way);
+            EXPECT_EQ(read(), FirstOf(left));
+        });
+        EXPECT_EQ(WhatIsStored(), before);
+    }
+
+private:
+    static bool IsTheValue(const Call& call) {
+        return call.operation == kGetString || call.operation == kGetInt32 || call.operation == kGetPassword;
+    }
+};
+
+TEST_F(ReadingSweep, OfATextYieldsWhatTheRemainingPlacesHold) {
+    const auto read = [] { return GetText(); };
+    const WideText one = UTF16("1");
+    const WideText two = UTF16("2");
+    const WideText four = UTF16("4");
+    Prepare({}, nullptr, false, {});
+    Sweep<WideText>(read, {});
+    Prepare({"String", "1"}, "2", false, {"String", "4"});
+    Sweep<WideText>(read, {one, two, four});
+    Prepare({"String", "1"}, nullptr, false, {});
+    Sweep<WideText>(read, {one});
+    Prepare({}, "2", true, {"String", "4"});
+    Sweep<WideText>(read, {std::nullopt, two, four});
+    Prepare({"Int32", "1"}, nullptr, true, {"String", "4"});
+    Sweep<WideText>(read, {std::nullopt, std::nullopt, four});
+    Prepare({"composite", ""}, nullptr, true, {"Int32", "4"});
+    Sweep<WideText>(read, {});
+}
+
+TEST_F(ReadingSweep, OfANumberYieldsWhatTheRemainingPlacesHold) {
+    const auto read = [] {
+        const std::int32_t number = GetNumber();
+        return number == kAbsentNumber ? std::nullopt : std::optional(number);
+    };
+    Prepare({}, nullptr, false, {});
+    Sweep<std::int32_t>(read, {});
+    Prepare({"Int32", "1"}, "2", false, {"Int32", "4"});
+    Sweep<std::int32_t>(read, {1, 2, 4});
+    Prepare({"Int32", "1"}, nullptr, false, {});
+    Sweep<std::int32_t>(read, {1});
+    Prepare({}, "2", true, {"Int32", "4"});
+    Sweep<std::int32_t>(read, {std::nullopt, 2, 4});
+    Prepare({"String", "1"}, nullptr, true, {"Int32", "4"});
+    Sweep<std::int32_t>(read, {std::nullopt, std::nullopt, 4});
+    Prepare({"Int32", "-2147483648"}, "-2147483648", false, {"Int32", "4"});
+    Sweep<std::int32_t>(read, {std::nullopt, std::nullopt, 4});
+    Prepare({"composite", ""}, nullptr, true, {"UInt32", "4"});
+    Sweep<std::int32_t>(read, {});
+}
+
+}  // namespace

@@ -1,0 +1,65 @@
+// The wait for the dial to the millisecond: natively the clock moves with each sleep and with nothing else.
+#include <brindle.h>
+#include <gtest/gtest.h>
+
+#include <cstdint>
+
+#include "simulator/dialsim.h"
+#include "support/dialsim_text.h"
+#include "support/recording_host.h"
+
+namespace brindle {
+namespace {
+
+constexpr std::uint64_t kWindow = 3;
+
+class PresenceWait : public testing::Test {
+protected:
+    void SetUp() override {
+        dialsim_reset();
+        ASSERT_EQ(initialize(), 0);
+        ASSERT_TRUE(init_dial_listener(&host_));
+    }
+    void TearDown() override {
+        uninit();
+        EXPECT_EQ(OpenAccounts(), "");
+        dialsim_reset();
+    }
+
+    // The dial is among the devices; this long after the start of the wait the platform says so.
+    bool IsPresentAfter(std::uint32_t milliseconds) {
+        dialsim_async_delay(milliseconds);
+        return is_dial_present(kWindow);
+    }
+    static std::uint32_t Sleeps() { return dialsim_calls("Sleep(1)"); }
+
+private:
+    RecordingHost host_{kWindow};
+};
+
+TEST_F(PresenceWait, EndsWithTheSleepInWhichTheAnswerCame) {
+    EXPECT_TRUE(IsPresentAfter(5));
+    EXPECT_EQ(Sleeps(), 5u);
+}
+
+TEST_F(PresenceWait, LooksAfterTheTenThousandthSleepForTheLastTime) {
+    EXPECT_TRUE(IsPresentAfter(10'000));
+    EXPECT_EQ(Sleeps(), 10'000u);
+}
+
+// The flag is not read again, but the answer is.
+TEST_F(PresenceWait, TakesAnAnswerThatCameDuringTheLastSleep) {
+    EXPECT_TRUE(IsPresentAfter(10'001));
+    EXPECT_EQ(Sleeps(), 10'001u);
+}
+
+TEST_F(PresenceWait, IsOverWhenTheAnswerComesAfterTheLastSleep) {
+    EXPECT_FALSE(IsPresentAfter(10'002));
+    EXPECT_EQ(Sleeps(), 10'001u);
+    dialsim_wait(1);
+    dialsim_wait_for_async();
+    EXPECT_EQ(dialsim_completion_code(0), 0);
+}
+
+}  // namespace
+}  // namespace brindle
