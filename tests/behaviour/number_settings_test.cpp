@@ -19,11 +19,12 @@ TEST_F(NumberSettings, AKeyThatWasNeverWrittenIsAbsent) {
 
 TEST_F(NumberSettings, ANumberIsLookedForInTheRoamingContainerTheVaultAndTheLocalContainer) {
     EXPECT_EQ(GetNumber(), kAbsentNumber);
-    EXPECT_EQ(Calls(), ContainerLookup("Roaming") +
-                           "RoGetActivationFactory(Windows.Security.Credentials.PasswordVault)\n"
-                           "IActivationFactory::ActivateInstance()\n"
-                           "IPasswordVault::FindAllByUserName(key) = 80070490\n" +
-                           ContainerLookup("Local"));
+    EXPECT_EQ(Calls(),
+              ContainerLookup("Roaming") +
+                  "RoGetActivationFactory(Windows.Security.Credentials.PasswordVault)\n"
+                  "IActivationFactory::ActivateInstance(Windows.Security.Credentials.PasswordVault)\n"
+                  "IPasswordVault::FindAllByUserName(key) = 80070490\n" +
+                  ContainerLookup("Local"));
 }
 
 TEST_F(NumberSettings, TheRoamingContainerWinsOverTheOthers) {

@@ -11,11 +11,11 @@ using TextSettings = Settings;
 
 constexpr char kSearchWithoutSuccess[] =
     "RoGetActivationFactory(Windows.Security.Credentials.PasswordVault)\n"
-    "IActivationFactory::ActivateInstance()\n"
+    "IActivationFactory::ActivateInstance(Windows.Security.Credentials.PasswordVault)\n"
     "IPasswordVault::FindAllByUserName(key) = 80070490\n";
 constexpr char kSearchWithSuccess[] =
     "RoGetActivationFactory(Windows.Security.Credentials.PasswordVault)\n"
-    "IActivationFactory::ActivateInstance()\n"
+    "IActivationFactory::ActivateInstance(Windows.Security.Credentials.PasswordVault)\n"
     "IPasswordVault::FindAllByUserName(key)\n"
     "IVectorView<PasswordCredential>::get_Size()\n"
     "IPasswordVault::Retrieve(host, key)\n"
