@@ -149,8 +149,9 @@ struct Scenario {
 class SettingsSweep : public Settings {
 protected:
     void TearDown() override {
-        std::fprintf(stderr, "settings sweep: %zu operations, %zu calls, %zu runs\n", operations_.size(),
-                     calls_, runs_);
+        const testing::TestInfo& test = *testing::UnitTest::GetInstance()->current_test_info();
+        std::fprintf(stderr, "sweep: %s.%s: %zu operations, %zu calls, %zu runs\n", test.test_suite_name(),
+                     test.name(), operations_.size(), calls_, runs_);
         RecordProperty("operations", static_cast<int>(operations_.size()));
         RecordProperty("calls", static_cast<int>(calls_));
         RecordProperty("runs", static_cast<int>(runs_));
