@@ -1,5 +1,6 @@
 // What every behaviour test stands on: the library started on a fresh simulator; at the end nothing printed
-// that was not asked for, and nothing handed out that has not come back.
+// that was not asked for, and nothing handed out that has not come back. Settings and credentials are the
+// test's own.
 #pragma once
 
 #include <brindle.h>
@@ -12,6 +13,7 @@
 #include "simulator/dialsim.h"
 #include "support/dialsim_text.h"
 #include "support/recording_host.h"
+#include "support/stores_folder.h"
 
 inline constexpr std::int32_t kFail = static_cast<std::int32_t>(0x80004005);
 inline constexpr std::int32_t kNoInterface = static_cast<std::int32_t>(0x80004002);
@@ -36,6 +38,8 @@ protected:
         testing::internal::GetCapturedStdout();
         EXPECT_EQ(OpenAccounts(), "") << "handed out and not come back";
     }
+
+    StoresFolder stores;
 
     // What was printed since the last question.
     static std::string Printed() {

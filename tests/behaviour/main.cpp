@@ -3,7 +3,6 @@
 #include <cstdio>
 
 #include "simulator/dialsim.h"
-#include "support/stores_folder.h"
 
 int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);
@@ -13,6 +12,5 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "brindle.dll is not loaded\n");
         return 1;
     }
-    const StoresFolder stores;
     return RUN_ALL_TESTS();
 }

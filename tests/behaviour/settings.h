@@ -52,11 +52,6 @@ protected:
     void SetUp() override {
         Started::SetUp();
         dialsim_set_packaged(true);
-        ASSERT_TRUE(dialsim_clear_stores());
-    }
-    void TearDown() override {
-        EXPECT_TRUE(dialsim_clear_stores());
-        Started::TearDown();
     }
 
     static std::string Store(const char* store) {

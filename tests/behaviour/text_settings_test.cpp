@@ -3,7 +3,6 @@
 #include <cstdio>
 
 #include "settings.h"
-#include "support/stores_folder.h"
 
 namespace {
 
@@ -379,11 +378,7 @@ protected:
     void SetUp() override {
         Settings::SetUp();
         EXPECT_EQ(SetText(UTF16("old")), 0);
-        const std::string path = StoresFolder::Path() + "/" + GetParam() + ".json";
-        std::FILE* const file = std::fopen(path.c_str(), "wb");
-        ASSERT_NE(file, nullptr) << path;
-        std::fputs("{", file);
-        std::fclose(file);
+        stores.Write(GetParam() + std::string(".json"), "{");
     }
 };
 

@@ -18,6 +18,13 @@ inline std::string Journal() { return TextOf(dialsim_journal); }
 inline std::string OpenAccounts() { return TextOf(dialsim_accounts); }
 inline std::string Raised() { return TextOf(dialsim_raised); }
 
+inline std::string StoreText(const char* store) {
+    std::string text(dialsim_store(store, nullptr, 0), '\0');
+    dialsim_store(store, text.data(), text.size());
+    text.pop_back();  // the terminator
+    return text;
+}
+
 inline std::vector<std::string> LinesOf(const std::string& text) {
     std::istringstream stream(text);
     std::vector<std::string> lines;

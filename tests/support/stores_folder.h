@@ -1,29 +1,80 @@
-// Where the stores of settings and credentials are while a test program runs: in a folder of its own.
+// A folder of the simulator's stores, fresh for each test and gone with it.
 #pragma once
 
-#include <gtest/gtest.h>
-
+#include <cstdio>
+#include <optional>
 #include <string>
 
 #ifdef _WIN32
 #include <direct.h>
-#include <process.h>
+#include <windows.h>
 #else
 #include <unistd.h>
+
+#include <cstdlib>
 #endif
 
 #include "simulator/dialsim.h"
 
-// The simulator makes the folder when it first needs it; it is gone with this object.
 class StoresFolder {
 public:
-    StoresFolder() { dialsim_set_stores(Path().c_str()); }
+    StoresFolder() : path_(NewFolder()) { dialsim_set_stores(path_.c_str()); }
     StoresFolder(const StoresFolder&) = delete;
     StoresFolder& operator=(const StoresFolder&) = delete;
     ~StoresFolder() {
+        dialsim_set_stores(path_.c_str());
         dialsim_clear_stores();
-        rmdir(Path().c_str());
+        dialsim_set_stores(nullptr);
+        std::remove(PathOf("lock").c_str());
+        RemoveFolder(path_);
     }
 
-    static std::string Path() { return testing::TempDir() + "brindle-stores-" + std::to_string(getpid()); }
+    const std::string& path() const { return path_; }
+    std::string PathOf(const std::string& name) const { return path_ + "/" + name; }
+
+    // Nothing when there is no such file.
+    std::optional<std::string> Read(const std::string& name) const {
+        std::FILE* file = std::fopen(PathOf(name).c_str(), "rb");
+        if (file == nullptr) {
+            return {};
+        }
+        std::string content;
+        for (int byte = std::fgetc(file); byte != EOF; byte = std::fgetc(file)) {
+            content += static_cast<char>(byte);
+        }
+        std::fclose(file);
+        return content;
+    }
+    void Write(const std::string& name, const std::string& content) const {
+        if (std::FILE* file = std::fopen(PathOf(name).c_str(), "wb")) {
+            std::fwrite(content.data(), 1, content.size(), file);
+            std::fclose(file);
+        }
+    }
+
+    static void RemoveFolder(const std::string& path) {
+#ifdef _WIN32
+        _rmdir(path.c_str());
+#else
+        rmdir(path.c_str());
+#endif
+    }
+
+private:
+    static std::string NewFolder() {
+#ifdef _WIN32
+        char folder[MAX_PATH + 1];
+        char name[MAX_PATH + 1];
+        GetTempPathA(sizeof folder, folder);
+        GetTempFileNameA(folder, "dst", 0, name);
+        std::remove(name);
+        _mkdir(name);
+        return name;
+#else
+        char name[] = "/tmp/dialsim-stores-XXXXXX";
+        return mkdtemp(name);
+#endif
+    }
+
+    const std::string path_;
 };

@@ -10,6 +10,7 @@
 #include "frame/text.h"
 #include "simulated.h"
 #include "storage/host_text.h"
+#include "tests/support/stores_folder.h"
 
 namespace {
 
@@ -50,10 +51,10 @@ TEST_F(WipedTexts, AWipedTextIsFreedWithoutItsCharacters) {
 }
 
 TEST_F(WipedTexts, ReadingANumberFromTheVaultLeavesNoCopyOfTheText) {
+    const StoresFolder stores;
     ASSERT_TRUE(dialsim_put_credential("host", "key", "17 secret"));
     EXPECT_EQ(get_int_from_storage(u"host", u"key"), 17);
     EXPECT_EQ(blocks_with_the_secret, 0);
-    EXPECT_TRUE(dialsim_clear_stores());
 }
 
 }  // namespace
