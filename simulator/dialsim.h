@@ -168,18 +168,27 @@ void dialsim_fail_devices(int32_t code);
 
 /*
  * Three stores: the roaming and the local settings of the application, and the user's credential vault. Each
- * is a JSON file in one folder, roaming.json, local.json and vault.json, the last readable by its owner only.
- * A change replaces the file at once, so that whatever ends the process leaves the old or the new state, and
- * several processes may change the stores of one folder side by side. A missing file is an empty store. One
- * that is damaged is never overwritten: every operation on it fails, with 0x80073DB8
- * (ERROR_STATE_LOAD_STORE_FAILED) for settings and 0x80070570 (ERROR_FILE_CORRUPT) for the vault, and the
- * first one says what is wrong on standard error.
+ * is a JSON file in one folder, roaming.json, local.json and vault.json, the last readable by its owner only,
+ * laid out for a person to read and change:
+ *
+ *   {"settings": [{"key": "brush", "type": "String", "value": "Palette"}]}
+ *   {"credentials": [{"resource": "resource", "user": "user name", "password": "password"}]}
+ *
+ * (a text that is not well-formed UTF-16 stands there as the list of its units). A change replaces the file
+ * at once, so that whatever ends the process leaves the old or the new state, and several processes may
+ * change the stores of one folder side by side. A missing file is an empty store. One that is damaged is
+ * never overwritten: every operation on it fails, with 0x80073DB8 (ERROR_STATE_LOAD_STORE_FAILED) for
+ * settings and 0x80070570 (ERROR_FILE_CORRUPT) for the vault, and the first one says what is wrong on
+ * standard error. Where the system refuses a file or the folder, operations fail with its code, such as
+ * 0x80070005 (ERROR_ACCESS_DENIED).
  *
  * What the platform refuses is refused here with its codes: a setting's name above 255 characters
- * (0x80073DC9) and a value above 8192 bytes (0x80073DC8); a credential with an empty resource, user name or
+ * (0x80073DC9), a value above 8192 bytes (0x80073DC8), no value at all (E_POINTER) and one of a type that the
+ * stores do not keep (0x8007065E, ERROR_UNSUPPORTED_TYPE); a credential with an empty resource, user name or
  * password (E_INVALIDARG); retrieving, removing or searching for what is not there (0x80070490,
- * ERROR_NOT_FOUND). Adding a credential that is there replaces its password. A setting that is not there is
- * looked up as null.
+ * ERROR_NOT_FOUND). Names are compared exactly. Adding a credential that is there replaces its password; one
+ * that was searched for has none until it is asked to retrieve it. A setting that is not there is looked up
+ * as null, and removing it is no failure.
  *
  * The folder is the one given here; with null (at the start) that of the environment variable DIALSIM_STORES,
  * and without it dialsim in the user's own local data: %LOCALAPPDATA%, natively $XDG_STATE_HOME or

@@ -54,44 +54,33 @@ HANDLE OpenLockFile(const WideString& folder) {
                        FILE_ATTRIBUTE_NORMAL, nullptr);
 }
 
-WideString UserSid() {
-    HANDLE opened = nullptr;
-    if (!OpenProcessToken(GetCurrentProcess(), TOKEN_QUERY, &opened)) {
-        return {};
-    }
-    const Handle token(opened);
-    alignas(TOKEN_USER) char user[sizeof(TOKEN_USER) + SECURITY_MAX_SID_SIZE];
-    DWORD size = 0;
-    WCHAR* text = nullptr;
-    if (!GetTokenInformation(token.get(), TokenUser, user, sizeof user, &size) ||
-        !ConvertSidToStringSidW(reinterpret_cast<TOKEN_USER*>(user)->User.Sid, &text)) {
-        return {};
-    }
-    WideString sid = text;
-    LocalFree(text);
-    return sid;
+HANDLE CreateNew(const WideString& path, SECURITY_ATTRIBUTES* protection) {
+    return CreateFileW(path.c_str(), GENERIC_WRITE, 0, protection, CREATE_NEW, FILE_ATTRIBUTE_NORMAL,
+                       nullptr);
 }
 
-// Full access for this user, nothing for others, and nothing inherited from the folder.
-class OwnerOnly {
-public:
-    OwnerOnly() {
-        const WideString description = L"D:P(A;;FA;;;" + UserSid() + L")";
-        ConvertStringSecurityDescriptorToSecurityDescriptorW(description.c_str(), SDDL_REVISION_1,
-                                                             &attributes_.lpSecurityDescriptor, nullptr);
+// Protected from its beginning as this says, in the language for security descriptors.
+HANDLE CreateProtected(const WideString& path, const WCHAR* description) {
+    SECURITY_ATTRIBUTES protection{sizeof protection, nullptr, FALSE};
+    if (!ConvertStringSecurityDescriptorToSecurityDescriptorW(description, SDDL_REVISION_1,
+                                                              &protection.lpSecurityDescriptor, nullptr)) {
+        return INVALID_HANDLE_VALUE;
     }
-    OwnerOnly(const OwnerOnly&) = delete;
-    OwnerOnly& operator=(const OwnerOnly&) = delete;
-    ~OwnerOnly() { LocalFree(attributes_.lpSecurityDescriptor); }
+    const HANDLE file = CreateNew(path, &protection);
+    const DWORD error = GetLastError();
+    LocalFree(protection.lpSecurityDescriptor);
+    SetLastError(error);
+    return file;
+}
 
-    // Null where it could not be made.
-    SECURITY_ATTRIBUTES* get() {
-        return attributes_.lpSecurityDescriptor == nullptr ? nullptr : &attributes_;
-    }
-
-private:
-    SECURITY_ATTRIBUTES attributes_{sizeof(SECURITY_ATTRIBUTES), nullptr, FALSE};
-};
+// Rights for whoever owns the file, and none inherited. Wine would give what a user is granted by name to the
+// user's group as well; not what "owner rights" are granted, but these it knows only if they also are the
+// owner by name. Windows refuses such an owner, and needs none.
+HANDLE CreateForOwner(const WideString& path) {
+    const HANDLE file = CreateProtected(path, L"O:OWD:P(A;;FRFWSD;;;OW)");
+    const bool refused = file == INVALID_HANDLE_VALUE && GetLastError() == ERROR_INVALID_OWNER;
+    return refused ? CreateProtected(path, L"D:P(A;;FRFWSD;;;OW)") : file;
+}
 
 WideString NewName(const WideString& path) { return path + L".new"; }
 
@@ -100,12 +89,11 @@ bool RemoveOne(const WideString& path) {
 }
 
 // A file of nobody's so far: its protection is this one from the beginning.
-HRESULT WriteNewFile(const WideString& path, const std::string& content, SECURITY_ATTRIBUTES* protection) {
+HRESULT WriteNewFile(const WideString& path, const std::string& content, Readers readers) {
     if (!RemoveOne(path)) {
         return LastCode();
     }
-    const Handle file(
-        CreateFileW(path.c_str(), GENERIC_WRITE, 0, protection, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr));
+    const Handle file(readers == Readers::OwnerOnly ? CreateForOwner(path) : CreateNew(path, nullptr));
     DWORD written = 0;
     const bool whole = file && ::WriteFile(file.get(), content.data(), static_cast<DWORD>(content.size()),
                                            &written, nullptr);
@@ -161,12 +149,7 @@ HRESULT ReadStoreFile(const std::string& path, std::optional<std::string>& conte
 
 HRESULT ReplaceStoreFile(const std::string& path, const std::string& content, Readers readers) {
     const WideString target = Widen(path);
-    OwnerOnly owner_only;
-    if (readers == Readers::OwnerOnly && owner_only.get() == nullptr) {
-        return E_FAIL;
-    }
-    SECURITY_ATTRIBUTES* const protection = readers == Readers::OwnerOnly ? owner_only.get() : nullptr;
-    if (const HRESULT code = WriteNewFile(NewName(target), content, protection); code < 0) {
+    if (const HRESULT code = WriteNewFile(NewName(target), content, readers); code < 0) {
         return code;
     }
     const DWORD how = MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH;

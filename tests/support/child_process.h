@@ -18,6 +18,8 @@
 
 class ChildProcess {
 public:
+    static constexpr int kKilled = -1;
+
     // The program of this name beside the running one, with arguments that need no quoting.
     ChildProcess(const std::string& name, const std::vector<std::string>& arguments) {
         Start(Beside(name), arguments);
@@ -34,16 +36,16 @@ public:
 
     // Waits for a byte of its standard output; false when it has ended.
     bool Hear() {
-        char byte = 0;
+        char mark = 0;
         DWORD count = 0;
-        return ReadFile(output_, &byte, 1, &count, nullptr) && count == 1;
+        return ReadFile(output_, &mark, 1, &count, nullptr) && count == 1;
     }
     // At once, whatever it is doing; returns when it is gone.
     void Kill() {
-        TerminateProcess(process_, 9);
+        TerminateProcess(process_, static_cast<UINT>(kKilled));
         Wait();
     }
-    // Its exit code.
+    // Its exit code, or kKilled.
     int Wait() {
         WaitForSingleObject(process_, INFINITE);
         DWORD code = 0;
@@ -87,8 +89,8 @@ private:
     }
 
     bool Hear() {
-        char byte = 0;
-        return read(output_, &byte, 1) == 1;
+        char mark = 0;
+        return read(output_, &mark, 1) == 1;
     }
     void Kill() {
         if (process_ > 0) {
@@ -100,7 +102,7 @@ private:
         int status = 0;
         waitpid(process_, &status, 0);
         process_ = 0;
-        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+        return WIFEXITED(status) ? WEXITSTATUS(status) : kKilled;
     }
 
 private:

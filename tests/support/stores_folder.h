@@ -9,6 +9,7 @@
 #include <direct.h>
 #include <windows.h>
 #else
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cstdlib>
@@ -32,6 +33,13 @@ public:
     const std::string& path() const { return path_; }
     std::string PathOf(const std::string& name) const { return path_ + "/" + name; }
 
+    bool Has(const std::string& name) const {
+#ifdef _WIN32
+        return GetFileAttributesA(PathOf(name).c_str()) != INVALID_FILE_ATTRIBUTES;
+#else
+        return access(PathOf(name).c_str(), F_OK) == 0;
+#endif
+    }
     // Nothing when there is no such file.
     std::optional<std::string> Read(const std::string& name) const {
         std::FILE* file = std::fopen(PathOf(name).c_str(), "rb");
@@ -39,8 +47,8 @@ public:
             return {};
         }
         std::string content;
-        for (int byte = std::fgetc(file); byte != EOF; byte = std::fgetc(file)) {
-            content += static_cast<char>(byte);
+        for (int next = std::fgetc(file); next != EOF; next = std::fgetc(file)) {
+            content += static_cast<char>(next);
         }
         std::fclose(file);
         return content;
@@ -52,6 +60,13 @@ public:
         }
     }
 
+    static void MakeFolder(const std::string& path) {
+#ifdef _WIN32
+        _mkdir(path.c_str());
+#else
+        mkdir(path.c_str(), S_IRWXU);
+#endif
+    }
     static void RemoveFolder(const std::string& path) {
 #ifdef _WIN32
         _rmdir(path.c_str());

@@ -15,7 +15,6 @@
 #include "platform/interfaces/property_value.h"
 #include "platform/interfaces/storage.h"
 #include "simulated.h"
-#include "tests/support/file_facts.h"
 #include "tests/support/stores_folder.h"
 
 namespace brindle {
@@ -337,7 +336,7 @@ TEST_F(StoredSettings, RefuseWhatTheyDoNotKeep) {
     EXPECT_EQ(replaced, 7);
     EXPECT_EQ(values->Insert(Text("key"), TextValue("text").Get(), nullptr), E_POINTER);
     EXPECT_EQ(StoreText("roaming"), "");
-    EXPECT_FALSE(folder.Read("roaming.json"));
+    EXPECT_FALSE(folder.Has("roaming.json"));
 }
 
 TEST_F(StoredSettings, MayBeObjectsThatAreNoValues) {
@@ -726,7 +725,7 @@ TEST_F(StoreControls, ClearEverythingDamagedOrNot) {
     folder.Write("vault.json.new", "left behind");
     EXPECT_TRUE(dialsim_clear_stores());
     for (const char* file : {"roaming.json", "local.json", "vault.json", "vault.json.new"}) {
-        EXPECT_FALSE(folder.Read(file)) << file;
+        EXPECT_FALSE(folder.Has(file)) << file;
     }
     EXPECT_TRUE(dialsim_clear_stores());
 }
@@ -782,19 +781,10 @@ TEST_F(StoreFiles, CanBeWrittenByAPerson) {
     EXPECT_EQ(TextAt("a", Where::Local), (WideText{static_cast<WCHAR>(55357), WCHAR('b')}));
 }
 
-TEST_F(StoreFiles, OfTheVaultAreTheOwnersAlone) {
-    dialsim_put_credential("resource", "user", "secret");
-    EXPECT_FALSE(MayOthersRead(folder.PathOf("vault.json")));
-    // Not even if they were left open to others before.
-    folder.Write("vault.json.new", "left behind");
-    dialsim_put_credential("resource", "user", "other");
-    EXPECT_FALSE(MayOthersRead(folder.PathOf("vault.json")));
-}
-
 TEST_F(StoreFiles, AreNotWrittenWhereNothingChanges) {
     Values()->Remove(Text("key"));
     Values()->Clear();
-    EXPECT_FALSE(folder.Read("roaming.json"));
+    EXPECT_FALSE(folder.Has("roaming.json"));
     const std::string by_hand = "{\"settings\":[{\"key\":\"key\",\"type\":\"Int32\",\"value\":1}]}";
     folder.Write("roaming.json", by_hand);
     EXPECT_EQ(Values()->Remove(Text("another")), S_OK);
@@ -956,17 +946,9 @@ TEST_F(StoreFiles, ThatAreDamagedDoNotTellTheirPasswords) {
     }
 }
 
-void MakeFolder(const std::string& path) {
-#ifdef _WIN32
-    _mkdir(path.c_str());
-#else
-    mkdir(path.c_str(), 0700);
-#endif
-}
-
 TEST_F(StoreFiles, ThatCannotBeReadFailWithTheSystemsCode) {
     const std::string in_the_way = folder.PathOf("roaming.json");
-    MakeFolder(in_the_way);
+    StoresFolder::MakeFolder(in_the_way);
     Object value;
     EXPECT_EQ(Lookup("key", value), kAccessDenied);
     StoresFolder::RemoveFolder(in_the_way);
@@ -976,7 +958,7 @@ TEST_F(StoreFiles, ThatCannotBeReadFailWithTheSystemsCode) {
 TEST_F(StoreFiles, ThatCannotBeWrittenFailWithTheSystemsCodeAndStay) {
     ASSERT_EQ(InsertText("key", "old"), S_OK);
     const std::string in_the_way = folder.PathOf("roaming.json.new");
-    MakeFolder(in_the_way);
+    StoresFolder::MakeFolder(in_the_way);
     EXPECT_EQ(InsertText("key", "new"), kAccessDenied);
     EXPECT_EQ(TextAt("key"), WIDE("old"));
     StoresFolder::RemoveFolder(in_the_way);
@@ -1026,7 +1008,7 @@ void ExpectStoresIn(const StoresFolder& folder, const std::vector<std::string>& 
         made.insert(made.begin(), folder.PathOf(path));
     }
     EXPECT_TRUE(dialsim_put_setting("local", "key", "Int32", "1"));
-    EXPECT_TRUE(folder.Read(path + "/local.json")) << path;
+    EXPECT_TRUE(folder.Has(path + "/local.json")) << path;
     EXPECT_TRUE(dialsim_clear_stores());
     std::remove(folder.PathOf(path + "/lock").c_str());
     for (const std::string& each : made) {
