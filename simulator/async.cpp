@@ -150,6 +150,21 @@ HRESULT Operations::CompletionCode(std::uint32_t index) {
     return index < slots_.size() ? slots_[index].code : kOutOfBounds;
 }
 
+bool Operations::MarshalsFreeThreaded(std::uint32_t index) {
+    Completable* held = nullptr;
+    {
+        const std::lock_guard guard(mutex_);
+        const bool there = index < slots_.size() && slots_[index].operation != nullptr;
+        held = there && slots_[index].operation->TryHold() ? slots_[index].operation : nullptr;
+    }
+    if (held == nullptr) {
+        return false;
+    }
+    const bool answer = held->MarshalsFreeThreaded();
+    held->LetGo();
+    return answer;
+}
+
 void Operations::Abandon() {
     std::vector<Completable*> kept;
     {

@@ -32,6 +32,8 @@ class Completable {
 public:
     // With its own status unless another is given. Empty when it has completed before or nobody listens yet.
     virtual std::optional<Outcome> Complete(std::optional<abi::AsyncStatus> status) = 0;
+    // Whether its handler does, as long as it has one.
+    virtual bool MarshalsFreeThreaded() = 0;
     virtual bool TryHold() = 0;
     virtual void LetGo() = 0;
 
@@ -55,6 +57,7 @@ public:
     HRESULT Complete(std::uint32_t index, std::optional<abi::AsyncStatus> status);
     HRESULT CompleteAll();
     HRESULT CompletionCode(std::uint32_t index);
+    bool MarshalsFreeThreaded(std::uint32_t index);
     // Those that have not completed never will.
     void Abandon();
     void Reset();
@@ -180,6 +183,14 @@ public:
             status_ = status.value_or(OwnStatus());
         }
         return Call();
+    }
+    bool MarshalsFreeThreaded() override {
+        std::shared_ptr<HeldHandler<Handler>> handler;
+        {
+            const std::lock_guard guard(mutex_);
+            handler = handler_;
+        }
+        return handler != nullptr && handler->MarshalsFreeThreaded();
     }
     bool TryHold() override { return this->TryAddRef(); }
     void LetGo() override { this->Release(); }

@@ -136,6 +136,7 @@ int32_t dialsim_complete_as(uint32_t index, int32_t status) {
 }
 uint32_t dialsim_pending() { return TheOperations().Pending(); }
 int32_t dialsim_completion_code(uint32_t index) { return TheOperations().CompletionCode(index); }
+bool dialsim_completion_marshals(uint32_t index) { return TheOperations().MarshalsFreeThreaded(index); }
 void dialsim_abandon_pending() { TheOperations().Abandon(); }
 void dialsim_wait_for_async() { WaitForActions(); }
 void dialsim_async_delay(uint32_t milliseconds) { TheOperations().SetDelay(milliseconds); }

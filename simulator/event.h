@@ -9,6 +9,7 @@
 #include <utility>
 #include <vector>
 
+#include "simulator/marshal.h"
 #include "simulator/object.h"
 #include "sync.h"
 
@@ -57,6 +58,19 @@ public:
     }
 
     HRESULT CopyTo(Handler** result) const { return handler_.CopyTo(result); }
+
+    // Whether it arrives in every apartment as itself.
+    bool MarshalsFreeThreaded() const {
+        IMarshal* marshal = nullptr;
+        if (handler_->QueryInterface(IMarshal::Iid, reinterpret_cast<void**>(&marshal)) < 0) {
+            return false;
+        }
+        GUID unmarshaler{};
+        const HRESULT code = marshal->GetUnmarshalClass(Handler::Iid, handler_.get(), kInProcess, nullptr, 0,
+                                                        &unmarshaler);
+        marshal->Release();
+        return code >= 0 && abi::SameId(unmarshaler, kFreeThreadedMarshaler);
+    }
 
 private:
     static bool IsAgile(Handler* handler) {

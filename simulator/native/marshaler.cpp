@@ -1,9 +1,8 @@
 // The free-threaded marshaler: in every apartment of the process the object is the same.
-#include "marshaler.h"
-
 #include <atomic>
 
 #include "simulator/accounts.h"
+#include "simulator/marshal.h"
 #include "simulator/underlying.h"
 
 namespace dialsim {

@@ -94,7 +94,6 @@ void DialListener::StartPresenceQuery(const std::shared_ptr<std::atomic<bool>>& 
     RaiseIfFailed(GetFactory<abi::DeviceInformation>(devices));
     ComPtr<Enumeration> enumeration;
     RaiseIfFailed(devices->FindAllAsyncAqsFilter(filter.Get(), enumeration.Put()));
-    devices.Reset();
     if (!enumeration) {
         return;  // nothing will complete: the caller waits in vain, as it is meant to
     }

@@ -5,7 +5,7 @@
 #include "platform/interfaces/devices.h"
 #include "simulated.h"
 #ifndef _WIN32
-#include "simulator/native/marshaler.h"
+#include "simulator/marshal.h"
 #endif
 
 namespace brindle {

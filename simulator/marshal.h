@@ -1,4 +1,4 @@
-// How objects are taken from one apartment to another.
+// How objects are taken from one apartment to another, as the platform publishes it.
 #pragma once
 
 #include <cstdint>
@@ -23,6 +23,8 @@ struct IMarshal : brindle::abi::IUnknown {
 protected:
     ~IMarshal() = default;
 };
+
+inline constexpr DWORD kInProcess = 3;  // MSHCTX_INPROC
 
 // Names the free-threaded marshaler as the one that unmarshals.
 inline constexpr GUID kFreeThreadedMarshaler = brindle::abi::Id("0000033a-0000-0000-c000-000000000046");
