@@ -163,6 +163,15 @@ TEST_F(NumberSettings, ANewNumberIsWrittenToBothContainersInTurn) {
     EXPECT_EQ(GetNumber(), 7);
 }
 
+TEST_F(NumberSettings, NumbersOfEitherSignAreKept) {
+    for (const std::int32_t number : {0, -1, 42, -42, INT32_MAX, INT32_MIN + 1}) {
+        EXPECT_EQ(SetNumber(number), 0);
+        EXPECT_EQ(Store("roaming"), NumberEntry(number));
+        EXPECT_EQ(Store("local"), NumberEntry(number));
+        EXPECT_EQ(GetNumber(), number);
+    }
+}
+
 TEST_F(NumberSettings, AChangedNumberIsRemovedAndWrittenAnew) {
     EXPECT_EQ(SetNumber(7), 0);
     dialsim_clear_journal();

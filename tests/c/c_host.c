@@ -116,7 +116,8 @@ static void KeepSettings(void) {
     CheckAndFree(get_string_from_storage(UTF16("c_host"), UTF16("name")));
     CHECK(get_int_from_storage(UTF16("c_host"), UTF16("number")) == INT32_MIN);
     CHECK(dialsim_clear_stores());
-    rmdir(STORES);
+    CHECK(remove(STORES "/lock") == 0);
+    CHECK(rmdir(STORES) == 0);
 }
 
 static void Stop(const CountingHost* host) {
