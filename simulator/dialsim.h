@@ -136,8 +136,8 @@ uint32_t dialsim_pending(void);
  * been called, E_BOUNDS where there is no such operation. The journal has it too:
  * "AsyncOperationCompletedHandler<StorageFile>::Invoke(status) = code". */
 int32_t dialsim_completion_code(uint32_t index);
-/* Whether the operation's handler, which is there until it has been called, can be marshalled to every apartment
- * as itself: it answers IMarshal with the free-threaded marshaler. */
+/* Whether the operation's handler, which is there until it has been called, can be marshalled to every
+ * apartment as itself: it answers IMarshal with the free-threaded marshaler. */
 bool dialsim_completion_marshals(uint32_t index);
 /* Those that have not completed never will: they and their handlers are let go of. */
 void dialsim_abandon_pending(void);

@@ -66,8 +66,8 @@ public:
             return false;
         }
         GUID unmarshaler{};
-        const HRESULT code = marshal->GetUnmarshalClass(Handler::Iid, handler_.get(), kInProcess, nullptr, 0,
-                                                        &unmarshaler);
+        const HRESULT code =
+            marshal->GetUnmarshalClass(Handler::Iid, handler_.get(), kInProcess, nullptr, 0, &unmarshaler);
         marshal->Release();
         return code >= 0 && abi::SameId(unmarshaler, kFreeThreadedMarshaler);
     }

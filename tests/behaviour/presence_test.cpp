@@ -237,6 +237,15 @@ TEST_F(Presence, AnEnumerationThatFindsNothingOnAnotherThreadEndsTheWaitToo) {
     EXPECT_LT(Sleeps(), kFullWait);
 }
 
+TEST_F(Presence, ThePlatformMayTakeTheHandlerToEveryApartment) {
+    dialsim_async(DIALSIM_HELD);
+    EXPECT_FALSE(is_dial_present(kWindow));
+    EXPECT_TRUE(dialsim_completion_marshals(0));
+    EXPECT_EQ(dialsim_complete(0), 0);
+    EXPECT_FALSE(dialsim_completion_marshals(0)) << "it has been let go of";
+    EXPECT_FALSE(dialsim_completion_marshals(1));
+}
+
 TEST_F(Presence, TheWaitGivesUpAfterTenThousandAndOneSleeps) {
     dialsim_async(DIALSIM_HELD);
     EXPECT_FALSE(is_dial_present(kWindow));

@@ -213,9 +213,12 @@ TEST_F(SettingsFailures, ACredentialThatCannotBeRemovedStays) {
 
 // The one failure that is not a place's own affair.
 TEST_F(SettingsFailures, APlatformWithoutMemoryIsAnAllocationFailure) {
-    for (const char* operation :
-         {kApplicationData, kCurrent, kRoamingSettings, kValues, kLookup, kGetString, kVaultFactory,
-          kNewVault, kSearch, kRetrieve, kGetPassword, kLocalSettings}) {
+    for (const char* operation : {kApplicationData,  kCurrent,           kRoamingSettings,  kValues,
+                                  kLookup,           kGetString,         kRemoveEntry,      kValueFactory,
+                                  kCreateString,     kInsertEntry,       kVaultFactory,     kNewVault,
+                                  kSearch,           kCountFound,        kRetrieve,         kGetPassword,
+                                  kRemoveCredential, kCredentialFactory, kCreateCredential, kAddCredential,
+                                  kLocalSettings}) {
         ASSERT_TRUE(dialsim_clear_stores());
         PutInVault("old");
         Put("roaming", "String", "old");

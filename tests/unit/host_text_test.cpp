@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+
 #include "frame/text.h"
 #include "simulated.h"
 
@@ -20,10 +22,14 @@ TEST_F(HostTexts, AreTerminatedCopies) {
 TEST_F(HostTexts, OfNothingAreEmpty) { EXPECT_EQ(WideText(CopyForHost(String()).get()), WIDE("")); }
 
 TEST_F(HostTexts, EndAtTheFirstTerminatorAndAreClearBeyondIt) {
+    const WideText long_text = WideText(WIDE("ab\0"), 3) + WideText(60, 'x');
     String text;
-    ASSERT_EQ(WindowsCreateString(WIDE("ab\0cd"), 5, text.Put()), S_OK);
+    ASSERT_EQ(WindowsCreateString(long_text.data(), static_cast<UINT>(long_text.size()), text.Put()), S_OK);
+    // Leaves a block behind for the copy to be made in.
+    HostText used = CopyForHost(ToPlatformString(std::string(63, 'y')));
+    used.reset();
     const HostText copy = CopyForHost(text);
-    EXPECT_EQ(WideText(copy.get(), 6), WideText(WIDE("ab\0\0\0\0"), 6));
+    EXPECT_EQ(WideText(copy.get(), 64), WideText(WIDE("ab")) + WideText(62, 0));
 }
 
 TEST_F(HostTexts, AreAsLongAsThePlatformSaysAndNoLonger) {

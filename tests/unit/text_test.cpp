@@ -124,5 +124,17 @@ TEST_F(PlatformStrings, ThePlaceForAnotherStringIsEmptiedFirst) {
     EXPECT_EQ(dialsim_calls("WindowsDeleteString(first)"), 1u);
 }
 
+TEST_F(PlatformStrings, AreTheSameUnitByUnitUpToTheFirstNul) {
+    String text;
+    ASSERT_EQ(WindowsCreateString(WIDE("ab\0cd"), 5, text.Put()), S_OK);
+    EXPECT_TRUE(SameText(text, WIDE("ab")));
+    EXPECT_TRUE(SameText(text, WIDE("ab\0ef")));
+    EXPECT_FALSE(SameText(text, WIDE("a")));
+    EXPECT_FALSE(SameText(text, WIDE("aB")));
+    EXPECT_FALSE(SameText(text, WIDE("abc")));
+    EXPECT_TRUE(SameText(String(), WIDE("")));
+    EXPECT_EQ(LengthOf(text), 5u);
+}
+
 }  // namespace
 }  // namespace brindle

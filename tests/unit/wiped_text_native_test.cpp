@@ -2,9 +2,10 @@
 #include <gtest/gtest.h>
 #include <malloc.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
-#include <string_view>
+#include <utility>
 
 #include "brindle.h"
 #include "frame/text.h"
@@ -18,12 +19,23 @@ constexpr char16_t kSecret[] = u"17 secret";
 
 int blocks_with_the_secret = 0;
 
+const void* watched = nullptr;
+bool watched_was_clear = false;
+
+bool IsClear(const void* block, std::size_t size) {
+    const auto* bytes = static_cast<const char*>(block);
+    return std::all_of(bytes, bytes + size, [](char byte) { return byte == 0; });
+}
+
 }  // namespace
 
 extern "C" void __real_free(void* block);
 extern "C" void __wrap_free(void* block) {
     if (block != nullptr && memmem(block, malloc_usable_size(block), kSecret, sizeof kSecret) != nullptr) {
         ++blocks_with_the_secret;
+    }
+    if (block != nullptr && block == watched) {
+        watched_was_clear = IsClear(block, sizeof kSecret);
     }
     __real_free(block);
 }
@@ -36,6 +48,8 @@ protected:
     void SetUp() override {
         SimulatedApartment::SetUp();
         blocks_with_the_secret = 0;
+        watched = nullptr;
+        watched_was_clear = false;
     }
     static HostText Secret() { return CopyForHost(CopyText(kSecret)); }
 };
@@ -46,7 +60,10 @@ TEST_F(WipedTexts, ATextThatIsNotWipedWouldBeSeen) {
 }
 
 TEST_F(WipedTexts, AWipedTextIsFreedWithoutItsCharacters) {
-    Wipe(Secret());
+    HostText secret = Secret();
+    watched = secret.get();
+    Wipe(std::move(secret));
+    EXPECT_TRUE(watched_was_clear);
     EXPECT_EQ(blocks_with_the_secret, 0);
 }
 
