@@ -84,13 +84,13 @@ protected:
         const std::string text = lines[0].substr(start.size(), lines[0].size() - start.size() - 1);
         EXPECT_TRUE(IsWholeText(text)) << text;
         for (std::size_t i = 1; i < lines.size(); ++i) {
-            EXPECT_NE(lines[i].find(std::string(1000, 'z')), std::string::npos) << lines[i];
+            EXPECT_NE(lines[i].find(std::string(4000, 'z')), std::string::npos) << lines[i];
         }
     }
 
     void KillWriters(const Kind& kind, int others) {
         for (int i = 0; i < others; ++i) {
-            ASSERT_TRUE(kind.put("other" + std::to_string(i), std::string(1000, 'z')));
+            ASSERT_TRUE(kind.put("other" + std::to_string(i), std::string(4000, 'z')));
         }
         const auto change = TimeOfAChange(kind);
         int caught = 0;
@@ -127,10 +127,10 @@ protected:
 };
 
 TEST_F(StoresOfProcesses, OutliveAKilledWriterWhenTheyAreSmall) { KillWriters(kSetting, 0); }
-TEST_F(StoresOfProcesses, OutliveAKilledWriterWhenTheyHaveGrown) { KillWriters(kSetting, 50); }
-TEST_F(StoresOfProcesses, OutliveAKilledWriterWhenTheyAreLarge) { KillWriters(kSetting, 300); }
+TEST_F(StoresOfProcesses, OutliveAKilledWriterWhenTheyHaveGrown) { KillWriters(kSetting, 5); }
+TEST_F(StoresOfProcesses, OutliveAKilledWriterWhenTheyAreLarge) { KillWriters(kSetting, 20); }
 TEST_F(StoresOfProcesses, OutliveAKilledWriterOfASmallVault) { KillWriters(kCredential, 0); }
-TEST_F(StoresOfProcesses, OutliveAKilledWriterOfALargeVault) { KillWriters(kCredential, 300); }
+TEST_F(StoresOfProcesses, OutliveAKilledWriterOfALargeVault) { KillWriters(kCredential, 20); }
 
 TEST_F(StoresOfProcesses, LoseNothingOfTwoThatWriteSettingsSideBySide) { WriteSideBySide(kSetting); }
 TEST_F(StoresOfProcesses, LoseNothingOfTwoThatWriteCredentialsSideBySide) { WriteSideBySide(kCredential); }
