@@ -1,5 +1,7 @@
+#include <algorithm>
 #include <clocale>
 #include <cuchar>
+#include <iterator>
 
 #include "text.h"
 
@@ -48,8 +50,6 @@ std::string ToUtf8(const Text& text) {
 std::vector<Text> Arguments(int argc, char** argv) {
     UseUtf8();
     std::vector<Text> texts;
-    for (int i = 0; i < argc; ++i) {
-        texts.push_back(FromUtf8(argv[i]));
-    }
+    std::transform(argv, argv + argc, std::back_inserter(texts), FromUtf8);
     return texts;
 }

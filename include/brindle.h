@@ -430,8 +430,8 @@ int32_t set_string_in_storage(const BrindleChar* resource, const BrindleChar* ke
 BrindleChar* get_string_from_storage(const BrindleChar* resource, const BrindleChar* key);
 
 /*
- * Keeps a number; `resource` is not used. 0; a negative HRESULT only if a failure of Windows escaped all care.
- * Thread: that of initialize. Since 0.1.
+ * Keeps a number; `resource` is not used. 0; a negative HRESULT only if a failure of Windows escaped all
+ * care. Thread: that of initialize. Since 0.1.
  */
 int32_t set_int_in_storage(const BrindleChar* resource, const BrindleChar* key, int32_t value);
 

@@ -11,6 +11,9 @@ namespace {
 
 namespace abi = brindle::abi;
 
+// What lies in the stream: a pointer.
+constexpr std::uint32_t kSize = sizeof(void*);
+
 // Part of a bigger object: its own roots keep it alive and are nobody else's, those of IMarshal are the
 // outer object's.
 class Marshaler final : public abi::IUnknown {
@@ -62,7 +65,7 @@ private:
             return S_OK;
         }
         HRESULT GetMarshalSizeMax(const IID&, void*, DWORD, void*, DWORD, DWORD* size) noexcept override {
-            *size = sizeof(abi::IUnknown*);
+            *size = kSize;
             return S_OK;
         }
         // What is on its way holds a reference.
@@ -73,7 +76,7 @@ private:
                 code < 0) {
                 return code;
             }
-            const HRESULT code = stream->Write(&object, sizeof object, nullptr);
+            const HRESULT code = stream->Write(&object, kSize, nullptr);
             if (code < 0) {
                 object->Release();
             }
@@ -81,7 +84,7 @@ private:
         }
         HRESULT UnmarshalInterface(abi::IStream* stream, const IID& iid, void** object) noexcept override {
             abi::IUnknown* arrived = nullptr;
-            if (const HRESULT code = stream->Read(&arrived, sizeof arrived, nullptr); code < 0) {
+            if (const HRESULT code = stream->Read(&arrived, kSize, nullptr); code < 0) {
                 return code;
             }
             const HRESULT code = arrived->QueryInterface(iid, object);
@@ -90,7 +93,7 @@ private:
         }
         HRESULT ReleaseMarshalData(abi::IStream* stream) noexcept override {
             abi::IUnknown* arrived = nullptr;
-            const HRESULT code = stream->Read(&arrived, sizeof arrived, nullptr);
+            const HRESULT code = stream->Read(&arrived, kSize, nullptr);
             if (code >= 0) {
                 arrived->Release();
             }

@@ -34,7 +34,7 @@ static_assert(kInterfaceFilter.size() - 1 == 156);
 constexpr auto kDialPrefix = Wide("\\\\?\\BTHLE#Dev_bc838528f72a#");
 static_assert(kDialPrefix.size() - 1 == 27);
 
-constexpr int kMostSleeps = 10'000;
+constexpr int kWaitBound = 10'000;
 
 template <std::size_t N>
 String MakeString(const std::array<WCHAR, N>& text) {
@@ -76,9 +76,9 @@ void OnPresenceQueryCompleted(Enumeration& enumeration, std::atomic<bool>& found
     done.exchange(1);
 }
 
-// Counts sleeps, not time; after the last one the flag is not read any more.
+// Counts sleeps, not time: ends with the first above the bound, after which the flag is not read any more.
 void WaitFor(const std::atomic<std::int32_t>& done) {
-    for (int sleeps = 0; sleeps <= kMostSleeps && done < 1; ++sleeps) {
+    for (int sleeps = 0; sleeps <= kWaitBound && done < 1; ++sleeps) {
         Sleep(1);
     }
 }
