@@ -34,15 +34,16 @@ Json WriteText(WideView text) {
     return units;
 }
 
+// The parser calls an unsigned number an integer too; asked for as a signed one it would wrap around.
 template <class Number>
 Number ReadNumber(const Json& json) {
-    if (json.is_number_unsigned() && std::in_range<Number>(json.get<std::uint64_t>())) {
-        return json.get<Number>();
+    const bool fits = json.is_number_unsigned()
+                          ? std::in_range<Number>(json.get<std::uint64_t>())
+                          : json.is_number_integer() && std::in_range<Number>(json.get<std::int64_t>());
+    if (!fits) {
+        throw Damaged("there is no number of its type where one should be");
     }
-    if (json.is_number_integer() && std::in_range<Number>(json.get<std::int64_t>())) {
-        return json.get<Number>();
-    }
-    throw Damaged("there is no number of its type where one should be");
+    return json.get<Number>();
 }
 
 WideString ReadText(const Json& json) {

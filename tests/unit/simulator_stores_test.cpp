@@ -690,14 +690,25 @@ TEST_F(StoreControls, RefuseWhatTheStoresDoNotTake) {
         const char* type;
         const char* value;
     } rows[] = {
-        {"vault", "String", "text"},      {"Roaming", "String", "text"},
-        {"", "String", "text"},           {"local", "Double", "1.5"},
-        {"local", "string", "text"},      {"local", "", ""},
-        {"local", "Int32", "2147483648"}, {"local", "Int32", "1.0"},
-        {"local", "Int32", ""},           {"local", "Int32", "one"},
-        {"local", "Int32", "1 2"},        {"local", "UInt8", "-1"},
-        {"local", "UInt8", "256"},        {"local", "Boolean", "1"},
-        {"local", "Boolean", "True"},     {"local", "UInt64", "18446744073709551616"},
+        {"vault", "String", "text"},
+        {"Roaming", "String", "text"},
+        {"", "String", "text"},
+        {"local", "Double", "1.5"},
+        {"local", "string", "text"},
+        {"local", "", ""},
+        {"local", "Int32", "2147483648"},
+        {"local", "Int32", "1.0"},
+        {"local", "Int32", ""},
+        {"local", "Int32", "one"},
+        {"local", "Int32", "1 2"},
+        {"local", "UInt8", "-1"},
+        {"local", "UInt8", "256"},
+        {"local", "Boolean", "1"},
+        {"local", "Boolean", "True"},
+        {"local", "UInt64", "18446744073709551616"},
+        {"local", "Int16", "65536"},
+        {"local", "Int32", "18446744073709551615"},
+        {"local", "Int64", "9223372036854775808"},
     };
     for (const auto& row : rows) {
         EXPECT_FALSE(dialsim_put_setting(row.store, "key", row.type, row.value))
@@ -869,6 +880,8 @@ TEST_F(DamagedStores, AreSettingsOfAnotherShape) {
                               R"({"key":"a","type":"Int32","value":"1"})",
                               R"({"key":"a","type":"Int32","value":1.5})",
                               R"({"key":"a","type":"Int32","value":2147483648})",
+                              R"({"key":"a","type":"Int32","value":18446744073709551615})",
+                              R"({"key":"a","type":"Int64","value":9223372036854775808})",
                               R"({"key":"a","type":"Int32","value":null})",
                               R"({"key":"a","type":"UInt64","value":-1})",
                               R"({"key":"a","type":"UInt64","value":1e999})",
