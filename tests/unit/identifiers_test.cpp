@@ -9,10 +9,7 @@
 
 #include "platform/identifiers.h"
 #include "platform/interfaces/collections.h"
-#include "platform/interfaces/credentials.h"
 #include "platform/interfaces/devices.h"
-#include "platform/interfaces/haptics.h"
-#include "platform/interfaces/storage.h"
 #include "platform/interfaces/ui_input.h"
 
 namespace brindle::abi {
@@ -121,52 +118,6 @@ TEST(ParameterisedIdentifiers, AClassWhoseDefaultIsParameterisedNestsThatSignatu
               "rc(Windows.Devices.Enumeration.DeviceInformationCollection;"
               "pinterface({bbe1fa4c-b0e3-4583-baef-1f1b2e483e56};"
               "rc(Windows.Devices.Enumeration.DeviceInformation;{aba0fb95-4398-489d-8e44-e6130927011f})))");
-}
-
-TEST(ParameterisedIdentifiers, EveryPublishedInstantiationIsReproduced) {
-    struct Row {
-        const char* Text;
-        const char* Type;
-        GUID AtCompileTime;
-        std::string Signature;
-    };
-#define NAMED(text, ...) \
-    Row { text, #__VA_ARGS__, __VA_ARGS__::Iid, std::string(std::string_view(Signature<__VA_ARGS__>::Text)) }
-    const Row rows[] = {
-        NAMED("8fe73ac9-8a36-5152-815d-03310ee8bf85",
-              TypedEventHandler<RadialController, RadialControllerRotationChangedEventArgs>),
-        NAMED("d09d9fcc-edb8-56c0-856d-70e477a9ddf3",
-              TypedEventHandler<RadialController, RadialControllerButtonClickedEventArgs>),
-        NAMED("1f2d584e-3ad8-5049-b451-3a44a102fa82",
-              TypedEventHandler<RadialController, RadialControllerScreenContactStartedEventArgs>),
-        NAMED("30579e67-fb4f-5d38-83b4-9cb610090def",
-              TypedEventHandler<RadialController, RadialControllerScreenContactContinuedEventArgs>),
-        NAMED("4ec5f3fd-b217-5452-a2bd-9725ce9f6675",
-              TypedEventHandler<RadialController, RadialControllerControlAcquiredEventArgs>),
-        NAMED("5e0f93b1-c2f2-5351-82aa-6cf5f4c2d068", TypedEventHandler<RadialController, IInspectable>),
-        NAMED("5c90d6fb-e4f8-5be2-8544-9de33f82c41a",
-              TypedEventHandler<RadialControllerMenuItem, IInspectable>),
-        NAMED("bfde94e7-70f8-5cc0-98e2-8c0f8ce524ab", IVector<RadialControllerMenuItem>),
-        NAMED("b91a7342-3fcb-512b-aef1-fda4712e5817", IVectorView<RadialControllerMenuItem>),
-        NAMED("1aa752b3-dc11-5bce-b2b9-cd1bf8f235be", IIterable<RadialControllerMenuItem>),
-        NAMED("4516010f-fd98-5e1d-bf3f-aeaf79f1f3da", IIterable<RadialControllerSystemMenuItemKind>),
-        NAMED("3fbc1858-a43e-54dc-b0e2-8b098bddacf6", IIterator<RadialControllerSystemMenuItemKind>),
-        NAMED("dd29cfe2-a92f-5266-be5f-5d4407fd8580", IVectorView<RadialControllerSystemMenuItemKind>),
-        NAMED("51f54b04-bb9d-5c7b-8f5f-67f8caf4b003", IVectorView<SimpleHapticsControllerFeedback>),
-        NAMED("e170688f-3495-5bf6-aab5-9cac17e0f10f", IVectorView<DeviceInformation>),
-        NAMED("45180254-082e-5274-b2e7-ac0517f44d07", IAsyncOperation<DeviceInformationCollection>),
-        NAMED("4a458732-527e-5c73-9a68-a73da370f782",
-              AsyncOperationCompletedHandler<DeviceInformationCollection>),
-        NAMED("5e52f8ce-aced-5a42-95b4-f674dd84885e", IAsyncOperation<StorageFile>),
-        NAMED("e521c894-2c26-5946-9e61-2b5e188d01ed", AsyncOperationCompletedHandler<StorageFile>),
-        NAMED("1b0d3570-0877-5ec2-8a2c-3b9539506aca", IMap<HSTRING, IInspectable>),
-        NAMED("4e6185ad-a6df-5428-aff5-17e45f3f476f", IVectorView<PasswordCredential>),
-    };
-#undef NAMED
-    for (const auto& row : rows) {
-        EXPECT_EQ(TextOf(row.AtCompileTime), row.Text) << row.Type;
-        EXPECT_EQ(TextOf(ParameterisedId(row.Signature)), row.Text) << row.Type;
-    }
 }
 
 }  // namespace
