@@ -86,8 +86,9 @@ private:
         _mkdir(name);
         return name;
 #else
-        char name[] = "/tmp/dialsim-stores-XXXXXX";
-        return mkdtemp(name);
+        const char* const temporary = std::getenv("TMPDIR");
+        std::string name = std::string(temporary == nullptr ? "/tmp" : temporary) + "/dialsim-stores-XXXXXX";
+        return mkdtemp(name.data());
 #endif
     }
 
