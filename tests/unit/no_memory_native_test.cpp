@@ -7,6 +7,7 @@
 #include <new>
 
 #include "brindle.h"
+#include "menu/kind_sequence.h"
 #include "simulator/dialsim.h"
 #include "tests/support/dialsim_text.h"
 #include "tests/support/menu_items.h"
@@ -105,6 +106,18 @@ TEST_F(WithoutMemory, ATextThatCannotBeCopiedIsAnAllocationFailure) {
     ASSERT_EQ(set_string_in_storage(u"host", u"key", u"text"), 0);
     const NoMemory none;
     EXPECT_THROW(get_string_from_storage(u"host", u"key"), std::bad_alloc);
+}
+
+TEST_F(WithoutMemory, AnIteratorThatCannotBeMadeHoldsNoReference) {
+    const auto sequence = ComPtr<KindSequence>::Own(new KindSequence({SystemItemKind::Scroll}));
+    auto* iterator = reinterpret_cast<abi::IIterator<SystemItemKind>*>(&no_memory);
+    {
+        const NoMemory none;
+        EXPECT_EQ(sequence->First(&iterator), E_OUTOFMEMORY);
+    }
+    EXPECT_EQ(iterator, nullptr);
+    sequence->AddRef();
+    EXPECT_EQ(sequence->Release(), 1u);
 }
 
 }  // namespace
