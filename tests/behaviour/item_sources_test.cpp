@@ -200,6 +200,13 @@ TEST_F(PictureFile, ThatCannotBeOpenedIsTriedSixTimes) {
     EXPECT_EQ(Printed(), Line(589) + Line(589) + NamedLine("AddMenuItemFromFilePNG", 199));
 }
 
+TEST_F(PictureFile, WhoseOpeningIsYieldedAsNullIsNoInterface) {
+    dialsim_yield_null(kOpen, 1, 2);
+    EXPECT_TRUE(SetMenu(kWindow, {FilePNG(1, picture_.Path())}));
+    EXPECT_EQ(dialsim_calls(kOpen), 2u);
+    EXPECT_EQ(Printed(), NamedLine("AddMenuItemFromFilePNG", 199, "80004002"));
+}
+
 TEST_F(PictureFile, OfAPlatformWithoutFilesIsTriedSixTimes) {
     dialsim_fail(kFiles, kFail, 1, 0);
     EXPECT_TRUE(SetMenu(kWindow, {FilePNG(1, picture_.Path())}));
@@ -291,6 +298,15 @@ TEST_F(PictureResource, ThatCannotBeLoadedIsAFailureWithEverythingGivenBack) {
         EXPECT_EQ(dialsim_blocks(), 0u) << operation;
         EXPECT_EQ(dialsim_objects(kMenuItems), 0u) << operation;
     }
+}
+
+TEST_F(PictureResource, WhoseStreamClaimsToHaveFailedIsAFailureWithItsStreamGivenBack) {
+    ASSERT_TRUE(dialsim_fail_late("CreateStreamOnHGlobal", kAccessDenied, 1, 2));
+    EXPECT_TRUE(SetMenu(kWindow, {ResourcePNG(7, ModuleWithPng(), kPngResource)}));
+    EXPECT_EQ(Printed(), NamedLine("AddMenuItemFromResourcePNG", 203));
+    EXPECT_EQ(dialsim_calls("IStream::Write"), 0u);
+    EXPECT_EQ(dialsim_blocks(), 0u);
+    EXPECT_EQ(dialsim_objects(kMenuItems), 0u);
 }
 
 class ResourceStep : public ItemSource, public testing::WithParamInterface<SourceStep> {};

@@ -105,6 +105,11 @@ struct DialListenerTest : SimulatedApartment {
     void SetItemStatics(abi::IRadialControllerMenuItemStatics* statics) {
         listener->item_statics_ = ComPtr<abi::IRadialControllerMenuItemStatics>::Own(statics);
     }
+    HRESULT AddKnownIcon() {
+        MenuEntry entry = MakeEntry(WIDE("Brush"), 7, true);
+        return listener->AddMenuItemFromKnownIcon(entry, abi::RadialControllerMenuKnownIcon::Ruler);
+    }
+    HRESULT InvokeNothing() { return listener->OnItemInvoked(nullptr, nullptr); }
     void SetSpare(abi::IUnknown* spare) { listener->spare_ = ComPtr<abi::IUnknown>::Own(spare); }
 
     RecordingHost host{kWindow};
@@ -272,6 +277,30 @@ TEST_F(DialListenerTest, WithoutAHostAClickSucceeds) {
     EXPECT_EQ(dialsim_click(kWindow), S_OK);
     EXPECT_EQ(dialsim_calls("IRadialControllerButtonClickedEventArgs::get_Contact"), 1u);
     EXPECT_TRUE(host.clicks.empty());
+}
+
+TEST_F(DialListenerTest, WithoutAHostTheDefaultMenuIsNotAskedFor) {
+    Listen(nullptr);
+    const std::int32_t scroll = 0;
+    EXPECT_EQ(listener->SetDefaultMenu(&scroll, 1), E_FAIL);
+    EXPECT_EQ(Journal(), "");
+}
+
+TEST_F(DialListenerTest, WithoutAFactoryThereIsNoKnownIcon) {
+    EXPECT_EQ(AddKnownIcon(), E_NOINTERFACE);
+    EXPECT_EQ(dialsim_calls("IRadialControllerMenuItemStatics::CreateFromKnownIcon"), 0u);
+}
+
+TEST_F(DialListenerTest, NoItemInvokedIsNoFailure) {
+    AddEntry("Brush");
+    dialsim_clear_journal();
+    EXPECT_EQ(InvokeNothing(), S_OK);
+    EXPECT_EQ(Journal(), "");
+}
+
+TEST_F(DialListenerTest, ADialThatIsNotThereIsAFailure) {
+    dialsim_remove_devices();
+    EXPECT_EQ(listener->IsDialPresent(), E_FAIL);
 }
 
 TEST_F(DialListenerTest, TheEndGivesBackTheLabelsOfItsEntries) {

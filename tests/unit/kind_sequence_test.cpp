@@ -109,5 +109,20 @@ TEST_F(KindSequenceTest, AnswersItsOwnInterfaceAndTheRoots) {
     EXPECT_EQ(Query(sequence_.Get(), other), E_NOINTERFACE);
 }
 
+TEST_F(KindSequenceTest, IsOfNoClassAndListsNoInterfaces) {
+    std::uint32_t count = 1;
+    GUID one{};
+    GUID* iids = &one;
+    EXPECT_EQ(sequence_->GetIids(&count, &iids), S_OK);
+    EXPECT_EQ(count, 0u);
+    EXPECT_EQ(iids, nullptr);
+    auto name = reinterpret_cast<HSTRING>(&one);
+    EXPECT_EQ(sequence_->GetRuntimeClassName(&name), S_OK);
+    EXPECT_EQ(name, nullptr);
+    auto trust = abi::TrustLevel::FullTrust;
+    EXPECT_EQ(sequence_->GetTrustLevel(&trust), S_OK);
+    EXPECT_EQ(trust, abi::TrustLevel::BaseTrust);
+}
+
 }  // namespace
 }  // namespace brindle
