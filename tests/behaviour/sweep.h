@@ -1,0 +1,202 @@
+// Every call of the platform's that a scenario makes, struck in every way: each run is to be what its table
+// says, line by line, and everything handed out comes back but what is kept on purpose.
+#pragma once
+
+#include <algorithm>
+#include <array>
+#include <functional>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "sweep_tables.h"
+
+namespace sweep {
+
+// One call in the journal; with its arguments where the tables have them.
+struct Made {
+    explicit Made(const std::string& line) {
+        const std::size_t end = line.rfind(')') + 1;
+        const std::string whole = line.substr(0, end);
+        const bool told_apart = whole.starts_with("RoGetActivationFactory") ||
+                                whole.starts_with("QueryInterface") ||
+                                whole.starts_with("WindowsCreateStringReference(Windows.");
+        call = told_apart ? whole : OperationOf(whole);
+        const std::string code = line.substr(end);
+        const bool failed = code.size() == std::string(" = 80004005").size();
+        text = call + (failed ? code : "") + "\n";
+    }
+
+    std::string call;
+    std::string text;  // with the code of its failure
+};
+
+// What gives things back, compares or waits is no row of a table, and neither is what happens without being
+// called for.
+inline bool IsRow(const std::string& line) {
+    constexpr const char* kBeginnings[] = {"WindowsDelete",
+                                           "WindowsGet",
+                                           "_wcsnicmp",
+                                           "GetTickCount64",
+                                           "Sleep",
+                                           "GlobalUnlock",
+                                           "GlobalFree",
+                                           "FreeResource",
+                                           "end of",
+                                           "system items",
+                                           "AsyncOperationCompletedHandler"};
+    return std::none_of(std::begin(kBeginnings), std::end(kBeginnings),
+                        [&](const char* beginning) { return line.starts_with(beginning); });
+}
+
+inline std::vector<Made> MadeCalls() {
+    std::vector<Made> calls;
+    for (const std::string& line : LinesOf(Journal())) {
+        if (IsRow(line)) {
+            calls.emplace_back(line);
+        }
+    }
+    return calls;
+}
+
+// One run of the library, and the table that it follows.
+struct Scenario {
+    std::string name;
+    Row table;
+    std::function<void()> act;
+    std::function<void()> prepare = [] {};
+    World start = {};
+    std::function<void(const World&)> check = [](const World&) {};
+    // Where the names of classes cannot be made initialize ends the process: a test of its own.
+    bool texts_are_deadly = false;
+};
+
+// A host that tells what it is told.
+class TellingHost final : public IDialHost {
+public:
+    explicit TellingHost(std::string& seen) : seen_(seen) {}
+
+    void OnRotation(void*, const DialRotationInfo* info) override {
+        char text[96];
+        std::snprintf(text, sizeof text, "turned by %g, %s, tag %u, contact ", info->deltaDegrees,
+                      info->buttonPressed ? "pressed" : "not pressed", info->selectedItemTag);
+        seen_ += text + RectText(info->contact);
+        info->hapticRequest = haptic_request;
+    }
+    std::uint64_t GetWindowHandle() override {
+        seen_ += "asked for the window\n";
+        return kWindow;
+    }
+    void OnButtonClicked(void*, const DialContactRect* rect) override {
+        seen_ += "clicked, contact " + RectText(*rect);
+    }
+
+    const std::uint32_t* haptic_request = nullptr;
+
+private:
+    static std::string RectText(const DialContactRect& rect) {
+        char text[64];
+        std::snprintf(text, sizeof text, "%d %d %d %d\n", rect.left, rect.top, rect.right, rect.bottom);
+        return text;
+    }
+
+    std::string& seen_;
+};
+
+class Sweep : public Unstarted {
+protected:
+    void TearDown() override {
+        const testing::TestInfo& test = *testing::UnitTest::GetInstance()->current_test_info();
+        std::fprintf(stderr, "sweep: %s.%s: %zu operations, %zu calls, %zu kinds, %zu runs\n",
+                     test.test_suite_name(), test.name(), operations_.size(), calls_, std::size(kWays),
+                     runs_);
+        Unstarted::TearDown();
+    }
+
+    void StrikeEach(const Scenario& scenario) {
+        SCOPED_TRACE(scenario.name);
+        std::vector<Fault> faults;
+        for (const Made& made : RunOnce(scenario, std::nullopt)) {
+            faults.push_back({made.call, 1, Way::FailsOnce});
+            for (std::size_t earlier = 0; earlier + 1 < faults.size(); ++earlier) {
+                faults.back().number += faults.back().Matches(faults[earlier].call);
+            }
+        }
+        for (Fault& fault : faults) {
+            if (scenario.texts_are_deadly && MakesText(fault.call)) {
+                continue;
+            }
+            ++calls_;
+            operations_.insert(OperationOf(fault.call));
+            for (const Way way : kWays) {
+                fault.way = way;
+                RunOnce(scenario, fault);
+            }
+        }
+    }
+
+    // What the scenario's act tells of what the library answered.
+    void Say(bool answer) { seen += answer ? "true\n" : "false\n"; }
+    void SayCode(std::int32_t code) {
+        seen += code == DIALSIM_RAISED ? "raised " + Raised() + "\n" : "answered " + Hex(code) + "\n";
+    }
+
+    std::string seen;
+    TellingHost host{seen};
+
+private:
+    // The calls that were made.
+    std::vector<Made> RunOnce(const Scenario& scenario, const std::optional<Fault>& fault) {
+        SCOPED_TRACE(fault ? fault->call + ", call " + std::to_string(fault->number) + ", " +
+                                 kNamesOfWays[static_cast<int>(fault->way)]
+                           : "nothing fails");
+        if (HasFailure()) {
+            return {};  // one run that is not what it is to be tells enough
+        }
+        dialsim_reset();
+        scenario.prepare();
+        dialsim_clear_journal();
+        seen.clear();
+        if (fault && !fault->Set()) {
+            uninit();
+            return {};
+        }
+        runs_ += fault.has_value();
+        scenario.act();
+
+        const std::string printed = Printed();
+        const std::vector<Made> made = MadeCalls();
+
+        TableRun run(fault, scenario.start);
+        run.Play(scenario.table);
+        EXPECT_EQ(Joined(made), run.calls);
+        EXPECT_EQ(printed, run.printed);
+        EXPECT_EQ(seen, run.world.seen);
+        scenario.check(run.world);
+        uninit();
+        EXPECT_EQ(OpenAccounts(), KeptOnPurpose(run.world));
+        dialsim_reset();
+        return made;
+    }
+
+    static std::string Joined(const std::vector<Made>& calls) {
+        std::string text;
+        for (const Made& made : calls) {
+            text += made.text;
+        }
+        return text;
+    }
+
+    // Contacts of clicks.
+    static std::string KeptOnPurpose(const World& world) {
+        return world.contacts_kept == 0 ? ""
+                                        : std::string(kContacts) + ": 1 objects, " +
+                                              std::to_string(world.contacts_kept) + " references\n";
+    }
+
+    std::set<std::string> operations_;
+    std::size_t calls_ = 0;
+    std::size_t runs_ = 0;
+};
+
+}  // namespace sweep

@@ -1,0 +1,278 @@
+// Every failure of the platform while a menu is filled, from each of the five sources and from all of them at
+// once; each menu is then looked at, and every item in it chosen.
+#include "support/menu_items.h"
+#include "support/pictures.h"
+#include "sweep.h"
+
+namespace {
+
+using namespace sweep;
+
+constexpr char kItems[] = "Windows.UI.Input.RadialControllerMenuItem";
+constexpr char kReferences[] = "Windows.Storage.Streams.RandomAccessStreamReference";
+
+// --- what every item goes through
+
+void Subscribe(World& world) { ++world.items.back().subscriptions; }
+void Append(World& world) { world.menu.push_back(world.items.size() - 1); }
+
+// A tag that was yielded as null is none.
+std::function<void(World&)> Tag(std::uint32_t item_id) {
+    return [=](World& world) {
+        world.items.back().tag = world.tag_value ? std::optional(item_id) : std::nullopt;
+    };
+}
+
+Row Adding(std::uint32_t item_id) {
+    return Table({
+                     Guarded(743, Call("IRadialControllerMenuItem::add_Invoked").Does(Subscribe)),
+                     Guarded(747, Call("IRadialControllerMenu::get_Items").NullEnds(kNoInterface)),
+                     Guarded(750, Call("IVector<RadialControllerMenuItem>::Append").Does(Append)),
+                     Guarded(754, Factory("Windows.Foundation.PropertyValue")),
+                     Guarded(758, Call("IPropertyValueStatics::CreateUInt32").Gives(&World::tag_value)),
+                     Guarded(760, Call("IRadialControllerMenuItem::put_Tag").Does(Tag(item_id))),
+                 })
+        .Needs(&World::menu_item, kNoInterface);
+}
+
+Row Making(const char* call) {
+    return Call(call).Gives(&World::menu_item).Does([](World& world) { world.items.emplace_back(); });
+}
+
+Row Recording(std::uint32_t item_id, bool haptics) {
+    return Then([=](World& world) { world.recorded.emplace(item_id, haptics); });
+}
+
+// --- the five sources
+
+Rows CopyingTheLabel() { return {Thrown(Text()), Thrown(Call("WindowsDuplicateString"))}; }
+
+Rows KnownIconRows(std::uint32_t id) {
+    const Row builder = Table({
+        Thrown(Text()),
+        Guarded(515, Making("IRadialControllerMenuItemStatics::CreateFromKnownIcon")),
+        Guarded(517, Adding(id)),
+    });
+    return {Guarded(151, Factory(kItems)), Logged("AddMenuItemFromKnownIcon", 152, builder),
+            Recording(id, true)};
+}
+
+Rows SystemFontRows(std::uint32_t id) {
+    const Row builder = Table({
+        Guarded(528, Factory(kItems)),
+        Thrown(Text()),
+        Guarded(531, Making("IRadialControllerMenuItemStatics2::CreateFromFontGlyph")),
+        Guarded(533, Adding(id)),
+    });
+    return {Thrown(Text()), Thrown(Text()), Logged("AddMenuItemFromSystemFont", 157, builder),
+            Recording(id, true)};
+}
+
+Rows CustomFontRows(std::uint32_t id) {
+    const Row builder = Table({
+        Guarded(543, Factory(kItems)),
+        Guarded(552, Factory("Windows.Foundation.Uri")),
+        Guarded(556, Call("IUriRuntimeClassFactory::CreateUri").NullEnds(kNoInterface)),
+        Guarded(562, Call("IUriRuntimeClass::get_AbsoluteUri")),
+        Thrown(Text()),
+        Guarded(
+            567,
+            Making("IRadialControllerMenuItemStatics2::CreateFromFontGlyphWithUri").NullEnds(kNoInterface)),
+        Guarded(573, Call("IRadialControllerMenuItem::get_DisplayText")),
+        Guarded(575, Adding(id)),
+    });
+    // Without the file, or its short name, nothing follows.
+    return {Table({
+        Absent(Call("PathFileExistsW").NullEnds(0)),
+        Absent(Call("GetShortPathNameW").NullEnds(0)),
+        Absent(Call("GetShortPathNameW").NullEnds(0)),
+        Thrown(Text()),
+        Thrown(Text()),
+        Thrown(Text()),
+        Logged("AddMenuItemFromCustomFont", 189, builder),
+        Recording(id, true),
+    })};
+}
+
+Rows FilePNGRows(std::uint32_t) {
+    const Row builder = Table({
+        Guarded(586, Factory("Windows.Storage.StorageFile")),
+        Guarded(589, Call("IStorageFileStatics::GetFileFromPathAsync").NullEnds(kNoInterface)),
+        Ignored(Call("IAsyncOperation<StorageFile>::put_Completed").Gives(&World::handler)),
+    });
+    return {Thrown(Text()), Logged("AddMenuItemFromFilePNG", 199, builder)};
+}
+
+Row OpeningThePicture(std::uint32_t id) {
+    Rows rows = {
+        Lacking(Call("IAsyncOperation<StorageFile>::GetResults").NullEnds(0)),
+        Guarded(627, Factory(kReferences)),
+        Guarded(630, Call("IRandomAccessStreamReferenceStatics::CreateFromFile").Gives(&World::picture)),
+        Guarded(639, Factory(kItems)),
+        Thrown(Text()),
+        Guarded(642, Making("IRadialControllerMenuItemStatics::CreateFromIcon")
+                         .Needs(&World::picture, kInvalidArgument)),
+        Thrown(Text()),
+        Thrown(Call("WindowsDuplicateString")),
+        Guarded(649, Adding(id)),
+        Recording(id, false),
+    };
+    return Table(std::move(rows)).Needs(&World::handler, 0).Answers(Answer::Completion);
+}
+
+Row LoadingTheResource() {
+    return Table({
+                     Absent(Call("FindResourceW").NullEnds(kFail)),
+                     Absent(Call("SizeofResource").NullEnds(kFail)),
+                     Absent(Call("LoadResource").NullEnds(kFail)),
+                     Absent(Call("LockResource").NullEnds(kFail)),
+                     Absent(Call("GlobalAlloc").NullEnds(kFail)),
+                     Absent(Call("GlobalLock").NullEnds(kFail)),
+                     Call("CreateStreamOnHGlobal").NullEnds(kFail),
+                     Call("IStream::Write").NullEnds(kOutOfMemory),
+                     Ignored(Call("IStream::Commit")),
+                     Ignored(Call("IStream::Seek")),
+                 })
+        .FailsAs(kFail);
+}
+
+Rows ResourcePNGRows(std::uint32_t id) {
+    const Row builder = Table({
+        LoadingTheResource(),
+        Guarded(671, Factory(kReferences)),
+        Guarded(676, Factory(kItems)),
+        Guarded(700, Call("CreateRandomAccessStreamOverStream").Gives(&World::stream)),
+        Guarded(706, Call("IRandomAccessStreamReferenceStatics::CreateFromStream")
+                         .NullEnds(0)
+                         .Needs(&World::stream, kInvalidArgument)),
+        Thrown(Text()),
+        Reported("CreateFromIcon", 715, Making("IRadialControllerMenuItemStatics::CreateFromIcon")),
+        Reported("", 727, Adding(id)),
+        Recording(id, true),
+    });
+    return {Logged("AddMenuItemFromResourcePNG", 203, builder)};
+}
+
+// --- the menu
+
+Row Filling(std::initializer_list<Rows> items) {
+    Rows rows = {
+        Guarded(124, Call("IRadialController::get_Menu").NullEnds(kNoInterface)),
+        Guarded(129, Call("IRadialControllerMenu::get_Items").NullEnds(kNoInterface)),
+        Logged("clear", 132, Call("IVector<RadialControllerMenuItem>::Clear").Does([](World& world) {
+            world.menu.clear();
+        })),
+    };
+    for (const Rows& item : items) {
+        for (const Rows& part : {CopyingTheLabel(), item}) {
+            rows.insert(rows.end(), part.begin(), part.end());
+        }
+    }
+    return Table(std::move(rows)).Answers(Answer::Bool);
+}
+
+class MenuSweep : public Sweep {
+protected:
+    // Over a menu of one item, which is gone then, and its entry is not.
+    void StrikeMenu(const char* name, Row filling, const std::vector<MenuItemDescription>& items,
+                    std::uint32_t of_the_file = 1) {
+        World start;
+        start.items = {{99, 1}};
+        start.menu = {0};
+        start.recorded = {{99, false}};
+        StrikeEach({.name = name,
+                    .table = Table({std::move(filling), OpeningThePicture(of_the_file)}),
+                    .act =
+                        [this, &items] {
+                            Fill(items);
+                            seen += "completed with " + Hex(dialsim_complete_all()) + "\n";
+                        },
+                    .prepare = [this] { ListenWithAMenu(); },
+                    .start = start,
+                    .check = [](const World& world) { CheckMenu(world); }});
+    }
+
+    const TemporaryFile font_{"sweep font with a long name.ttf", SmallPng()};
+    const TemporaryFile picture_{"brindle-sweep.png", SmallPng()};
+
+private:
+    void ListenWithAMenu() {
+        ASSERT_EQ(initialize(), 0);
+        ASSERT_TRUE(init_dial_listener(&host));
+        ASSERT_TRUE(SetMenu(kWindow, {KnownIcon(99)}));
+        dialsim_async(DIALSIM_HELD);
+        ModuleWithPng();
+    }
+    void Fill(const std::vector<MenuItemDescription>& items) {
+        try {
+            Say(SetMenu(kWindow, items));
+        } catch (const std::exception& error) {
+            seen += "raised " + std::string(error.what()) + "\n";
+        }
+    }
+
+    static std::string TagsShown() {
+        std::string text(dialsim_menu(kWindow, nullptr, 0), '\0');
+        dialsim_menu(kWindow, text.data(), text.size());
+        std::string tags;
+        for (const std::string& line : LinesOf(text)) {
+            const std::size_t tag = line.find(", tag ");
+            tags += tag == std::string::npos ? "" : line.substr(tag + 6) + "\n";
+        }
+        return tags;
+    }
+
+    // Each item's handlers find the first entry of its identifier, which is 0 without a tag.
+    static void CheckMenu(const World& world) {
+        std::string tags;
+        for (std::uint32_t place = 0; place < world.menu.size(); ++place) {
+            const Item& item = world.items[world.menu[place]];
+            tags += (item.tag ? std::to_string(*item.tag) : "-") + "\n";
+            const auto entry = world.recorded.find(item.tag.value_or(0));
+            dialsim_clear_journal();
+            EXPECT_EQ(dialsim_choose(kWindow, place), 0);
+            for (const bool haptics : {false, true}) {
+                const bool decides = entry != world.recorded.end() && entry->second == haptics;
+                const std::string call =
+                    "IRadialController::put_UseAutomaticHapticFeedback(" + std::to_string(haptics) + ")";
+                EXPECT_EQ(dialsim_calls(call.c_str()), decides ? item.subscriptions : 0) << call;
+            }
+        }
+        EXPECT_EQ(TagsShown(), tags);
+    }
+};
+
+TEST_F(MenuSweep, OfNoItems) { StrikeMenu("no items", Filling({}), {}); }
+
+TEST_F(MenuSweep, OfAKnownIcon) {
+    StrikeMenu("a known icon", Filling({KnownIconRows(1)}), {WithHaptics(KnownIcon(1))});
+}
+
+TEST_F(MenuSweep, OfAGlyphOfAnInstalledFont) {
+    StrikeMenu("an installed font", Filling({SystemFontRows(1)}), {WithHaptics(SystemFont(1))});
+}
+
+TEST_F(MenuSweep, OfAGlyphOfAFontFile) {
+    StrikeMenu("a font file", Filling({CustomFontRows(1)}), {WithHaptics(CustomFont(1, font_.Path()))});
+}
+
+TEST_F(MenuSweep, OfAPictureFile) {
+    StrikeMenu("a picture file", Filling({FilePNGRows(1)}), {WithHaptics(FilePNG(1, picture_.Path()))});
+}
+
+TEST_F(MenuSweep, OfAPictureResource) {
+    StrikeMenu("a picture resource", Filling({ResourcePNGRows(1)}),
+               {WithHaptics(ResourcePNG(1, ModuleWithPng(), kPngResource))});
+}
+
+TEST_F(MenuSweep, OfAllSourcesAtOnce) {
+    StrikeMenu("all sources",
+               Filling({ResourcePNGRows(1), CustomFontRows(2), FilePNGRows(3), SystemFontRows(4),
+                        KnownIconRows(5), KnownIconRows(6)}),
+               {WithHaptics(ResourcePNG(1, ModuleWithPng(), kPngResource)),
+                WithHaptics(CustomFont(2, font_.Path())), FilePNG(3, picture_.Path()),
+                WithHaptics(SystemFont(4)), WithHaptics(KnownIcon(5)), WithHaptics(KnownIcon(6))},
+               3);
+}
+
+}  // namespace

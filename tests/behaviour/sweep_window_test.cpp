@@ -1,0 +1,231 @@
+// Every failure of the platform while the system's own items are chosen, while an item is selected by the
+// host or chosen by the user, and while the dial is looked for.
+#include "support/menu_items.h"
+#include "sweep.h"
+
+namespace {
+
+using namespace sweep;
+
+class WindowSweep : public Sweep {
+protected:
+    void Listen() {
+        ASSERT_EQ(initialize(), 0);
+        ASSERT_TRUE(init_dial_listener(&host));
+    }
+    void ListenWithAMenu(const std::vector<MenuItemDescription>& items) {
+        Listen();
+        ASSERT_TRUE(SetMenu(kWindow, items));
+    }
+};
+
+// --- the system's own items
+
+Row SettingTheDefaultMenu() {
+    return Table(
+               {
+                   Then([](World& world) { world.seen += "asked for the window\n"; }),
+                   Factory("Windows.UI.Input.RadialControllerConfiguration"),
+                   View("IRadialControllerConfigurationInterop"),
+                   Absent(Call("IRadialControllerConfigurationInterop::GetForWindow").NullEnds(kNoInterface)),
+                   Call("IRadialControllerConfiguration::SetDefaultMenuItems").Does([](World& world) {
+                       world.system_items = {3, 2};
+                   }),
+               })
+        .Answers(Answer::Bool);
+}
+
+std::vector<std::int32_t> SystemItems() {
+    std::vector<std::int32_t> kinds(16);
+    kinds.resize(dialsim_system_items(kWindow, kinds.data(), 16));
+    return kinds;
+}
+
+TEST_F(WindowSweep, OfTheDefaultMenu) {
+    StrikeEach({.name = "set_default_menu",
+                .table = SettingTheDefaultMenu(),
+                .act =
+                    [this] {
+                        const std::int32_t kinds[] = {3, 2};
+                        Say(set_default_menu(kWindow, kinds, 2));
+                    },
+                .prepare = [this] { Listen(); },
+                .check = [](const World& world) { EXPECT_EQ(SystemItems(), world.system_items); }});
+}
+
+// --- selecting an item
+
+// Exhausted before the identifier is found.
+Row Size() { return Call("IVector<RadialControllerMenuItem>::get_Size").NullEnds(kFail); }
+
+Rows Looking() {
+    return {Call("IVector<RadialControllerMenuItem>::GetAt").NullEnds(kPassedOver),
+            Call("IRadialControllerMenuItem::get_Tag").NullEnds(kPassedOver), View("IPropertyValue")};
+}
+
+Row With(Rows rows, std::initializer_list<Row> more) {
+    rows.insert(rows.end(), more.begin(), more.end());
+    return Table(std::move(rows));
+}
+
+Row AnotherItem() { return With(Looking(), {Call("IPropertyValue::GetUInt32")}); }
+
+// A tag of another type, unless it is read as a zero.
+Row AForeignItem() {
+    return With(Looking(), {Call("IPropertyValue::GetUInt32").Needs(&World::never, kTypeMismatch)});
+}
+
+Row TheItem() {
+    const Row select =
+        Call("IRadialControllerMenu::SelectMenuItem").Does([](World& world) { world.selected = true; });
+    return Final(With(Looking(), {Call("IPropertyValue::GetUInt32").NullEnds(kPassedOver), select}));
+}
+
+Row Selecting(std::initializer_list<Row> search) {
+    Rows rows = {
+        View("IRadialController"),
+        Call("IRadialController::get_Menu").NullEnds(kNoInterface),
+        Call("IRadialControllerMenu::get_Items").NullEnds(kNoInterface),
+    };
+    rows.insert(rows.end(), search.begin(), search.end());
+    return Table(std::move(rows)).EndsAs(kFail).Answers(Answer::Bool);
+}
+
+class SelectionSweep : public WindowSweep {
+protected:
+    void StrikeSelection(const char* name, Row table, std::function<void()> prepare) {
+        StrikeEach({.name = name,
+                    .table = std::move(table),
+                    .act = [this] { Say(set_current_custom_menu(kWindow, 2)); },
+                    .prepare = std::move(prepare),
+                    .check = [](const World& world) { EXPECT_EQ(SomethingIsSelected(), world.selected); }});
+    }
+
+private:
+    static bool SomethingIsSelected() {
+        std::string menu(dialsim_menu(kWindow, nullptr, 0), '\0');
+        dialsim_menu(kWindow, menu.data(), menu.size());
+        return menu.find(" * \"") != std::string::npos;
+    }
+};
+
+TEST_F(SelectionSweep, OfTheSecondItem) {
+    StrikeSelection("hit", Selecting({Size(), AnotherItem(), Size(), TheItem(), Size()}), [this] {
+        ListenWithAMenu({KnownIcon(1), KnownIcon(2)});
+    });
+}
+
+TEST_F(SelectionSweep, OfNoItem) {
+    StrikeSelection("miss", Selecting({Size(), AnotherItem(), Size(), AnotherItem(), Size()}), [this] {
+        ListenWithAMenu({KnownIcon(1), KnownIcon(3)});
+    });
+}
+
+TEST_F(SelectionSweep, OfAnItemBehindAForeignTag) {
+    StrikeSelection("foreign", Selecting({Size(), AForeignItem(), Size(), TheItem(), Size()}), [this] {
+        ListenWithAMenu({});
+        ASSERT_TRUE(dialsim_append_item(kWindow, "String", 2));
+        ASSERT_TRUE(dialsim_append_item(kWindow, "UInt32", 2));
+    });
+}
+
+// --- an item that the user chooses
+
+Row Invoking() {
+    const Row tag = Table({Call("IRadialControllerMenuItem::get_Tag").NullEnds(0), View("IPropertyValue"),
+                           Ignored(Call("IPropertyValue::GetUInt32").Gives(&World::tag_read))});
+    const Row haptics = Call("IRadialController::put_UseAutomaticHapticFeedback");
+    return Table({Ignored(tag), Table({Ignored(haptics)}).Needs(&World::tag_read, 0),
+                  Ignored(Call("IRadialControllerMenuItem::get_DisplayText"))})
+        .Answers(Answer::Code);
+}
+
+TEST_F(WindowSweep, OfAChoice) {
+    StrikeEach({.name = "Invoked",
+                .table = Invoking(),
+                .act = [this] { SayCode(dialsim_choose(kWindow, 0)); },
+                .prepare = [this] { ListenWithAMenu({KnownIcon(7)}); }});
+}
+
+// --- looking for the dial
+
+constexpr std::uint32_t kFullWait = 10'001;
+constexpr char kDialId[] = R"(\\?\BTHLE#Dev_bc838528f72a#1)";
+
+// A device that is not the dial, or where it is.
+Row ReadingADevice(bool is_the_dial) {
+    return Table({Call("IVectorView<DeviceInformation>::GetAt").NullEnds(0), Call("WindowsCreateString"),
+                  is_the_dial ? Call("IDeviceInformation::get_Id").Gives(&World::found)
+                              : Call("IDeviceInformation::get_Id")});
+}
+
+Row Scanning(Rows devices) {
+    Rows rows = {Call("IAsyncOperation<DeviceInformationCollection>::GetResults").NullEnds(0),
+                 Call("IVectorView<DeviceInformation>::get_Size").NullEnds(0)};
+    rows.insert(rows.end(), devices.begin(), devices.end());
+    return Table({Table(std::move(rows)), Then([](World& world) { world.scanned = true; })})
+        .Answers(Answer::Completion);
+}
+
+Row Querying(Rows devices) {
+    const Row query = Table({
+        Call("WindowsCreateString"),
+        Factory("Windows.Devices.Enumeration.DeviceInformation"),
+        Call("IDeviceInformationStatics::FindAllAsyncAqsFilter").NullEnds(0),
+        Call("IAsyncOperation<DeviceInformationCollection>::put_Completed")
+            .Contains(Scanning(std::move(devices))),
+    });
+    const Row wait = Then([](World& world) { world.seen += world.scanned ? "" : "waited to the bound\n"; });
+    return Table({query, wait, Table({}).Needs(&World::found, kFail)}).Answers(Answer::Bool);
+}
+
+class PresenceSweep : public WindowSweep {
+protected:
+    // Null stands for an entry without an object.
+    void StrikePresence(const char* name, std::initializer_list<const char*> ids, Rows devices) {
+        StrikeEach({.name = name,
+                    .table = Querying(std::move(devices)),
+                    .act = [this] { Look(); },
+                    .prepare =
+                        [this, ids] {
+                            Listen();
+                            dialsim_async(DIALSIM_AT_ONCE);
+                            dialsim_skip_sleeps(true);
+                            dialsim_remove_devices();
+                            for (const char* id : ids) {
+                                dialsim_add_device(id, nullptr, true);
+                            }
+                        }});
+    }
+
+private:
+    void Look() {
+        constexpr std::int32_t kNotCalled = static_cast<std::int32_t>(0x8000000A);
+        constexpr std::int32_t kNotStarted = static_cast<std::int32_t>(0x8000000B);
+        const bool present = is_dial_present(kWindow);
+        const std::int32_t code = dialsim_completion_code(0);
+        if (code != kNotCalled && code != kNotStarted) {
+            seen += "completed with " + Hex(code) + "\n";
+        }
+        const std::uint32_t sleeps = dialsim_calls("Sleep(1)");
+        EXPECT_TRUE(sleeps == 0 || sleeps == kFullWait) << sleeps;
+        seen += sleeps == 0 ? "" : "waited to the bound\n";
+        Say(present);
+    }
+};
+
+TEST_F(PresenceSweep, OfTheDialAlone) { StrikePresence("the dial alone", {kDialId}, {ReadingADevice(true)}); }
+
+TEST_F(PresenceSweep, OfTheDialBehindOthers) {
+    StrikePresence(
+        "others first", {nullptr, "USB#1", kDialId},
+        {Call("IVectorView<DeviceInformation>::GetAt"), ReadingADevice(false), ReadingADevice(true)});
+}
+
+TEST_F(PresenceSweep, OfAnotherDevice) {
+    StrikePresence("another device", {"USB#1"}, {ReadingADevice(false)});
+}
+
+TEST_F(PresenceSweep, OfNoDevice) { StrikePresence("no device", {}, {}); }
+
+}  // namespace
