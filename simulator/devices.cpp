@@ -1,7 +1,7 @@
 #include "simulator/devices.h"
 
 #include <optional>
-#include <regex>
+#include <sstream>
 
 #include "platform/interfaces/devices.h"
 #include "simulator/async.h"
@@ -26,24 +26,42 @@ struct Filter {
     }
 };
 
-// A conjunction of the two properties that device interfaces have here, in the platform's query syntax.
-std::optional<Filter> Understand(const std::string& query) {
-    static const std::string of_class =
-        R"(System\.Devices\.InterfaceClassGuid\s*:\s*=\s*"(\{[-0-9a-fA-F]+\})\")";
+// The terms of a conjunction, without their blanks.
+std::vector<std::string> TermsOf(const std::string& query) {
+    std::vector<std::string> terms(1);
+    std::istringstream words(query);
+    for (std::string word; words >> word;) {
+        if (word == "AND") {
+            terms.emplace_back();
+        } else {
+            terms.back() += word;
+        }
+    }
+    return terms;
+}
+
+// The two properties that device interfaces have here, in the platform's query syntax.
+bool Understand(const std::string& term, Filter& filter) {
+    static const std::string of_class = "System.Devices.InterfaceClassGuid:=\"";
     static const std::string of_enabled =
-        R"(System\.Devices\.InterfaceEnabled\s*:\s*=\s*System\.StructuredQueryType\.Boolean#(True|False))";
-    static const std::string term = "(" + of_class + "|" + of_enabled + ")";
-    static const std::regex conjunction("\\s*" + term + "(\\s+AND\\s+" + term + ")*\\s*");
-    if (!std::regex_match(query, conjunction)) {
-        return std::nullopt;
+        "System.Devices.InterfaceEnabled:=System.StructuredQueryType.Boolean#";
+    if (term.starts_with(of_class) && term.ends_with("}\"")) {
+        filter.interface_class = term.substr(of_class.size(), term.size() - of_class.size() - 1);
+        return filter.interface_class.find_first_not_of("{}-0123456789abcdefABCDEF") == std::string::npos;
     }
+    if (term == of_enabled + "True" || term == of_enabled + "False") {
+        filter.enabled = term.ends_with("True");
+        return true;
+    }
+    return false;
+}
+
+std::optional<Filter> Understand(const std::string& query) {
     Filter filter;
-    std::smatch match;
-    if (std::regex_search(query, match, std::regex(of_class))) {
-        filter.interface_class = match[1];
-    }
-    if (std::regex_search(query, match, std::regex(of_enabled))) {
-        filter.enabled = match[1] == "True";
+    for (const std::string& term : TermsOf(query)) {
+        if (!Understand(term, filter)) {
+            return std::nullopt;
+        }
     }
     return filter;
 }
