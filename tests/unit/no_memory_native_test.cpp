@@ -1,5 +1,5 @@
-// Without memory: the test program's own operator new for those who take a null for an answer, and calloc,
-// for which it is linked with --wrap=calloc, give nothing while a test says so.
+// Without memory: operator new for those who take a null for an answer, and calloc, give nothing while a test
+// says so. The test program is linked with --wrap for both.
 #include <gtest/gtest.h>
 
 #include <cstdint>
@@ -29,15 +29,10 @@ public:
 
 }  // namespace
 
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
-    if (no_memory) {
-        return nullptr;
-    }
-    try {
-        return ::operator new(size);
-    } catch (const std::bad_alloc&) {
-        return nullptr;
-    }
+// operator new(std::size_t, const std::nothrow_t&)
+extern "C" void* __real__ZnwmRKSt9nothrow_t(std::size_t size, const std::nothrow_t& tag) noexcept;
+extern "C" void* __wrap__ZnwmRKSt9nothrow_t(std::size_t size, const std::nothrow_t& tag) noexcept {
+    return no_memory ? nullptr : __real__ZnwmRKSt9nothrow_t(size, tag);
 }
 
 extern "C" void* __real_calloc(std::size_t count, std::size_t size);
