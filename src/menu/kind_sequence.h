@@ -86,7 +86,9 @@ inline HRESULT KindSequence::First(abi::IIterator<SystemItemKind>** result) noex
         return kClosed;
     }
     AddRef();
-    *result = new (std::nothrow) KindIterator(ComPtr<KindSequence>::Own(this));
+    // Owned before there is an iterator: without memory for one its arguments are never made.
+    auto self = ComPtr<KindSequence>::Own(this);
+    *result = new (std::nothrow) KindIterator(std::move(self));
     return *result == nullptr ? E_OUTOFMEMORY : S_OK;
 }
 
