@@ -129,7 +129,7 @@ protected:
                     .table = Table(std::move(rows)).Answers(Answer::Code),
                     .act = [this] { SayCode(dialsim_turn(kWindow, 1.5)); },
                     .prepare =
-                        [this, prepare] {
+                        [prepare] {
                             prepare();
                             dialsim_hold(true);
                         }});
