@@ -1,0 +1,293 @@
+// Every allocation of the library's own fails in turn: the test program is linked with --wrap of what the
+// library allocates with. The simulator is a library of its own and is not touched.
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <functional>
+#include <new>
+#include <string>
+#include <vector>
+
+#include "brindle.h"
+#include "menu/kind_sequence.h"
+#include "simulated.h"
+#include "tests/support/menu_items.h"
+#include "tests/support/pictures.h"
+#include "tests/support/stores_folder.h"
+
+namespace {
+
+// Counts allocations from 1; those from `first` to `last` fail.
+struct Shortage {
+    std::uint32_t first = UINT32_MAX;
+    std::uint32_t last = UINT32_MAX;
+    std::uint32_t count = 0;
+
+    bool StrikesNext() {
+        ++count;
+        return count >= first && count <= last;
+    }
+    bool HasStruck() const { return count >= first; }
+};
+
+thread_local Shortage* shortage_in_force = nullptr;
+
+bool StrikesNow() { return shortage_in_force != nullptr && shortage_in_force->StrikesNext(); }
+
+}  // namespace
+
+// operator new, operator new[] and the new that answers null.
+extern "C" void* __real__Znwm(std::size_t size);
+extern "C" void* __wrap__Znwm(std::size_t size) {
+    return StrikesNow() ? throw std::bad_alloc() : __real__Znwm(size);
+}
+
+extern "C" void* __real__Znam(std::size_t size);
+extern "C" void* __wrap__Znam(std::size_t size) {
+    return StrikesNow() ? throw std::bad_alloc() : __real__Znam(size);
+}
+
+extern "C" void* __real__ZnwmRKSt9nothrow_t(std::size_t size, const std::nothrow_t& tag);
+extern "C" void* __wrap__ZnwmRKSt9nothrow_t(std::size_t size, const std::nothrow_t& tag) {
+    return StrikesNow() ? nullptr : __real__ZnwmRKSt9nothrow_t(size, tag);
+}
+
+extern "C" void* __real_calloc(std::size_t count, std::size_t size);
+extern "C" void* __wrap_calloc(std::size_t count, std::size_t size) {
+    return StrikesNow() ? nullptr : __real_calloc(count, size);
+}
+
+namespace brindle {
+namespace {
+
+constexpr std::uint64_t kWindow = 0x20316;
+
+// Longer than what a string holds without allocating.
+constexpr char16_t kLabel[] = u"a label that does not fit into a string object";
+
+// Allocates nothing itself.
+class SilentHost final : public IDialHost {
+public:
+    void OnRotation(void*, const DialRotationInfo* info) override {
+        static const std::uint32_t buzz = 1;
+        info->hapticRequest = &buzz;
+    }
+    std::uint64_t GetWindowHandle() override { return kWindow; }
+    void OnButtonClicked(void*, const DialContactRect*) override {}
+};
+
+// A call of the library's, and what becomes of it when its first, second, third ... allocation fails.
+struct Case {
+    const char* name;
+    std::function<void()> prepare;
+    std::function<std::int32_t()> act;
+    std::vector<std::string> outcomes;
+    // When all allocations from that one on fail, where this is another outcome.
+    std::vector<std::string> lasting_outcomes = {};
+    bool repeats = true;  // whether it can be made a second time in one run of the library
+};
+
+constexpr char kRaised[] = "std::bad_alloc";
+
+std::vector<std::string> Always(const char* outcome, std::size_t times) {
+    return std::vector<std::string>(times, outcome);
+}
+
+class AllocationFailures : public Simulated {
+protected:
+    void Try(const Case& tried) {
+        SCOPED_TRACE(tried.name);
+        const Run undisturbed = Act(tried, {});
+        std::vector<std::string> outcomes;
+        std::vector<std::string> lasting_outcomes;
+        for (std::uint32_t which = 1;; ++which) {
+            const Run run = Act(tried, {which, which});
+            if (!run.struck) {
+                break;
+            }
+            const Run lasting = Act(tried, {which, UINT32_MAX});
+            outcomes.push_back(run.outcome);
+            lasting_outcomes.push_back(lasting.outcome);
+            EXPECT_EQ(run.again, undisturbed.again);
+            EXPECT_EQ(lasting.again, undisturbed.again);
+            EXPECT_EQ(Act(tried, {}).outcome, undisturbed.outcome);
+        }
+        EXPECT_EQ(outcomes, tried.outcomes);
+        EXPECT_EQ(lasting_outcomes, tried.lasting_outcomes.empty() ? tried.outcomes : tried.lasting_outcomes);
+        std::fprintf(stderr, "allocations: %s: %zu failures\n", tried.name, outcomes.size());
+    }
+
+    static void Start() { ASSERT_EQ(initialize(), 0); }
+    // Loads end when they are told to, and otherwise never.
+    void Listen() {
+        Start();
+        ASSERT_TRUE(init_dial_listener(&host_));
+        dialsim_async(DIALSIM_HELD);
+        ModuleWithPng();
+    }
+    void ListenWithAMenu(const MenuItemDescription& item) {
+        Listen();
+        ASSERT_TRUE(SetMenu(kWindow, {item}));
+    }
+    void TryMenu(const char* name, MenuItemDescription item, std::vector<std::string> outcomes) {
+        item.display_text = kLabel;
+        Try({name, [this] { Listen(); }, [&item] { return std::int32_t{add_custom_menu(kWindow, &item, 1)}; },
+             std::move(outcomes)});
+    }
+
+    const TemporaryFile file_{"brindle-allocation.png", SmallPng()};
+    SilentHost host_;
+
+private:
+    struct Run {
+        bool struck = false;
+        std::string outcome;
+        std::string again;  // when there is memory
+    };
+
+    // In a fresh run of the library, after which everything has come back.
+    static Run Act(const Case& tried, Shortage shortage) {
+        dialsim_reset();
+        tried.prepare();
+        Run run;
+        run.outcome = OutcomeOf(tried, &shortage);
+        run.struck = shortage.HasStruck();
+        if (tried.repeats) {
+            run.again = OutcomeOf(tried, nullptr);
+        }
+        dialsim_abandon_pending();
+        uninit();
+        EXPECT_EQ(OpenAccounts(), "");
+        return run;
+    }
+
+    static std::string OutcomeOf(const Case& tried, Shortage* shortage) {
+        testing::internal::CaptureStdout();
+        std::int32_t answer = 0;
+        bool raised = false;
+        shortage_in_force = shortage;
+        try {
+            answer = tried.act();
+        } catch (const std::bad_alloc&) {
+            raised = true;
+        }
+        shortage_in_force = nullptr;
+        const std::string printed = testing::internal::GetCapturedStdout();
+        char answered[32];
+        std::snprintf(answered, sizeof answered, "answered %x", static_cast<unsigned>(answer));
+        return (raised ? kRaised : answered) + (printed.empty() ? "" : ", " + printed);
+    }
+};
+
+// A handler that cannot be made is a subscription that fails: tried again, and made then if there is memory.
+TEST_F(AllocationFailures, OfRegistering) {
+    std::vector<std::string> outcomes(2, kRaised);
+    std::vector<std::string> lasting_outcomes = outcomes;
+    for (int line = 467; line <= 491; line += 4) {
+        const std::string at_line = " at line " + std::to_string(line) + "\n";
+        outcomes.push_back("answered 1, failed with 0" + at_line);
+        lasting_outcomes.push_back("answered 0, failed with 8007000e" + at_line +
+                                   "register failed with 8007000e at line 110\n");
+    }
+    outcomes.emplace_back(kRaised);
+    lasting_outcomes.emplace_back(kRaised);
+    Try({.name = "init_dial_listener",
+         .prepare = Start,
+         .act = [this] { return std::int32_t{init_dial_listener(&host_)}; },
+         .outcomes = outcomes,
+         .lasting_outcomes = lasting_outcomes,
+         .repeats = false});
+}
+
+TEST_F(AllocationFailures, OfFillingAMenu) {
+    const TemporaryFile font("brindle-allocation.ttf", SmallPng());
+    // The entry, the item's handler, and the place of the entry.
+    TryMenu("a known icon", KnownIcon(1), Always(kRaised, 3));
+    TryMenu("a glyph of an installed font", SystemFont(1), Always(kRaised, 3));
+    // Also the short path.
+    TryMenu("a glyph of a font file", CustomFont(1, font.Path()), Always(kRaised, 4));
+    TryMenu("a picture resource", ResourcePNG(1, 1, kPngResource), Always(kRaised, 3));
+    // The entry, the label's copy, and the handler of the completion.
+    TryMenu("a picture file", FilePNG(1, file_.Path()), Always(kRaised, 3));
+}
+
+// At this border they become a code.
+TEST_F(AllocationFailures, OfOpeningAPictureFile) {
+    Try({"a picture file that is open", [this] { ListenWithAMenu(FilePNG(1, file_.Path())); },
+         dialsim_complete_all, Always("answered 8007000e", 3)});
+}
+
+// The sequence's iterator is made while the platform reads it, and its failure comes back through the
+// platform.
+TEST_F(AllocationFailures, OfTheDefaultMenu) {
+    static const std::int32_t kinds[] = {3, 2};
+    Try({"set_default_menu", [this] { Listen(); },
+         [] { return std::int32_t{set_default_menu(kWindow, kinds, 2)}; }, Always(kRaised, 3)});
+}
+
+TEST_F(AllocationFailures, OfLookingForTheDial) {
+    Try({"is_dial_present",
+         [this] {
+             Listen();
+             dialsim_async(DIALSIM_AT_ONCE);
+         },
+         [] { return std::int32_t{is_dial_present(kWindow)}; }, Always(kRaised, 2)});
+}
+
+TEST_F(AllocationFailures, OfReadingSettings) {
+    const StoresFolder stores;
+    ASSERT_TRUE(dialsim_put_credential("host", "key", "17"));
+    Try({"get_string_from_storage",
+         Start,
+         [] {
+             BrindleChar* const text = get_string_from_storage(u"host", u"key");
+             const bool found = text != nullptr;
+             std::free(text);
+             return std::int32_t{found};
+         },
+         {kRaised}});
+    Try({"get_int_from_storage", Start, [] { return get_int_from_storage(u"host", u"key"); }, {kRaised}});
+}
+
+TEST_F(AllocationFailures, OfAnIteratorKeepNoReference) {
+    const auto sequence = ComPtr<KindSequence>::Own(new KindSequence({SystemItemKind::Scroll}));
+    auto* iterator = reinterpret_cast<abi::IIterator<SystemItemKind>*>(&host_);
+    Shortage shortage{1, 1};
+    shortage_in_force = &shortage;
+    EXPECT_EQ(sequence->First(&iterator), E_OUTOFMEMORY);
+    shortage_in_force = nullptr;
+    EXPECT_EQ(iterator, nullptr);
+    sequence->AddRef();
+    EXPECT_EQ(sequence->Release(), 1u);
+}
+
+// What gets by without memory.
+TEST_F(AllocationFailures, OfEverythingElse) {
+    const StoresFolder stores;
+    const auto listen = [this] { ListenWithAMenu(KnownIcon(1)); };
+    Try({"initialize", [] {}, initialize, {}});
+    Try({"set_current_custom_menu",
+         listen,
+         [] { return std::int32_t{set_current_custom_menu(kWindow, 1)}; },
+         {}});
+    Try({"an item that is chosen", listen, [] { return dialsim_choose(kWindow, 0); }, {}});
+    Try({"a turn", listen, [] { return dialsim_turn(kWindow, 1.0); }, {}});
+    Try({"a click", listen, [] { return dialsim_click(kWindow); }, {}});
+    Try({"a contact",
+         [this] { Listen(); },
+         [] { return dialsim_touch(kWindow, 1, 2, 3, 4) | dialsim_acquire(kWindow); },
+         {}});
+    Try({"set_string_in_storage", Start, [] { return set_string_in_storage(u"host", u"key", u"18"); }, {}});
+    Try({"set_int_in_storage", Start, [] { return set_int_in_storage(u"host", u"key", 18); }, {}});
+    Try({"uninit",
+         listen,
+         [] {
+             uninit();
+             return 0;
+         },
+         {}});
+}
+
+}  // namespace
+}  // namespace brindle
