@@ -110,6 +110,9 @@ struct DialListenerTest : SimulatedApartment {
         return listener->AddMenuItemFromKnownIcon(entry, abi::RadialControllerMenuKnownIcon::Ruler);
     }
     HRESULT InvokeNothing() { return listener->OnItemInvoked(nullptr, nullptr); }
+    void SetMenu(abi::IRadialControllerMenu* menu) {
+        listener->menu_ = ComPtr<abi::IRadialControllerMenu>::Own(menu);
+    }
     void SetSpare(abi::IUnknown* spare) { listener->spare_ = ComPtr<abi::IUnknown>::Own(spare); }
 
     RecordingHost host{kWindow};
@@ -386,6 +389,19 @@ public:
     }
 };
 
+class WitnessForMenu final : public Witness<abi::IRadialControllerMenu> {
+public:
+    HRESULT GetIids(std::uint32_t*, GUID**) noexcept override { return E_NOTIMPL; }
+    HRESULT GetRuntimeClassName(HSTRING*) noexcept override { return E_NOTIMPL; }
+    HRESULT GetTrustLevel(abi::TrustLevel*) noexcept override { return E_NOTIMPL; }
+    HRESULT get_Items(abi::IVector<abi::RadialControllerMenuItem>**) noexcept override { return E_NOTIMPL; }
+    HRESULT get_IsEnabled(abi::boolean*) noexcept override { return E_NOTIMPL; }
+    HRESULT put_IsEnabled(abi::boolean) noexcept override { return E_NOTIMPL; }
+    HRESULT GetSelectedMenuItem(abi::IRadialControllerMenuItem**) noexcept override { return E_NOTIMPL; }
+    HRESULT SelectMenuItem(abi::IRadialControllerMenuItem*) noexcept override { return E_NOTIMPL; }
+    HRESULT TrySelectPreviouslySelectedMenuItem(abi::boolean*) noexcept override { return E_NOTIMPL; }
+};
+
 TEST_F(DialListenerTest, ItemStaticsGoAfterTheEntriesAndBeforeTheMenu) {
     WitnessForStatics statics;
     GiveMenu();
@@ -397,6 +413,16 @@ TEST_F(DialListenerTest, ItemStaticsGoAfterTheEntriesAndBeforeTheMenu) {
     EXPECT_EQ(statics.strings, 0u);
     EXPECT_EQ(statics.menu_references, menu_references);
     EXPECT_EQ(statics.controllers, 1u);
+}
+
+TEST_F(DialListenerTest, TheMenuGoesAfterTheEntriesAndBeforeTheController) {
+    WitnessForMenu menu;
+    AddEntry("Brush");
+    SetMenu(&menu);
+    listener.reset();
+    EXPECT_EQ(menu.releases, 1);
+    EXPECT_EQ(menu.strings, 0u);
+    EXPECT_EQ(menu.controllers, 1u);
 }
 
 TEST_F(DialListenerTest, TheSpareInterfaceGoesBetweenTheControllerAndItsFactory) {
