@@ -51,9 +51,13 @@
  *            uninit, once, at the end. The library does not guard against another order.
  *
  * Threads    Call every function on the one thread that called initialize (it becomes a single-threaded
- *            apartment). Nothing here takes a lock. Your callbacks run on whatever thread the platform
- *            raises the dial's events on; on the thread that called initialize a callback may call every
- *            function of this header but initialize and uninit, on another thread none.
+ *            apartment). Your callbacks run on whatever thread the platform raises the dial's events on; on
+ *            the thread that called initialize a callback may call every function of this header but
+ *            initialize and uninit, on another thread none.
+ *            Nothing here takes a lock. Where events come on other threads than yours, one at a time, they
+ *            may come beside every function but add_custom_menu for their window, and uninit. While a
+ *            picture file is on its way into a window's menu, neither make that window's menu anew nor let
+ *            its items be chosen, and let only one be on its way (ResourcePNG items never are).
  *
  * Windows    A window is named by its handle as an unsigned 64-bit number: (uint64_t)hwnd.
  *
@@ -313,8 +317,8 @@ bool init_dial_listener(IDialHost* host);
  *
  *   true    the menu was replaced; an item that could not be made is missing and has its lines on standard
  *           output
- *   false   no listener, no menu, or the platform's factory for known icons is gone (the records from there
- * on are then skipped)
+ *   false   no listener, no menu, or the platform's factory for known icons is gone (the records from
+ *           there on are then skipped)
  *
  * A record of an unknown kind, or of a font file that does not exist, is skipped silently. Items from PNG
  * files appear after the call, when the platform has opened the file, in the order in which that happens; a

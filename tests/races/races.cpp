@@ -1,0 +1,109 @@
+// What must not go on at the same time, done all the same: the thread sanitizer is expected to object. The
+// library takes no lock, so these are for hosts to avoid; each run shows that the rule is needed.
+#include <brindle.h>
+
+#include <cstdio>
+#include <functional>
+#include <latch>
+#include <map>
+#include <string>
+#include <thread>
+
+#include "simulator/dialsim.h"
+#include "support/menu_items.h"
+#include "support/pictures.h"
+
+namespace {
+
+constexpr std::uint64_t kWindow = 0x20316;
+constexpr std::uint64_t kOtherWindow = 0x20318;
+constexpr int kRounds = 20'000;
+
+class Host final : public IDialHost {
+public:
+    explicit Host(std::uint64_t window) : window_(window) {}
+    void OnRotation(void*, const DialRotationInfo*) override {}
+    std::uint64_t GetWindowHandle() override { return window_; }
+    void OnButtonClicked(void*, const DialContactRect*) override {}
+
+private:
+    const std::uint64_t window_;
+};
+
+Host host(kWindow);
+Host other_host(kOtherWindow);
+const TemporaryFile picture("brindle-races.png", SmallPng());
+
+void AtOnce(const std::function<void()>& one, const std::function<void()>& other) {
+    std::latch start(2);
+    const std::jthread thread([&] {
+        start.arrive_and_wait();
+        one();
+    });
+    start.arrive_and_wait();
+    other();
+}
+
+std::uint32_t NextPicture() {
+    static std::uint32_t count = 0;
+    return count++;
+}
+
+void TwoPicturesOfOneMenu() {
+    SetMenu(kWindow, {FilePNG(1, picture.Path()), FilePNG(2, picture.Path())});
+    const std::uint32_t first = NextPicture();
+    const std::uint32_t second = NextPicture();
+    AtOnce([=] { dialsim_complete(first); }, [=] { dialsim_complete(second); });
+}
+
+// The chosen item's entry is behind those of all rounds before.
+void AChoiceAndAPicture() {
+    const std::uint32_t loading = NextPicture();
+    SetMenu(kWindow, {KnownIcon(loading), FilePNG(loading, picture.Path())});
+    AtOnce([=] { dialsim_complete(loading); }, [] { dialsim_choose(kWindow, 0); });
+}
+
+void AChoiceAndANewMenu() {
+    SetMenu(kWindow, {KnownIcon(1)});
+    AtOnce([] { dialsim_choose(kWindow, 0); }, [] { SetMenu(kWindow, {KnownIcon(1)}); });
+}
+
+void ATurnAndANewMenu() {
+    AtOnce([] { dialsim_turn(kWindow, 1.0); }, [] { SetMenu(kWindow, {}); });
+}
+
+void TurnsOfTwoWindows() {
+    AtOnce([] { dialsim_turn(kWindow, 1.0); }, [] { dialsim_turn(kOtherWindow, 1.0); });
+}
+
+void ATurnAndTheEnd() {
+    AtOnce([] { dialsim_turn(kWindow, 1.0); }, uninit);
+    initialize();
+    init_dial_listener(&host);
+}
+
+const std::map<std::string, void (*)()> kRaces = {
+    {"two_pictures_of_one_menu", TwoPicturesOfOneMenu}, {"a_choice_and_a_picture", AChoiceAndAPicture},
+    {"a_choice_and_a_new_menu", AChoiceAndANewMenu},    {"a_turn_and_a_new_menu", ATurnAndANewMenu},
+    {"turns_of_two_windows", TurnsOfTwoWindows},        {"a_turn_and_the_end", ATurnAndTheEnd},
+};
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    const auto race = argc == 2 ? kRaces.find(argv[1]) : kRaces.end();
+    if (race == kRaces.end()) {
+        std::fprintf(stderr, "usage: races NAME\n");
+        return 2;
+    }
+    initialize();
+    init_dial_listener(&host);
+    init_dial_listener(&other_host);
+    dialsim_async(DIALSIM_HELD);
+    for (int round = 0; round < kRounds; ++round) {
+        race->second();
+        dialsim_clear_journal();
+    }
+    uninit();
+    return 0;
+}
