@@ -48,7 +48,12 @@ ULONGLONG GetTickCount64() { return ClockNow(); }
 
 void Sleep(DWORD milliseconds) { PlatformSleep(milliseconds); }
 
-int MultiByteToWideChar(UINT, DWORD, const char* bytes, int byte_count, WCHAR* wide, int wide_count) {
+int MultiByteToWideChar(UINT code_page, DWORD flags, const char* bytes, int byte_count, WCHAR* wide,
+                        int wide_count) {
+    // The flags for other code pages are refused for this one.
+    if (code_page != CP_UTF8 || flags != 0) {
+        return 0;
+    }
     const WideString text = Widen({bytes, static_cast<std::size_t>(byte_count)});
     if (wide_count == 0) {
         return static_cast<int>(text.size());

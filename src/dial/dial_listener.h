@@ -17,13 +17,13 @@ namespace brindle {
 
 // Made, registered, filed and ended on the host's thread; the event handlers run on the platform's. They hold
 // a plain pointer to the listener, and the controller holds the only references to them: when it goes with
-// the listener, no event comes any more. A host that kept the controller has to give it up before. No lock.
+// the listener, no event comes any more, and so none is ever unsubscribed, on purpose. A host that kept the
+// controller has to give it up before. No lock.
 class DialListener {
 public:
     explicit DialListener(IDialHost* host) : host_(host) {}
     DialListener(const DialListener&) = delete;
     DialListener& operator=(const DialListener&) = delete;
-    ~DialListener();
 
     // Makes the window's controller and subscribes to its seven events (registration.cpp). Every failure is a
     // code; after one the listener is to be deleted.
@@ -82,10 +82,12 @@ private:
     // invocation.cpp
     HRESULT OnItemInvoked(abi::IRadialControllerMenuItem* sender, abi::IInspectable* args);
 
-    std::uint32_t state_ = 0;
+    // Released from the last to the first of these when the listener ends: the entries before the menu that
+    // has their items, the menu before its controller.
+    std::uint32_t state_ = 0;  // stays 0
     IDialHost* host_;
     ComPtr<abi::IRadialControllerInterop> controller_factory_;
-    ComPtr<abi::IUnknown> spare_;
+    ComPtr<abi::IUnknown> spare_;  // stays empty
     ComPtr<abi::IRadialController> controller_;
     ComPtr<abi::IRadialControllerMenu> menu_;
     ComPtr<abi::IRadialControllerMenuItemStatics> item_statics_;

@@ -52,15 +52,4 @@ HRESULT DialListener::Register(std::uint64_t window) {
     return S_OK;
 }
 
-// In this order. No event is unsubscribed, on purpose: the handlers go with the controller, unless somebody
-// else holds it.
-DialListener::~DialListener() {
-    std::vector<MenuEntry>().swap(menu_entries_);
-    item_statics_.Reset();
-    menu_.Reset();
-    controller_.Reset();
-    spare_.Reset();
-    controller_factory_.Reset();
-}
-
 }  // namespace brindle

@@ -113,6 +113,8 @@ struct DialListenerTest : SimulatedApartment {
     void SetMenu(abi::IRadialControllerMenu* menu) {
         listener->menu_ = ComPtr<abi::IRadialControllerMenu>::Own(menu);
     }
+    std::uint32_t StateWord() const { return listener->state_; }
+    bool HasSpare() const { return static_cast<bool>(listener->spare_); }
     void SetSpare(abi::IUnknown* spare) { listener->spare_ = ComPtr<abi::IUnknown>::Own(spare); }
 
     RecordingHost host{kWindow};
@@ -434,6 +436,14 @@ TEST_F(DialListenerTest, TheSpareInterfaceGoesBetweenTheControllerAndItsFactory)
     EXPECT_EQ(spare.controllers, 0u);
     EXPECT_EQ(spare.factories, 1u);
     EXPECT_EQ(dialsim_objects(kControllerFactories), 0u);
+}
+
+TEST_F(DialListenerTest, TheStateWordAndTheSpareInterfaceStayEmpty) {
+    ASSERT_EQ(listener->AddCustomMenu(nullptr, 0), S_OK);
+    ASSERT_EQ(listener->IsDialPresent(), S_OK);
+    EXPECT_EQ(dialsim_turn(kWindow, 1.0), 0);
+    EXPECT_EQ(StateWord(), 0u);
+    EXPECT_FALSE(HasSpare());
 }
 
 TEST_F(DialListenerTest, AListenerThatNeverRegisteredEndsWithoutACall) {
