@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -23,10 +24,11 @@ inline const std::vector<std::uint8_t>& SmallPng() {
     return bytes;
 }
 
-// A file in the folder for temporary files, gone with this object.
+// A file in the folder for temporary files, gone with this object, and of no other process beside this one.
 class TemporaryFile {
 public:
-    TemporaryFile(const std::string& name, const std::vector<std::uint8_t>& bytes) : path_(Folder() + name) {
+    TemporaryFile(const std::string& name, const std::vector<std::uint8_t>& bytes)
+        : path_(Folder() + std::to_string(std::random_device()()) + name) {
         if (std::FILE* file = std::fopen(path_.c_str(), "wb")) {
             std::fwrite(bytes.data(), 1, bytes.size(), file);
             std::fclose(file);
