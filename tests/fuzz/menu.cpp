@@ -5,8 +5,6 @@
 #include <optional>
 #include <vector>
 
-#include <unistd.h>
-
 #include "fuzz.h"
 #include "support/menu_items.h"
 #include "support/pictures.h"
@@ -29,11 +27,11 @@ enum Resource : std::uint16_t { kPicture = 101, kEmpty = 102, kNoPicture = 103 }
 constexpr char kFontFile[] = "/dev/null";
 
 const TemporaryFile& PictureFile() {
-    static const TemporaryFile file("fuzz_menu_" + std::to_string(getpid()) + ".png", SmallPng());
+    static const TemporaryFile file("fuzz_menu.png", SmallPng());
     return file;
 }
 const TemporaryFile& DamagedFile() {
-    static const TemporaryFile file("fuzz_menu_" + std::to_string(getpid()) + ".txt", {'P', 'N', 'G'});
+    static const TemporaryFile file("fuzz_menu.txt", {'P', 'N', 'G'});
     return file;
 }
 
