@@ -78,18 +78,23 @@ TEST_F(KindSequenceTest, AnEmptySequenceHasNothing) {
 
 TEST_F(KindSequenceTest, ClosedItAnswersNothingAnyMore) {
     const auto iterator = First();
+    abi::boolean more = 0;
+    EXPECT_EQ(iterator->MoveNext(&more), S_OK);
+    EXPECT_EQ(more, 1);
     sequence_->Close();
-    abi::boolean more = 1;
     SystemItemKind kind{};
     std::uint32_t count = 1;
     EXPECT_EQ(iterator->get_Current(&kind), Code(0x80000013));
     EXPECT_EQ(iterator->get_HasCurrent(&more), Code(0x80000013));
+    EXPECT_EQ(more, 0);
+    more = 1;
     EXPECT_EQ(iterator->MoveNext(&more), Code(0x80000013));
+    EXPECT_EQ(more, 0);
     EXPECT_EQ(iterator->GetMany(1, &kind, &count), Code(0x80000013));
     EXPECT_EQ(count, 0u);
-    ComPtr<abi::IIterator<SystemItemKind>> late;
-    EXPECT_EQ(sequence_->First(late.Put()), Code(0x80000013));
-    EXPECT_FALSE(late);
+    abi::IIterator<SystemItemKind>* late = iterator.Get();
+    EXPECT_EQ(sequence_->First(&late), Code(0x80000013));
+    EXPECT_EQ(late, nullptr);
 }
 
 TEST_F(KindSequenceTest, AnIteratorOutlivesItsSequence) {
