@@ -1,10 +1,10 @@
 #include "dial_driver.h"
 
+#include <dialsim.h>
+
 #include <cstdio>
 #include <string>
 #include <utility>
-
-#include "simulator/dialsim.h"
 
 namespace {
 

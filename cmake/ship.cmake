@@ -1,0 +1,83 @@
+# What a library needs to leave the house: `ship` makes it a package, and installs that as a component of its own name.
+include(CMakePackageConfigHelpers)
+
+# For the code of the libraries that are given away: symbols, which do not tell in what folder they were made.
+add_library(shipped_code INTERFACE)
+if(WIN32)
+    target_compile_options(shipped_code INTERFACE $<$<COMPILE_LANGUAGE:CXX>:
+        -g -ffile-prefix-map=${PROJECT_SOURCE_DIR}=. -ffile-prefix-map=${CMAKE_BINARY_DIR}=.>)
+    find_program(LLVM_DLLTOOL llvm-dlltool)
+    if(NOT LLVM_DLLTOOL)
+        message(STATUS "No llvm-dlltool: the import libraries for MSVC are left out (apt-get install llvm)")
+    endif()
+endif()
+
+# The short import library, which linkers of the MSVC family expect, made from the module definition.
+function(add_msvc_import_library package definition)
+    set(library ${CMAKE_ARCHIVE_OUTPUT_DIRECTORY}/${package}.lib)
+    add_custom_command(OUTPUT ${library}
+        COMMAND ${LLVM_DLLTOOL} -m i386:x86-64 -d ${definition} -l ${library}
+        DEPENDS ${definition}
+        VERBATIM)
+    add_custom_target(${package}_msvc_import_library ALL DEPENDS ${library})
+    install(FILES ${library} DESTINATION lib COMPONENT ${package})
+endfunction()
+
+# The symbols go into a file beside the DLL, where debuggers look for them by the name that the DLL keeps. Without the
+# word to preserve dates, the time of day would get into the headers.
+function(separate_symbols package)
+    set(dll $<TARGET_FILE:${package}>)
+    add_custom_command(TARGET ${package} POST_BUILD
+        COMMAND ${CMAKE_OBJCOPY} --preserve-dates --only-keep-debug ${dll} ${dll}.debug
+        COMMAND ${CMAKE_OBJCOPY} --preserve-dates --strip-all --add-gnu-debuglink=${dll}.debug ${dll}
+        VERBATIM)
+    install(FILES ${dll}.debug DESTINATION bin COMPONENT ${package})
+endfunction()
+
+# The parts of a package that only Windows has.
+function(finish_dll package description definition)
+    set(resource ${CMAKE_CURRENT_BINARY_DIR}/package/version.rc)
+    configure_file(${CMAKE_CURRENT_FUNCTION_LIST_DIR}/package/version.rc.in ${resource} @ONLY)
+    target_sources(${package} PRIVATE ${resource} ${definition})
+    set_target_properties(${package} PROPERTIES PREFIX "")
+    # Of the compiler's libraries only what is called; and two builds of one source are the same.
+    target_link_options(${package} PRIVATE -Wl,--gc-sections,--no-insert-timestamp)
+    separate_symbols(${package})
+    if(LLVM_DLLTOOL)
+        add_msvc_import_library(${package} ${definition})
+    endif()
+endfunction()
+
+# What finds the package: CMake's find_package, and pkg-config.
+function(make_findable package description dependency)
+    set(templates ${CMAKE_CURRENT_FUNCTION_LIST_DIR}/package)
+    set(made ${CMAKE_CURRENT_BINARY_DIR}/package)
+    install(EXPORT ${package} FILE ${package}Targets.cmake NAMESPACE ${package}:: DESTINATION lib/cmake/${package}
+        COMPONENT ${package})
+    configure_package_config_file(${templates}/config.cmake.in ${made}/${package}Config.cmake
+        INSTALL_DESTINATION lib/cmake/${package} NO_CHECK_REQUIRED_COMPONENTS_MACRO)
+    # Before 1.0 a minor version may change the interface.
+    write_basic_package_version_file(${made}/${package}ConfigVersion.cmake COMPATIBILITY SameMinorVersion)
+    install(FILES ${made}/${package}Config.cmake ${made}/${package}ConfigVersion.cmake
+        DESTINATION lib/cmake/${package} COMPONENT ${package})
+    configure_file(${templates}/pkgconfig.pc.in ${made}/${package}.pc @ONLY)
+    install(FILES ${made}/${package}.pc DESTINATION lib/pkgconfig COMPONENT ${package})
+endfunction()
+
+# ship(<target> DESCRIPTION <a line> HEADER <file>
+#      DEFINITION <module definition, for Windows> DEPENDENCY <package that the native library needs>)
+function(ship package)
+    cmake_parse_arguments(PARSE_ARGV 1 ship "" "DESCRIPTION;HEADER;DEFINITION;DEPENDENCY" "")
+    if(WIN32)
+        finish_dll(${package} ${ship_DESCRIPTION} ${ship_DEFINITION})
+    else()
+        set_target_properties(${package} PROPERTIES INSTALL_RPATH $ORIGIN)
+    endif()
+    add_library(${package}::${package} ALIAS ${package})
+    target_include_directories(${package} INTERFACE $<INSTALL_INTERFACE:include>)
+    install(TARGETS ${package} EXPORT ${package} COMPONENT ${package})
+    install(FILES ${ship_HEADER} DESTINATION include COMPONENT ${package})
+    make_findable(${package} ${ship_DESCRIPTION} ${ship_DEPENDENCY})
+    install(FILES ${PROJECT_SOURCE_DIR}/LICENSE ${CMAKE_CURRENT_FUNCTION_LIST_DIR}/package/THIRD-PARTY.txt
+        DESTINATION share/doc/${package} COMPONENT ${package})
+endfunction()

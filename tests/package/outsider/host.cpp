@@ -1,0 +1,23 @@
+// As small as a host can be: status 0 when its window has a dial.
+#include <brindle.h>
+
+namespace {
+
+class Host final : public IDialHost {
+public:
+    uint64_t GetWindowHandle() override { return 42; }
+    void OnRotation(void* /*sender*/, const DialRotationInfo* /*turn*/) override {}
+    void OnButtonClicked(void* /*sender*/, const DialContactRect* /*rect*/) override {}
+};
+
+}  // namespace
+
+int main() {
+    if (initialize() != 0) {
+        return 1;
+    }
+    Host host;
+    const bool ready = init_dial_listener(&host) && is_dial_present(host.GetWindowHandle());
+    uninit();
+    return ready ? 0 : 2;
+}

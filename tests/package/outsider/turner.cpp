@@ -1,0 +1,33 @@
+// Turns the simulated dial: status 0 when the host was told of it.
+#include <brindle.h>
+#include <dialsim.h>
+
+namespace {
+
+class Host final : public IDialHost {
+public:
+    uint64_t GetWindowHandle() override { return 42; }
+    void OnRotation(void* /*sender*/, const DialRotationInfo* turn) override {
+        degrees_ += turn->deltaDegrees;
+    }
+    void OnButtonClicked(void* /*sender*/, const DialContactRect* /*rect*/) override { ++clicks_; }
+
+    bool WasTold() const { return degrees_ == 7.5 && clicks_ == 1; }
+
+private:
+    double degrees_ = 0.0;
+    int clicks_ = 0;
+};
+
+}  // namespace
+
+int main() {
+    if (!dialsim_watch("brindle.dll") || initialize() != 0) {
+        return 1;
+    }
+    Host host;
+    const bool turned = init_dial_listener(&host) && dialsim_turn(42, 5.0) == 0 &&
+                        dialsim_turn(42, 2.5) == 0 && dialsim_click(42) == 0;
+    uninit();
+    return turned && host.WasTold() ? 0 : 2;
+}
