@@ -29,7 +29,9 @@ void WriteLine(const std::string& line) {
 // Its place in the order of their first controllers: handles differ from run to run.
 std::string NameOf(std::uint64_t window) {
     const std::size_t place = TheDial().PlaceOf(window);
-    return place == 0 ? std::to_string(window) : "@" + std::to_string(place);
+    std::string name = place == 0 ? "" : "@";
+    name += std::to_string(place == 0 ? window : place);
+    return name;
 }
 
 // A clock that was set back gives no wait.
