@@ -35,7 +35,7 @@ constexpr char kUsage[] =
     "             3  the command cannot be understood\n";
 
 struct Findings {
-    bool classes = false;
+    bool platform = false;
     bool listening = false;
     bool dial = false;
     bool elevated = false;
@@ -115,7 +115,7 @@ void CheckSettings() {
 
 bool CheckElevation() {
     const std::optional<bool> elevated = IsElevated();
-    Say("elevated", !elevated ? "not known" : *elevated ? "yes, turns may not arrive" : "no");
+    Say("elevated", !elevated ? "not known" : *elevated ? "yes, turns are known not to arrive then" : "no");
     return elevated.value_or(false);
 }
 
@@ -176,6 +176,7 @@ void CheckLibrary(std::chrono::seconds wait, Findings& found) {
     Say("library", started == 0   ? "ready"
                    : started == 1 ? "finds no Windows Runtime"
                                   : "finds this Windows too old");
+    found.platform = found.platform && started == 0;
     if (started == 0) {
         CheckWindow(wait, found);
     } else if (started == 2) {
@@ -187,7 +188,7 @@ Findings Check(std::chrono::seconds wait) {
     Findings found;
     const int32_t runtime = StartRuntime();
     Say("Windows Runtime", FoundOrNot(runtime));
-    found.classes = CheckClasses();
+    found.platform = CheckClasses();
     CheckSettings();
     found.elevated = CheckElevation();
     CheckLibrary(wait, found);
@@ -198,8 +199,8 @@ Findings Check(std::chrono::seconds wait) {
 }
 
 Status Judge(const Findings& found) {
-    if (!found.classes) {
-        Say("verdict", "Windows lacks what is not found above; install its updates");
+    if (!found.platform) {
+        Say("verdict", "Windows lacks something that the dial needs, see above; install its updates");
         return kMissing;
     }
     if (!found.listening) {
