@@ -95,8 +95,8 @@ TEST_F(Scripts, BeginWithTheNewestWindowAndDirectWhatFollows) {
 
 TEST_F(Scripts, NameAWindowByItsPlaceInTheOrderOfFirstControllers) {
     ControllerEar first(16);
-    ControllerEar second(9);
     ControllerEar first_again(16);
+    ControllerEar second(9);
     Play("window @2\nturn 2\nwindow @1\nturn 1");
     EXPECT_EQ(second.Heard(), "turn 2; ");
     EXPECT_EQ(first.Heard(), "turn 1; ");
