@@ -62,8 +62,8 @@
  * Windows    A window is named by its handle as an unsigned 64-bit number: (uint64_t)hwnd.
  *
  * Results    Window functions return true or false; where a step of the platform failed, its code goes to
- *            standard output (see Diagnostics). initialize returns 0, 1 or 2. Storage setters return an
- * HRESULT: 0 or a negative code. Storage getters return the value or a marker for "nothing there".
+ *            standard output (see Diagnostics). initialize returns 0, 1 or 2. Storage setters return 0 or a
+ *            negative code, storage getters the value or a marker for "nothing there".
  *
  * Texts      NUL-terminated UTF-16, borrowed for the call. A text returned to you is yours: free() it
  *            (the heap is the Universal C Runtime's).
@@ -115,9 +115,9 @@ typedef char16_t BrindleChar;
 
 /* Where the dial stands on the screen, in the coordinates that the platform reports for the window, fractions
  * cut off toward zero; a coordinate outside the range of int32_t becomes INT32_MIN. All zero when the dial is
- * not on the screen or its place cannot be read. For a turn, right is left + width cut off once; for a click
- * it is the already cut left
- * + width cut off again, so that the two can differ by one (bottom likewise). 16 bytes. */
+ * not on the screen or its place cannot be read. For a turn, right is the sum of left and width, cut off
+ * once; for a click it is the sum of the already cut left and width, cut off again, so that the two can
+ * differ by one (bottom likewise). 16 bytes. */
 typedef struct DialContactRect {
     int32_t left;
     int32_t top;

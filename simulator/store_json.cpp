@@ -3,8 +3,11 @@
 #include <algorithm>
 #include <iterator>
 #include <nlohmann/json.hpp>
+#include <set>
 #include <stdexcept>
+#include <string>
 #include <variant>
+#include <vector>
 
 namespace dialsim {
 
@@ -132,10 +135,25 @@ std::string Place(const std::string& text, std::size_t byte) {
     return "line " + std::to_string(line) + ", column " + std::to_string(column);
 }
 
+// Of several members of one name the parser would keep one, and the next change lose the others.
+Json ParseWithEachMemberOnce(const std::string& text) {
+    std::vector<std::set<std::string>> names;  // of the members so far, for each object that is open
+    return Json::parse(text, [&names](int, Json::parse_event_t event, const Json& parsed) {
+        if (event == Json::parse_event_t::object_start) {
+            names.emplace_back();
+        } else if (event == Json::parse_event_t::object_end) {
+            names.pop_back();
+        } else if (event == Json::parse_event_t::key && !names.back().insert(parsed).second) {
+            throw Damaged("a member stands there twice");
+        }
+        return true;
+    });
+}
+
 // The library's own messages quote what they stumble over, passwords too.
 Json Parse(const std::string& text) {
     try {
-        return Json::parse(text);
+        return ParseWithEachMemberOnce(text);
     } catch (const Json::parse_error& error) {
         throw Damaged(Place(text, error.byte) + ": this is not JSON, or it ends too early");
     } catch (const Json::exception&) {

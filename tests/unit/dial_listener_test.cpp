@@ -109,6 +109,13 @@ struct DialListenerTest : SimulatedApartment {
         MenuEntry entry = MakeEntry(WIDE("Brush"), 7, true);
         return listener->AddMenuItemFromKnownIcon(entry, abi::RadialControllerMenuKnownIcon::Ruler);
     }
+    // The token of a new item's subscription, as its entry has it.
+    std::int64_t TokenOfNewItem() {
+        MenuEntry entry = MakeEntry(WIDE("Brush"), 7, true);
+        EXPECT_EQ(entry.invoked_token, 0);
+        listener->AddMenuItemFromKnownIcon(entry, abi::RadialControllerMenuKnownIcon::Ruler);
+        return entry.invoked_token;
+    }
     HRESULT InvokeNothing() { return listener->OnItemInvoked(nullptr, nullptr); }
     void SetMenu(abi::IRadialControllerMenu* menu) {
         listener->menu_ = ComPtr<abi::IRadialControllerMenu>::Own(menu);
@@ -436,6 +443,17 @@ TEST_F(DialListenerTest, TheSpareInterfaceGoesBetweenTheControllerAndItsFactory)
     EXPECT_EQ(spare.controllers, 0u);
     EXPECT_EQ(spare.factories, 1u);
     EXPECT_EQ(dialsim_objects(kControllerFactories), 0u);
+}
+
+TEST_F(DialListenerTest, AnItemsSubscriptionIsKeptWithItsEntryWhenItSucceeded) {
+    GiveMenu();
+    EXPECT_EQ(GetFactory<abi::RadialControllerMenuItem>(items), S_OK);
+    SetItemStatics(ComPtr<abi::IRadialControllerMenuItemStatics>(items).Detach());
+    EXPECT_GT(TokenOfNewItem(), 0);
+    Capture();
+    dialsim_fail_late("IRadialControllerMenuItem::add_Invoked", E_FAIL, 1, 0);
+    EXPECT_EQ(TokenOfNewItem(), 0);
+    Printed();
 }
 
 TEST_F(DialListenerTest, TheStateWordAndTheSpareInterfaceStayEmpty) {

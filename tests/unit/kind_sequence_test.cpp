@@ -4,6 +4,8 @@
 
 #include <array>
 
+#include "simulated.h"
+
 namespace brindle {
 namespace {
 
@@ -34,7 +36,7 @@ TEST_F(KindSequenceTest, StepsThroughTheKindsAndStaysPastTheEnd) {
         EXPECT_EQ(iterator->MoveNext(&more), S_OK);
         EXPECT_EQ(more, expected != kVolume);
     }
-    EXPECT_EQ(iterator->get_Current(&kind), KindSequence::kOutOfBounds);
+    EXPECT_EQ(iterator->get_Current(&kind), Code(0x8000000B));
     EXPECT_EQ(iterator->MoveNext(&more), S_OK);
     EXPECT_EQ(more, 0);
     EXPECT_EQ(iterator->get_HasCurrent(&more), S_OK);
@@ -76,18 +78,23 @@ TEST_F(KindSequenceTest, AnEmptySequenceHasNothing) {
 
 TEST_F(KindSequenceTest, ClosedItAnswersNothingAnyMore) {
     const auto iterator = First();
+    abi::boolean more = 0;
+    EXPECT_EQ(iterator->MoveNext(&more), S_OK);
+    EXPECT_EQ(more, 1);
     sequence_->Close();
-    abi::boolean more = 1;
     SystemItemKind kind{};
     std::uint32_t count = 1;
-    EXPECT_EQ(iterator->get_Current(&kind), KindSequence::kClosed);
-    EXPECT_EQ(iterator->get_HasCurrent(&more), KindSequence::kClosed);
-    EXPECT_EQ(iterator->MoveNext(&more), KindSequence::kClosed);
-    EXPECT_EQ(iterator->GetMany(1, &kind, &count), KindSequence::kClosed);
+    EXPECT_EQ(iterator->get_Current(&kind), Code(0x80000013));
+    EXPECT_EQ(iterator->get_HasCurrent(&more), Code(0x80000013));
+    EXPECT_EQ(more, 0);
+    more = 1;
+    EXPECT_EQ(iterator->MoveNext(&more), Code(0x80000013));
+    EXPECT_EQ(more, 0);
+    EXPECT_EQ(iterator->GetMany(1, &kind, &count), Code(0x80000013));
     EXPECT_EQ(count, 0u);
-    ComPtr<abi::IIterator<SystemItemKind>> late;
-    EXPECT_EQ(sequence_->First(late.Put()), KindSequence::kClosed);
-    EXPECT_FALSE(late);
+    abi::IIterator<SystemItemKind>* late = iterator.Get();
+    EXPECT_EQ(sequence_->First(&late), Code(0x80000013));
+    EXPECT_EQ(late, nullptr);
 }
 
 TEST_F(KindSequenceTest, AnIteratorOutlivesItsSequence) {
@@ -95,7 +102,7 @@ TEST_F(KindSequenceTest, AnIteratorOutlivesItsSequence) {
     sequence_->Close();
     sequence_.Reset();
     SystemItemKind kind{};
-    EXPECT_EQ(iterator->get_Current(&kind), KindSequence::kClosed);
+    EXPECT_EQ(iterator->get_Current(&kind), Code(0x80000013));
 }
 
 TEST_F(KindSequenceTest, AnswersItsOwnInterfaceAndTheRoots) {

@@ -61,7 +61,25 @@ TEST_F(PngResource, WhoseStreamIsNotWrittenWholeIsNoMemoryAndHandedOutAllTheSame
     EXPECT_EQ(dialsim_calls("FreeResource"), 2u);
 }
 
+TEST_F(PngResource, WhateverElseFailsIsAPlainFailure) {
+    for (const char* operation : {"FindResourceW", "SizeofResource", "LoadResource", "LockResource",
+                                  "GlobalAlloc", "GlobalLock", "CreateStreamOnHGlobal"}) {
+        SCOPED_TRACE(operation);
+        dialsim_fail(operation, E_INVALIDARG, 1, 1);
+        GlobalBlock block;
+        ComPtr<abi::IStream> stream;
+        EXPECT_EQ(LoadPngResourceStream(Module(), kPngResource, &stream, block), E_FAIL);
+    }
+}
+
 TEST(MenuEntry, WithoutALabelsBoxHasAnEmptyLabel) { EXPECT_EQ(LabelOf(MenuEntry{})[0], 0); }
+
+TEST(MenuEntry, StartsEmpty) {
+    const MenuEntry entry;
+    EXPECT_EQ(entry.item_id, 0u);
+    EXPECT_EQ(entry.invoked_token, 0);
+    EXPECT_FALSE(entry.haptic_feedback);
+}
 
 }  // namespace
 }  // namespace brindle

@@ -873,6 +873,7 @@ TEST_F(DamagedStores, AreSettingsOfAnotherShape) {
                               R"({"key":"a","value":1})",
                               R"({"type":"Int32","value":1})",
                               R"({"key":"a","type":"Int32","value":1,"more":1})",
+                              R"({"key":"a","key":"b","type":"Int32","value":1})",
                               R"({"key":"a","type":"Int32","valeu":1})",
                               R"({"key":1,"type":"Int32","value":1})",
                               R"({"key":"a","type":1,"value":1})",
@@ -900,7 +901,8 @@ TEST_F(DamagedStores, AreSettingsOfAnotherShape) {
     }
     for (const char* content :
          {"", " ", "null", "1", "[]", "{}", R"({"settings":{}})", R"({"settings":[],"more":1})",
-          R"({"credentials":[]})", "\xFF\xFE{", "{\"settings\":[]}}", "not a store"}) {
+          R"({"settings":[{"key":"a","type":"Int32","value":1}],"settings":[]})", R"({"credentials":[]})",
+          "\xFF\xFE{", "{\"settings\":[]}}", "not a store"}) {
         ExpectSettingsDamaged(folder, content);
     }
     ExpectSettingsDamaged(folder, std::string(100000, '['));
@@ -910,6 +912,7 @@ TEST_F(DamagedStores, AreVaultsOfAnotherShape) {
     for (const char* content : {"", "null", "[]", "{}", R"({"credentials":{}})", R"({"settings":[]})",
                                 R"({"credentials":[1]})", R"({"credentials":[{"resource":"a","user":"b"}]})",
                                 R"({"credentials":[{"resource":"a","user":"b","password":1}]})",
+                                R"({"credentials":[{"resource":"a","user":"b","password":"c","user":"d"}]})",
                                 R"({"credentials":[{"resource":"a","user":"b","password":"c","more":1}]})",
                                 R"({"credentials":[{"resource":"a","user":"b","password":"c"},)"
                                 R"({"resource":"a","user":"b","password":"d"}]})"}) {

@@ -1,0 +1,212 @@
+// Scripts of any text. One that cannot be understood plays nothing; one that can, and asks for no failures,
+// makes the host hear just the turns and clicks that a simple reading of it finds.
+#include <cmath>
+#include <exception>
+#include <limits>
+#include <sstream>
+#include <vector>
+
+#include "fuzz.h"
+#include "support/menu_items.h"
+#include "support/recording_host.h"
+#include "support/stores_folder.h"
+#include "support/wide.h"
+
+namespace {
+
+constexpr std::uint64_t kWindow = 0x20316;
+constexpr std::size_t kLongest = 2000;
+constexpr char kContacts[] = "Windows.UI.Input.RadialControllerScreenContact";
+
+struct Turn {
+    double degrees;
+    bool button_down;
+    DialContactRect contact;
+};
+
+// What an understood script asks for.
+struct Story {
+    std::vector<Turn> turns;
+    std::vector<DialContactRect> clicks;
+    std::uint32_t contacts_kept = 0;  // a click never gives its contact back, on purpose
+    bool strikes = false;             // asks for failures
+    bool keeps_strings = false;       // that leave strings out for good
+};
+
+std::int32_t Cut(float value) {
+    const double whole = std::trunc(double{value});
+    return std::fabs(whole) < 2147483648.0 ? static_cast<std::int32_t>(whole)
+                                           : std::numeric_limits<std::int32_t>::min();
+}
+
+// Where the dial stands.
+struct Place {
+    float x = 0;
+    float y = 0;
+    float width = 0;
+    float height = 0;
+
+    DialContactRect ForTurn() const { return {Cut(x), Cut(y), Cut(x + width), Cut(y + height)}; }
+    DialContactRect ForClick() const {
+        const auto left = static_cast<float>(Cut(x));
+        const auto top = static_cast<float>(Cut(y));
+        return {Cut(x), Cut(y), Cut(left + width), Cut(top + height)};
+    }
+};
+
+Place PlaceIn(const std::vector<std::string>& words) {
+    const auto number = [&](std::size_t i) { return std::strtof(words[i].c_str(), nullptr); };
+    return {number(1), number(2), number(3), number(4)};
+}
+
+double Degrees(const std::string& word) {
+    char* end = nullptr;
+    const double degrees = std::strtod(word.c_str(), &end);
+    Check(*end == '\0', "a number that is played is one: " + word);
+    return degrees;
+}
+
+class Reader {
+public:
+    Story Read(const std::string& script) {
+        std::istringstream lines(script);
+        for (std::string line; std::getline(lines, line);) {
+            std::istringstream stream(line.substr(0, line.find('#')));
+            std::vector<std::string> words;
+            for (std::string word; stream >> word;) {
+                words.push_back(word);
+            }
+            if (!words.empty()) {
+                Take(words);
+            }
+        }
+        return story_;
+    }
+
+private:
+    void Take(const std::vector<std::string>& words) {
+        const std::string& command = words[0];
+        const bool heard = window_ == 0 || window_ == kWindow;
+        if (command == "turn" && heard) {
+            story_.turns.push_back({Degrees(words[1]), button_down_, place_.ForTurn()});
+        } else if (command == "click" && heard) {
+            story_.clicks.push_back(place_.ForClick());
+            story_.contacts_kept += on_screen_ ? 1U : 0U;
+        } else if (command == "hold" || command == "release") {
+            button_down_ = command == "hold";
+        } else if (command == "touch" || command == "move") {
+            place_ = PlaceIn(words);
+            on_screen_ = true;
+        } else if (command == "lift") {
+            place_ = {};
+            on_screen_ = false;
+        } else if (command == "window") {
+            window_ = std::strtoull(words[1].c_str(), nullptr, words[1].starts_with("0x") ? 16 : 10);
+        } else if (command == "fail" || command == "fail-late" || command == "null") {
+            story_.strikes = true;
+            story_.keeps_strings |= words[1].find("Delete") != std::string::npos;
+        }
+    }
+
+    Story story_;
+    std::uint64_t window_ = 0;
+    bool button_down_ = false;
+    bool on_screen_ = false;
+    Place place_;
+};
+
+bool SameNumber(double a, double b) { return a == b || (std::isnan(a) && std::isnan(b)); }
+
+void CheckStory(const RecordingHost& host, const Story& story) {
+    CheckSame(host.rotations.size(), story.turns.size(), "turns heard");
+    Check(host.clicks == story.clicks, "clicks heard, and their contacts");
+    for (std::size_t i = 0; i < story.turns.size(); ++i) {
+        const DialRotationInfo& heard = host.rotations[i];
+        Check(SameNumber(heard.deltaDegrees, story.turns[i].degrees), "a turn's degrees");
+        CheckSame(heard.buttonPressed, story.turns[i].button_down, "a turn's button");
+        Check(heard.contact == story.turns[i].contact, "a turn's contact");
+        Check(heard.acceleration >= 1.0, "a turn's acceleration");
+    }
+}
+
+// Failures may keep fewer contacts, or one of them more than once.
+void CheckAccounts(const Story& story) {
+    const std::uint32_t kept = dialsim_objects(kContacts);
+    Check(story.strikes ? kept <= story.contacts_kept : kept == story.contacts_kept,
+          "contacts not come back");
+    for (const std::string& line : LinesOf(OpenAccounts())) {
+        Check(line.starts_with(kContacts), "handed out and not come back: " + line);
+    }
+}
+
+// The first line that could not be understood is one of the script's.
+void CheckReason(const std::string& reason, const std::string& script) {
+    const long number = reason.starts_with("line ") ? std::strtol(reason.c_str() + 5, nullptr, 10) : 0;
+    const auto lines = 1 + std::count(script.begin(), script.end(), '\n');
+    Check(number >= 1 && number <= lines, "a reason names its line: " + reason);
+}
+
+// What a host may do after, and with what the script has left behind.
+void UseEverything() {
+    const std::int32_t kinds[] = {3, 0};
+    SetMenu(kWindow,
+            {KnownIcon(1), SystemFont(2), CustomFont(3, UTF16("/dev/null")), FilePNG(4, UTF16("/x"))});
+    set_default_menu(kWindow, kinds, 2);
+    set_current_custom_menu(kWindow, 2);
+    dialsim_choose(kWindow, 0);
+    dialsim_turn(kWindow, 5.0);
+    is_dial_present(kWindow);
+    set_string_in_storage(UTF16("host"), UTF16("key"), UTF16("7"));
+    std::free(get_string_from_storage(UTF16("host"), UTF16("key")));
+    set_int_in_storage(UTF16("host"), UTF16("key"), 7);
+    get_int_from_storage(UTF16("host"), UTF16("key"));
+}
+
+// Answers what was played, nothing where nothing was. With failures a label may be refused, or memory run
+// out: the header promises exceptions then.
+Story Play(const std::string& script, const RecordingHost& host) {
+    char reason[512];
+    const std::string before = Journal();
+    const bool played = dialsim_play(script.c_str(), 0, reason, sizeof reason);
+    if (!played) {
+        CheckReason(reason, script);
+        CheckSame(Journal(), before, "the platform's calls after nothing was played");
+        return {};
+    }
+    const Story story = Reader().Read(script);
+    if (!story.strikes) {
+        CheckStory(host, story);
+    }
+    try {
+        UseEverything();
+    } catch (const std::exception&) {
+        Check(story.strikes, "no exception without failures");
+    }
+    dialsim_wait_for_async();
+    dialsim_complete_all();
+    return story;
+}
+
+}  // namespace
+
+int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
+    static const StoresFolder folder;
+    const std::string all = Input(bytes, size).Rest();
+    const std::string script = all.substr(0, all.find('\0'));
+    // Pictures are written wherever a script says.
+    if (script.size() > kLongest || script.find("draw") != std::string::npos) {
+        return 0;
+    }
+    dialsim_reset();
+    static const std::uint32_t buzz = 1;
+    RecordingHost host(kWindow);
+    host.haptic_request = &buzz;
+    initialize();
+    Check(init_dial_listener(&host), "the window is served");
+    const Story story = Play(script, host);
+    uninit();
+    if (!story.keeps_strings) {
+        CheckAccounts(story);
+    }
+    return 0;
+}

@@ -1,0 +1,111 @@
+// Files of the simulator's stores as anybody may have left them. Damaged ones are never changed and have
+// nothing to tell; what whole ones hold stays when an entry is added, and a second reading finds what the
+// first one did.
+#include <cstring>
+#include <nlohmann/json.hpp>
+#include <set>
+
+#include "fuzz.h"
+#include "support/stores_folder.h"
+#include "support/wide.h"
+
+namespace {
+
+struct Store {
+    const char* name;
+    const char* file;
+};
+
+constexpr Store kStores[] = {{"roaming", "roaming.json"}, {"local", "local.json"}, {"vault", "vault.json"}};
+
+constexpr char kDamaged[] = "damaged\n";
+constexpr char kNewKey[] = "a key of this test's own";
+constexpr BrindleChar kNewKeyWide[] = UTF16("a key of this test's own");
+
+// As a host and as a test would: neither minds what is there.
+void ReadAll() {
+    for (const BrindleChar* key : {kNewKeyWide, UTF16("key"), UTF16("")}) {
+        std::free(get_string_from_storage(UTF16("host"), key));
+        get_int_from_storage(UTF16("host"), key);
+    }
+}
+
+bool Put(const Store& store) {
+    return std::strcmp(store.name, "vault") == 0
+               ? dialsim_put_credential("host", kNewKey, "value")
+               : dialsim_put_setting(store.name, kNewKey, "String", "value");
+}
+
+void CheckDamaged(const StoresFolder& folder, const Store& store, const std::string& content) {
+    Check(!Put(store), "a damaged store takes nothing");
+    CheckSame(set_string_in_storage(UTF16("host"), kNewKeyWide, UTF16("value")), 0, "set_string_in_storage");
+    CheckSame(set_int_in_storage(UTF16("host"), kNewKeyWide, 7), 0, "set_int_in_storage");
+    ReadAll();
+    Check(folder.Read(store.file) == content, "a damaged store is left alone");
+}
+
+// Three for each entry and one around them: what else there is would get lost with the next change.
+void CheckMembers(const std::string& listing, const std::string& content) {
+    using Json = nlohmann::json;
+    std::size_t members = 0;
+    const auto count = [&members](int, Json::parse_event_t event, const Json&) {
+        members += event == Json::parse_event_t::key ? 1U : 0U;
+        return true;
+    };
+    Check(!Json::parse(content, count).is_discarded(), "a whole file is JSON");
+    CheckSame(members, 1 + 3 * LinesOf(listing).size(), "members");
+}
+
+// A whole number stands in the file as it is told.
+void CheckNumbers(const std::string& listing, const std::string& content) {
+    for (const std::string& line : LinesOf(listing)) {
+        const std::string word = line.substr(line.rfind(' ') + 1);
+        if (word.find_first_not_of("-0123456789") == std::string::npos) {
+            Check(content.find(word) != std::string::npos,
+                  "a number that is told stands in the file: " + line);
+        }
+    }
+}
+
+void CheckWhole(const StoresFolder& folder, const Store& store, const std::string& content,
+                const std::string& before) {
+    CheckMembers(before, content);
+    CheckNumbers(before, content);
+    ReadAll();
+    Check(folder.Read(store.file) == content, "reading changes nothing");
+
+    Check(Put(store), "a whole store takes an entry");
+    const std::string after = StoreText(store.name);
+    const std::vector<std::string> lines = LinesOf(after);
+    const std::set<std::string> now(lines.begin(), lines.end());
+    std::size_t kept = 0;
+    for (const std::string& line : LinesOf(before)) {
+        kept += now.contains(line) ? 1U : 0U;
+    }
+    CheckSame(kept, LinesOf(before).size(), "entries that stayed");
+    CheckSame(lines.size(), kept + 1, "entries with the new one");
+
+    Check(Put(store), "the same once more");
+    CheckSame(StoreText(store.name), after, "the store with the same once more");
+}
+
+}  // namespace
+
+int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
+    static const StoresFolder folder;
+    const Run run;
+    const Started started;
+    Input input(bytes, size);
+    const Store& store = kStores[input.Below(std::size(kStores))];
+    const std::string content = input.Rest();
+    Check(dialsim_clear_stores(), "the stores are cleared");
+    dialsim_set_packaged(true);
+    folder.Write(store.file, content);
+    const std::string listing = StoreText(store.name);
+    if (listing == kDamaged) {
+        CheckDamaged(folder, store, content);
+    } else if (listing.find(kNewKey) == std::string::npos) {
+        CheckWhole(folder, store, content, listing);
+    }
+    return 0;
+}
