@@ -11,6 +11,7 @@
 #include "simulator/property_value.h"
 #include "simulator/storage_file.h"
 #include "simulator/streams.h"
+#include "simulator/unattended.h"
 #include "simulator/uri.h"
 
 namespace dialsim {
@@ -42,6 +43,7 @@ constexpr ActivatableClassEntry kClasses[] = {
 }  // namespace
 
 HRESULT GetClassFactory(HSTRING class_name, const IID& iid, void** factory) {
+    BeforeTheFirstClass();
     *factory = nullptr;
     const std::string wanted = Narrow(View(class_name));
     for (const ActivatableClassEntry& entry : kClasses) {

@@ -1,8 +1,10 @@
 #include "simulator/control.h"
 
 #include "simulator/async.h"
+#include "simulator/clock.h"
 #include "simulator/controller.h"
 #include "simulator/dialsim.h"
+#include "simulator/recording.h"
 
 namespace dialsim {
 
@@ -25,24 +27,32 @@ HRESULT RaiseAt(std::uint64_t window, RaiseOne raise_one) {
     return CodeOf(outcome);
 }
 
+std::string Placed(const char* action, const abi::Rect& bounds) {
+    return Command(action, bounds.X, bounds.Y, bounds.Width, bounds.Height);
+}
+
 }  // namespace
 
 HRESULT Turn(std::uint64_t window, double degrees) {
+    const Recorded action(window, Command("turn", degrees));
     return RaiseAt(window, [=](Controller& controller, const DialState& state) {
         return controller.RaiseRotation(state, degrees);
     });
 }
 
 HRESULT Click(std::uint64_t window) {
+    const Recorded action(window, "click");
     return RaiseAt(
         window, [](Controller& controller, const DialState& state) { return controller.RaiseClick(state); });
 }
 
 void Hold(bool down) {
+    const Recorded action(down ? "hold" : "release");
     TheDial().Update([=](DialState& state) { state.button_down = down; });
 }
 
 HRESULT Touch(std::uint64_t window, const abi::Rect& bounds) {
+    const Recorded action(window, Placed("touch", bounds));
     TheDial().Update([&](DialState& state) { state.contact = bounds; });
     return RaiseAt(window, [](Controller& controller, const DialState& state) {
         return controller.RaiseContactStarted(state);
@@ -50,6 +60,7 @@ HRESULT Touch(std::uint64_t window, const abi::Rect& bounds) {
 }
 
 HRESULT Move(std::uint64_t window, const abi::Rect& bounds) {
+    const Recorded action(window, Placed("move", bounds));
     TheDial().Update([&](DialState& state) { state.contact = bounds; });
     return RaiseAt(window, [](Controller& controller, const DialState& state) {
         return controller.RaiseContactContinued(state);
@@ -57,25 +68,34 @@ HRESULT Move(std::uint64_t window, const abi::Rect& bounds) {
 }
 
 HRESULT Lift(std::uint64_t window) {
+    const Recorded action(window, "lift");
     TheDial().Update([](DialState& state) { state.contact.reset(); });
     return RaiseAt(window,
                    [](Controller& controller, const DialState&) { return controller.RaiseContactEnded(); });
 }
 
 HRESULT Acquire(std::uint64_t window) {
+    const Recorded action(window, "acquire");
     return RaiseAt(window, [](Controller& controller, const DialState& state) {
         return controller.RaiseControlAcquired(state);
     });
 }
 
 HRESULT Lose(std::uint64_t window) {
+    const Recorded action(window, "lose");
     return RaiseAt(window,
                    [](Controller& controller, const DialState&) { return controller.RaiseControlLost(); });
 }
 
 HRESULT Choose(std::uint64_t window, std::uint32_t item) {
+    const Recorded action(window, Command("choose", item));
     return RaiseAt(window,
                    [=](Controller& controller, const DialState&) { return controller.menu().Choose(item); });
+}
+
+void Settle() {
+    const Recorded action("settle");
+    WaitForActions();
 }
 
 void SetHaptics(bool present, std::vector<std::uint16_t> waveforms) {

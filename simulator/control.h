@@ -30,6 +30,8 @@ HRESULT Lift(std::uint64_t window);
 HRESULT Choose(std::uint64_t window, std::uint32_t item);
 HRESULT Acquire(std::uint64_t window);
 HRESULT Lose(std::uint64_t window);
+// Until everything that the platform does on threads of its own is done.
+void Settle();
 void SetHaptics(bool present, std::vector<std::uint16_t> waveforms);
 
 }  // namespace dialsim

@@ -1,6 +1,7 @@
 #include "simulator/controller.h"
 
 #include "simulator/event_args.h"
+#include "simulator/unattended.h"
 
 namespace dialsim {
 
@@ -182,7 +183,9 @@ public:
     HRESULT CreateForWindow(HWND window, const GUID& iid, void** result) noexcept override {
         return PerformInto(MethodName<Interface>("CreateForWindow"), WindowText(window), result, [&] {
             const Unobserved platforms_own;
-            return Make<Controller>(window)->QueryInterface(iid, result);
+            const HRESULT code = Make<Controller>(window)->QueryInterface(iid, result);
+            AtTheFirstController();
+            return code;
         });
     }
 };

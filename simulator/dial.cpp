@@ -15,6 +15,9 @@ Dial& TheDial() {
 void Dial::Enter(Controller* controller) {
     const std::lock_guard guard(mutex_);
     controllers_.push_back(controller);
+    if (std::find(windows_.begin(), windows_.end(), controller->window()) == windows_.end()) {
+        windows_.push_back(controller->window());
+    }
 }
 
 void Dial::Leave(Controller* controller) {
@@ -22,11 +25,13 @@ void Dial::Leave(Controller* controller) {
     std::erase(controllers_, controller);
 }
 
+std::uint64_t Dial::Resolve(std::uint64_t window) const {
+    return window == 0 && !controllers_.empty() ? controllers_.back()->window() : window;
+}
+
 std::vector<Ref<Controller>> Dial::ControllersOf(std::uint64_t window) {
     const std::lock_guard guard(mutex_);
-    if (window == 0 && !controllers_.empty()) {
-        window = controllers_.back()->window();
-    }
+    window = Resolve(window);
     std::vector<Ref<Controller>> found;
     for (Controller* controller : controllers_) {
         if (controller->window() == window && controller->TryAddRef()) {
@@ -34,6 +39,17 @@ std::vector<Ref<Controller>> Dial::ControllersOf(std::uint64_t window) {
         }
     }
     return found;
+}
+
+std::size_t Dial::PlaceOf(std::uint64_t window) {
+    const std::lock_guard guard(mutex_);
+    const auto found = std::find(windows_.begin(), windows_.end(), Resolve(window));
+    return found == windows_.end() ? 0 : static_cast<std::size_t>(found - windows_.begin()) + 1;
+}
+
+std::uint64_t Dial::WindowAt(std::size_t place) {
+    const std::lock_guard guard(mutex_);
+    return place >= 1 && place <= windows_.size() ? windows_[place - 1] : kNoWindow;
 }
 
 DialState Dial::State() {
@@ -79,6 +95,7 @@ void Dial::Reset() {
     const std::lock_guard guard(mutex_);
     state_ = {};
     controllers_.clear();
+    windows_.clear();
     missing_types_.clear();
     raised_.clear();
     own_thread_ = false;

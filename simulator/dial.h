@@ -23,6 +23,9 @@ struct DialState {
     std::vector<std::uint16_t> waveforms = {4099};  // a click
 };
 
+// A handle that the system gives to no window.
+inline constexpr std::uint64_t kNoWindow = ~std::uint64_t{0};
+
 class Dial {
 public:
     // Controllers enter when they are made and leave when they end.
@@ -31,6 +34,12 @@ public:
 
     // References to the window's controllers, oldest first; window 0 is that of the controller made last.
     std::vector<Ref<Controller>> ControllersOf(std::uint64_t window);
+
+    // A window's place in the order in which windows got their first controller, from 1; 0 for one that never
+    // got any.
+    std::size_t PlaceOf(std::uint64_t window);
+    // The window at that place, or kNoWindow.
+    std::uint64_t WindowAt(std::size_t place);
 
     DialState State();
     template <class Change>
@@ -50,9 +59,13 @@ public:
     void Reset();
 
 private:
+    // With the mutex held: 0 becomes the window of the controller made last, if there is one.
+    std::uint64_t Resolve(std::uint64_t window) const;
+
     Mutex mutex_;
     DialState state_;
     std::vector<Controller*> controllers_;
+    std::vector<std::uint64_t> windows_;  // that have had a controller
     std::set<std::string> missing_types_;
     std::string raised_;
     bool own_thread_ = false;

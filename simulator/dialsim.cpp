@@ -18,6 +18,7 @@
 #include "simulator/menu_view.h"
 #include "simulator/operations.h"
 #include "simulator/property_value.h"
+#include "simulator/recording.h"
 #include "simulator/resources.h"
 #include "simulator/script.h"
 #include "simulator/stores.h"
@@ -138,7 +139,7 @@ uint32_t dialsim_pending() { return TheOperations().Pending(); }
 int32_t dialsim_completion_code(uint32_t index) { return TheOperations().CompletionCode(index); }
 bool dialsim_completion_marshals(uint32_t index) { return TheOperations().MarshalsFreeThreaded(index); }
 void dialsim_abandon_pending() { TheOperations().Abandon(); }
-void dialsim_wait_for_async() { WaitForActions(); }
+void dialsim_wait_for_async() { Settle(); }
 void dialsim_async_delay(uint32_t milliseconds) { TheOperations().SetDelay(milliseconds); }
 
 void dialsim_add_device(const char* id, const char* interface_class, bool enabled) {
@@ -193,6 +194,14 @@ void dialsim_wait_for_scripts() {
     WaitForActions();
 }
 
+bool dialsim_record(const char* path) {
+    if (path == nullptr) {
+        EndRecording();
+        return true;
+    }
+    return StartRecording(path);
+}
+
 bool dialsim_fail(const char* operation, int32_t code, uint32_t from, uint32_t times) {
     return AddFault({operation, Fault::Kind::Fail, code, from, times});
 }
@@ -220,6 +229,7 @@ uint32_t dialsim_handlers() { return TheAccounts().Handlers(); }
 size_t dialsim_accounts(char* buffer, size_t size) { return CopyOut(TheAccounts().Text(), buffer, size); }
 
 void dialsim_reset() {
+    EndRecording();
     TheOperations().Reset();
     ResetConfigurations();
     ResetResources();

@@ -255,7 +255,7 @@ enum {
  *   turn DEGREES         click               hold                release
  *   touch X Y W H        move X Y W H        lift                acquire             lose
  *   choose ITEM
- *   wait MS              window HANDLE       haptics WAVEFORM... thread own|caller
+ *   wait MS              window HANDLE|@N    haptics WAVEFORM... thread own|caller
  *   fail OPERATION CODE [FROM [TIMES]]       fail-late OPERATION CODE [FROM [TIMES]]
  *   null OPERATION [FROM [TIMES]]
  *   async at-once|held|own-thread            delay MS            complete INDEX|all  settle
@@ -263,10 +263,11 @@ enum {
  *   packaged            unpackaged           show stores
  *   show journal         show accounts       show menu           draw menu FILE
  *
- * `window` directs what follows (0, the newest, at the start). False when a line cannot be understood;
- * nothing of the script is then played, and `error` says which line and why. `settle` is
- * dialsim_wait_for_async, `delay` dialsim_async_delay; `draw menu` writes the picture to a file; `show
- * stores` prints the three stores, each under its name.
+ * `window` directs what follows (0, the newest, at the start); @N is the N-th window that a controller was
+ * made for since the last reset, from 1, so that a script can mean the same window in every run. False when a
+ * line cannot be understood; nothing of the script is then played, and `error` says which line and why.
+ * `settle` is dialsim_wait_for_async, `delay` dialsim_async_delay; `draw menu` writes the picture to a file;
+ * `show stores` prints the three stores, each under its name.
  */
 bool dialsim_play(const char* script, uint32_t flags, char* error, size_t error_size);
 
@@ -277,6 +278,32 @@ void dialsim_play_in_background(const char* script, uint32_t flags,
 /* Returns when every script in the background has been played and its `done` has returned, and then
  * dialsim_wait_for_async does. */
 void dialsim_wait_for_scripts(void); /* not from a script's `done` */
+
+/*
+ * Records what the dial does from here on as a script that does it again, until the next call or the next
+ * reset; null only ends the recording. False when the file cannot be written. Each line is in the file as
+ * soon as the dial moves.
+ *
+ * Recorded are the dial's movements, from scripts and functions alike (turn, click, hold, release, touch,
+ * move, lift, choose, acquire, lose), `settle`, and as waits the time between them, but not the time that
+ * handlers take. Numbers read back as they were, and windows are named @N. Played to the same host, the
+ * script raises the same events in the same order, natively at the same times. What a replay has to begin
+ * with is not in it: devices, haptics, faults, package identity, and how events are raised.
+ */
+bool dialsim_record(const char* path);
+
+/*
+ * A program that does not name the simulator gets scripts and a recording from its environment:
+ *
+ *   DIALSIM_SETUP    a script that is played to its end before the first class of the platform is handed out,
+ *                    with the program and brindle.dll watched (below): for faults, devices and identity
+ *   DIALSIM_SCRIPT   a script that is played in the background, in real time, from the moment on at which the
+ *                    first controller is made. It should begin with a wait: the program has to subscribe. It
+ *                    ends with the program at the latest
+ *   DIALSIM_RECORD   the file of a recording that begins at that moment
+ *
+ * What cannot be read, understood or written is told on standard error.
+ */
 
 /* --- faults
  * ------------------------------------------------------------------------------------------------- */
@@ -325,15 +352,15 @@ size_t dialsim_accounts(char* buffer, size_t size);
  * resources, the dial alone among the devices, packaged as at the start, sleeps that sleep, the system's
  * entries in every menu, and fresh accounts (what is still out is no longer counted). Waits for
  * dialsim_wait_for_async and abandons what is pending; controllers and operations that still exist no longer
- * take part. */
+ * take part, and a recording ends. */
 void dialsim_reset(void);
 
 /* --- the library under test
  * ----------------------------------------------------------------------------------- */
 
-/* On Windows puts the simulator between a loaded module ("brindle.dll") and the platform's flat functions, so
- * that these too are journaled, counted and can be made to fail; false when it is not loaded. Natively this
- * is always so, and the answer is true. */
+/* On Windows puts the simulator between a loaded module ("brindle.dll"; null for the program) and the
+ * platform's flat functions, so that these too are journaled, counted and can be made to fail; false when it
+ * is not loaded. Natively this is always so, and the answer is true. */
 bool dialsim_watch(const char* module);
 
 #ifdef __cplusplus

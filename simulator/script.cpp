@@ -161,6 +161,11 @@ const Command kCommands[] = {
      }},
     {"window", 2, 2,
      [](const Words& words) -> Action {
+         if (words[1].starts_with('@')) {
+             return Quiet([place = Parse<std::uint32_t>(words[1].substr(1))](Player& player) {
+                 player.window = TheDial().WindowAt(place);
+             });
+         }
          return Quiet([window = Parse<std::uint64_t>(words[1])](Player& player) { player.window = window; });
      }},
     {"haptics", 1, kAnyNumber,
@@ -203,7 +208,7 @@ const Command kCommands[] = {
              return TheOperations().Complete(index, {});
          };
      }},
-    {"settle", 1, 1, [](const Words&) -> Action { return Quiet([](Player&) { WaitForActions(); }); }},
+    {"settle", 1, 1, [](const Words&) -> Action { return Quiet([](Player&) { Settle(); }); }},
     {"no-devices", 1, 1,
      [](const Words&) -> Action { return Quiet([](Player&) { TheDevices().RemoveAll(); }); }},
     {"device", 2, 3,

@@ -122,14 +122,7 @@ std::string ReadBeginning(const WideString& path, std::size_t count) {
     return bytes;
 }
 
-bool WriteFile(const std::string& path, const std::string& content) {
-    std::FILE* file = std::fopen(path.c_str(), "wb");
-    if (file == nullptr) {
-        return false;
-    }
-    const bool written = std::fwrite(content.data(), 1, content.size(), file) == content.size();
-    return std::fclose(file) == 0 && written;
-}
+std::FILE* OpenFile(const std::string& path, const char* mode) { return std::fopen(path.c_str(), mode); }
 
 void ResetFiles() {
     const std::lock_guard guard(short_paths_mutex);

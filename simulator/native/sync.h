@@ -15,6 +15,8 @@ inline Thread StartThread(std::function<void()> action) { return std::thread(std
 
 inline void Join(Thread& thread) { thread.join(); }
 
+inline void Detach(Thread& thread) { thread.detach(); }
+
 inline std::uint64_t CurrentThread() { return std::hash<std::thread::id>()(std::this_thread::get_id()); }
 
 }  // namespace dialsim

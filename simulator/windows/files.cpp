@@ -28,13 +28,8 @@ std::string ReadBeginning(const WideString& path, std::size_t count) {
     return bytes;
 }
 
-bool WriteFile(const std::string& path, const std::string& content) {
-    std::FILE* file = _wfopen(Widen(path).c_str(), L"wb");
-    if (file == nullptr) {
-        return false;
-    }
-    const bool written = std::fwrite(content.data(), 1, content.size(), file) == content.size();
-    return std::fclose(file) == 0 && written;
+std::FILE* OpenFile(const std::string& path, const char* mode) {
+    return _wfopen(Widen(path).c_str(), Widen(mode).c_str());
 }
 
 void ResetFiles() {}

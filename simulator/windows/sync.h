@@ -34,6 +34,8 @@ inline void Join(Thread thread) {
     CloseHandle(thread);
 }
 
+inline void Detach(Thread thread) { CloseHandle(thread); }
+
 inline std::uint64_t CurrentThread() { return GetCurrentThreadId(); }
 
 }  // namespace dialsim

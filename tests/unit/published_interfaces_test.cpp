@@ -1,38 +1,16 @@
 // The binary contract: what the platform publishes, as a file of facts, against what our headers declare.
 #include <gtest/gtest.h>
 
-#include <cstdio>
 #include <map>
 #include <set>
-#include <sstream>
 #include <string>
 #include <vector>
 
 #include "unit/declared_facts.h"
+#include "unit/published_facts.h"
 
 namespace brindle::abi {
 namespace {
-
-std::string Published() {
-    std::string text;
-    if (std::FILE* file = std::fopen(PUBLISHED_INTERFACES, "rb")) {
-        char bytes[4096];
-        while (const std::size_t count = std::fread(bytes, 1, sizeof bytes, file))
-            text.append(bytes, count);
-        std::fclose(file);
-    }
-    return text;
-}
-
-std::vector<std::string> PublishedFacts() {
-    std::vector<std::string> facts;
-    std::istringstream lines(Published());
-    for (std::string line; std::getline(lines, line);) {
-        if (!line.empty() && line[0] != '#')
-            facts.push_back(line);
-    }
-    return facts;
-}
 
 std::set<std::string> SetOf(const std::vector<std::string>& facts) { return {facts.begin(), facts.end()}; }
 

@@ -93,6 +93,39 @@ TEST_F(Scripts, BeginWithTheNewestWindowAndDirectWhatFollows) {
     EXPECT_EQ(newest.Heard(), "turn 1; turn 3; click; ");
 }
 
+TEST_F(Scripts, NameAWindowByItsPlaceInTheOrderOfFirstControllers) {
+    ControllerEar first(16);
+    ControllerEar first_again(16);
+    ControllerEar second(9);
+    Play("window @2\nturn 2\nwindow @1\nturn 1");
+    EXPECT_EQ(second.Heard(), "turn 2; ");
+    EXPECT_EQ(first.Heard(), "turn 1; ");
+}
+
+TEST_F(Scripts, KeepTheWindowsPlaceWhenItsControllerEnds) {
+    { ControllerEar gone(16); }
+    ControllerEar second(9);
+    Play("window @2\nclick");
+    EXPECT_EQ(second.Heard(), "click; ");
+}
+
+TEST_F(Scripts, APlaceWithoutAWindowIsNobodys) {
+    ControllerEar ear(16);
+    testing::internal::CaptureStderr();
+    Play("window @2\nclick\nwindow @0\nclick");
+    EXPECT_EQ(testing::internal::GetCapturedStderr(),
+              "dial script, line 2: no window listens\ndial script, line 4: no window listens\n");
+    EXPECT_EQ(ear.Heard(), "");
+}
+
+TEST_F(Scripts, CountWindowsAnewAfterAReset) {
+    { ControllerEar before(16); }
+    dialsim_reset();
+    ControllerEar ear(17);
+    Play("window @1\nclick");
+    EXPECT_EQ(ear.Heard(), "click; ");
+}
+
 TEST_F(Scripts, EachBeginsWithTheNewestWindowAgain) {
     ControllerEar older(16);
     ControllerEar newest(17);
@@ -218,6 +251,8 @@ TEST_F(Scripts, ALineThatCannotBeUnderstoodIsTold) {
         {"wait 4294967296", "'4294967296'"},
         {"window x", "'x'"},
         {"window 0x", "'0x'"},
+        {"window @", "''"},
+        {"window @first", "'first'"},
         {"window 0x10000000000000000", "'0x10000000000000000'"},
         {"haptics 4099 70000", "'70000'"},
         {"thread other", "'other'"},

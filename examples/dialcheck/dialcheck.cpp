@@ -1,0 +1,251 @@
+// A probe for the computer of a user whose dial does nothing. It asks, one line each: does Windows have every
+// class that the library needs, is the program elevated, does it have a package and so which settings keep
+// what, is the dial there, and does a turn arrive. The last line says what to do.
+//
+//   dialcheck [--wait SECONDS]
+//
+// The exit status is 0 when all is there and a turn arrived, 1 when something is missing, 2 when all is there
+// but no turn arrived, 3 when the command cannot be understood.
+#include <brindle.h>
+
+#include <atomic>
+#include <charconv>
+#include <chrono>
+#include <cstdio>
+#include <cstring>
+#include <optional>
+#include <string>
+
+#include "needs.h"
+#include "system.h"
+
+namespace {
+
+enum Status { kWorks = 0, kMissing = 1, kNoTurn = 2, kMisunderstood = 3 };
+
+constexpr char kUsage[] =
+    "usage: dialcheck [--wait SECONDS]\n"
+    "\n"
+    "Tells whether the dial works for a program on this computer. Turn the dial when asked to; a turn is\n"
+    "waited for 10 seconds unless another time is given.\n"
+    "\n"
+    "exit status  0  everything is there and a turn arrived\n"
+    "             1  something is missing\n"
+    "             2  everything is there, but no turn arrived\n"
+    "             3  the command cannot be understood\n";
+
+struct Findings {
+    bool platform = false;
+    bool listening = false;
+    bool dial = false;
+    bool elevated = false;
+    bool turned = false;
+};
+
+// At once, also into a file: what has been said is there whatever comes next.
+void Say(const std::string& what, const std::string& answer) {
+    std::printf("%s: %s\n", what.c_str(), answer.c_str());
+    std::fflush(stdout);
+}
+
+std::string NotFound(int32_t code) {
+    char text[32];
+    std::snprintf(text, sizeof text, "not found (%08x)", static_cast<unsigned>(code));
+    return text;
+}
+
+std::string FoundOrNot(int32_t code) { return code < 0 ? NotFound(code) : "found"; }
+
+// An object of the platform is a pointer to a table of functions, which take it as their first argument.
+struct Object {
+    void* const* functions;
+};
+
+constexpr std::size_t kRelease = 2;
+constexpr std::size_t kGetCurrent = 6;  // of IApplicationDataStatics
+
+template <class... Arguments>
+int32_t Call(Object* object, std::size_t slot, Arguments... arguments) {
+    using Function = int32_t (*)(Object*, Arguments...);
+    return reinterpret_cast<Function>(object->functions[slot])(object, arguments...);
+}
+
+int32_t Find(const Need& need) {
+    Object* factory = nullptr;
+    const int32_t code = GetFactory(need, reinterpret_cast<void**>(&factory));
+    if (code >= 0) {
+        Call(factory, kRelease);
+    }
+    return code;
+}
+
+bool CheckClasses() {
+    bool all = true;
+    for (const Need& need : kNeeds) {
+        const int32_t code = Find(need);
+        Say(std::string(need.class_name) + ", " + need.interface_name, FoundOrNot(code));
+        all = all && code >= 0;
+    }
+    return all;
+}
+
+// Only a program with package identity has application data.
+int32_t FindApplicationData() {
+    Object* factory = nullptr;
+    int32_t code = GetFactory(kApplicationData, reinterpret_cast<void**>(&factory));
+    if (code >= 0) {
+        Object* data = nullptr;
+        code = Call(factory, kGetCurrent, &data);
+        if (code >= 0) {
+            Call(data, kRelease);
+        }
+        Call(factory, kRelease);
+    }
+    return code;
+}
+
+void CheckSettings() {
+    Say("package", PackageName());
+    const int32_t code = FindApplicationData();
+    Say("application data", FoundOrNot(code));
+    Say("settings", code < 0 ? "texts in the vault only, numbers nowhere"
+                             : "texts in the roaming settings, the vault and the local settings, numbers in "
+                               "the roaming and the local settings");
+}
+
+bool CheckElevation() {
+    const std::optional<bool> elevated = IsElevated();
+    Say("elevated", !elevated ? "not known" : *elevated ? "yes, turns are known not to arrive then" : "no");
+    return elevated.value_or(false);
+}
+
+// Says what arrives, at once.
+class Ear final : public IDialHost {
+public:
+    explicit Ear(ProbeWindow& window) : window_(window) {}
+
+    uint64_t GetWindowHandle() override { return window_.Handle(); }
+
+    void OnRotation(void* /*sender*/, const DialRotationInfo* turn) override {
+        char degrees[48];
+        std::snprintf(degrees, sizeof degrees, "arrived, %+.1f degrees", turn->deltaDegrees);
+        Say("turn", degrees);
+        turned_ = true;
+        window_.Wake();
+    }
+    void OnButtonClicked(void* /*sender*/, const DialContactRect* /*rect*/) override {
+        Say("click", "arrived");
+    }
+
+    bool Turned() const { return turned_; }
+
+private:
+    ProbeWindow& window_;
+    std::atomic<bool> turned_ = false;
+};
+
+// Where events come on a thread of their own, one is not under way any more when this has passed.
+constexpr std::chrono::milliseconds kRestOfAMovement(300);
+
+void CheckTurn(ProbeWindow& window, const Ear& ear, std::chrono::seconds wait) {
+    Say("turn", "turn the dial now; waiting for " + std::to_string(wait.count()) + " seconds");
+    window.HandleMessages(wait, [&] { return ear.Turned(); });
+    if (!ear.Turned()) {
+        Say("turn", "none arrived");
+    }
+    window.HandleMessages(kRestOfAMovement, [] { return false; });
+}
+
+void CheckWindow(std::chrono::seconds wait, Findings& found) {
+    ProbeWindow window("Turn the dial now");
+    Say("window", window.Handle() != 0 ? "made" : "cannot be made");
+    Ear ear(window);
+    found.listening = window.Handle() != 0 && init_dial_listener(&ear);
+    Say("listener", found.listening ? "registered" : "refused");
+    if (found.listening) {
+        found.dial = is_dial_present(window.Handle());
+        Say("dial", found.dial ? "there" : "not there");
+        CheckTurn(window, ear, wait);
+        found.turned = ear.Turned();
+    }
+    uninit();  // before the window and the ear go
+}
+
+void CheckLibrary(std::chrono::seconds wait, Findings& found) {
+    const int32_t started = initialize();
+    Say("library", started == 0   ? "ready"
+                   : started == 1 ? "finds no Windows Runtime"
+                                  : "finds this Windows too old");
+    found.platform = found.platform && started == 0;
+    if (started == 0) {
+        CheckWindow(wait, found);
+    } else if (started == 2) {
+        uninit();
+    }
+}
+
+Findings Check(std::chrono::seconds wait) {
+    Findings found;
+    const int32_t runtime = StartRuntime();
+    Say("Windows Runtime", FoundOrNot(runtime));
+    found.platform = CheckClasses();
+    CheckSettings();
+    found.elevated = CheckElevation();
+    CheckLibrary(wait, found);
+    if (runtime >= 0) {
+        StopRuntime();
+    }
+    return found;
+}
+
+Status Judge(const Findings& found) {
+    if (!found.platform) {
+        Say("verdict", "Windows lacks something that the dial needs, see above; install its updates");
+        return kMissing;
+    }
+    if (!found.listening) {
+        Say("verdict", "the dial cannot be listened to; send all these lines to whoever supports you");
+        return kMissing;
+    }
+    if (!found.dial) {
+        Say("verdict", found.turned ? "a dial turns, but it is not the one that the library knows"
+                                    : "Windows does not know the dial; pair it in the Bluetooth settings");
+        return kMissing;
+    }
+    if (!found.turned) {
+        Say("verdict", found.elevated
+                           ? "no turn arrived; run the program without administrator rights"
+                           : "no turn arrived; wake the dial, check its batteries, keep the window in front");
+        return kNoTurn;
+    }
+    Say("verdict", "the dial works");
+    return kWorks;
+}
+
+std::optional<std::chrono::seconds> WaitIn(int argc, char** argv) {
+    if (argc == 1) {
+        return std::chrono::seconds(10);
+    }
+    if (argc != 3 || std::strcmp(argv[1], "--wait") != 0) {
+        return {};
+    }
+    std::uint16_t seconds = 0;
+    const char* const end = argv[2] + std::strlen(argv[2]);
+    const auto [rest, error] = std::from_chars(argv[2], end, seconds);
+    return error == std::errc() && rest == end ? std::optional(std::chrono::seconds(seconds)) : std::nullopt;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (argc == 2 && std::strcmp(argv[1], "--help") == 0) {
+        std::fputs(kUsage, stdout);
+        return kWorks;
+    }
+    const auto wait = WaitIn(argc, argv);
+    if (!wait) {
+        std::fputs(kUsage, stderr);
+        return kMisunderstood;
+    }
+    return Judge(Check(*wait));
+}

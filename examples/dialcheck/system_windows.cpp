@@ -1,0 +1,109 @@
+#include <windows.h>
+// after windows.h
+#include <roapi.h>
+#include <winstring.h>
+
+#include "../text.h"
+#include "system.h"
+
+namespace {
+
+constexpr char kClassName[] = "BrindleDialcheck";
+
+using PackageNameFunction = LONG(WINAPI*)(UINT32* length, wchar_t* name);
+
+// Not linked: it came with the first Windows that has packages.
+PackageNameFunction FindPackageNameFunction() {
+    const FARPROC found = GetProcAddress(GetModuleHandleA("kernel32.dll"), "GetCurrentPackageFullName");
+    return reinterpret_cast<PackageNameFunction>(reinterpret_cast<void*>(found));
+}
+
+}  // namespace
+
+int32_t StartRuntime() { return RoInitialize(RO_INIT_SINGLETHREADED); }
+
+void StopRuntime() { RoUninitialize(); }
+
+int32_t GetFactory(const Need& need, void** factory) {
+    static_assert(sizeof(GUID) == sizeof(Identifier));
+    const std::string name = need.class_name;
+    const Text wide(name.begin(), name.end());
+    HSTRING string = nullptr;
+    if (const HRESULT code = WindowsCreateString(wide.c_str(), static_cast<UINT32>(wide.size()), &string);
+        code < 0) {
+        return code;
+    }
+    const auto& identifier = reinterpret_cast<const GUID&>(need.identifier);
+    const HRESULT code = RoGetActivationFactory(string, identifier, factory);
+    WindowsDeleteString(string);
+    return code;
+}
+
+std::optional<bool> IsElevated() {
+    HANDLE token = nullptr;
+    if (!OpenProcessToken(GetCurrentProcess(), TOKEN_QUERY, &token)) {
+        return {};
+    }
+    TOKEN_ELEVATION elevation{};
+    DWORD size = 0;
+    const bool told = GetTokenInformation(token, TokenElevation, &elevation, sizeof elevation, &size);
+    CloseHandle(token);
+    return told ? std::optional(elevation.TokenIsElevated != 0) : std::nullopt;
+}
+
+std::string PackageName() {
+    const PackageNameFunction get_name = FindPackageNameFunction();
+    if (get_name == nullptr) {
+        return "none, this Windows has no packages";
+    }
+    wchar_t name[128];  // the longest one has 127 characters
+    UINT32 length = 128;
+    const LONG error = get_name(&length, name);
+    if (error != ERROR_SUCCESS) {
+        return "none (error " + std::to_string(error) + ")";
+    }
+    return ToUtf8(name);
+}
+
+struct ProbeWindow::Impl {
+    HWND window = nullptr;
+};
+
+ProbeWindow::ProbeWindow(const char* title) : impl_(std::make_unique<Impl>()) {
+    WNDCLASSA window_class{};
+    window_class.lpfnWndProc = DefWindowProcA;
+    window_class.hInstance = GetModuleHandleA(nullptr);
+    window_class.hbrBackground = GetSysColorBrush(COLOR_WINDOW);
+    window_class.lpszClassName = kClassName;
+    RegisterClassA(&window_class);
+    impl_->window =
+        CreateWindowExA(0, kClassName, title, WS_OVERLAPPEDWINDOW | WS_VISIBLE, CW_USEDEFAULT, CW_USEDEFAULT,
+                        480, 240, nullptr, nullptr, window_class.hInstance, nullptr);
+    SetForegroundWindow(impl_->window);  // the dial turns for the window in front
+}
+
+ProbeWindow::~ProbeWindow() {
+    DestroyWindow(impl_->window);
+    UnregisterClassA(kClassName, GetModuleHandleA(nullptr));
+}
+
+uint64_t ProbeWindow::Handle() const { return reinterpret_cast<uint64_t>(impl_->window); }
+
+void ProbeWindow::HandleMessages(std::chrono::milliseconds limit, const std::function<bool()>& enough) {
+    const auto end = std::chrono::steady_clock::now() + limit;
+    while (IsWindow(impl_->window) && !enough()) {
+        const auto left =
+            std::chrono::ceil<std::chrono::milliseconds>(end - std::chrono::steady_clock::now()).count();
+        if (left <= 0) {
+            return;
+        }
+        MsgWaitForMultipleObjects(0, nullptr, FALSE, static_cast<DWORD>(left), QS_ALLINPUT);
+        MSG message;
+        while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
+            TranslateMessage(&message);
+            DispatchMessageA(&message);
+        }
+    }
+}
+
+void ProbeWindow::Wake() { PostMessageA(impl_->window, WM_NULL, 0, 0); }
