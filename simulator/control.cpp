@@ -2,7 +2,9 @@
 
 #include "simulator/async.h"
 #include "simulator/controller.h"
+#include "simulator/desktop.h"
 #include "simulator/dialsim.h"
+#include "simulator/open_menu.h"
 
 namespace dialsim {
 
@@ -27,19 +29,30 @@ HRESULT RaiseAt(std::uint64_t window, RaiseOne raise_one) {
 
 }  // namespace
 
+// With the menu open, turns and clicks are the menu's, and the window hears nothing of them.
 HRESULT Turn(std::uint64_t window, double degrees) {
+    TheDial().Update([=](DialState& state) { state.angle += degrees; });
+    if (MoveHighlight(degrees)) {
+        return S_OK;
+    }
+    ShowChanges();
     return RaiseAt(window, [=](Controller& controller, const DialState& state) {
         return controller.RaiseRotation(state, degrees);
     });
 }
 
 HRESULT Click(std::uint64_t window) {
+    if (const auto menu = TheOpenMenu()) {
+        CloseMenu();
+        return Choose(menu->window, menu->highlighted);
+    }
     return RaiseAt(
         window, [](Controller& controller, const DialState& state) { return controller.RaiseClick(state); });
 }
 
 void Hold(bool down) {
     TheDial().Update([=](DialState& state) { state.button_down = down; });
+    ShowChanges();
 }
 
 HRESULT Touch(std::uint64_t window, const abi::Rect& bounds) {

@@ -1,5 +1,6 @@
 #include "simulator/controller.h"
 
+#include "simulator/desktop.h"
 #include "simulator/event_args.h"
 
 namespace dialsim {
@@ -182,7 +183,9 @@ public:
     HRESULT CreateForWindow(HWND window, const GUID& iid, void** result) noexcept override {
         return PerformInto(MethodName<Interface>("CreateForWindow"), WindowText(window), result, [&] {
             const Unobserved platforms_own;
-            return Make<Controller>(window)->QueryInterface(iid, result);
+            const auto controller = Make<Controller>(window);
+            AttendTo(controller->window());
+            return controller->QueryInterface(iid, result);
         });
     }
 };

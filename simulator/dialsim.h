@@ -46,6 +46,12 @@ int32_t dialsim_lift(uint64_t window);
 /* The user chooses the menu's item at this place in the ring, from 0: it becomes the selected one and is
  * Invoked. An empty place gives the platform's E_BOUNDS (0x8000000B). */
 int32_t dialsim_choose(uint64_t window, uint32_t item);
+/* The user holds the dial down until the menu is there, with the selected item highlighted; false where it
+ * has no items. As long as it is open, dialsim_turn raises nothing but moves the highlight, by an item for
+ * every ten degrees, and dialsim_click chooses the highlighted item, which closes the menu. */
+bool dialsim_open_menu(uint64_t window);
+/* Closes it without a choice. */
+void dialsim_close_menu(void);
 /* ControlAcquired and ControlLost. */
 int32_t dialsim_acquire(uint64_t window);
 int32_t dialsim_lose(uint64_t window);
@@ -254,7 +260,7 @@ enum {
  *
  *   turn DEGREES         click               hold                release
  *   touch X Y W H        move X Y W H        lift                acquire             lose
- *   choose ITEM
+ *   choose ITEM         menu                close
  *   wait MS              window HANDLE       haptics WAVEFORM... thread own|caller
  *   fail OPERATION CODE [FROM [TIMES]]       fail-late OPERATION CODE [FROM [TIMES]]
  *   null OPERATION [FROM [TIMES]]
@@ -262,11 +268,14 @@ enum {
  *   no-devices                               device ID [disabled]
  *   packaged            unpackaged           show stores
  *   show journal         show accounts       show menu           draw menu FILE
+ *   mouse X Y down|move|up                   shot FILE
  *
  * `window` directs what follows (0, the newest, at the start). False when a line cannot be understood;
  * nothing of the script is then played, and `error` says which line and why. `settle` is
  * dialsim_wait_for_async, `delay` dialsim_async_delay; `draw menu` writes the picture to a file; `show
- * stores` prints the three stores, each under its name.
+ * stores` prints the three stores, each under its name. `menu` and `close` are dialsim_open_menu and
+ * dialsim_close_menu. `mouse` uses the left button in the window, and `shot` writes what is on the screen of
+ * the window, and of the simulator's dial beside it, to a PNG file: on Windows only.
  */
 bool dialsim_play(const char* script, uint32_t flags, char* error, size_t error_size);
 

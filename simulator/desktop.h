@@ -1,0 +1,28 @@
+// What there is of the simulator on the user's desktop: a dial and an open menu to look at, a mouse, and
+// pictures of the screen. Natively there is no desktop, and nothing of this happens.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace dialsim {
+
+// Called for every controller that is made; the first one brings what the environment asks for:
+//
+//   DIALSIM_WINDOW=1       a dial beside the window, for a person to turn
+//   DIALSIM_SCRIPT=FILE    a script that is played to the window in real time, which is then closed
+void AttendTo(std::uint64_t window);
+
+// Returns when what there is to see shows the dial and its menu as they are now.
+void ShowChanges();
+
+enum class MouseAction { Down, Move, Up };
+
+// The left button at a place in the window; false where no such window can be reached.
+bool UseMouse(std::uint64_t window, MouseAction action, int x, int y);
+
+// The window, and the dial beside it, as they are on the screen: a PNG. False where that cannot be had or
+// written.
+bool WriteScreenshot(std::uint64_t window, const std::string& path);
+
+}  // namespace dialsim

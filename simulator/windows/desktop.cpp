@@ -1,0 +1,119 @@
+#include "simulator/desktop.h"
+
+#include <windows.h>
+// after windows.h
+#include <gdiplus.h>
+
+#include <atomic>
+#include <cstdio>
+#include <vector>
+
+#include "dial_window.h"
+#include "gdiplus_session.h"
+#include "ink.h"
+#include "simulator/controller.h"
+#include "simulator/dial.h"
+#include "simulator/dialsim.h"
+#include "simulator/files.h"
+#include "simulator/script.h"
+#include "simulator/store_files.h"
+
+namespace dialsim {
+
+namespace {
+
+constexpr std::size_t kLongestScript = 1 << 20;
+constexpr UINT kMisunderstood = 2;  // the process's status when its script makes no sense
+constexpr int kMargin = 24;         // around what a screenshot shows
+constexpr std::uint32_t kDesk = 0xC9D3DF;
+
+// The encoder of PNG files, as the system names it.
+constexpr CLSID kPngEncoder = {0x557CF406, 0x1A04, 0x11D3, {0x9A, 0x73, 0x00, 0x00, 0xF8, 0x1E, 0xF3, 0x2E}};
+
+HWND HandleOf(std::uint64_t window) {
+    const auto controllers = TheDial().ControllersOf(window);
+    return reinterpret_cast<HWND>(controllers.empty() ? 0 : controllers.back()->window());
+}
+
+// Ends the window when it has come to its end, or the process when it makes no sense.
+void PlayTo(std::uint64_t window, const std::string& path) {
+    const std::string error = PlayScript(ReadBeginning(Widen(path), kLongestScript), true);
+    if (!error.empty()) {
+        std::fprintf(stderr, "dial script: %s\n", error.c_str());
+        std::fflush(stderr);
+        ExitProcess(kMisunderstood);
+    }
+    PostMessageW(reinterpret_cast<HWND>(window), WM_CLOSE, 0, 0);
+}
+
+RECT PlaceOf(HWND window) {
+    RECT place{};
+    GetWindowRect(window, &place);
+    return place;
+}
+
+// What is on the screen at the places, on a plain ground.
+void Shoot(const Sheet& sheet, const std::vector<RECT>& places, POINT corner) {
+    sheet.Fill({0, 0}, sheet.width() + sheet.height(), {kDesk}, [](Spot) { return -1.0; });
+    const HDC screen = GetDC(nullptr);
+    for (const RECT& place : places) {
+        BitBlt(sheet.context(), place.left - corner.x, place.top - corner.y, place.right - place.left,
+               place.bottom - place.top, screen, place.left, place.top, SRCCOPY);
+    }
+    ReleaseDC(nullptr, screen);
+    GdiFlush();
+}
+
+bool WritePng(const Sheet& sheet, const std::string& path) {
+    const GdiplusSession session;
+    Gdiplus::Bitmap bitmap(sheet.bitmap(), nullptr);
+    return bitmap.Save(Widen(path).c_str(), &kPngEncoder, nullptr) == Gdiplus::Ok;
+}
+
+}  // namespace
+
+void AttendTo(std::uint64_t window) {
+    static std::atomic_flag attended;
+    const bool wants_window = Environment("DIALSIM_WINDOW") == "1";
+    const std::string script = Environment("DIALSIM_SCRIPT");
+    if ((!wants_window && script.empty()) || attended.test_and_set()) {
+        return;
+    }
+    // The host does not know of the simulator: nobody else puts it in the place of what Wine lacks.
+    dialsim_watch("brindle.dll");
+    if (wants_window) {
+        OpenDialWindow(window);
+    }
+    if (!script.empty()) {
+        CloseHandle(StartThread([=] { PlayTo(window, script); }));
+    }
+}
+
+void ShowChanges() { ShowChangesInDialWindow(); }
+
+bool UseMouse(std::uint64_t window, MouseAction action, int x, int y) {
+    const UINT message = action == MouseAction::Down   ? WM_LBUTTONDOWN
+                         : action == MouseAction::Move ? WM_MOUSEMOVE
+                                                       : WM_LBUTTONUP;
+    const WPARAM buttons = action == MouseAction::Up ? 0 : MK_LBUTTON;
+    return PostMessageW(HandleOf(window), message, buttons, MAKELPARAM(x, y)) != FALSE;
+}
+
+bool WriteScreenshot(std::uint64_t window, const std::string& path) {
+    std::vector<RECT> places = {PlaceOf(HandleOf(window))};
+    if (const HWND dial = TheDialWindow()) {
+        places.push_back(PlaceOf(dial));
+    }
+    RECT all{};
+    for (const RECT& place : places) {
+        UnionRect(&all, &all, &place);
+    }
+    if (IsRectEmpty(&all)) {
+        return false;
+    }
+    const Sheet sheet(all.right - all.left + 2 * kMargin, all.bottom - all.top + 2 * kMargin);
+    Shoot(sheet, places, {all.left - kMargin, all.top - kMargin});
+    return WritePng(sheet, path);
+}
+
+}  // namespace dialsim
