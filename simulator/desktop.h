@@ -18,7 +18,8 @@ void ShowChanges();
 
 enum class MouseAction { Down, Move, Up };
 
-// The left button at a place in the window; false where no such window can be reached.
+// The left button at a place in the window; returns when the window has dealt with it, and false where there
+// is no such window.
 bool UseMouse(std::uint64_t window, MouseAction action, int x, int y);
 
 // The window, and the dial beside it, as they are on the screen: a PNG. False where that cannot be had or

@@ -112,9 +112,9 @@ bool FillMenu(HWND window) {
          {.module = GetModuleHandleW(nullptr)},
          {.number = 101},
          {}},
-        {MenuItemKind::FilePNG, L"Opacity", kOpacity, 0, {picture.c_str()}, {}, {}},
         {MenuItemKind::CustomFont, L"Petals", kPetals, 1, {L"\u273F"}, {L"DejaVu Sans"}, {font.c_str()}},
         {MenuItemKind::KnownIcon, L"Undo", kUndo, 1, {.number = 2}, {}, {}},
+        {MenuItemKind::FilePNG, L"Opacity", kOpacity, 0, {picture.c_str()}, {}, {}},
     };
     const int32_t system_items[] = {3};
     const auto handle = reinterpret_cast<uint64_t>(window);
@@ -124,11 +124,11 @@ bool FillMenu(HWND window) {
 
 // --- the window
 
-constexpr int kPaperWidth = 880;
-constexpr int kPaperHeight = 560;
+constexpr int kPaperWidth = 720;
+constexpr int kPaperHeight = 480;
 constexpr int kMargin = 20;
-constexpr int kBarHeight = 64;
-constexpr int kCellWidth = 118;
+constexpr int kBarHeight = 60;
+constexpr int kCellWidth = 104;
 constexpr int kGridStep = 40;
 constexpr UINT_PTR kSelectionTimer = 1;
 
@@ -379,7 +379,7 @@ private:
 
     const HWND window_;
     const HFONT label_font_ = MakeFont(13, FW_NORMAL);
-    const HFONT value_font_ = MakeFont(20, FW_SEMIBOLD);
+    const HFONT value_font_ = MakeFont(17, FW_SEMIBOLD);
     Painting painting_{kPaperWidth, kPaperHeight, kWhite};
     std::array<double, kUndo> values_{};
     uint32_t tool_ = kSize;

@@ -6,6 +6,7 @@
 
 #include <atomic>
 #include <cstdio>
+#include <memory>
 #include <vector>
 
 #include "dial_window.h"
@@ -46,12 +47,6 @@ void PlayTo(std::uint64_t window, const std::string& path) {
     PostMessageW(reinterpret_cast<HWND>(window), WM_CLOSE, 0, 0);
 }
 
-RECT PlaceOf(HWND window) {
-    RECT place{};
-    GetWindowRect(window, &place);
-    return place;
-}
-
 // What is on the screen at the places, on a plain ground.
 void Shoot(const Sheet& sheet, const std::vector<RECT>& places, POINT corner) {
     sheet.Fill({0, 0}, sheet.width() + sheet.height(), {kDesk}, [](Spot) { return -1.0; });
@@ -64,10 +59,23 @@ void Shoot(const Sheet& sheet, const std::vector<RECT>& places, POINT corner) {
     GdiFlush();
 }
 
+// Soft edges are full of colours that nobody could tell apart, and that fill the file.
+void RoundColors(const Sheet& sheet) {
+    for (int y = 0; y < sheet.height(); ++y) {
+        for (int x = 0; x < sheet.width(); ++x) {
+            std::uint32_t& pixel = sheet.At(x, y);
+            pixel = (pixel & 0xFCFCFC) | (pixel >> 6 & 0x030303);
+        }
+    }
+}
+
 bool WritePng(const Sheet& sheet, const std::string& path) {
     const GdiplusSession session;
-    Gdiplus::Bitmap bitmap(sheet.bitmap(), nullptr);
-    return bitmap.Save(Widen(path).c_str(), &kPngEncoder, nullptr) == Gdiplus::Ok;
+    Gdiplus::Bitmap bitmap(sheet.width(), sheet.height(), 4 * sheet.width(), PixelFormat32bppRGB,
+                           reinterpret_cast<BYTE*>(&sheet.At(0, 0)));
+    const std::unique_ptr<Gdiplus::Bitmap> opaque(
+        bitmap.Clone(0, 0, sheet.width(), sheet.height(), PixelFormat24bppRGB));
+    return opaque->Save(Widen(path).c_str(), &kPngEncoder, nullptr) == Gdiplus::Ok;
 }
 
 }  // namespace
@@ -96,13 +104,15 @@ bool UseMouse(std::uint64_t window, MouseAction action, int x, int y) {
                          : action == MouseAction::Move ? WM_MOUSEMOVE
                                                        : WM_LBUTTONUP;
     const WPARAM buttons = action == MouseAction::Up ? 0 : MK_LBUTTON;
-    return PostMessageW(HandleOf(window), message, buttons, MAKELPARAM(x, y)) != FALSE;
+    const HWND host = HandleOf(window);
+    SendMessageW(host, message, buttons, MAKELPARAM(x, y));
+    return IsWindow(host) != FALSE;
 }
 
 bool WriteScreenshot(std::uint64_t window, const std::string& path) {
-    std::vector<RECT> places = {PlaceOf(HandleOf(window))};
+    std::vector<RECT> places = {ClientPlaceOf(HandleOf(window))};
     if (const HWND dial = TheDialWindow()) {
-        places.push_back(PlaceOf(dial));
+        places.push_back(ClientPlaceOf(dial));
     }
     RECT all{};
     for (const RECT& place : places) {
@@ -113,6 +123,7 @@ bool WriteScreenshot(std::uint64_t window, const std::string& path) {
     }
     const Sheet sheet(all.right - all.left + 2 * kMargin, all.bottom - all.top + 2 * kMargin);
     Shoot(sheet, places, {all.left - kMargin, all.top - kMargin});
+    RoundColors(sheet);
     return WritePng(sheet, path);
 }
 

@@ -1,7 +1,5 @@
 #include "dial_window.h"
 
-#include <windowsx.h>
-
 #include <atomic>
 #include <cstdio>
 
@@ -30,7 +28,7 @@ constexpr std::uint32_t kAccent = 0x4C9AFF;
 constexpr std::uint32_t kText = 0x57606A;
 
 constexpr double kDegreesForNotch = 10;
-constexpr int kGap = 12;  // between the host's window and the dial, in pixels
+constexpr int kGap = 20;  // from what the host's window shows to the dial, in pixels
 constexpr UINT kShowChanges = WM_APP;
 constexpr UINT_PTR kHoldTimer = 1;
 constexpr UINT kHoldMs = 500;
@@ -71,6 +69,7 @@ void DrawDial(const Sheet& sheet, const DialState& state) {
     const RECT all{0, 0, kWidth, kHeight};
     SetDCBrushColor(sheet.context(), RGB(kBackground >> 16, kBackground >> 8 & 0xFF, kBackground & 0xFF));
     FillRect(sheet.context(), &all, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
+    FrameRect(sheet.context(), &all, static_cast<HBRUSH>(GetStockObject(LTGRAY_BRUSH)));
     GdiFlush();
     DrawBody(sheet);
     DrawMarks(sheet, state.angle);
@@ -226,13 +225,10 @@ void DialWindow::Follow(HWND window) {
         ShowWindow(window, SW_HIDE);
         return;
     }
-    RECT place{};
-    GetWindowRect(host_, &place);
+    const RECT place = ClientPlaceOf(host_);
     if (!EqualRect(&place, &hosts_place_)) {
         hosts_place_ = place;
-        RECT own{};
-        GetWindowRect(window, &own);
-        const int most = GetSystemMetrics(SM_CXSCREEN) - static_cast<int>(own.right - own.left);
+        const int most = GetSystemMetrics(SM_CXSCREEN) - kWidth;
         SetWindowPos(window, HWND_TOPMOST, std::min(static_cast<int>(place.right) + kGap, most), place.top, 0,
                      0, SWP_NOSIZE | SWP_NOACTIVATE);
     }
@@ -252,12 +248,8 @@ HWND MakeWindow() {
     window_class.hCursor = LoadCursorW(nullptr, MAKEINTRESOURCEW(32649));  // IDC_HAND
     window_class.lpszClassName = kClassName;
     RegisterClassW(&window_class);
-    constexpr DWORD kStyle = WS_POPUP | WS_CAPTION;
-    constexpr DWORD kMoreStyle = WS_EX_TOPMOST | WS_EX_TOOLWINDOW;
-    RECT area{0, 0, kWidth, kHeight};
-    AdjustWindowRectEx(&area, kStyle, FALSE, kMoreStyle);
-    return CreateWindowExW(kMoreStyle, kClassName, L"Dial", kStyle, 0, 0, area.right - area.left,
-                           area.bottom - area.top, nullptr, nullptr, window_class.hInstance, nullptr);
+    return CreateWindowExW(WS_EX_TOPMOST | WS_EX_TOOLWINDOW, kClassName, L"Dial", WS_POPUP, 0, 0, kWidth,
+                           kHeight, nullptr, nullptr, window_class.hInstance, nullptr);
 }
 
 void RunDial(HWND host, HANDLE ready) {
@@ -274,6 +266,13 @@ void RunDial(HWND host, HANDLE ready) {
 }
 
 }  // namespace
+
+RECT ClientPlaceOf(HWND window) {
+    RECT place{};
+    GetClientRect(window, &place);
+    MapWindowPoints(window, nullptr, reinterpret_cast<POINT*>(&place), 2);
+    return place;
+}
 
 void OpenDialWindow(std::uint64_t host) {
     const HANDLE ready = CreateEventW(nullptr, TRUE, FALSE, nullptr);

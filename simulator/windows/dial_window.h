@@ -11,6 +11,9 @@ namespace dialsim {
 // process. Returns when the dial is there.
 void OpenDialWindow(std::uint64_t host);
 
+// What a window shows between its borders, on the screen.
+RECT ClientPlaceOf(HWND window);
+
 // Null while there is none.
 HWND TheDialWindow();
 

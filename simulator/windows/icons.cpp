@@ -60,11 +60,11 @@ void DrawZoom(const IconPen& pen) {
 }
 
 void DrawUndoRedo(const IconPen& pen) {
-    pen.Arc({0, 3}, 8, 1.1, 1.9);
-    pen.Tip({-8, 1}, {1, -5}, {0, 0});
-    pen.Tip({-8, 1}, {5, -1}, {0, 0});
-    pen.Tip({8, 1}, {-1, -5}, {0, 0});
-    pen.Tip({8, 1}, {-5, -1}, {0, 0});
+    pen.Arc({0, 5}, 10, 1.1, 1.9);
+    for (const double side : {-1.0, 1.0}) {
+        pen.Line({side * 9.5, 2}, {side * 9, -5});
+        pen.Line({side * 9.5, 2}, {side * 2.5, 1.5});
+    }
 }
 
 void DrawVolume(const IconPen& pen) {

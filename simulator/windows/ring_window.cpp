@@ -9,12 +9,12 @@ namespace dialsim {
 namespace {
 
 constexpr wchar_t kClassName[] = L"DialsimRing";
-constexpr int kSide = 400;
+constexpr int kSide = 360;
 constexpr Spot kMiddle{kSide / 2.0, kSide / 2.0};
-constexpr double kInner = 92;
-constexpr double kOuter = 192;
+constexpr double kInner = 80;
+constexpr double kOuter = 172;
 constexpr double kBand = (kInner + kOuter) / 2;
-constexpr double kPictureSize = 44;
+constexpr double kPictureSize = 40;
 
 constexpr std::uint32_t kRing = 0x1F242B;
 constexpr std::uint32_t kAccent = 0x1F6FEB;
@@ -37,7 +37,7 @@ void DrawPiece(const Sheet& sheet, double angle, double half_angle, Ink ink) {
 }
 
 void DrawMiddle(const Sheet& sheet, const ShownItem& item) {
-    sheet.Disc(kMiddle, kInner - 6, {kWhite, 0.96});
+    sheet.Disc(kMiddle, kInner + 0.5, {kWhite, 0.97});
     sheet.Text({kMiddle.x, kMiddle.y - 4}, 22, FW_SEMIBOLD, kLabel, Widen(item.label).c_str());
     sheet.Text({kMiddle.x, kMiddle.y + 24}, 12, FW_NORMAL, kFaint, L"click to choose");
 }
