@@ -62,6 +62,9 @@ std::vector<std::wstring> OwnArguments() {
 
 // As programs take their command lines apart: backslashes count only in front of a quotation mark.
 std::wstring Quoted(const std::wstring& word) {
+    if (!word.empty() && word.find_first_of(L" \t\"") == std::wstring::npos) {
+        return word;
+    }
     std::wstring quoted = L"\"";
     std::size_t backslashes = 0;
     for (const wchar_t c : word) {
