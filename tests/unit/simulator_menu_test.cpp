@@ -67,10 +67,14 @@ protected:
         dialsim_clear_journal();
     }
     void TearDown() override {
+        LetGoOfController();
+        SimulatedApartment::TearDown();
+    }
+
+    void LetGoOfController() {
         items_.Reset();
         menu_.Reset();
         controller_.Reset();
-        SimulatedApartment::TearDown();
     }
 
     template <class Class, class Factory>
@@ -135,6 +139,7 @@ TEST_F(SimulatedMenu, ShowsWhatItsOwnerWouldNotPutThere) {
 }
 
 TEST_F(SimulatedMenu, WhileItIsOpenTurnsGoRoundTheRingAndAClickChooses) {
+    LetGoOfController();  // which has an empty menu
     ControllerEar ear(kWindow);
     for (const std::uint32_t tag : {1U, 2U, 3U}) {
         dialsim_append_item(kWindow, "UInt32", tag);
