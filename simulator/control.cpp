@@ -3,7 +3,9 @@
 #include "simulator/async.h"
 #include "simulator/clock.h"
 #include "simulator/controller.h"
+#include "simulator/desktop.h"
 #include "simulator/dialsim.h"
+#include "simulator/open_menu.h"
 #include "simulator/recording.h"
 
 namespace dialsim {
@@ -33,8 +35,14 @@ std::string Placed(const char* action, const abi::Rect& bounds) {
 
 }  // namespace
 
+// With the menu open, turns and clicks are the menu's, and the window hears nothing of them.
 HRESULT Turn(std::uint64_t window, double degrees) {
     const Recorded action(window, Command("turn", degrees));
+    TheDial().Update([=](DialState& state) { state.angle += degrees; });
+    if (MoveHighlight(degrees)) {
+        return S_OK;
+    }
+    ShowChanges();
     return RaiseAt(window, [=](Controller& controller, const DialState& state) {
         return controller.RaiseRotation(state, degrees);
     });
@@ -42,6 +50,10 @@ HRESULT Turn(std::uint64_t window, double degrees) {
 
 HRESULT Click(std::uint64_t window) {
     const Recorded action(window, "click");
+    if (const auto menu = TheOpenMenu()) {
+        CloseMenu();
+        return Choose(menu->window, menu->highlighted);
+    }
     return RaiseAt(
         window, [](Controller& controller, const DialState& state) { return controller.RaiseClick(state); });
 }
@@ -49,6 +61,7 @@ HRESULT Click(std::uint64_t window) {
 void Hold(bool down) {
     const Recorded action(down ? "hold" : "release");
     TheDial().Update([=](DialState& state) { state.button_down = down; });
+    ShowChanges();
 }
 
 HRESULT Touch(std::uint64_t window, const abi::Rect& bounds) {
@@ -91,6 +104,12 @@ HRESULT Choose(std::uint64_t window, std::uint32_t item) {
     const Recorded action(window, Command("choose", item));
     return RaiseAt(window,
                    [=](Controller& controller, const DialState&) { return controller.menu().Choose(item); });
+}
+
+bool UseMouse(std::uint64_t window, MouseAction button, int x, int y) {
+    constexpr const char* kNames[] = {" down", " move", " up"};
+    const Recorded action(window, Command("mouse", x, y) + kNames[static_cast<int>(button)]);
+    return SendMouse(window, button, x, y);
 }
 
 void Settle() {

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "platform/types.h"
+#include "simulator/desktop.h"
 #include "simulator/dial.h"
 
 namespace dialsim {
@@ -30,6 +31,8 @@ HRESULT Lift(std::uint64_t window);
 HRESULT Choose(std::uint64_t window, std::uint32_t item);
 HRESULT Acquire(std::uint64_t window);
 HRESULT Lose(std::uint64_t window);
+// False where there is no such window.
+bool UseMouse(std::uint64_t window, MouseAction button, int x, int y);
 // Until everything that the platform does on threads of its own is done.
 void Settle();
 void SetHaptics(bool present, std::vector<std::uint16_t> waveforms);

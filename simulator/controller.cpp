@@ -183,8 +183,9 @@ public:
     HRESULT CreateForWindow(HWND window, const GUID& iid, void** result) noexcept override {
         return PerformInto(MethodName<Interface>("CreateForWindow"), WindowText(window), result, [&] {
             const Unobserved platforms_own;
-            const HRESULT code = Make<Controller>(window)->QueryInterface(iid, result);
-            AtTheFirstController();
+            const auto controller = Make<Controller>(window);
+            const HRESULT code = controller->QueryInterface(iid, result);
+            AtTheFirstController(controller->window());
             return code;
         });
     }

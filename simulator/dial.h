@@ -17,6 +17,7 @@ namespace dialsim {
 class Controller;
 
 struct DialState {
+    double angle = 0;  // how far it has been turned, in degrees
     bool button_down = false;
     std::optional<abi::Rect> contact;
     bool has_haptics = true;

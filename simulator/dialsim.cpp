@@ -16,6 +16,7 @@
 #include "simulator/files.h"
 #include "simulator/journal.h"
 #include "simulator/menu_view.h"
+#include "simulator/open_menu.h"
 #include "simulator/operations.h"
 #include "simulator/property_value.h"
 #include "simulator/recording.h"
@@ -74,6 +75,8 @@ int32_t dialsim_move(uint64_t window, float x, float y, float width, float heigh
 }
 int32_t dialsim_lift(uint64_t window) { return Lift(window); }
 int32_t dialsim_choose(uint64_t window, uint32_t item) { return Choose(window, item); }
+bool dialsim_open_menu(uint64_t window) { return OpenMenuOf(window); }
+void dialsim_close_menu() { CloseMenu(); }
 int32_t dialsim_acquire(uint64_t window) { return Acquire(window); }
 int32_t dialsim_lose(uint64_t window) { return Lose(window); }
 
@@ -230,6 +233,7 @@ size_t dialsim_accounts(char* buffer, size_t size) { return CopyOut(TheAccounts(
 
 void dialsim_reset() {
     EndRecording();
+    CloseMenu();
     TheOperations().Reset();
     ResetConfigurations();
     ResetResources();

@@ -46,6 +46,12 @@ int32_t dialsim_lift(uint64_t window);
 /* The user chooses the menu's item at this place in the ring, from 0: it becomes the selected one and is
  * Invoked. An empty place gives the platform's E_BOUNDS (0x8000000B). */
 int32_t dialsim_choose(uint64_t window, uint32_t item);
+/* The user holds the dial down until the menu is there, with the selected item highlighted; false where it
+ * has no items. As long as it is open, dialsim_turn raises nothing but moves the highlight, by an item for
+ * every ten degrees, and dialsim_click chooses the highlighted item, which closes the menu. */
+bool dialsim_open_menu(uint64_t window);
+/* Closes it without a choice. */
+void dialsim_close_menu(void);
 /* ControlAcquired and ControlLost. */
 int32_t dialsim_acquire(uint64_t window);
 int32_t dialsim_lose(uint64_t window);
@@ -254,7 +260,7 @@ enum {
  *
  *   turn DEGREES         click               hold                release
  *   touch X Y W H        move X Y W H        lift                acquire             lose
- *   choose ITEM
+ *   choose ITEM          menu                close
  *   wait MS              window HANDLE|@N    haptics WAVEFORM... thread own|caller
  *   fail OPERATION CODE [FROM [TIMES]]       fail-late OPERATION CODE [FROM [TIMES]]
  *   null OPERATION [FROM [TIMES]]
@@ -262,12 +268,15 @@ enum {
  *   no-devices                               device ID [disabled]
  *   packaged            unpackaged           show stores
  *   show journal         show accounts       show menu           draw menu FILE
+ *   mouse X Y down|move|up                   shot FILE
  *
  * `window` directs what follows (0, the newest, at the start); @N is the N-th window that a controller was
  * made for since the last reset, from 1, so that a script can mean the same window in every run. False when a
  * line cannot be understood; nothing of the script is then played, and `error` says which line and why.
  * `settle` is dialsim_wait_for_async, `delay` dialsim_async_delay; `draw menu` writes the picture to a file;
- * `show stores` prints the three stores, each under its name.
+ * `show stores` prints the three stores, each under its name. `menu` and `close` are dialsim_open_menu and
+ * dialsim_close_menu. `mouse` uses the left button in the window, and `shot` writes what is on the screen of
+ * the window, and of the simulator's dial beside it, to a PNG file: on Windows only.
  */
 bool dialsim_play(const char* script, uint32_t flags, char* error, size_t error_size);
 
@@ -285,10 +294,11 @@ void dialsim_wait_for_scripts(void); /* not from a script's `done` */
  * soon as the dial moves.
  *
  * Recorded are the dial's movements, from scripts and functions alike (turn, click, hold, release, touch,
- * move, lift, choose, acquire, lose), `settle`, and as waits the time between them, but not the time that
- * handlers take. Numbers read back as they were, and windows are named @N. Played to the same host, the
- * script raises the same events in the same order, natively at the same times. What a replay has to begin
- * with is not in it: devices, haptics, faults, package identity, and how events are raised.
+ * move, lift, choose, menu, close, acquire, lose), the mouse of a script, `settle`, and as waits the time
+ * between them, but not the time that handlers take. Numbers read back as they were, and windows are named
+ * @N. Played to the same host, the script raises the same events in the same order, natively at the same
+ * times. What a replay has to begin with is not in it: devices, haptics, faults, package identity, and how
+ * events are raised.
  */
 bool dialsim_record(const char* path);
 
@@ -299,7 +309,9 @@ bool dialsim_record(const char* path);
  *                    with the program and brindle.dll watched (below): for faults, devices and identity
  *   DIALSIM_SCRIPT   a script that is played in the background, in real time, from the moment on at which the
  *                    first controller is made. It should begin with a wait: the program has to subscribe. It
- *                    ends with the program at the latest
+ *                    ends with the program at the latest; with DIALSIM_CLOSE=1 the window is closed when all
+ *                    has been played, and a script that makes no sense ends the program with status 2
+ *   DIALSIM_WINDOW   1: beside that controller's window a dial for a person to turn; on Windows only
  *   DIALSIM_RECORD   the file of a recording that begins at that moment
  *
  * What cannot be read, understood or written is told on standard error.

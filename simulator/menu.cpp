@@ -309,13 +309,18 @@ constexpr std::array<const char*, 9> kIconNames = {
     "Scroll", "Zoom",     "UndoRedo",     "Volume", "NextPreviousTrack",
     "Ruler",  "InkColor", "InkThickness", "PenType"};
 
+// Icons are small; of what is longer, nothing can be drawn.
+constexpr std::size_t kLongestPng = 65536;
+
 // "PNG file 32x32"
-std::string SourceOf(abi::IRandomAccessStreamReference* icon) {
+Picture PictureOf(abi::IRandomAccessStreamReference* icon) {
     const Unobserved platforms_own;
-    const auto size = SizeOfPng(ReadBeginning(icon, kPngBeginning));
-    return size ? "PNG " + KindOfReference(icon) + " " + std::to_string(size->width) + "x" +
-                      std::to_string(size->height)
-                : "broken picture";
+    Picture picture{"broken picture", Ref(icon), ReadBeginning(icon, kLongestPng)};
+    if (const auto size = SizeOfPng(picture.png)) {
+        picture.source = "PNG " + KindOfReference(icon) + " " + std::to_string(size->width) + "x" +
+                         std::to_string(size->height);
+    }
+    return picture;
 }
 
 class MenuItemStatics final
@@ -331,36 +336,47 @@ public:
     HRESULT CreateFromIcon(HSTRING label, abi::IRandomAccessStreamReference* icon,
                            Item** result) noexcept override {
         return PerformInto(MethodName<First>("CreateFromIcon"), Narrow(View(label)), result, [&] {
-            return icon == nullptr
-                       ? E_INVALIDARG
-                       : Make<MenuItem>(View(label), Picture{SourceOf(icon), Ref(icon)}).CopyTo(result);
+            return icon == nullptr ? E_INVALIDARG : MakeItem(label, PictureOf(icon), result);
         });
     }
     HRESULT CreateFromKnownIcon(HSTRING label, abi::RadialControllerMenuKnownIcon icon,
                                 Item** result) noexcept override {
         const auto number = static_cast<std::uint32_t>(icon);
         return PerformInto(MethodName<First>("CreateFromKnownIcon"), std::to_string(number), result, [&] {
-            return number < kIconNames.size()
-                       ? MakeItem(label, std::string("known icon ") + kIconNames[number], result)
-                       : E_INVALIDARG;
+            if (number >= kIconNames.size()) {
+                return E_INVALIDARG;
+            }
+            Picture picture{std::string("known icon ") + kIconNames[number]};
+            picture.known_icon = number;
+            return MakeItem(label, std::move(picture), result);
         });
     }
     HRESULT CreateFromFontGlyph(HSTRING label, HSTRING glyph, HSTRING family,
                                 Item** result) noexcept override {
         const std::string source = "glyph " + Narrow(View(glyph)) + " of " + Narrow(View(family));
         return PerformInto(MethodName<Second>("CreateFromFontGlyph"), source, result,
-                           [&] { return MakeItem(label, source, result); });
+                           [&] { return MakeItem(label, GlyphOf(source, glyph, family, {}), result); });
     }
-    HRESULT CreateFromFontGlyphWithUri(HSTRING label, HSTRING glyph, HSTRING, abi::IUriRuntimeClass* uri,
-                                       Item** result) noexcept override {
-        const std::string source = "glyph " + Narrow(View(glyph)) + " of font file " + AbsoluteUri(uri);
-        return PerformInto(MethodName<Second>("CreateFromFontGlyphWithUri"), source, result,
-                           [&] { return uri == nullptr ? E_INVALIDARG : MakeItem(label, source, result); });
+    HRESULT CreateFromFontGlyphWithUri(HSTRING label, HSTRING glyph, HSTRING family,
+                                       abi::IUriRuntimeClass* uri, Item** result) noexcept override {
+        const std::string file = AbsoluteUri(uri);
+        const std::string source = "glyph " + Narrow(View(glyph)) + " of font file " + file;
+        return PerformInto(MethodName<Second>("CreateFromFontGlyphWithUri"), source, result, [&] {
+            return uri == nullptr ? E_INVALIDARG
+                                  : MakeItem(label, GlyphOf(source, glyph, family, file), result);
+        });
     }
 
 private:
-    static HRESULT MakeItem(HSTRING label, std::string source, Item** result) {
-        return Make<MenuItem>(View(label), Picture{std::move(source)}).CopyTo(result);
+    static Picture GlyphOf(const std::string& source, HSTRING glyph, HSTRING family, std::string file) {
+        Picture picture{source};
+        picture.glyph = View(glyph);
+        picture.font_family = View(family);
+        picture.font_file = std::move(file);
+        return picture;
+    }
+    static HRESULT MakeItem(HSTRING label, Picture picture, Item** result) {
+        return Make<MenuItem>(View(label), std::move(picture)).CopyTo(result);
     }
 };
 

@@ -9,10 +9,15 @@
 
 namespace dialsim {
 
-// How an item's picture was given.
+// How an item's picture was given, and what it can be drawn from.
 struct Picture {
-    std::string source;                                // "known icon Volume", "glyph A of Symbols"
+    std::string source = {};                           // "known icon Volume", "glyph A of Symbols"
     Ref<abi::IRandomAccessStreamReference> icon = {};  // kept as long as the item is
+    std::string png = {};                              // what that referred to
+    std::optional<std::uint32_t> known_icon = {};
+    WideString glyph = {};
+    WideString font_family = {};
+    std::string font_file = {};  // a uniform resource identifier
 };
 
 class MenuItem final : public Object<abi::IRadialControllerMenuItem> {
@@ -31,7 +36,7 @@ public:
     // The user chooses the item.
     Outcome Invoke();
 
-    const std::string& source() const { return picture_.source; }
+    const Picture& picture() const { return picture_; }
 
 private:
     Mutex mutex_;

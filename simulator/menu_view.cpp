@@ -14,20 +14,6 @@ namespace dialsim {
 
 namespace {
 
-struct ShownItem {
-    bool present = false;
-    bool selected = false;
-    std::string label;
-    std::string source;
-    std::string tag;
-};
-
-struct ShownMenu {
-    std::vector<ShownItem> items;
-    std::vector<std::string> system_items;
-    bool automatic_haptics = false;
-};
-
 // What a line of text cannot show becomes a space.
 std::string InOneLine(std::string text) {
     for (char& c : text) {
@@ -59,33 +45,9 @@ std::string TagOf(abi::IRadialControllerMenuItem& item) {
 }
 
 // Items of others have no picture that is known here.
-std::string SourceOf(abi::IRadialControllerMenuItem& item) {
+Picture PictureOf(abi::IRadialControllerMenuItem& item) {
     const auto* ours = dynamic_cast<MenuItem*>(&item);
-    return ours == nullptr ? "unknown picture" : InOneLine(ours->source());
-}
-
-std::optional<ShownMenu> LookAt(std::uint64_t window) {
-    const auto controllers = TheDial().ControllersOf(window);
-    if (controllers.empty()) {
-        return {};
-    }
-    const Unobserved own_eyes;
-    Controller& controller = *controllers.back().get();
-    ShownMenu menu;
-    const auto selected = controller.menu().Selected();
-    for (const auto& item : controller.menu().items().Snapshot()) {
-        if (item) {
-            menu.items.push_back({true, item.get() == selected.get(), LabelOf(*item.get()),
-                                  SourceOf(*item.get()), TagOf(*item.get())});
-        } else {
-            menu.items.emplace_back();
-        }
-    }
-    for (const std::int32_t kind : SystemItems(controller.window())) {
-        menu.system_items.push_back(SystemItemName(kind));
-    }
-    menu.automatic_haptics = controller.automatic_haptics();
-    return menu;
+    return ours == nullptr ? Picture{"unknown picture"} : ours->picture();
 }
 
 std::string HapticsText(const ShownMenu& menu) {
@@ -94,8 +56,30 @@ std::string HapticsText(const ShownMenu& menu) {
 
 }  // namespace
 
+std::optional<ShownMenu> LookAtMenu(std::uint64_t window) {
+    const auto controllers = TheDial().ControllersOf(window);
+    if (controllers.empty()) {
+        return {};
+    }
+    const Unobserved own_eyes;
+    Controller& controller = *controllers.back().get();
+    ShownMenu menu{controller.window()};
+    const auto selected = controller.menu().Selected();
+    for (const auto& item : controller.menu().items().Snapshot()) {
+        if (item) {
+            menu.items.push_back({true, item.get() == selected.get(), LabelOf(*item.get()),
+                                  PictureOf(*item.get()), TagOf(*item.get())});
+        } else {
+            menu.items.emplace_back();
+        }
+    }
+    menu.system_items = SystemItems(menu.window);
+    menu.automatic_haptics = controller.automatic_haptics();
+    return menu;
+}
+
 std::string MenuText(std::uint64_t window) {
-    const auto menu = LookAt(window);
+    const auto menu = LookAtMenu(window);
     if (!menu) {
         return {};
     }
@@ -103,12 +87,14 @@ std::string MenuText(std::uint64_t window) {
     for (std::size_t i = 0; i < menu->items.size(); ++i) {
         const ShownItem& item = menu->items[i];
         text += std::to_string(i) + (item.selected ? " * " : "   ");
-        text += item.present ? "\"" + item.label + "\" " + item.source + ", tag " + item.tag : "no item";
+        text += item.present
+                    ? "\"" + item.label + "\" " + InOneLine(item.picture.source) + ", tag " + item.tag
+                    : "no item";
         text += "\n";
     }
     std::string system;
-    for (const std::string& name : menu->system_items) {
-        system += (system.empty() ? "" : ", ") + name;
+    for (const std::int32_t kind : menu->system_items) {
+        system += (system.empty() ? "" : ", ") + SystemItemName(kind);
     }
     return text + "system items: " + (system.empty() ? "none" : system) + "\n" + HapticsText(*menu) + "\n";
 }
@@ -176,10 +162,8 @@ struct Place {
     double y;
 };
 
-// Clockwise from the top.
 Place OnRing(std::size_t index, std::size_t count) {
-    const double angle =
-        2 * std::acos(-1.0) * static_cast<double>(index) / static_cast<double>(count) - std::acos(0.0);
+    const double angle = AngleInRing(index, count);
     return {kWidth / 2 + kRing * 1.2 * std::cos(angle), kHeight / 2 - 20 + kRing * std::sin(angle)};
 }
 
@@ -205,7 +189,7 @@ std::string Draw(const ShownItem& item, Place place) {
                                                          : "tag " + item.tag;
     drawn += Text({place.x, place.y + 5}, 12, color, tag);
     drawn += Text({place.x, place.y + 62}, 15, "#1c2128", item.label);
-    drawn += Text({place.x, place.y + 79}, 11, "#57606a", item.source);
+    drawn += Text({place.x, place.y + 79}, 11, "#57606a", InOneLine(item.picture.source));
     return drawn + "</g>\n";
 }
 
@@ -217,8 +201,12 @@ std::string DrawSystemItem(const std::string& name, Place place) {
 
 }  // namespace
 
+double AngleInRing(std::size_t index, std::size_t count) {
+    return 2 * std::acos(-1.0) * static_cast<double>(index) / static_cast<double>(count) - std::acos(0.0);
+}
+
 std::string MenuPicture(std::uint64_t window) {
-    const auto menu = LookAt(window);
+    const auto menu = LookAtMenu(window);
     if (!menu) {
         return {};
     }
@@ -241,7 +229,8 @@ std::string MenuPicture(std::uint64_t window) {
         }
     }
     for (std::size_t i = 0; i < menu->system_items.size(); ++i) {
-        picture += DrawSystemItem(menu->system_items[i], OnRing(menu->items.size() + i, count));
+        picture +=
+            DrawSystemItem(SystemItemName(menu->system_items[i]), OnRing(menu->items.size() + i, count));
     }
     picture += Text({middle.x, middle.y}, 18, "#ffffff", selected);
     picture += Text({middle.x, middle.y + 24}, 12, "#c9d1d9", HapticsText(*menu));

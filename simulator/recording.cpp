@@ -21,6 +21,9 @@ std::FILE* file = nullptr;
 std::string& directed_to = *new std::string;  // the window that the script has named last
 std::uint64_t idle_since_ms = 0;
 
+// Commands within a command come again with it: a click that chooses, a handler that moves the dial.
+thread_local int under_way = 0;
+
 void WriteLine(const std::string& line) {
     std::fprintf(file, "%s\n", line.c_str());
     std::fflush(file);  // a killed program's recording is whole
@@ -86,13 +89,23 @@ void EndRecording() {
     Close();
 }
 
-Recorded::Recorded(const std::string& command) { Write(command, ""); }
+Recorded::Recorded(const std::string& command) {
+    if (under_way++ == 0) {
+        Write(command, "");
+    }
+}
 
-Recorded::Recorded(std::uint64_t window, const std::string& command) { Write(command, NameOf(window)); }
+Recorded::Recorded(std::uint64_t window, const std::string& command) {
+    if (under_way++ == 0) {
+        Write(command, NameOf(window));
+    }
+}
 
 Recorded::~Recorded() {
-    const std::lock_guard guard(mutex);
-    idle_since_ms = ClockNow();
+    if (--under_way == 0) {
+        const std::lock_guard guard(mutex);
+        idle_since_ms = ClockNow();
+    }
 }
 
 }  // namespace dialsim

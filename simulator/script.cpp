@@ -13,12 +13,14 @@
 #include "simulator/async.h"
 #include "simulator/clock.h"
 #include "simulator/control.h"
+#include "simulator/desktop.h"
 #include "simulator/devices.h"
 #include "simulator/dial.h"
 #include "simulator/dialsim.h"
 #include "simulator/files.h"
 #include "simulator/journal.h"
 #include "simulator/menu_view.h"
+#include "simulator/open_menu.h"
 #include "simulator/operations.h"
 #include "simulator/stores.h"
 
@@ -105,6 +107,20 @@ AsyncMode ParseMode(const std::string& word) {
     return ParseChoice(word, "held", "own-thread") ? AsyncMode::Held : AsyncMode::OwnThread;
 }
 
+MouseAction ParseMouse(const std::string& word) {
+    if (word == "move") {
+        return MouseAction::Move;
+    }
+    return ParseChoice(word, "down", "up") ? MouseAction::Down : MouseAction::Up;
+}
+
+// For what does not always work; it is no error of the script.
+void Complain(bool worked, const std::string& what) {
+    if (!worked) {
+        std::fprintf(stderr, "dial script: %s\n", what.c_str());
+    }
+}
+
 void Print(const std::string& text) { std::fputs(text.c_str(), stdout); }
 
 Action ParseShown(const std::string& word) {
@@ -149,6 +165,25 @@ const Command kCommands[] = {
      [](const Words& words) -> Action {
          return
              [item = Parse<std::uint32_t>(words[1])](Player& player) { return Choose(player.window, item); };
+     }},
+    {"menu", 1, 1,
+     [](const Words&) -> Action {
+         return Quiet(
+             [](Player& player) { Complain(OpenMenuOf(player.window), "there is no menu to open"); });
+     }},
+    {"close", 1, 1, [](const Words&) -> Action { return Quiet([](Player&) { CloseMenu(); }); }},
+    {"mouse", 4, 4,
+     [](const Words& words) -> Action {
+         return Quiet([x = Parse<int>(words[1]), y = Parse<int>(words[2]),
+                       action = ParseMouse(words[3])](Player& player) {
+             Complain(UseMouse(player.window, action, x, y), "there is no window for the mouse");
+         });
+     }},
+    {"shot", 2, 2,
+     [](const Words& words) -> Action {
+         return Quiet([file = words[1]](Player& player) {
+             Complain(WriteScreenshot(player.window, file), "the screen cannot be written to '" + file + "'");
+         });
      }},
     {"lift", 1, 1, [](const Words&) -> Action { return [](Player& player) { return Lift(player.window); }; }},
     {"acquire", 1, 1,
@@ -229,9 +264,7 @@ const Command kCommands[] = {
              throw Misunderstood("'" + words[1] + "' cannot be drawn");
          }
          return Quiet([file = words[2]](Player& player) {
-             if (!WriteFile(file, MenuPicture(player.window))) {
-                 std::fprintf(stderr, "dial script: '%s' cannot be written\n", file.c_str());
-             }
+             Complain(WriteFile(file, MenuPicture(player.window)), "'" + file + "' cannot be written");
          });
      }},
 };

@@ -67,10 +67,14 @@ protected:
         dialsim_clear_journal();
     }
     void TearDown() override {
+        LetGoOfController();
+        SimulatedApartment::TearDown();
+    }
+
+    void LetGoOfController() {
         items_.Reset();
         menu_.Reset();
         controller_.Reset();
-        SimulatedApartment::TearDown();
     }
 
     template <class Class, class Factory>
@@ -132,6 +136,54 @@ TEST_F(SimulatedMenu, ShowsWhatItsOwnerWouldNotPutThere) {
     EXPECT_EQ(Journal(), "");
     EXPECT_EQ(dialsim_choose(kWindow, 0), Code(0x8000000B));
     EXPECT_EQ(dialsim_choose(kWindow, 2), S_OK);
+}
+
+TEST_F(SimulatedMenu, WhileItIsOpenTurnsGoRoundTheRingAndAClickChooses) {
+    LetGoOfController();  // which has an empty menu
+    ControllerEar ear(kWindow);
+    for (const std::uint32_t tag : {1U, 2U, 3U}) {
+        dialsim_append_item(kWindow, "UInt32", tag);
+    }
+    const auto choose_by = [&](double degrees) {
+        EXPECT_TRUE(dialsim_open_menu(kWindow));
+        EXPECT_EQ(dialsim_turn(kWindow, degrees), S_OK);
+        EXPECT_EQ(dialsim_click(kWindow), S_OK);
+        const std::string menu = MenuOf(kWindow);
+        return menu[menu.find(" * ") - 1];
+    };
+    EXPECT_EQ(choose_by(10), '1') << "from the first one: none is selected";
+    EXPECT_EQ(choose_by(4), '1');
+    EXPECT_EQ(choose_by(20), '0');
+    EXPECT_EQ(choose_by(-10), '2');
+    EXPECT_EQ(choose_by(-40), '1');
+    EXPECT_EQ(ear.Heard(), "");
+    dialsim_turn(kWindow, 10);
+    dialsim_click(kWindow);
+    EXPECT_EQ(ear.Heard(), "turn 10; click; ");
+}
+
+TEST_F(SimulatedMenu, IsClosedWithoutAChoice) {
+    ControllerEar ear(kWindow);
+    dialsim_append_item(kWindow, "UInt32", 1);
+    EXPECT_TRUE(dialsim_open_menu(0));
+    dialsim_close_menu();
+    dialsim_click(kWindow);
+    EXPECT_EQ(ear.Heard(), "click; ");
+    EXPECT_EQ(MenuOf(kWindow).find(" * "), std::string::npos);
+}
+
+TEST_F(SimulatedMenu, DoesNotOpenWithoutItems) {
+    EXPECT_FALSE(dialsim_open_menu(kWindow));
+    EXPECT_FALSE(dialsim_open_menu(kWindow + 1));
+}
+
+TEST_F(SimulatedMenu, ClosesWhenItsItemsAreGone) {
+    ControllerEar ear(kWindow);
+    dialsim_append_item(kWindow, "UInt32", 1);
+    EXPECT_TRUE(dialsim_open_menu(kWindow));
+    dialsim_shrink_menu_after(kWindow, 0);
+    dialsim_turn(kWindow, 10);
+    EXPECT_EQ(ear.Heard(), "turn 10; ");
 }
 
 TEST_F(SimulatedMenu, TagsThatAreNoNumbersFailInTheirOwnWays) {

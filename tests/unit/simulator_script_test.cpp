@@ -85,6 +85,24 @@ TEST_F(Scripts, ChooseAnItem) {
     EXPECT_EQ(selected.Get(), item.Get());
 }
 
+TEST_F(Scripts, TheMenuIsOpenedAndClosed) {
+    ControllerEar ear(1);
+    dialsim_append_item(1, "UInt32", 7);
+    Play("menu\nturn 10\nclose\nturn 20\nmenu\nclick\nclick");
+    EXPECT_EQ(ear.Heard(), "turn 20; click; ");
+}
+
+TEST_F(Scripts, WhatCannotBeDoneIsToldAndNoError) {
+    testing::internal::CaptureStderr();
+    Play("menu\nmouse 10 20 down\nmouse 10 20 move\nmouse 10 20 up\nshot nowhere/shot.png");
+    EXPECT_EQ(testing::internal::GetCapturedStderr(),
+              "dial script: there is no menu to open\n"
+              "dial script: there is no window for the mouse\n"
+              "dial script: there is no window for the mouse\n"
+              "dial script: there is no window for the mouse\n"
+              "dial script: the screen cannot be written to 'nowhere/shot.png'\n");
+}
+
 TEST_F(Scripts, BeginWithTheNewestWindowAndDirectWhatFollows) {
     ControllerEar older(16);
     ControllerEar newest(17);
@@ -246,6 +264,11 @@ TEST_F(Scripts, ALineThatCannotBeUnderstoodIsTold) {
         {"move 1 2 3 d", "'d'"},
         {"choose", "'choose'"},
         {"choose -1", "'-1'"},
+        {"menu 1", "'menu'"},
+        {"mouse 1 2", "'mouse'"},
+        {"mouse 1 x down", "'x'"},
+        {"mouse 1 2 drag", "'drag'"},
+        {"shot", "'shot'"},
         {"wait -1", "'-1'"},
         {"wait 1.5", "'1.5'"},
         {"wait 4294967296", "'4294967296'"},

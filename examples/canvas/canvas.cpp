@@ -1,0 +1,439 @@
+// A small drawing program for mouse and dial: the mouse paints, and the dial changes what its menu has
+// selected, the brush's size, hue, opacity or petals, or takes strokes back. A click of the dial shows and
+// hides a grid.
+//
+// Read it from the bottom: WinMain starts the library and gives it the window's host object; the host object
+// hears of the dial and passes that on to the window as messages; the window knows nothing else of the dial.
+#include <brindle.h>
+#include <windows.h>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <iterator>
+#include <string>
+
+#include "painting.h"
+
+namespace {
+
+// --- what the dial can change
+
+// The identifiers of the menu's items; 0 is what a turn has selected when it is none of them.
+enum Tool : uint32_t { kSize = 1, kHue, kOpacity, kPetals, kUndo };
+
+struct Scale {
+    const wchar_t* name;
+    const wchar_t* unit;
+    int least;
+    int most;
+    int start;
+    double per_degree;
+};
+
+// By tool; going back has no scale, only strokes.
+constexpr Scale kScales[] = {{},
+                             {L"Size", L" px", 1, 120, 18, 0.4},
+                             {L"Hue", L"\u00B0", 0, 359, 210, 1.0},
+                             {L"Opacity", L" %", 5, 100, 80, 0.5},
+                             {L"Petals", L"", 1, 24, 1, 0.05},
+                             {L"Undo", L" strokes", 0, 0, 0, 0.05}};
+
+// --- what the program remembers
+
+constexpr wchar_t kResource[] = L"Brindle canvas";
+
+// The vault knows one owner for each key: ours have the program's name in them.
+std::wstring KeyOf(const std::wstring& setting) { return std::wstring(kResource) + L'/' + setting; }
+
+void Remember(const std::wstring& setting, int value) {
+    // As a text: a program without package identity keeps nothing else.
+    set_string_in_storage(kResource, KeyOf(setting).c_str(), std::to_wstring(value).c_str());
+}
+
+int Recall(const std::wstring& setting, int least, int most, int otherwise) {
+    const int32_t value = get_int_from_storage(kResource, KeyOf(setting).c_str());
+    return value < least || value > most ? otherwise : value;
+}
+
+// --- from the dial to the window
+
+constexpr UINT kDialTurned = WM_APP;  // WPARAM: the selected tool; LPARAM: hundredths of a degree
+constexpr UINT kDialClicked = WM_APP + 1;
+
+// Its callbacks come on any thread: they touch nothing of the window's and only send it messages.
+class DialHost final : public IDialHost {
+public:
+    explicit DialHost(HWND window) : window_(window) {}
+
+    uint64_t GetWindowHandle() override { return reinterpret_cast<uint64_t>(window_); }
+
+    void OnRotation(void* /*sender*/, const DialRotationInfo* turn) override {
+        const double before = angle_;
+        angle_ += turn->deltaDegrees;
+        if (std::floor(before / kDetent) != std::floor(angle_ / kDetent)) {
+            turn->hapticRequest = &kBuzz;
+        }
+        PostMessageW(window_, kDialTurned, turn->selectedItemTag,
+                     std::lround(turn->deltaDegrees * turn->acceleration * 100));
+    }
+
+    void OnButtonClicked(void* /*sender*/, const DialContactRect* /*rect*/) override {
+        PostMessageW(window_, kDialClicked, 0, 0);
+    }
+
+private:
+    static constexpr double kDetent = 90;  // degrees
+    static constexpr uint32_t kBuzz = 1;
+
+    const HWND window_;
+    double angle_ = 0;
+};
+
+// --- the menu
+
+std::wstring BesideProgram(const wchar_t* file) {
+    wchar_t path[MAX_PATH];
+    const std::wstring program(path, GetModuleFileNameW(nullptr, path, MAX_PATH));
+    return program.substr(0, program.find_last_of(L'\\') + 1) + file;
+}
+
+// An item from each kind of source, and of the system's own entries the volume. Everything is read during the
+// call but the picture file: its item comes into the menu somewhat later.
+bool FillMenu(HWND window) {
+    const std::wstring picture = BesideProgram(L"opacity.png");
+    const std::wstring font = BesideProgram(L"DejaVuSans.ttf");
+    const MenuItemDescription items[] = {
+        {MenuItemKind::SystemFont, L"Size", kSize, 1, {L"\u25CF"}, {L"Segoe UI Symbol"}, {}},
+        {MenuItemKind::ResourcePNG,
+         L"Hue",
+         kHue,
+         1,
+         {.module = GetModuleHandleW(nullptr)},
+         {.number = 101},
+         {}},
+        {MenuItemKind::CustomFont, L"Petals", kPetals, 1, {L"\u273F"}, {L"DejaVu Sans"}, {font.c_str()}},
+        {MenuItemKind::KnownIcon, L"Undo", kUndo, 1, {.number = 2}, {}, {}},
+        {MenuItemKind::FilePNG, L"Opacity", kOpacity, 0, {picture.c_str()}, {}, {}},
+    };
+    const int32_t system_items[] = {3};
+    const auto handle = reinterpret_cast<uint64_t>(window);
+    return add_custom_menu(handle, items, static_cast<uint32_t>(std::size(items))) &&
+           set_default_menu(handle, system_items, 1);
+}
+
+// --- the window
+
+constexpr int kPaperWidth = 720;
+constexpr int kPaperHeight = 480;
+constexpr int kMargin = 20;
+constexpr int kBarHeight = 60;
+constexpr int kCellWidth = 104;
+constexpr int kGridStep = 40;
+constexpr UINT_PTR kSelectionTimer = 1;
+
+constexpr COLORREF kDesk = RGB(228, 231, 236);
+constexpr COLORREF kBar = RGB(255, 255, 255);
+constexpr COLORREF kGrid = RGB(205, 213, 224);
+constexpr COLORREF kAccent = RGB(31, 111, 235);
+constexpr COLORREF kText = RGB(28, 33, 40);
+constexpr COLORREF kFaint = RGB(110, 118, 129);
+constexpr Color kWhite = 0xFFFFFF;
+constexpr Color kPresent = 0x2DA44E;
+constexpr Color kAbsent = 0xB0B8C1;
+
+void Fill(HDC context, const RECT& area, COLORREF color) {
+    SetDCBrushColor(context, color);
+    FillRect(context, &area, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
+}
+
+void Show(HDC context, const Painting& painting, int left, int top) {
+    const BITMAPINFO format{
+        {sizeof(BITMAPINFOHEADER), painting.width(), -painting.height(), 1, 32, BI_RGB, 0, 0, 0, 0, 0}, {}};
+    SetDIBitsToDevice(context, left, top, static_cast<DWORD>(painting.width()),
+                      static_cast<DWORD>(painting.height()), 0, 0, 0, static_cast<UINT>(painting.height()),
+                      painting.pixels(), &format, DIB_RGB_COLORS);
+}
+
+// One dot of the brush, in a square of the size.
+void ShowDot(HDC context, Brush brush, int size, int left, int top) {
+    Painting dot(size, size, kWhite);
+    brush.petals = 1;
+    dot.Begin(brush, {size / 2.0, size / 2.0});
+    Show(context, dot, left, top);
+}
+
+HFONT MakeFont(int height, int weight) {
+    return CreateFontW(-height, 0, 0, 0, weight, FALSE, FALSE, FALSE, DEFAULT_CHARSET, OUT_DEFAULT_PRECIS,
+                       CLIP_DEFAULT_PRECIS, CLEARTYPE_QUALITY, DEFAULT_PITCH | FF_SWISS, L"Segoe UI");
+}
+
+class Canvas {
+public:
+    explicit Canvas(HWND window) : window_(window) {
+        for (uint32_t tool = kSize; tool <= kPetals; ++tool) {
+            const Scale& scale = kScales[tool];
+            values_[tool] = Recall(scale.name, scale.least, scale.most, scale.start);
+        }
+        tool_ = static_cast<uint32_t>(Recall(L"Tool", kSize, kUndo, kSize));
+        LookForDial();
+        SetTimer(window_, kSelectionTimer, 50, nullptr);
+    }
+    Canvas(const Canvas&) = delete;
+    Canvas& operator=(const Canvas&) = delete;
+    ~Canvas() {
+        DeleteObject(label_font_);
+        DeleteObject(value_font_);
+    }
+
+    LRESULT OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
+        switch (message) {
+            case kDialTurned:
+                OnTurn(static_cast<uint32_t>(wparam), static_cast<double>(lparam) / 100);
+                return 0;
+            case kDialClicked:
+                grid_ = !grid_;
+                Redraw();
+                return 0;
+            case WM_DEVICECHANGE:
+                LookForDial();
+                return TRUE;
+            case WM_TIMER:
+                SelectTool();
+                return 0;
+            case WM_LBUTTONDOWN:
+                SetCapture(window_);
+                painting_.Begin(OurBrush(), OnPaper(lparam));
+                Redraw();
+                return 0;
+            case WM_MOUSEMOVE:
+                if (painting_.InStroke()) {
+                    painting_.LineTo(OnPaper(lparam));
+                    Redraw();
+                }
+                return 0;
+            case WM_LBUTTONUP:
+                ReleaseCapture();
+                return 0;
+            case WM_CAPTURECHANGED:
+                painting_.End();
+                Redraw();
+                return 0;
+            case WM_ERASEBKGND:
+                return 1;  // everything is painted anyway
+            case WM_PAINT:
+                OnPaint();
+                return 0;
+            case WM_DESTROY:
+                RememberAll();
+                PostQuitMessage(0);
+                return 0;
+            default:
+                return DefWindowProcW(window_, message, wparam, lparam);
+        }
+    }
+
+private:
+    void Redraw() { InvalidateRect(window_, nullptr, FALSE); }
+
+    void OnTurn(uint32_t selected, double degrees) {
+        if (selected < kSize || selected > kUndo) {
+            return;  // one of the system's own entries
+        }
+        KillTimer(window_, kSelectionTimer);
+        tool_ = selected;
+        const Scale& scale = kScales[tool_];
+        if (tool_ == kUndo) {
+            GoThroughStrokes(degrees * scale.per_degree);
+        } else {
+            const double value = values_[tool_] + degrees * scale.per_degree;
+            const double circle = scale.most + 1;
+            values_[tool_] = tool_ == kHue ? value - circle * std::floor(value / circle)
+                                           : std::clamp<double>(value, scale.least, scale.most);
+        }
+        Redraw();
+    }
+
+    // To the left they go, to the right they come back.
+    void GoThroughStrokes(double strokes) {
+        undoing_ += strokes;
+        for (; undoing_ <= -1; undoing_ += 1) {
+            painting_.Undo();
+        }
+        for (; undoing_ >= 1; undoing_ -= 1) {
+            painting_.Redo();
+        }
+    }
+
+    // Selects in the menu what was used last. The item of a picture file can be selected once it is there, or
+    // never: the user's first turn ends the trying.
+    void SelectTool() {
+        if (set_current_custom_menu(reinterpret_cast<uint64_t>(window_), tool_)) {
+            KillTimer(window_, kSelectionTimer);
+        }
+    }
+
+    void LookForDial() {
+        dial_present_ = is_dial_present(reinterpret_cast<uint64_t>(window_));
+        Redraw();
+    }
+
+    void RememberAll() const {
+        for (uint32_t tool = kSize; tool <= kPetals; ++tool) {
+            Remember(kScales[tool].name, Value(tool));
+        }
+        Remember(L"Tool", static_cast<int>(tool_));
+    }
+
+    int Value(uint32_t tool) const {
+        return tool == kUndo ? static_cast<int>(painting_.Strokes()) : static_cast<int>(values_[tool]);
+    }
+
+    Brush OurBrush() const {
+        return {FromHsv(Value(kHue), 0.85, 0.92), static_cast<double>(Value(kSize)), Value(kOpacity) / 100.0,
+                Value(kPetals)};
+    }
+
+    // The paper lies in the middle of what the bar leaves.
+    POINT PaperCorner() const {
+        RECT client;
+        GetClientRect(window_, &client);
+        return {(client.right - kPaperWidth) / 2, (client.bottom - kBarHeight - kPaperHeight) / 2};
+    }
+
+    Point OnPaper(LPARAM place) const {
+        const POINT corner = PaperCorner();
+        const POINTS mouse = MAKEPOINTS(place);
+        return {static_cast<double>(mouse.x - corner.x), static_cast<double>(mouse.y - corner.y)};
+    }
+
+    // Into memory first, so that nothing flickers.
+    void OnPaint() {
+        PAINTSTRUCT paint;
+        const HDC screen = BeginPaint(window_, &paint);
+        RECT client;
+        GetClientRect(window_, &client);
+        const HDC memory = CreateCompatibleDC(screen);
+        const HBITMAP bitmap = CreateCompatibleBitmap(screen, client.right, client.bottom);
+        const HGDIOBJ former = SelectObject(memory, bitmap);
+        DrawAll(memory, client);
+        BitBlt(screen, 0, 0, client.right, client.bottom, memory, 0, 0, SRCCOPY);
+        SelectObject(memory, former);
+        DeleteObject(bitmap);
+        DeleteDC(memory);
+        EndPaint(window_, &paint);
+    }
+
+    void DrawAll(HDC context, const RECT& client) const {
+        Fill(context, client, kDesk);
+        DrawPaper(context);
+        const RECT bar{0, client.bottom - kBarHeight, client.right, client.bottom};
+        Fill(context, bar, kBar);
+        SetBkMode(context, TRANSPARENT);
+        ShowDot(context, OurBrush(), kBarHeight, kMargin, bar.top);
+        for (uint32_t tool = kSize; tool <= kUndo; ++tool) {
+            DrawCell(context, tool, kMargin + kBarHeight + static_cast<int>(tool - kSize) * kCellWidth,
+                     bar.top);
+        }
+        DrawPresence(context, bar);
+    }
+
+    void DrawPaper(HDC context) const {
+        const POINT corner = PaperCorner();
+        Show(context, painting_, corner.x, corner.y);
+        for (int x = kGridStep; grid_ && x < kPaperWidth; x += kGridStep) {
+            Fill(context, {corner.x + x, corner.y, corner.x + x + 1, corner.y + kPaperHeight}, kGrid);
+        }
+        for (int y = kGridStep; grid_ && y < kPaperHeight; y += kGridStep) {
+            Fill(context, {corner.x, corner.y + y, corner.x + kPaperWidth, corner.y + y + 1}, kGrid);
+        }
+    }
+
+    void DrawCell(HDC context, uint32_t tool, int left, int top) const {
+        const bool current = tool == tool_;
+        if (current) {
+            Fill(context, {left, top, left + kCellWidth, top + 3}, kAccent);
+        }
+        const Scale& scale = kScales[tool];
+        const std::wstring value = std::to_wstring(Value(tool)) + scale.unit;
+        Write(context, scale.name, label_font_, current ? kAccent : kFaint,
+              {left + 12, top + 10, left + kCellWidth, top + 30}, DT_LEFT);
+        Write(context, value, value_font_, kText, {left + 12, top + 28, left + kCellWidth, top + 58},
+              DT_LEFT);
+    }
+
+    void DrawPresence(HDC context, const RECT& bar) const {
+        const int dot = 14;
+        Write(context, dial_present_ ? L"Dial present" : L"No dial", label_font_, kFaint,
+              {bar.left, bar.top, bar.right - kMargin - dot - 8, bar.bottom}, DT_RIGHT);
+        ShowDot(context, {dial_present_ ? kPresent : kAbsent, dot - 4.0, 1, 1}, dot,
+                bar.right - kMargin - dot, (bar.top + bar.bottom - dot) / 2);
+    }
+
+    static void Write(HDC context, const std::wstring& text, HFONT font, COLORREF color, RECT area,
+                      UINT side) {
+        SelectObject(context, font);
+        SetTextColor(context, color);
+        DrawTextW(context, text.c_str(), -1, &area, DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | side);
+    }
+
+    const HWND window_;
+    const HFONT label_font_ = MakeFont(13, FW_NORMAL);
+    const HFONT value_font_ = MakeFont(17, FW_SEMIBOLD);
+    Painting painting_{kPaperWidth, kPaperHeight, kWhite};
+    std::array<double, kUndo> values_{};
+    uint32_t tool_ = kSize;
+    double undoing_ = 0;
+    bool grid_ = false;
+    bool dial_present_ = false;
+};
+
+// The window's procedure finds its canvas here.
+Canvas* canvas_of_window = nullptr;
+
+LRESULT CALLBACK OnMessage(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
+    return canvas_of_window == nullptr ? DefWindowProcW(window, message, wparam, lparam)
+                                       : canvas_of_window->OnMessage(message, wparam, lparam);
+}
+
+HWND MakeWindow(HINSTANCE program) {
+    WNDCLASSW window_class{};
+    window_class.lpfnWndProc = OnMessage;
+    window_class.hInstance = program;
+    window_class.hCursor = LoadCursorW(nullptr, MAKEINTRESOURCEW(32515));  // IDC_CROSS
+    window_class.lpszClassName = L"BrindleCanvas";
+    RegisterClassW(&window_class);
+    RECT area{0, 0, kPaperWidth + 2 * kMargin, kPaperHeight + 2 * kMargin + kBarHeight};
+    AdjustWindowRect(&area, WS_OVERLAPPEDWINDOW, FALSE);
+    return CreateWindowExW(0, window_class.lpszClassName, L"Canvas", WS_OVERLAPPEDWINDOW, CW_USEDEFAULT,
+                           CW_USEDEFAULT, area.right - area.left, area.bottom - area.top, nullptr, nullptr,
+                           program, nullptr);
+}
+
+void RunMessageLoop() {
+    MSG message;
+    while (GetMessageW(&message, nullptr, 0, 0) > 0) {
+        TranslateMessage(&message);
+        DispatchMessageW(&message);
+    }
+}
+
+}  // namespace
+
+int WINAPI WinMain(HINSTANCE program, HINSTANCE /*former*/, LPSTR /*arguments*/, int show) {
+    const HWND window = MakeWindow(program);
+    if (window == nullptr || initialize() == 1) {
+        return 1;
+    }
+    // Painting goes on without a dial: that it cannot be had shows in the window.
+    DialHost host(window);
+    if (init_dial_listener(&host)) {
+        FillMenu(window);
+    }
+    Canvas canvas(window);
+    canvas_of_window = &canvas;
+    ShowWindow(window, show);
+    RunMessageLoop();
+    uninit();
+    return 0;
+}

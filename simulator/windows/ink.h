@@ -1,0 +1,81 @@
+// Drawing with soft edges: shapes are given by how far a place is from them.
+#pragma once
+
+#include <windows.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+
+namespace dialsim {
+
+struct Spot {
+    double x;
+    double y;
+};
+
+struct Ink {
+    std::uint32_t color;  // 0x00RRGGBB
+    double opacity = 1;
+};
+
+// A picture in memory that the system's functions and this one's draw on alike.
+class Sheet {
+public:
+    Sheet(int width, int height);
+    Sheet(const Sheet&) = delete;
+    Sheet& operator=(const Sheet&) = delete;
+    ~Sheet();
+
+    HDC context() const { return context_; }
+    HBITMAP bitmap() const { return bitmap_; }
+    int width() const { return width_; }
+    int height() const { return height_; }
+    // 0x00RRGGBB, rows from the top.
+    std::uint32_t& At(int x, int y) const { return pixels_[y * width_ + x]; }
+
+    void Blend(int x, int y, Ink ink) const;
+
+    // Covers what is inside the shape: `distance` answers, in pixels, how far outside of it a place is, and a
+    // negative number inside. Only the square around the middle is looked at.
+    template <class Distance>
+    void Fill(Spot middle, double reach, Ink ink, Distance distance) const {
+        const auto within = [](double place, int size) {
+            return static_cast<int>(std::clamp(place, 0.0, size * 1.0));
+        };
+        const int right = within(middle.x + reach + 2, width_);
+        const int bottom = within(middle.y + reach + 2, height_);
+        for (int y = within(middle.y - reach - 1, height_); y < bottom; ++y) {
+            for (int x = within(middle.x - reach - 1, width_); x < right; ++x) {
+                const double covered = std::clamp(0.5 - distance(Spot{x + 0.5, y + 0.5}), 0.0, 1.0);
+                Blend(x, y, {ink.color, ink.opacity * covered});
+            }
+        }
+    }
+
+    void Disc(Spot middle, double radius, Ink ink) const;
+    // A circle's line, of the width.
+    void Circle(Spot middle, double radius, double width, Ink ink) const;
+    void Line(Spot from, Spot to, double width, Ink ink) const;
+    // Part of a circle, clockwise between two angles in radians.
+    void Arc(Spot middle, double radius, double from, double to, double width, Ink ink) const;
+
+    // One line, its middle there, in pixels.
+    void Text(Spot middle, int size, int weight, std::uint32_t color, const wchar_t* text,
+              const wchar_t* family = L"Segoe UI") const;
+
+private:
+    const int width_;
+    const int height_;
+    const HDC context_;
+    std::uint32_t* pixels_ = nullptr;
+    HBITMAP bitmap_;
+    HGDIOBJ former_;
+};
+
+// The place on a circle, the angle in radians clockwise from the right.
+inline Spot OnCircle(Spot middle, double radius, double angle) {
+    return {middle.x + radius * std::cos(angle), middle.y + radius * std::sin(angle)};
+}
+
+}  // namespace dialsim
