@@ -192,11 +192,12 @@ protected:
     void TearDown() override {
         SetCurrentDirectoryA(former_);
         SetEnvironmentVariableA("DIALSIM_STORES", nullptr);
-        for (const char* shot : {"canvas.png", "canvas-menu.png", "canvas-grid.png"}) {
+        for (const char* shot : {"canvas.png", "canvas-menu.png", "canvas-grid.png", "again.png"}) {
             std::remove(folder_.PathOf(std::string("build/") + shot).c_str());
         }
         StoresFolder::RemoveFolder(folder_.PathOf("build"));
         std::remove(folder_.PathOf("own.dial").c_str());
+        std::remove(folder_.PathOf("recorded.dial").c_str());
     }
 
     static int StatusOf(const std::vector<std::string>& arguments) {
@@ -262,6 +263,43 @@ TEST_F(Started, TheCanvasPaintsWhatItsScriptSays) {
     const std::string vault = folder_.Read("vault.json").value_or("");
     EXPECT_NE(vault.find("\"Brindle canvas/Petals\""), std::string::npos) << vault;
     EXPECT_NE(vault.find("\"password\": \"8\""), std::string::npos) << vault;
+}
+
+// How many points of two pictures differ; more than there are when their sizes do.
+std::size_t Differences(const std::string& one, const std::string& other) {
+    ULONG_PTR token = 0;
+    const Gdiplus::GdiplusStartupInput input;
+    EXPECT_EQ(Gdiplus::GdiplusStartup(&token, &input, nullptr), Gdiplus::Ok);
+    std::size_t differences = 0;
+    {
+        Gdiplus::Bitmap a(std::wstring(one.begin(), one.end()).c_str());
+        Gdiplus::Bitmap b(std::wstring(other.begin(), other.end()).c_str());
+        EXPECT_GT(a.GetWidth() * a.GetHeight(), 0U) << one;
+        differences = a.GetWidth() == b.GetWidth() && a.GetHeight() == b.GetHeight() ? 0 : SIZE_MAX;
+        for (UINT y = 0; differences != SIZE_MAX && y < a.GetHeight(); ++y) {
+            for (UINT x = 0; x < a.GetWidth(); ++x) {
+                Gdiplus::Color color_a;
+                Gdiplus::Color color_b;
+                a.GetPixel(static_cast<INT>(x), static_cast<INT>(y), &color_a);
+                b.GetPixel(static_cast<INT>(x), static_cast<INT>(y), &color_b);
+                differences += color_a.GetValue() != color_b.GetValue() ? 1U : 0U;
+            }
+        }
+    }
+    Gdiplus::GdiplusShutdown(token);
+    return differences;
+}
+
+TEST_F(Started, ARecordedSessionPaintsTheSamePictureAgain) {
+    SetEnvironmentVariableA("DIALSIM_RECORD", folder_.PathOf("recorded.dial").c_str());
+    EXPECT_EQ(StatusOf({"--script", CANVAS_SCRIPT, Beside("canvas.exe")}), 0);
+    SetEnvironmentVariableA("DIALSIM_RECORD", nullptr);
+
+    std::remove(folder_.PathOf("vault.json").c_str());  // the replay begins as the session did
+    folder_.Write("own.dial",
+                  folder_.Read("recorded.dial").value_or("") + "wait 300\nshot build/again.png\n");
+    EXPECT_EQ(StatusOf({"--script", "own.dial", Beside("canvas.exe")}), 0);
+    EXPECT_EQ(Differences(folder_.PathOf("build/canvas-grid.png"), folder_.PathOf("build/again.png")), 0U);
 }
 
 TEST_F(Started, AProgramsStatusIsPassedOn) { EXPECT_EQ(StatusOf({"--", "cmd", "/c", "exit", "7"}), 7); }
