@@ -112,7 +112,7 @@ void Painting::Swap(Change& change) {
     const Area& area = change.area;
     auto other = change.pixels.begin();
     for (int y = area.top; y < area.bottom; ++y) {
-        const auto row = pixels_.begin() + y * width_;
+        const auto row = pixels_.begin() + std::ptrdiff_t{y} * width_;
         other = std::swap_ranges(row + area.left, row + area.right, other);
     }
 }
@@ -120,7 +120,7 @@ void Painting::Swap(Change& change) {
 std::vector<Color> Painting::Cut(const std::vector<Color>& picture, const Area& area) const {
     std::vector<Color> cut;
     for (int y = area.top; y < area.bottom; ++y) {
-        const auto row = picture.begin() + y * width_;
+        const auto row = picture.begin() + std::ptrdiff_t{y} * width_;
         cut.insert(cut.end(), row + area.left, row + area.right);
     }
     return cut;
