@@ -1,4 +1,4 @@
-// A listener's beginning and end.
+// A listener's beginning.
 #include "dial/dial_listener.h"
 #include "frame/steps.h"
 #include "platform/activation.h"

@@ -2,13 +2,13 @@
 // answers, and what each of the three places then holds.
 #include <algorithm>
 #include <array>
-#include <cstdio>
 #include <functional>
 #include <set>
 #include <string>
 #include <vector>
 
 #include "settings.h"
+#include "sweep_summary.h"
 
 namespace {
 
@@ -177,13 +177,7 @@ struct Scenario {
 class SettingsSweep : public Settings {
 protected:
     void TearDown() override {
-        const testing::TestInfo& test = *testing::UnitTest::GetInstance()->current_test_info();
-        std::fprintf(stderr, "sweep: %s.%s: %zu operations, %zu calls, %zu kinds, %zu runs\n",
-                     test.test_suite_name(), test.name(), operations_.size(), calls_, std::size(kWays),
-                     runs_);
-        RecordProperty("operations", static_cast<int>(operations_.size()));
-        RecordProperty("calls", static_cast<int>(calls_));
-        RecordProperty("runs", static_cast<int>(runs_));
+        PrintSweep(operations_.size(), calls_, std::size(kWays), runs_);
         Settings::TearDown();
     }
 

@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "sweep_summary.h"
 #include "sweep_tables.h"
 
 namespace sweep {
@@ -106,10 +107,7 @@ private:
 class Sweep : public Unstarted {
 protected:
     void TearDown() override {
-        const testing::TestInfo& test = *testing::UnitTest::GetInstance()->current_test_info();
-        std::fprintf(stderr, "sweep: %s.%s: %zu operations, %zu calls, %zu kinds, %zu runs\n",
-                     test.test_suite_name(), test.name(), operations_.size(), calls_, std::size(kWays),
-                     runs_);
+        PrintSweep(operations_.size(), calls_, std::size(kWays), runs_);
         Unstarted::TearDown();
     }
 

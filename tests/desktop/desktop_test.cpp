@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "simulator/dialsim.h"
+#include "simulator/windows/gdiplus_session.h"
 #include "support/child_process.h"
 #include "support/menu_items.h"
 #include "support/recording_host.h"
@@ -224,24 +225,19 @@ struct Shown {
 
 // The places of a screenshot have their colours, to the eye.
 void ExpectColors(const std::string& path, const std::vector<Shown>& places) {
-    ULONG_PTR token = 0;
-    const Gdiplus::GdiplusStartupInput input;
-    ASSERT_EQ(Gdiplus::GdiplusStartup(&token, &input, nullptr), Gdiplus::Ok);
-    {
-        Gdiplus::Bitmap picture(std::wstring(path.begin(), path.end()).c_str());
-        EXPECT_EQ(picture.GetLastStatus(), Gdiplus::Ok) << path;
-        for (const Shown& place : places) {
-            Gdiplus::Color color;
-            picture.GetPixel(place.x, place.y, &color);
-            const auto alike = [](int a, std::uint32_t b) {
-                return std::abs(a - static_cast<int>(b & 0xFF)) <= 8;
-            };
-            EXPECT_TRUE(alike(color.GetR(), place.color >> 16) && alike(color.GetG(), place.color >> 8) &&
-                        alike(color.GetB(), place.color))
-                << place.what << " is " << std::hex << color.GetValue();
-        }
+    const dialsim::GdiplusSession session;
+    Gdiplus::Bitmap picture(std::wstring(path.begin(), path.end()).c_str());
+    EXPECT_EQ(picture.GetLastStatus(), Gdiplus::Ok) << path;
+    for (const Shown& place : places) {
+        Gdiplus::Color color;
+        picture.GetPixel(place.x, place.y, &color);
+        const auto alike = [](int a, std::uint32_t b) {
+            return std::abs(a - static_cast<int>(b & 0xFF)) <= 8;
+        };
+        EXPECT_TRUE(alike(color.GetR(), place.color >> 16) && alike(color.GetG(), place.color >> 8) &&
+                    alike(color.GetB(), place.color))
+            << place.what << " is " << std::hex << color.GetValue();
     }
-    Gdiplus::GdiplusShutdown(token);
 }
 
 TEST_F(Started, TheCanvasPaintsWhatItsScriptSays) {
@@ -265,29 +261,26 @@ TEST_F(Started, TheCanvasPaintsWhatItsScriptSays) {
     EXPECT_NE(vault.find("\"password\": \"8\""), std::string::npos) << vault;
 }
 
-// How many points of two pictures differ; more than there are when their sizes do.
-std::size_t Differences(const std::string& one, const std::string& other) {
-    ULONG_PTR token = 0;
-    const Gdiplus::GdiplusStartupInput input;
-    EXPECT_EQ(Gdiplus::GdiplusStartup(&token, &input, nullptr), Gdiplus::Ok);
+Gdiplus::ARGB PixelOf(Gdiplus::Bitmap& picture, UINT x, UINT y) {
+    Gdiplus::Color color;
+    picture.GetPixel(static_cast<INT>(x), static_cast<INT>(y), &color);
+    return color.GetValue();
+}
+
+void ExpectSamePicture(const std::string& one, const std::string& other) {
+    const dialsim::GdiplusSession session;
+    Gdiplus::Bitmap a(std::wstring(one.begin(), one.end()).c_str());
+    Gdiplus::Bitmap b(std::wstring(other.begin(), other.end()).c_str());
+    ASSERT_GT(a.GetWidth() * a.GetHeight(), 0U) << one;
+    ASSERT_EQ(a.GetWidth(), b.GetWidth());
+    ASSERT_EQ(a.GetHeight(), b.GetHeight());
     std::size_t differences = 0;
-    {
-        Gdiplus::Bitmap a(std::wstring(one.begin(), one.end()).c_str());
-        Gdiplus::Bitmap b(std::wstring(other.begin(), other.end()).c_str());
-        EXPECT_GT(a.GetWidth() * a.GetHeight(), 0U) << one;
-        differences = a.GetWidth() == b.GetWidth() && a.GetHeight() == b.GetHeight() ? 0 : SIZE_MAX;
-        for (UINT y = 0; differences != SIZE_MAX && y < a.GetHeight(); ++y) {
-            for (UINT x = 0; x < a.GetWidth(); ++x) {
-                Gdiplus::Color color_a;
-                Gdiplus::Color color_b;
-                a.GetPixel(static_cast<INT>(x), static_cast<INT>(y), &color_a);
-                b.GetPixel(static_cast<INT>(x), static_cast<INT>(y), &color_b);
-                differences += color_a.GetValue() != color_b.GetValue() ? 1U : 0U;
-            }
+    for (UINT y = 0; y < a.GetHeight(); ++y) {
+        for (UINT x = 0; x < a.GetWidth(); ++x) {
+            differences += PixelOf(a, x, y) != PixelOf(b, x, y) ? 1U : 0U;
         }
     }
-    Gdiplus::GdiplusShutdown(token);
-    return differences;
+    EXPECT_EQ(differences, 0U) << "points";
 }
 
 TEST_F(Started, ARecordedSessionPaintsTheSamePictureAgain) {
@@ -299,7 +292,7 @@ TEST_F(Started, ARecordedSessionPaintsTheSamePictureAgain) {
     folder_.Write("own.dial",
                   folder_.Read("recorded.dial").value_or("") + "wait 300\nshot build/again.png\n");
     EXPECT_EQ(StatusOf({"--script", "own.dial", Beside("canvas.exe")}), 0);
-    EXPECT_EQ(Differences(folder_.PathOf("build/canvas-grid.png"), folder_.PathOf("build/again.png")), 0U);
+    ExpectSamePicture(folder_.PathOf("build/canvas-grid.png"), folder_.PathOf("build/again.png"));
 }
 
 TEST_F(Started, AProgramsStatusIsPassedOn) { EXPECT_EQ(StatusOf({"--", "cmd", "/c", "exit", "7"}), 7); }
