@@ -2,17 +2,20 @@
 // selected, the brush's size, hue, opacity or petals, or takes strokes back. A click of the dial shows and
 // hides a grid.
 //
-// Read it from the bottom: WinMain starts the library and gives it the window's host object; the host object
-// hears of the dial and passes that on to the window as messages; the window knows nothing else of the dial.
+// From top to bottom: what the dial can change, and what of it is remembered; the host object, which hears of
+// the dial and passes that on to the window as messages; the menu; the window, which knows nothing else of
+// the dial; and WinMain, which brings them together.
 #include <brindle.h>
 #include <windows.h>
 
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstdlib>
 #include <iterator>
 #include <string>
 
+#include "drawing.h"
 #include "painting.h"
 
 namespace {
@@ -46,14 +49,23 @@ constexpr wchar_t kResource[] = L"Brindle canvas";
 // The vault knows one owner for each key: ours have the program's name in them.
 std::wstring KeyOf(const std::wstring& setting) { return std::wstring(kResource) + L'/' + setting; }
 
-void Remember(const std::wstring& setting, int value) {
-    // As a text: a program without package identity keeps nothing else.
-    set_string_in_storage(kResource, KeyOf(setting).c_str(), std::to_wstring(value).c_str());
+// As a text, numbers too: a program without package identity keeps nothing else.
+void Remember(const std::wstring& setting, const std::wstring& value) {
+    set_string_in_storage(kResource, KeyOf(setting).c_str(), value.c_str());
 }
 
 int Recall(const std::wstring& setting, int least, int most, int otherwise) {
     const int32_t value = get_int_from_storage(kResource, KeyOf(setting).c_str());
     return value < least || value > most ? otherwise : value;
+}
+
+uint32_t RecallTool() {
+    wchar_t* name = get_string_from_storage(kResource, KeyOf(L"Tool").c_str());
+    const auto* scale = std::find_if(std::begin(kScales) + kSize, std::end(kScales), [&](const Scale& one) {
+        return name != nullptr && std::wstring(one.name) == name;
+    });
+    free(name);
+    return scale == std::end(kScales) ? kSize : static_cast<uint32_t>(scale - kScales);
 }
 
 // --- from the dial to the window
@@ -138,35 +150,9 @@ constexpr COLORREF kGrid = RGB(205, 213, 224);
 constexpr COLORREF kAccent = RGB(31, 111, 235);
 constexpr COLORREF kText = RGB(28, 33, 40);
 constexpr COLORREF kFaint = RGB(110, 118, 129);
-constexpr Color kWhite = 0xFFFFFF;
+constexpr Color kPaper = 0xFFFFFF;
 constexpr Color kPresent = 0x2DA44E;
 constexpr Color kAbsent = 0xB0B8C1;
-
-void Fill(HDC context, const RECT& area, COLORREF color) {
-    SetDCBrushColor(context, color);
-    FillRect(context, &area, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
-}
-
-void Show(HDC context, const Painting& painting, int left, int top) {
-    const BITMAPINFO format{
-        {sizeof(BITMAPINFOHEADER), painting.width(), -painting.height(), 1, 32, BI_RGB, 0, 0, 0, 0, 0}, {}};
-    SetDIBitsToDevice(context, left, top, static_cast<DWORD>(painting.width()),
-                      static_cast<DWORD>(painting.height()), 0, 0, 0, static_cast<UINT>(painting.height()),
-                      painting.pixels(), &format, DIB_RGB_COLORS);
-}
-
-// One dot of the brush, in a square of the size.
-void ShowDot(HDC context, Brush brush, int size, int left, int top) {
-    Painting dot(size, size, kWhite);
-    brush.petals = 1;
-    dot.Begin(brush, {size / 2.0, size / 2.0});
-    Show(context, dot, left, top);
-}
-
-HFONT MakeFont(int height, int weight) {
-    return CreateFontW(-height, 0, 0, 0, weight, FALSE, FALSE, FALSE, DEFAULT_CHARSET, OUT_DEFAULT_PRECIS,
-                       CLIP_DEFAULT_PRECIS, CLEARTYPE_QUALITY, DEFAULT_PITCH | FF_SWISS, L"Segoe UI");
-}
 
 class Canvas {
 public:
@@ -175,7 +161,7 @@ public:
             const Scale& scale = kScales[tool];
             values_[tool] = Recall(scale.name, scale.least, scale.most, scale.start);
         }
-        tool_ = static_cast<uint32_t>(Recall(L"Tool", kSize, kUndo, kSize));
+        tool_ = RecallTool();
         LookForDial();
         SetTimer(window_, kSelectionTimer, 50, nullptr);
     }
@@ -222,7 +208,7 @@ public:
             case WM_ERASEBKGND:
                 return 1;  // everything is painted anyway
             case WM_PAINT:
-                OnPaint();
+                PaintWindow(window_, [this](HDC context, const RECT& client) { DrawAll(context, client); });
                 return 0;
             case WM_DESTROY:
                 RememberAll();
@@ -280,9 +266,9 @@ private:
 
     void RememberAll() const {
         for (uint32_t tool = kSize; tool <= kPetals; ++tool) {
-            Remember(kScales[tool].name, Value(tool));
+            Remember(kScales[tool].name, std::to_wstring(Value(tool)));
         }
-        Remember(L"Tool", static_cast<int>(tool_));
+        Remember(L"Tool", kScales[tool_].name);
     }
 
     int Value(uint32_t tool) const {
@@ -307,29 +293,11 @@ private:
         return {static_cast<double>(mouse.x - corner.x), static_cast<double>(mouse.y - corner.y)};
     }
 
-    // Into memory first, so that nothing flickers.
-    void OnPaint() {
-        PAINTSTRUCT paint;
-        const HDC screen = BeginPaint(window_, &paint);
-        RECT client;
-        GetClientRect(window_, &client);
-        const HDC memory = CreateCompatibleDC(screen);
-        const HBITMAP bitmap = CreateCompatibleBitmap(screen, client.right, client.bottom);
-        const HGDIOBJ former = SelectObject(memory, bitmap);
-        DrawAll(memory, client);
-        BitBlt(screen, 0, 0, client.right, client.bottom, memory, 0, 0, SRCCOPY);
-        SelectObject(memory, former);
-        DeleteObject(bitmap);
-        DeleteDC(memory);
-        EndPaint(window_, &paint);
-    }
-
     void DrawAll(HDC context, const RECT& client) const {
         Fill(context, client, kDesk);
         DrawPaper(context);
         const RECT bar{0, client.bottom - kBarHeight, client.right, client.bottom};
         Fill(context, bar, kBar);
-        SetBkMode(context, TRANSPARENT);
         ShowDot(context, OurBrush(), kBarHeight, kMargin, bar.top);
         for (uint32_t tool = kSize; tool <= kUndo; ++tool) {
             DrawCell(context, tool, kMargin + kBarHeight + static_cast<int>(tool - kSize) * kCellWidth,
@@ -370,17 +338,10 @@ private:
                 bar.right - kMargin - dot, (bar.top + bar.bottom - dot) / 2);
     }
 
-    static void Write(HDC context, const std::wstring& text, HFONT font, COLORREF color, RECT area,
-                      UINT side) {
-        SelectObject(context, font);
-        SetTextColor(context, color);
-        DrawTextW(context, text.c_str(), -1, &area, DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | side);
-    }
-
     const HWND window_;
     const HFONT label_font_ = MakeFont(13, FW_NORMAL);
     const HFONT value_font_ = MakeFont(17, FW_SEMIBOLD);
-    Painting painting_{kPaperWidth, kPaperHeight, kWhite};
+    Painting painting_{kPaperWidth, kPaperHeight, kPaper};
     std::array<double, kUndo> values_{};
     uint32_t tool_ = kSize;
     double undoing_ = 0;
@@ -434,6 +395,8 @@ int WINAPI WinMain(HINSTANCE program, HINSTANCE /*former*/, LPSTR /*arguments*/,
     canvas_of_window = &canvas;
     ShowWindow(window, show);
     RunMessageLoop();
+    // A turn may still be under way on another thread, and uninit must not meet it.
+    Sleep(300);
     uninit();
     return 0;
 }

@@ -131,8 +131,12 @@ bool DialWindow::OnMessage(HWND window, UINT message, WPARAM wparam) {
             ReleaseCapture();
             return true;
         case WM_CAPTURECHANGED:
-        case WM_KEYUP:
             LetGo(window);
+            return true;
+        case WM_KEYUP:
+            if (wparam == VK_SPACE || wparam == VK_RETURN) {
+                LetGo(window);
+            }
             return true;
         case WM_KEYDOWN:
             OnKeyDown(window, wparam);

@@ -178,21 +178,24 @@ Ink AverageOf(Gdiplus::Bitmap& bitmap, double left, double top, double step) {
     return {part(0) << 16 | part(1) << 8 | part(2), parts[3] / (255.0 * kSamples * kSamples)};
 }
 
+void DrawBitmap(const Sheet& sheet, Spot middle, double size, Gdiplus::Bitmap& bitmap) {
+    const double step = std::max(bitmap.GetWidth(), bitmap.GetHeight()) / size;
+    const int side = static_cast<int>(size);
+    for (int y = 0; y < side; ++y) {
+        for (int x = 0; x < side; ++x) {
+            sheet.Blend(static_cast<int>(middle.x) - side / 2 + x, static_cast<int>(middle.y) - side / 2 + y,
+                        AverageOf(bitmap, x * step, y * step, step));
+        }
+    }
+}
+
+// What is no picture leaves its item without one.
 void DrawPng(const Sheet& sheet, Spot middle, double size, const std::string& png) {
     const GdiplusSession session;
     IStream* stream =
         SHCreateMemStream(reinterpret_cast<const BYTE*>(png.data()), static_cast<UINT>(png.size()));
-    {
-        Gdiplus::Bitmap bitmap(stream);
-        const double step = std::max(bitmap.GetWidth(), bitmap.GetHeight()) / size;
-        const int side = static_cast<int>(size);
-        for (int y = 0; y < side; ++y) {
-            for (int x = 0; x < side; ++x) {
-                sheet.Blend(static_cast<int>(middle.x) - side / 2 + x,
-                            static_cast<int>(middle.y) - side / 2 + y,
-                            AverageOf(bitmap, x * step, y * step, step));
-            }
-        }
+    if (Gdiplus::Bitmap bitmap(stream); bitmap.GetLastStatus() == Gdiplus::Ok) {
+        DrawBitmap(sheet, middle, size, bitmap);
     }
     stream->Release();
 }

@@ -13,6 +13,7 @@
 #include "simulator/windows/gdiplus_session.h"
 #include "support/child_process.h"
 #include "support/menu_items.h"
+#include "support/pictures.h"
 #include "support/recording_host.h"
 #include "support/stores_folder.h"
 
@@ -117,6 +118,14 @@ TEST_F(DrawnDial, IsUsedByKeys) {
     EXPECT_EQ(host_.clicks.size(), 2U);
 }
 
+TEST_F(DrawnDial, OtherKeysDoNotLetItGo) {
+    SendMessageA(dial_, WM_KEYDOWN, VK_SPACE, 0);
+    Key(VK_SHIFT);
+    EXPECT_TRUE(host_.clicks.empty());
+    SendMessageA(dial_, WM_KEYUP, VK_SPACE, 0);
+    EXPECT_EQ(host_.clicks.size(), 1U);
+}
+
 TEST_F(DrawnDial, HoldingItOpensTheMenuAndIsNoClick) {
     EXPECT_FALSE(RingShows());
     Hold();
@@ -178,6 +187,26 @@ TEST_F(DrawnDial, TheRingShowsTheHighlightedItem) {
     EXPECT_EQ(colors()[0], kAccent);
     EXPECT_NE(colors()[1], kAccent);
     Key(VK_ESCAPE);
+}
+
+// A file that begins as a picture and is none leaves its item without one, and no black square.
+TEST_F(DrawnDial, TheRingShowsNoPictureWhereThereIsNone) {
+    const TemporaryFile file("no picture.png", SmallPng());
+    const MenuItemDescription item = FilePNG(5, file.Path());
+    ASSERT_TRUE(add_custom_menu(Handle(), &item, 1));
+    dialsim_wait_for_async();
+    Key('M');
+    const HDC context = GetDC(ring_);
+    int black = 0;
+    for (int y = -150; y <= 150; ++y) {
+        for (int x = -150; x <= 150; ++x) {
+            const bool among_items = x * x + y * y < 150 * 150;
+            black += among_items && GetPixel(context, 180 + x, 180 + y) == RGB(0, 0, 0) ? 1 : 0;
+        }
+    }
+    ReleaseDC(ring_, context);
+    Key(VK_ESCAPE);
+    EXPECT_EQ(black, 0);
 }
 
 // --- programs that are started with a dial
@@ -259,6 +288,7 @@ TEST_F(Started, TheCanvasPaintsWhatItsScriptSays) {
     const std::string vault = folder_.Read("vault.json").value_or("");
     EXPECT_NE(vault.find("\"Brindle canvas/Petals\""), std::string::npos) << vault;
     EXPECT_NE(vault.find("\"password\": \"8\""), std::string::npos) << vault;
+    EXPECT_NE(vault.find("\"password\": \"Undo\""), std::string::npos) << vault;
 }
 
 Gdiplus::ARGB PixelOf(Gdiplus::Bitmap& picture, UINT x, UINT y) {
