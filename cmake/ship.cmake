@@ -1,11 +1,11 @@
 # What a library needs to leave the house: `ship` makes it a package, and installs that as a component of its own name.
 include(CMakePackageConfigHelpers)
 
-# For the code of the libraries that are given away: symbols, which do not tell in what folder they were made.
+# For the code of the libraries that are given away: symbols that do not tell in what folder they were made.
 add_library(shipped_code INTERFACE)
 if(WIN32)
     target_compile_options(shipped_code INTERFACE $<$<COMPILE_LANGUAGE:CXX>:
-        -g -ffile-prefix-map=${PROJECT_SOURCE_DIR}=. -ffile-prefix-map=${CMAKE_BINARY_DIR}=.>)
+        -ffile-prefix-map=${PROJECT_SOURCE_DIR}=. -ffile-prefix-map=${CMAKE_BINARY_DIR}=.>)
     find_program(LLVM_DLLTOOL llvm-dlltool)
     if(NOT LLVM_DLLTOOL)
         message(STATUS "No llvm-dlltool: the import libraries for MSVC are left out (apt-get install llvm)")

@@ -1,4 +1,5 @@
-/* As small as a host in C can be: status 0 when its window has a dial. */
+/* As small as a host in C can be: status 0 when its window has a dial, 3 when not, else what initialize
+ * answers. */
 #include <brindle.h>
 
 static uint64_t GetWindowHandle(IDialHost* self) {
@@ -22,10 +23,11 @@ static const IDialHostFunctions functions = {OnRotation, GetWindowHandle, OnButt
 
 int main(void) {
     IDialHost host = {&functions};
-    if (initialize() != 0) {
-        return 1;
+    const int32_t answer = initialize();
+    if (answer != 0) {
+        return answer;
     }
     const bool ready = init_dial_listener(&host) && is_dial_present(42);
     uninit();
-    return ready ? 0 : 2;
+    return ready ? 0 : 3;
 }

@@ -1,4 +1,4 @@
-// As small as a host can be: status 0 when its window has a dial.
+// As small as a host can be: status 0 when its window has a dial, 3 when not, else what initialize answers.
 #include <brindle.h>
 
 namespace {
@@ -13,11 +13,11 @@ public:
 }  // namespace
 
 int main() {
-    if (initialize() != 0) {
-        return 1;
+    if (const int32_t answer = initialize(); answer != 0) {
+        return answer;
     }
     Host host;
     const bool ready = init_dial_listener(&host) && is_dial_present(host.GetWindowHandle());
     uninit();
-    return ready ? 0 : 2;
+    return ready ? 0 : 3;
 }
