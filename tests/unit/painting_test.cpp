@@ -73,7 +73,8 @@ TEST_F(Paper, AStrokeCoversAPlaceOnceHoweverOftenItPasses) {
 TEST_F(Paper, PetalsRepeatAStrokeAroundTheMiddle) {
     Stroke({kRed, 6, 1, 4}, {30, 10}, {30, 10});
     for (const Point place : {Point{30, 10}, Point{49, 30}, Point{30, 49}, Point{10, 30}}) {
-        EXPECT_EQ(At(static_cast<int>(place.x), static_cast<int>(place.y)), kRed) << place.x << ' ' << place.y;
+        EXPECT_EQ(At(static_cast<int>(place.x), static_cast<int>(place.y)), kRed)
+            << place.x << ' ' << place.y;
     }
     EXPECT_EQ(At(30, 30), kPaper);
     EXPECT_EQ(painting_.Strokes(), 1U);
@@ -136,7 +137,8 @@ TEST_F(Paper, ALineWithoutABeginningIsNone) {
 
 TEST_F(Paper, SixtyFourStrokesCanBeTakenBack) {
     for (int stroke = 0; stroke < 70; ++stroke) {
-        Stroke({kRed, 4, 1, 1}, {stroke % 30 * 2.0, stroke / 30 * 10.0}, {stroke % 30 * 2.0, stroke / 30 * 10.0});
+        Stroke({kRed, 4, 1, 1}, {stroke % 30 * 2.0, stroke / 30 * 10.0},
+               {stroke % 30 * 2.0, stroke / 30 * 10.0});
     }
     EXPECT_EQ(painting_.Strokes(), 64U);
     while (painting_.Undo()) {
