@@ -36,6 +36,7 @@ protected:
     void TearDown() override {
         EXPECT_EQ(Printed(), "") << "lines that nothing asked for";
         testing::internal::GetCapturedStdout();
+        dialsim_wait_for_async();  // a handler may be about to return
         EXPECT_EQ(OpenAccounts(), "") << "handed out and not come back";
     }
 

@@ -91,6 +91,7 @@ static void AskForTheDial(void) {
     CHECK(is_dial_present(WINDOW));
     dialsim_remove_devices();
     CHECK(!is_dial_present(WINDOW));
+    dialsim_wait_for_async();
 }
 
 static void CheckAndFree(BrindleChar* text) {

@@ -45,6 +45,7 @@ protected:
         dialsim_reset();
     }
     void TearDown() override {
+        dialsim_wait_for_async();  // a handler may be about to return
         EXPECT_EQ(OpenAccounts(), "");
         dialsim_reset();
     }
