@@ -78,8 +78,7 @@ void PrintWindowMemory() {
         init_dial_listener(&host);
     }
     using Listener = brindle::DialListener;
-    using Event = void (Listener::*)();
-    constexpr std::size_t kEvents = 7 * (kDelegate + sizeof(Listener*) + sizeof(Event));
+    constexpr std::size_t kEvents = 7 * (kDelegate + sizeof(Listener*));
     constexpr std::size_t kFiled = sizeof(std::uint64_t) + sizeof(Listener*);
     PrintMemory("window", held_bytes - before, kWindows,
                 sizeof(Listener) + kEvents + kFiled + sizeof(std::int32_t));
@@ -98,7 +97,7 @@ void PrintItemMemory() {
     add_custom_menu(bench::kWindow, items.data(), kItems);
     using Entry = brindle::MenuEntry;
     PrintMemory("menu item", held_bytes - before, kItems,
-                sizeof(Entry) + sizeof(brindle::String) + kDelegate + sizeof(brindle::DialListener*));
+                sizeof(Entry) + kDelegate + sizeof(brindle::DialListener*));
     uninit();
 }
 

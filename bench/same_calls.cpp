@@ -37,7 +37,7 @@ bool Compare(const bench::Pair& pair) {
     const Done by_hand = CallsOf(*pair.by_hand());
     const bool same = library.calls == by_hand.calls && library.result == by_hand.result;
     const bool empty = library.calls.empty() == pair.makes_calls;
-    std::printf("%-28s %zu calls, %s\n", pair.name.c_str(), library.calls.size(),
+    std::printf("%-40s %zu calls, %s\n", pair.name.c_str(), library.calls.size(),
                 same && !empty ? "the same" : "NOT THE SAME");
     if (!same) {
         PrintDifference(library.calls, by_hand.calls);

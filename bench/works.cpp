@@ -195,8 +195,8 @@ struct ByHandStores {
 template <class Stores>
 class TextSetting final : public Work {
 public:
-    explicit TextSetting(bool changes) : changes_(changes) {
-        lean::ClearStores(true);
+    TextSetting(bool changes, bool package_identity) : changes_(changes) {
+        lean::ClearStores(package_identity);
         Stores::SetText(u"charcoal");
     }
     std::int64_t Run() override {
@@ -325,8 +325,10 @@ std::vector<Pair> Pairs() {
         OfLookUps(1),
         OfLookUps(100),
         OfLookUps(10'000),
-        OfStores<TextSetting>("set_string/unchanged", false),
-        OfStores<TextSetting>("set_string/changed", true),
+        OfStores<TextSetting>("set_string/unchanged", false, true),
+        OfStores<TextSetting>("set_string/changed", true, true),
+        OfStores<TextSetting>("set_string/unchanged, in the vault", false, false),
+        OfStores<TextSetting>("set_string/changed, in the vault", true, false),
         OfStores<NumberSetting>("set_int/unchanged", false),
         OfStores<NumberSetting>("set_int/changed", true),
         OfStores<TextReading>("get_string/settings", true),

@@ -1,22 +1,21 @@
-#!/usr/bin/env python3
 """Counts the instructions of one side for one piece of work, with callgrind.
 
 Counted is what the functions compiled from that side's own files execute, and what was inlined into them; what they call
 is not, nor are the jumps into other libraries. Two runs of different length are subtracted, so start and end of the
 program are not in the count. No instruction of the side depends on time, memory or the processor: the count is exact and
 the same on every machine, for one compiler.
-
-Usage: count_instructions BENCH_REPEAT PAIR library|by-hand
 """
 
 import pathlib
 import subprocess
-import sys
 import tempfile
 
 ROOT = pathlib.Path(__file__).resolve().parents[1]
 FOLDERS = {"library": ROOT / "src", "by-hand": ROOT / "bench" / "by_hand"}
 SHORT, LONG = 100, 1100
+
+# The pair whose count is kept in data/instructions_per_rotation.txt.
+GUARDED = "rotation/menu, selection and contact"
 
 
 def own_cost(profile, folder):
@@ -44,7 +43,3 @@ def cost(program, pair, side, runs):
 
 def instructions(program, pair, side):
     return (cost(program, pair, side, LONG) - cost(program, pair, side, SHORT)) / (LONG - SHORT)
-
-
-if __name__ == "__main__":
-    print(instructions(*sys.argv[1:]))
