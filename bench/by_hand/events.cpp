@@ -46,6 +46,27 @@ private:
     Dial& dial_;
 };
 
+// The five events that tell the host nothing.
+template <class Args>
+class IgnoringHandler final : public Counted<abi::TypedEventHandler<abi::RadialController, Args>> {
+public:
+    explicit IgnoringHandler(Dial& dial) : dial_(dial) {}
+
+    HRESULT Invoke(abi::IRadialController*, abi::Abi<Args>) override { return S_OK; }
+
+private:
+    [[maybe_unused]] Dial& dial_;
+};
+
+// The controller takes the only reference.
+template <class Handler, class Add>
+void Subscribe(abi::IRadialController* controller, Add add, Dial& dial) {
+    auto* handler = new Handler(dial);
+    EventRegistrationToken token{};
+    (controller->*add)(handler, &token);
+    handler->Release();
+}
+
 std::uint32_t TagOf(abi::IRadialControllerMenuItem* item) {
     std::uint32_t value = 0;
     abi::IInspectable* tag = nullptr;
@@ -158,13 +179,17 @@ Dial::Dial(IDialHost& host) : host_(host) {
     interop->CreateForWindow(reinterpret_cast<HWND>(host.GetWindowHandle()), abi::IRadialController::Iid,
                              reinterpret_cast<void**>(&controller_));
     interop->Release();
-    EventRegistrationToken token{};
-    auto* rotation = new RotationHandler(*this);
-    controller_->add_RotationChanged(rotation, &token);
-    rotation->Release();
-    auto* click = new ClickHandler(*this);
-    controller_->add_ButtonClicked(click, &token);
-    click->Release();
+    using Controller = abi::IRadialController;
+    Subscribe<IgnoringHandler<abi::RadialControllerScreenContactContinuedEventArgs>>(
+        controller_, &Controller::add_ScreenContactContinued, *this);
+    Subscribe<IgnoringHandler<abi::RadialControllerScreenContactStartedEventArgs>>(
+        controller_, &Controller::add_ScreenContactStarted, *this);
+    Subscribe<IgnoringHandler<abi::IInspectable>>(controller_, &Controller::add_ScreenContactEnded, *this);
+    Subscribe<IgnoringHandler<abi::IInspectable>>(controller_, &Controller::add_ControlLost, *this);
+    Subscribe<IgnoringHandler<abi::RadialControllerControlAcquiredEventArgs>>(
+        controller_, &Controller::add_ControlAcquired, *this);
+    Subscribe<RotationHandler>(controller_, &Controller::add_RotationChanged, *this);
+    Subscribe<ClickHandler>(controller_, &Controller::add_ButtonClicked, *this);
 }
 
 Dial::~Dial() {
