@@ -4,6 +4,8 @@
 #pragma once
 
 #include <cstdint>
+#include <map>
+#include <memory>
 #include <vector>
 
 #include "brindle.h"
@@ -43,6 +45,16 @@ private:
     abi::IRadialControllerMenu* menu_ = nullptr;
     abi::IRadialControllerMenuItemStatics* items_ = nullptr;
     std::vector<Entry> entries_;
+};
+
+// The dials of a host with several windows.
+class Windows {
+public:
+    void Add(IDialHost& host);
+    HRESULT Select(std::uint64_t window, std::uint32_t item_id);
+
+private:
+    std::map<std::uint64_t, std::unique_ptr<Dial>> dials_;
 };
 
 // Settings, as the library's functions of these names.
