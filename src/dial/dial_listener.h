@@ -39,9 +39,10 @@ public:
 private:
     friend struct DialListenerTest;
 
-    template <class Handler, class Event>
+    // `Event` is one of the member functions below.
+    template <auto Event, class Handler>
     HRESULT Subscribe(HRESULT (abi::IRadialController::*add)(Handler*, EventRegistrationToken*) noexcept,
-                      Event event, EventRegistrationToken& token) noexcept;
+                      EventRegistrationToken& token) noexcept;
 
     // contact_events.cpp
     HRESULT OnScreenContactContinued(abi::IRadialController* sender,

@@ -12,16 +12,9 @@ constexpr double kFullIntensity = 1.0;
 constexpr std::int32_t kPlayCount = 3;
 constexpr abi::TimeSpan kReplayPause{2'000'000};  // 200 ms in units of 100 ns
 
-bool AsksForHaptics(const std::uint32_t* request) {
-    return request != nullptr && (*request == 1 || *request == 2);
-}
-
 }  // namespace
 
-void AnswerWithHaptics(const DialRotationInfo& info, abi::IUnknown* rotation_args) {
-    if (!AsksForHaptics(info.hapticRequest)) {
-        return;
-    }
+void PlayFirstWaveform(abi::IUnknown* rotation_args) {
     ComPtr<abi::IRadialControllerRotationChangedEventArgs2> args;
     RaiseIfFailed(Query(rotation_args, args));
     ComPtr<abi::ISimpleHapticsController> controller;

@@ -5,7 +5,15 @@
 
 namespace brindle {
 
-// Plays the dial's first waveform when the host asked for it. A failure of the platform is raised.
-void AnswerWithHaptics(const DialRotationInfo& info, abi::IUnknown* rotation_args);
+// Plays the dial's first waveform. A failure of the platform is raised.
+void PlayFirstWaveform(abi::IUnknown* rotation_args);
+
+// Most turns ask for nothing.
+inline void AnswerWithHaptics(const DialRotationInfo& info, abi::IUnknown* rotation_args) {
+    const std::uint32_t* request = info.hapticRequest;
+    if (request != nullptr && (*request == 1 || *request == 2)) {
+        PlayFirstWaveform(rotation_args);
+    }
+}
 
 }  // namespace brindle

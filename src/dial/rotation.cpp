@@ -11,15 +11,17 @@ namespace brindle {
 
 namespace {
 
-DialContactRect ReadContact(abi::IRadialControllerRotationChangedEventArgs* args) {
+void ReadContact(abi::IRadialControllerRotationChangedEventArgs* args, DialContactRect& rect) {
     ComPtr<abi::IRadialControllerScreenContact> contact;
     if (args->get_Contact(contact.Put()) < 0 || !contact) {
-        return {};
+        return;
     }
     abi::Point position{};
     contact->get_Position(&position);  // asked for and not used: intended
     abi::Rect bounds{};
-    return contact->get_Bounds(&bounds) >= 0 ? RotationContactRect(bounds) : DialContactRect{};
+    if (contact->get_Bounds(&bounds) >= 0) {
+        rect = RotationContactRect(bounds);
+    }
 }
 
 double ReadDelta(abi::IRadialControllerRotationChangedEventArgs* args) {
@@ -49,7 +51,7 @@ HRESULT DialListener::OnRotationChanged(abi::IRadialController* sender,
             info.selectedItemTag = ReadTag(*selected.Get());
         }
     }
-    info.contact = ReadContact(args);
+    ReadContact(args, info.contact);
     ComPtr<abi::IRadialControllerRotationChangedEventArgs> rotation;
     RaiseIfFailed(Query(args, rotation));
     info.deltaDegrees = ReadDelta(rotation.Get());

@@ -65,6 +65,15 @@ inline void RaiseIfFailed(HRESULT code) {
     }
 }
 
+// Whether the platform refuses, where nobody minds: no exception is thrown for what is usual. 0x8007000E is
+// raised all the same.
+inline bool Refused(HRESULT code) {
+    if (code == E_OUTOFMEMORY) {
+        Raise(code);
+    }
+    return code < 0;
+}
+
 // Inside a catch block of an object that the platform calls: the code for what is being handled. The message
 // of a standard error goes to the platform along with the code.
 HRESULT ErrorToCode() noexcept;

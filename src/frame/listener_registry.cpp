@@ -9,11 +9,6 @@ void ListenerRegistry::File(std::uint64_t window, std::unique_ptr<DialListener> 
     place = listener.release();
 }
 
-DialListener* ListenerRegistry::Find(std::uint64_t window) const {
-    const auto entry = listeners_.find(window);
-    return entry == listeners_.end() ? nullptr : entry->second;
-}
-
 void ListenerRegistry::EndAll() {
     for (const auto& [window, listener] : listeners_) {
         delete listener;

@@ -19,7 +19,10 @@ public:
     void File(std::uint64_t window, std::unique_ptr<DialListener> listener);
 
     // Null when the window has none; a miss leaves the registry as it is.
-    DialListener* Find(std::uint64_t window) const;
+    DialListener* Find(std::uint64_t window) const {
+        const auto entry = listeners_.find(window);
+        return entry == listeners_.end() ? nullptr : entry->second;
+    }
 
     // Ends every filed listener in ascending order of window and empties the registry.
     void EndAll();

@@ -12,18 +12,13 @@
 //   fails     succeeds  succeeds  0 (or the success)  ends with the third code, a success
 #pragma once
 
-#include <optional>
-
 #include "frame/diagnostics.h"
 
 namespace brindle {
 
-// The code to end with, or nothing when the first evaluation succeeded.
+// What follows a first evaluation that failed. The code to end with.
 template <class Operation>
-std::optional<HRESULT> EvaluateStep(int line, Operation operation) {
-    if (operation() >= 0) {
-        return std::nullopt;
-    }
+HRESULT RepeatStep(int line, Operation operation) {
     PrintFailure(operation(), line);
     return operation();
 }
@@ -39,11 +34,11 @@ void TryStep(const char* step, int line, Operation operation) {
 
 }  // namespace brindle
 
-#define RETURN_IF_STEP_FAILS(line, operation)                                                  \
-    do {                                                                                       \
-        if (const auto ended = ::brindle::EvaluateStep((line), [&] { return (operation); })) { \
-            return *ended;                                                                     \
-        }                                                                                      \
+#define RETURN_IF_STEP_FAILS(line, operation)                                  \
+    do {                                                                       \
+        if ((operation) < 0) {                                                 \
+            return ::brindle::RepeatStep((line), [&] { return (operation); }); \
+        }                                                                      \
     } while (false)
 
 #define LOG_IF_STEP_FAILS(step, line, operation) \

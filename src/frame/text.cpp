@@ -65,14 +65,4 @@ String CopyText(const WCHAR* text) {
     return copy;
 }
 
-const WCHAR* TextOf(const String& string) noexcept {
-    return WindowsGetStringRawBuffer(string.Get(), nullptr);
-}
-
-UINT LengthOf(const String& string) noexcept { return WindowsGetStringLen(string.Get()); }
-
-bool SameText(const String& string, const WCHAR* text) noexcept {
-    return std::basic_string_view<WCHAR>(TextOf(string)) == text;
-}
-
 }  // namespace brindle

@@ -28,12 +28,16 @@ private:
 String CopyText(const WCHAR* text);
 
 // The characters of a string, terminated; they live as long as it does.
-const WCHAR* TextOf(const String& string) noexcept;
+inline const WCHAR* TextOf(const String& string) noexcept {
+    return WindowsGetStringRawBuffer(string.Get(), nullptr);
+}
 
 // How many characters they are, without the terminator.
-UINT LengthOf(const String& string) noexcept;
+inline UINT LengthOf(const String& string) noexcept { return WindowsGetStringLen(string.Get()); }
 
 // Unit by unit, up to the first NUL of either.
-bool SameText(const String& string, const WCHAR* text) noexcept;
+inline bool SameText(const String& string, const WCHAR* text) noexcept {
+    return std::basic_string_view<WCHAR>(TextOf(string)) == text;
+}
 
 }  // namespace brindle

@@ -12,9 +12,12 @@ namespace brindle {
 // 0 for anything that cannot be read: a missing tag is no reason to withhold an event.
 inline std::uint32_t ReadTag(abi::IRadialControllerMenuItem& item) {
     ComPtr<abi::IInspectable> tag;
+    if (item.get_Tag(tag.Put()) < 0 || !tag) {
+        return 0;
+    }
     ComPtr<abi::IPropertyValue> number;
     std::uint32_t value = 0;
-    if (item.get_Tag(tag.Put()) >= 0 && tag && Query(tag.Get(), number) >= 0) {
+    if (Query(tag.Get(), number) >= 0) {
         number->GetUInt32(&value);
     }
     return value;

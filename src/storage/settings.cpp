@@ -12,37 +12,42 @@ namespace {
 
 using Values = abi::IMap<HSTRING, abi::IInspectable>;
 
-// Empty where the platform has none.
+// Empty where the platform has none or refuses, as it does whenever the program has no package identity.
 ComPtr<Values> ValuesOf(Container container) {
     ComPtr<abi::IApplicationDataStatics> statics;
-    RaiseIfFailed(GetFactory<abi::ApplicationData>(statics));
+    if (Refused(GetFactory<abi::ApplicationData>(statics))) {
+        return {};
+    }
     ComPtr<abi::IApplicationData> data;
-    RaiseIfFailed(statics->get_Current(data.Put()));
-    if (!data) {
+    if (Refused(statics->get_Current(data.Put())) || !data) {
         return {};
     }
     ComPtr<abi::IApplicationDataContainer> settings;
-    RaiseIfFailed(container == Container::Roaming ? data->get_RoamingSettings(settings.Put())
-                                                  : data->get_LocalSettings(settings.Put()));
-    if (!settings) {
+    if (Refused(container == Container::Roaming ? data->get_RoamingSettings(settings.Put())
+                                                : data->get_LocalSettings(settings.Put())) ||
+        !settings) {
         return {};
     }
     ComPtr<abi::IPropertySet> set;
-    RaiseIfFailed(settings->get_Values(set.Put()));
+    if (Refused(settings->get_Values(set.Put())) || !set) {
+        return {};
+    }
     ComPtr<Values> values;
-    if (set) {
-        RaiseIfFailed(Query(set.Get(), values));
+    if (Refused(Query(set.Get(), values))) {
+        return {};
     }
     return values;
 }
 
-// Empty when there is no entry; one that is no value is raised.
+// Empty when there is no entry, or one that is no value.
 ComPtr<abi::IPropertyValue> LookUp(Values& values, HSTRING key) {
     ComPtr<abi::IInspectable> entry;
-    RaiseIfFailed(values.Lookup(key, entry.Put()));
+    if (Refused(values.Lookup(key, entry.Put())) || !entry) {
+        return {};
+    }
     ComPtr<abi::IPropertyValue> value;
-    if (entry) {
-        RaiseIfFailed(Query(entry.Get(), value));
+    if (Refused(Query(entry.Get(), value))) {
+        return {};
     }
     return value;
 }

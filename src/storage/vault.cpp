@@ -26,17 +26,12 @@ ComPtr<abi::IPasswordVault> MakeVault() {
 // Under any resource. The platform fails a search that finds nothing; one that fails otherwise counts the
 // same.
 bool Knows(abi::IPasswordVault& vault, HSTRING key) {
-    try {
-        ComPtr<abi::IVectorView<abi::PasswordCredential>> found;
-        RaiseIfFailed(vault.FindAllByUserName(key, found.Put()));
-        std::uint32_t size = 0;
-        if (found) {
-            RaiseIfFailed(found->get_Size(&size));
-        }
-        return size > 0;
-    } catch (const hresult_error&) {
+    ComPtr<abi::IVectorView<abi::PasswordCredential>> found;
+    if (Refused(vault.FindAllByUserName(key, found.Put())) || !found) {
         return false;
     }
+    std::uint32_t size = 0;
+    return !Refused(found->get_Size(&size)) && size > 0;
 }
 
 ComPtr<abi::IPasswordCredential> Retrieve(abi::IPasswordVault& vault, HSTRING resource, HSTRING key) {

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <string_view>
+
+#include "platform/functions.h"
+
+namespace lean {
+
+std::u16string_view View(HSTRING string) noexcept;
+
+// A reference of its own to the text; kept until it goes.
+class Text {
+public:
+    explicit Text(HSTRING string) noexcept { WindowsDuplicateString(string, &string_); }
+    Text(const Text&) = delete;
+    Text& operator=(const Text&) = delete;
+    ~Text() { WindowsDeleteString(string_); }
+
+    HRESULT Hand(HSTRING* result) const noexcept { return WindowsDuplicateString(string_, result); }
+    std::u16string_view View() const noexcept { return lean::View(string_); }
+
+private:
+    HSTRING string_ = nullptr;
+};
+
+}  // namespace lean

@@ -1,0 +1,7 @@
+#pragma once
+
+namespace lean {
+
+void ClearVault();
+
+}  // namespace lean

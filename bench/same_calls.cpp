@@ -1,0 +1,58 @@
+// Over the platform that records: for every pair, both sides make the same calls in the same order, and the
+// same comes of it. Otherwise their times could not be compared.
+#include <cstdio>
+
+#include "bench/lean/platform.h"
+#include "bench/works.h"
+
+namespace {
+
+using Calls = std::vector<std::string>;
+
+struct Done {
+    Calls calls;
+    std::int64_t result;
+};
+
+// The third run: what the first ones find is new to them.
+Done CallsOf(bench::Work& work) {
+    work.Run();
+    work.Run();
+    lean::TakeCalls();
+    const std::int64_t result = work.Run();
+    return {lean::TakeCalls(), result};
+}
+
+void PrintDifference(const Calls& library, const Calls& by_hand) {
+    std::size_t i = 0;
+    while (i < library.size() && i < by_hand.size() && library[i] == by_hand[i]) {
+        ++i;
+    }
+    const auto at = [i](const Calls& calls) { return i < calls.size() ? calls[i].c_str() : "(the end)"; };
+    std::printf("  call %zu\n  library  %s\n  by hand  %s\n", i, at(library), at(by_hand));
+}
+
+bool Compare(const bench::Pair& pair) {
+    const Done library = CallsOf(*pair.library());
+    const Done by_hand = CallsOf(*pair.by_hand());
+    const bool same = library.calls == by_hand.calls && library.result == by_hand.result;
+    const bool empty = library.calls.empty() == pair.makes_calls;
+    std::printf("%-40s %zu calls, %s\n", pair.name.c_str(), library.calls.size(),
+                same && !empty ? "the same" : "NOT THE SAME");
+    if (!same) {
+        PrintDifference(library.calls, by_hand.calls);
+        std::printf("  results  %lld and %lld\n", static_cast<long long>(library.result),
+                    static_cast<long long>(by_hand.result));
+    }
+    return same && !empty;
+}
+
+}  // namespace
+
+int main() {
+    bool all_same = true;
+    for (const bench::Pair& pair : bench::Pairs()) {
+        all_same &= Compare(pair);
+    }
+    return all_same ? 0 : 1;
+}
