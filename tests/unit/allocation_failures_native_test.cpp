@@ -202,20 +202,20 @@ TEST_F(AllocationFailures, OfRegistering) {
 
 TEST_F(AllocationFailures, OfFillingAMenu) {
     const TemporaryFile font("brindle-allocation.ttf", SmallPng());
-    // The item's handler, and the place of the entry.
-    TryMenu("a known icon", KnownIcon(1), Always(kRaised, 2));
-    TryMenu("a glyph of an installed font", SystemFont(1), Always(kRaised, 2));
+    // The entry, the item's handler, and the place of the entry.
+    TryMenu("a known icon", KnownIcon(1), Always(kRaised, 3));
+    TryMenu("a glyph of an installed font", SystemFont(1), Always(kRaised, 3));
     // Also the short path.
-    TryMenu("a glyph of a font file", CustomFont(1, font.Path()), Always(kRaised, 3));
-    TryMenu("a picture resource", ResourcePNG(1, 1, kPngResource), Always(kRaised, 2));
-    // The label's copy, and the handler of the completion.
-    TryMenu("a picture file", FilePNG(1, file_.Path()), Always(kRaised, 2));
+    TryMenu("a glyph of a font file", CustomFont(1, font.Path()), Always(kRaised, 4));
+    TryMenu("a picture resource", ResourcePNG(1, 1, kPngResource), Always(kRaised, 3));
+    // The entry, the label's copy, and the handler of the completion.
+    TryMenu("a picture file", FilePNG(1, file_.Path()), Always(kRaised, 3));
 }
 
 // At this border they become a code.
 TEST_F(AllocationFailures, OfOpeningAPictureFile) {
     Try({"a picture file that is open", [this] { ListenWithAMenu(FilePNG(1, file_.Path())); },
-         dialsim_complete_all, Always("answered 8007000e", 2)});
+         dialsim_complete_all, Always("answered 8007000e", 3)});
 }
 
 // The sequence's iterator is made while the platform reads it, and its failure comes back through the

@@ -99,7 +99,7 @@ struct DialListenerTest : SimulatedApartment {
     }
 
     void AddEntry(const char* label) {
-        listener->menu_entries_.push_back({ToPlatformString(label), 7, 1, true});
+        listener->menu_entries_.push_back({std::make_unique<String>(ToPlatformString(label)), 7, 1, true});
     }
     void AddEntryWithoutLabel() { listener->menu_entries_.emplace_back(); }
     void SetItemStatics(abi::IRadialControllerMenuItemStatics* statics) {

@@ -72,7 +72,7 @@ TEST_F(PngResource, WhateverElseFailsIsAPlainFailure) {
     }
 }
 
-TEST(MenuEntry, WithoutALabelHasAnEmptyOne) { EXPECT_EQ(LabelOf(MenuEntry{})[0], 0); }
+TEST(MenuEntry, WithoutALabelsBoxHasAnEmptyLabel) { EXPECT_EQ(LabelOf(MenuEntry{})[0], 0); }
 
 TEST(MenuEntry, StartsEmpty) {
     const MenuEntry entry;
