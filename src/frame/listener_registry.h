@@ -3,8 +3,9 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <map>
 #include <memory>
+#include <utility>
+#include <vector>
 
 namespace brindle {
 
@@ -27,7 +28,10 @@ public:
     std::size_t Size() const { return listeners_.size(); }
 
 private:
-    std::map<std::uint64_t, DialListener*> listeners_;
+    using Entry = std::pair<std::uint64_t, DialListener*>;
+
+    // In ascending order of window.
+    std::vector<Entry> listeners_;
 };
 
 }  // namespace brindle

@@ -12,39 +12,27 @@
 //   fails     succeeds  succeeds  0 (or the success)  ends with the third code, a success
 #pragma once
 
-#include <optional>
-
 #include "frame/diagnostics.h"
 
-namespace brindle {
-
-// The code to end with, or nothing when the first evaluation succeeded.
-template <class Operation>
-std::optional<HRESULT> EvaluateStep(int line, Operation operation) {
-    if (operation() >= 0) {
-        return std::nullopt;
+#define RETURN_IF_STEP_FAILS(line, operation)       \
+    for (int evaluation_ = 1;; ++evaluation_) {     \
+        const HRESULT code_ = (operation);          \
+        if (evaluation_ == 1 && code_ >= 0) {       \
+            break;                                  \
+        }                                           \
+        if (evaluation_ == 3) {                     \
+            return code_;                           \
+        }                                           \
+        if (evaluation_ == 2) {                     \
+            ::brindle::PrintFailure(code_, (line)); \
+        }                                           \
     }
-    PrintFailure(operation(), line);
-    return operation();
-}
 
 // The other form, for a step whose failure does not end the operation: evaluated a second time, and a line
 // with the step's name printed with the second code. Intended likewise.
-template <class Operation>
-void TryStep(const char* step, int line, Operation operation) {
-    if (operation() < 0) {
-        PrintFailure(step, operation(), line);
-    }
-}
-
-}  // namespace brindle
-
-#define RETURN_IF_STEP_FAILS(line, operation)                                                  \
-    do {                                                                                       \
-        if (const auto ended = ::brindle::EvaluateStep((line), [&] { return (operation); })) { \
-            return *ended;                                                                     \
-        }                                                                                      \
+#define LOG_IF_STEP_FAILS(step, line, operation)                  \
+    do {                                                          \
+        if ((operation) < 0) {                                    \
+            ::brindle::PrintFailure((step), (operation), (line)); \
+        }                                                         \
     } while (false)
-
-#define LOG_IF_STEP_FAILS(step, line, operation) \
-    ::brindle::TryStep((step), (line), [&] { return (operation); })
