@@ -15,16 +15,16 @@
 #include "frame/diagnostics.h"
 
 #define RETURN_IF_STEP_FAILS(line, operation)       \
-    for (int evaluation_ = 1;; ++evaluation_) {     \
+    for (int repetition_ = 0;; ++repetition_) {     \
         const HRESULT code_ = (operation);          \
-        if (evaluation_ == 1 && code_ >= 0) {       \
+        if (repetition_ == 0 && code_ >= 0) {       \
             break;                                  \
         }                                           \
-        if (evaluation_ == 3) {                     \
-            return code_;                           \
-        }                                           \
-        if (evaluation_ == 2) {                     \
+        if (repetition_ == 1) {                     \
             ::brindle::PrintFailure(code_, (line)); \
+        }                                           \
+        if (repetition_ == 2) {                     \
+            return code_;                           \
         }                                           \
     }
 

@@ -35,7 +35,7 @@ template <class Factory>
 HRESULT GetFactory(const StringReference& class_name, ComPtr<Factory>& factory) noexcept {
     abi::IUnknown* untyped = factory.Detach();
     const HRESULT code = GetFactory(class_name, Factory::Iid, untyped);
-    factory = ComPtr<Factory>::Own(static_cast<Factory*>(untyped));
+    *factory.Put() = static_cast<Factory*>(untyped);
     return code;
 }
 
@@ -44,7 +44,7 @@ HRESULT GetFactory(ComPtr<Factory>& factory) noexcept {
     constexpr auto name = ClassName<RuntimeClass>();
     abi::IUnknown* untyped = factory.Detach();
     const HRESULT code = GetFactory(name.data(), name.size(), Factory::Iid, untyped);
-    factory = ComPtr<Factory>::Own(static_cast<Factory*>(untyped));
+    *factory.Put() = static_cast<Factory*>(untyped);
     return code;
 }
 

@@ -14,7 +14,6 @@ void __gnu_cxx::__verbose_terminate_handler() { std::abort(); }
 void std::__throw_bad_alloc() { throw std::bad_alloc(); }
 void std::__throw_bad_array_new_length() { throw std::bad_alloc(); }
 void std::__throw_length_error(const char*) { throw std::bad_alloc(); }
-void std::__throw_logic_error(const char*) { std::abort(); }
 
 // Start-up code that corrects addresses of other modules' variables. The linker is told to refuse what needs
 // it.
