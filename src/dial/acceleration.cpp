@@ -1,5 +1,6 @@
 #include "dial/acceleration.h"
 
+#include <atomic>
 #include <cmath>
 #include <cstdint>
 
@@ -17,6 +18,10 @@ constexpr double kFlatness = 2.07;
 double accumulated = 0.0;
 double currentAcceleration = 1.0;
 
+// Set when the first rotation gets here, not when the library is loaded.
+constexpr std::uint64_t kNever = UINT64_MAX;
+std::atomic<std::uint64_t> lastTick = kNever;
+
 double FactorFor(double degrees) {
     double beyond = std::fabs(degrees) - kFreeDegrees;
     if (!(beyond > 0.0)) {
@@ -28,12 +33,13 @@ double FactorFor(double degrees) {
 }  // namespace
 
 double NextAcceleration(double delta_degrees) {
-    // Set when the first rotation gets here, not when the library is loaded.
-    static std::uint64_t lastTick = GetTickCount64();
-
+    if (std::uint64_t expected = kNever; lastTick == kNever) {
+        lastTick.compare_exchange_strong(expected, GetTickCount64());
+    }
     const std::uint64_t now = GetTickCount64();
     // The low halves only: right across their wrap, every 49.7 days.
-    const std::uint32_t elapsed_ms = static_cast<std::uint32_t>(now) - static_cast<std::uint32_t>(lastTick);
+    const std::uint32_t elapsed_ms =
+        static_cast<std::uint32_t>(now) - static_cast<std::uint32_t>(lastTick.load());
 
     accumulated = (elapsed_ms <= kPauseMs ? accumulated : 0.0) + delta_degrees;
     if (elapsed_ms >= kRecomputeMs) {

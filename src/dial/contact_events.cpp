@@ -7,21 +7,22 @@ namespace brindle {
 
 namespace {
 
-template <class Args>
-HRESULT LogContact(Args* args) {
-    ComPtr<abi::IRadialControllerScreenContact> contact;
-    RETURN_IF_STEP_FAILS(1065, args->get_Contact(contact.Put()));
-    if (!contact) {
-        return S_OK;
-    }
+HRESULT LogContact(abi::IRadialControllerScreenContact& contact) {
     abi::Point position{};
     abi::Rect bounds{};
-    RETURN_IF_STEP_FAILS(1072, contact->get_Position(&position));
-    RETURN_IF_STEP_FAILS(1073, contact->get_Bounds(&bounds));
+    RETURN_IF_STEP_FAILS(1072, contact.get_Position(&position));
+    RETURN_IF_STEP_FAILS(1073, contact.get_Bounds(&bounds));
 
     WCHAR line[kWideLineCharacters];
     FormatContactLine(line, kWideLineCharacters, position, bounds);
     return S_OK;
+}
+
+template <class Args>
+HRESULT LogContactOf(Args* args) {
+    ComPtr<abi::IRadialControllerScreenContact> contact;
+    RETURN_IF_STEP_FAILS(1065, args->get_Contact(contact.Put()));
+    return contact ? LogContact(*contact.Get()) : S_OK;
 }
 
 }  // namespace
@@ -31,19 +32,19 @@ HRESULT LogContact(Args* args) {
 
 HRESULT DialListener::OnScreenContactContinued(abi::IRadialController* /*sender*/,
                                                abi::IRadialControllerScreenContactContinuedEventArgs* args) {
-    RETURN_IF_STEP_FAILS(803, LogContact(args));
+    RETURN_IF_STEP_FAILS(803, LogContactOf(args));
     return S_OK;
 }
 
 HRESULT DialListener::OnScreenContactStarted(abi::IRadialController* /*sender*/,
                                              abi::IRadialControllerScreenContactStartedEventArgs* args) {
-    RETURN_IF_STEP_FAILS(810, LogContact(args));
+    RETURN_IF_STEP_FAILS(810, LogContactOf(args));
     return S_OK;
 }
 
 HRESULT DialListener::OnControlAcquired(abi::IRadialController* /*sender*/,
                                         abi::IRadialControllerControlAcquiredEventArgs* args) {
-    RETURN_IF_STEP_FAILS(835, LogContact(args));
+    RETURN_IF_STEP_FAILS(835, LogContactOf(args));
     return S_OK;
 }
 

@@ -1,9 +1,7 @@
 // One host window bound to one platform controller.
 #pragma once
 
-#include <atomic>
 #include <cstdint>
-#include <memory>
 #include <optional>
 #include <vector>
 
@@ -12,6 +10,7 @@
 #include "platform/com_ptr.h"
 #include "platform/interfaces/storage.h"
 #include "platform/interfaces/ui_input.h"
+#include "presence/shared_flag.h"
 
 namespace brindle {
 
@@ -71,8 +70,7 @@ private:
                               const WCHAR* label, std::uint32_t item_id);
 
     // presence.cpp. Raises the platform's failures; what was found is told through both cells.
-    static void StartPresenceQuery(const std::shared_ptr<std::atomic<bool>>& found,
-                                   const std::shared_ptr<std::atomic<std::int32_t>>& done);
+    static void StartPresenceQuery(const ComPtr<SharedFlag>& found, const ComPtr<SharedFlag>& done);
 
     // custom_menu.cpp: the code to end the whole menu with, or nothing.
     std::optional<HRESULT> AddDescribedItem(const MenuItemDescription& item);
@@ -105,8 +103,7 @@ private:
     std::vector<MenuEntry> menu_entries_;
     // 1 when the last query's completion has finished, 0 while it runs. Shared with that completion, which
     // may outlive the listener. One for the window, on purpose: queries that overlap end each other's wait.
-    std::shared_ptr<std::atomic<std::int32_t>> presence_done_ =
-        std::make_shared<std::atomic<std::int32_t>>(0);
+    ComPtr<SharedFlag> presence_done_ = ComPtr<SharedFlag>::Own(new SharedFlag);
 };
 
 }  // namespace brindle

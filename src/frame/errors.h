@@ -24,6 +24,10 @@ inline constexpr HRESULT kArithmeticOverflow = static_cast<HRESULT>(0x80070216);
 class hresult_error : public std::exception {
 public:
     explicit hresult_error(HRESULT code) noexcept;
+    hresult_error(const hresult_error&) = default;
+    hresult_error& operator=(const hresult_error&) = default;
+    // Inside those of the kinds, which then are all the same, and one in the DLL.
+    [[gnu::always_inline]] ~hresult_error() override = default;
 
     HRESULT code() const noexcept { return code_; }
     // "platform error 80004005"

@@ -14,32 +14,25 @@
 
 #include "frame/diagnostics.h"
 
-namespace brindle {
-
-// What follows a first evaluation that failed. The code to end with.
-template <class Operation>
-HRESULT RepeatStep(int line, Operation operation) {
-    PrintFailure(operation(), line);
-    return operation();
-}
+#define RETURN_IF_STEP_FAILS(line, operation)       \
+    for (int repetition_ = 0;; ++repetition_) {     \
+        const HRESULT code_ = (operation);          \
+        if (repetition_ == 0 && code_ >= 0) {       \
+            break;                                  \
+        }                                           \
+        if (repetition_ == 1) {                     \
+            ::brindle::PrintFailure(code_, (line)); \
+        }                                           \
+        if (repetition_ == 2) {                     \
+            return code_;                           \
+        }                                           \
+    }
 
 // The other form, for a step whose failure does not end the operation: evaluated a second time, and a line
 // with the step's name printed with the second code. Intended likewise.
-template <class Operation>
-void TryStep(const char* step, int line, Operation operation) {
-    if (operation() < 0) {
-        PrintFailure(step, operation(), line);
-    }
-}
-
-}  // namespace brindle
-
-#define RETURN_IF_STEP_FAILS(line, operation)                                  \
-    do {                                                                       \
-        if ((operation) < 0) {                                                 \
-            return ::brindle::RepeatStep((line), [&] { return (operation); }); \
-        }                                                                      \
+#define LOG_IF_STEP_FAILS(step, line, operation)                  \
+    do {                                                          \
+        if ((operation) < 0) {                                    \
+            ::brindle::PrintFailure((step), (operation), (line)); \
+        }                                                         \
     } while (false)
-
-#define LOG_IF_STEP_FAILS(step, line, operation) \
-    ::brindle::TryStep((step), (line), [&] { return (operation); })

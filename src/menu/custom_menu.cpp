@@ -17,7 +17,7 @@ std::unique_ptr<WCHAR[]> ShortPath(const WCHAR* path) {
     if (characters == 0) {
         return nullptr;
     }
-    auto buffer = std::make_unique<WCHAR[]>(characters);
+    std::unique_ptr<WCHAR[]> buffer(new WCHAR[characters]());
     return GetShortPathNameW(path, buffer.get(), characters) == 0 ? nullptr : std::move(buffer);
 }
 

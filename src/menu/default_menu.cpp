@@ -1,6 +1,5 @@
 // set_default_menu: which of the system's own entries remain.
 #include <algorithm>
-#include <iterator>
 #include <vector>
 
 #include "dial/dial_listener.h"
@@ -28,9 +27,8 @@ ComPtr<abi::IRadialControllerConfiguration> GetConfigurationForWindow(std::uint6
 class OpenSequence {
 public:
     OpenSequence(const std::int32_t* kinds, std::uint32_t count) {
-        std::vector<SystemItemKind> copy;
-        copy.reserve(count);
-        std::transform(kinds, kinds + count, std::back_inserter(copy),
+        std::vector<SystemItemKind> copy(count);
+        std::transform(kinds, kinds + count, copy.begin(),
                        [](std::int32_t kind) { return static_cast<SystemItemKind>(kind); });
         sequence_ = ComPtr<KindSequence>::Own(new KindSequence(std::move(copy)));
     }

@@ -1,5 +1,6 @@
 // Items with a picture from a PNG file, which the platform opens in its own time.
-#include <string>
+#include <string_view>
+#include <vector>
 
 #include "dial/dial_listener.h"
 #include "frame/errors.h"
@@ -24,11 +25,12 @@ HRESULT DialListener::AddMenuItemFromFilePNG(const MenuEntry& entry, HSTRING pat
         return E_NOINTERFACE;
     }
 
+    const std::basic_string_view<WCHAR> text(LabelOf(entry));
     const auto handler = MakeDelegate<Handler>(
-        [this, label = std::basic_string<WCHAR>(LabelOf(entry)), item_id = entry.item_id](
-            OpenOperation* operation, abi::AsyncStatus status) noexcept {
+        [this, label = std::vector<WCHAR>(text.data(), text.data() + text.size() + 1),
+         item_id = entry.item_id](OpenOperation* operation, abi::AsyncStatus status) noexcept {
             try {
-                return OnImageFileOpened(operation, status, label.c_str(), item_id);
+                return OnImageFileOpened(operation, status, label.data(), item_id);
             } catch (...) {
                 return ErrorToCode();
             }

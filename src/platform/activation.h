@@ -16,21 +16,36 @@ constexpr std::basic_string_view<WCHAR> ClassName() noexcept {
     return {kClassName<RuntimeClass>.data(), kClassName<RuntimeClass>.size() - 1};
 }
 
-// A success that yields nothing counts as a failure.
+// A success that yields nothing counts as a failure. What was held before is released first.
+inline HRESULT GetFactory(const StringReference& class_name, const GUID& iid,
+                          abi::IUnknown*& factory) noexcept {
+    ReleaseReference(std::exchange(factory, nullptr));
+    const HRESULT code = RoGetActivationFactory(class_name.Get(), iid, reinterpret_cast<void**>(&factory));
+    return code >= 0 && factory == nullptr ? E_NOINTERFACE : code;
+}
+
+inline HRESULT GetFactory(const WCHAR* class_name, std::size_t length, const GUID& iid,
+                          abi::IUnknown*& factory) noexcept {
+    StringReference string;
+    const HRESULT code = string.Create({class_name, length});
+    return code < 0 ? code : GetFactory(string, iid, factory);
+}
+
 template <class Factory>
 HRESULT GetFactory(const StringReference& class_name, ComPtr<Factory>& factory) noexcept {
-    const HRESULT code =
-        RoGetActivationFactory(class_name.Get(), Factory::Iid, reinterpret_cast<void**>(factory.Put()));
-    return code >= 0 && !factory ? E_NOINTERFACE : code;
+    abi::IUnknown* untyped = factory.Detach();
+    const HRESULT code = GetFactory(class_name, Factory::Iid, untyped);
+    *factory.Put() = static_cast<Factory*>(untyped);
+    return code;
 }
 
 template <class RuntimeClass, class Factory>
 HRESULT GetFactory(ComPtr<Factory>& factory) noexcept {
-    StringReference class_name;
-    if (const HRESULT code = class_name.Create(ClassName<RuntimeClass>()); code < 0) {
-        return code;
-    }
-    return GetFactory(class_name, factory);
+    constexpr auto name = ClassName<RuntimeClass>();
+    abi::IUnknown* untyped = factory.Detach();
+    const HRESULT code = GetFactory(name.data(), name.size(), Factory::Iid, untyped);
+    *factory.Put() = static_cast<Factory*>(untyped);
+    return code;
 }
 
 }  // namespace brindle

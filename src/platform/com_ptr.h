@@ -7,6 +7,13 @@
 
 namespace brindle {
 
+// One piece of code for every kind of pointer.
+inline void ReleaseReference(abi::IUnknown* object) noexcept {
+    if (object != nullptr) {
+        object->Release();
+    }
+}
+
 template <class Interface>
 class ComPtr {
 public:
@@ -35,11 +42,7 @@ public:
     explicit operator bool() const noexcept { return pointer_ != nullptr; }
 
     // Cleared before the release, so that a call back in from the object's end finds nothing here.
-    void Reset() noexcept {
-        if (Interface* last = std::exchange(pointer_, nullptr)) {
-            last->Release();
-        }
-    }
+    void Reset() noexcept { ReleaseReference(std::exchange(pointer_, nullptr)); }
     Interface* Detach() noexcept { return std::exchange(pointer_, nullptr); }
 
     // The place for an out parameter; what was held before is released first.
@@ -52,11 +55,15 @@ private:
     Interface* pointer_ = nullptr;
 };
 
-// QueryInterface, typed. A success that yields nothing counts as a failure.
+// A success that yields nothing counts as a failure.
+inline HRESULT Query(abi::IUnknown* object, const GUID& iid, void** result) noexcept {
+    const HRESULT code = object->QueryInterface(iid, result);
+    return code >= 0 && *result == nullptr ? E_NOINTERFACE : code;
+}
+
 template <class Wanted>
 HRESULT Query(abi::IUnknown* object, ComPtr<Wanted>& result) noexcept {
-    const HRESULT code = object->QueryInterface(Wanted::Iid, reinterpret_cast<void**>(result.Put()));
-    return code >= 0 && !result ? E_NOINTERFACE : code;
+    return Query(object, Wanted::Iid, reinterpret_cast<void**>(result.Put()));
 }
 
 }  // namespace brindle

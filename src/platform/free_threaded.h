@@ -14,21 +14,20 @@ class FreeThreadedDelegate final : public Delegate<Handler, Action> {
 public:
     explicit FreeThreadedDelegate(Action action) : Delegate<Handler, Action>(std::move(action)) {}
 
+    HRESULT QueryInterface(const GUID& iid, void** object) noexcept override {
+        if (object == nullptr || !abi::SameId(iid, abi::IMarshalIid)) {
+            return Delegate<Handler, Action>::QueryInterface(iid, object);
+        }
+        *object = nullptr;
+        const HRESULT code = MakeMarshaler();
+        return code < 0 ? code : marshaler_.load()->QueryInterface(iid, object);
+    }
+
 private:
     ~FreeThreadedDelegate() override {
         if (abi::IUnknown* marshaler = marshaler_) {
             marshaler->Release();
         }
-    }
-
-    HRESULT QueryMore(const GUID& iid, void** object) noexcept override {
-        if (!abi::SameId(iid, abi::IMarshalIid)) {
-            return E_NOINTERFACE;
-        }
-        if (const HRESULT code = MakeMarshaler(); code < 0) {
-            return code;
-        }
-        return marshaler_.load()->QueryInterface(iid, object);
     }
 
     // The platform's, aggregated: its IMarshal counts on this object. Two threads may ask at once; one is

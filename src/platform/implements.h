@@ -3,11 +3,25 @@
 
 #include <atomic>
 #include <cstdint>
-#include <type_traits>
 
 #include "platform/com_ptr.h"
 
 namespace brindle {
+
+// What every object answers: its own interface, the root, and the marker of agility.
+inline HRESULT AnswerQuery(abi::IUnknown& self, const GUID& own, const GUID& iid, void** object) noexcept {
+    if (object == nullptr) {
+        return E_POINTER;
+    }
+    *object = nullptr;
+    if (!abi::SameId(iid, own) && !abi::SameId(iid, abi::IUnknown::Iid) &&
+        !abi::SameId(iid, abi::IAgileObject::Iid)) {
+        return E_NOINTERFACE;
+    }
+    self.AddRef();
+    *object = &self;
+    return S_OK;
+}
 
 // Counted, made with one reference, and agile: the platform may call the object on any thread and let it go
 // on any, so the count is atomic.
@@ -18,17 +32,9 @@ public:
     Implements(const Implements&) = delete;
     Implements& operator=(const Implements&) = delete;
 
-    HRESULT QueryInterface(const GUID& iid, void** object) noexcept final {
-        if (object == nullptr) {
-            return E_POINTER;
-        }
-        *object = nullptr;
-        if (!Answers(iid)) {
-            return QueryMore(iid, object);
-        }
-        AddRef();
-        *object = static_cast<Interface*>(this);
-        return S_OK;
+    // A class that answers more asks here first.
+    HRESULT QueryInterface(const GUID& iid, void** object) noexcept override {
+        return AnswerQuery(*this, Interface::Iid, iid, object);
     }
     std::uint32_t AddRef() noexcept final { return references_.fetch_add(1) + 1; }
     std::uint32_t Release() noexcept final {
@@ -42,16 +48,7 @@ public:
 protected:
     virtual ~Implements() = default;
 
-    // What the object answers beyond its interface, the roots and the agility marker.
-    virtual HRESULT QueryMore(const GUID& /*iid*/, void** /*object*/) noexcept { return E_NOINTERFACE; }
-
 private:
-    static bool Answers(const GUID& iid) noexcept {
-        return abi::SameId(iid, Interface::Iid) || abi::SameId(iid, abi::IUnknown::Iid) ||
-               abi::SameId(iid, abi::IAgileObject::Iid) ||
-               (std::is_base_of_v<abi::IInspectable, Interface> && abi::SameId(iid, abi::IInspectable::Iid));
-    }
-
     std::atomic<std::uint32_t> references_{1};
 };
 
@@ -59,6 +56,10 @@ private:
 template <class Interface>
 class ImplementsInspectable : public Implements<Interface> {
 public:
+    HRESULT QueryInterface(const GUID& iid, void** object) noexcept final {
+        const HRESULT code = Implements<Interface>::QueryInterface(iid, object);
+        return code == E_NOINTERFACE ? AnswerQuery(*this, abi::IInspectable::Iid, iid, object) : code;
+    }
     HRESULT GetIids(std::uint32_t* count, GUID** iids) noexcept final {
         *count = 0;
         *iids = nullptr;

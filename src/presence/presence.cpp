@@ -5,8 +5,6 @@
 //   sleep 1 ms until presence_done is 1,         found = is one of them the dial?
 //     10,001 times at most                       presence_done = 1
 //   answer what was found
-#include <atomic>
-#include <memory>
 #include <new>
 
 #include "dial/dial_listener.h"
@@ -66,29 +64,27 @@ bool HoldsTheDial(DeviceList& devices) {
 }
 
 // The status is not asked for: an enumeration that failed has no results either.
-void OnPresenceQueryCompleted(Enumeration& enumeration, std::atomic<bool>& found,
-                              std::atomic<std::int32_t>& done) {
+void OnPresenceQueryCompleted(Enumeration& enumeration, SharedFlag& found, SharedFlag& done) {
     ComPtr<DeviceList> devices;
     RaiseIfFailed(enumeration.GetResults(devices.Put()));
     if (devices) {
-        found = HoldsTheDial(*devices.Get());
+        found.value = HoldsTheDial(*devices.Get()) ? 1 : 0;
     }
-    done.exchange(1);
+    done.value.exchange(1);
 }
 
 // Counts sleeps, not time: ends with the first above the bound, after which the flag is not read any more.
-void WaitFor(const std::atomic<std::int32_t>& done) {
-    for (int sleeps = 0; sleeps <= kWaitBound && done < 1; ++sleeps) {
+void WaitFor(const SharedFlag& done) {
+    for (int sleeps = 0; sleeps <= kWaitBound && done.value < 1; ++sleeps) {
         Sleep(1);
     }
 }
 
 }  // namespace
 
-// Both cells are shared with the completion handler, which may come when the call, or the listener, has
+// Both flags are shared with the completion handler, which may come when the call, or the listener, has
 // ended.
-void DialListener::StartPresenceQuery(const std::shared_ptr<std::atomic<bool>>& found,
-                                      const std::shared_ptr<std::atomic<std::int32_t>>& done) {
+void DialListener::StartPresenceQuery(const ComPtr<SharedFlag>& found, const ComPtr<SharedFlag>& done) {
     const String filter = MakeString(kInterfaceFilter);
     ComPtr<abi::IDeviceInformationStatics> devices;
     RaiseIfFailed(GetFactory<abi::DeviceInformation>(devices));
@@ -101,7 +97,7 @@ void DialListener::StartPresenceQuery(const std::shared_ptr<std::atomic<bool>>& 
     const auto handler = MakeFreeThreadedDelegate<EnumerationHandler>(
         [found, done](Enumeration* completed, abi::AsyncStatus) noexcept {
             try {
-                OnPresenceQueryCompleted(*completed, *found, *done);
+                OnPresenceQueryCompleted(*completed, *found.Get(), *done.Get());
                 return S_OK;
             } catch (...) {
                 return ErrorToCode();
@@ -114,15 +110,15 @@ void DialListener::StartPresenceQuery(const std::shared_ptr<std::atomic<bool>>& 
 }
 
 HRESULT DialListener::IsDialPresent() {
-    const auto found = std::make_shared<std::atomic<bool>>(false);
-    presence_done_->exchange(0);
+    const auto found = ComPtr<SharedFlag>::Own(new SharedFlag);
+    presence_done_->value.exchange(0);
     try {
         StartPresenceQuery(found, presence_done_);
     } catch (const hresult_error& error) {
         return error.code();
     }
-    WaitFor(*presence_done_);
-    return *found ? S_OK : E_FAIL;
+    WaitFor(*presence_done_.Get());
+    return found->value != 0 ? S_OK : E_FAIL;
 }
 
 }  // namespace brindle

@@ -1,0 +1,9 @@
+// Does what brindle.dll does when it is loaded, and nothing else.
+#include <windows.h>
+
+extern "C" BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, LPVOID /*reserved*/) {
+    if (reason == DLL_PROCESS_ATTACH) {
+        DisableThreadLibraryCalls(module);
+    }
+    return TRUE;
+}
