@@ -6,7 +6,7 @@
 namespace {
 
 void Register(const std::string& name, std::int64_t runs,
-              std::function<std::unique_ptr<bench::Work>()> make) {
+              const std::function<std::unique_ptr<bench::Work>()>& make) {
     auto* registered = benchmark::RegisterBenchmark(name.c_str(), [make](benchmark::State& state) {
         const auto work = make();
         for (auto _ : state) {
