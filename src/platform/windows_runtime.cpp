@@ -1,6 +1,6 @@
-// What the compiler's libraries would add to the DLL, four times what the library itself takes, for cases
-// that do not occur in it. Defined here, their own versions stay out of the link. A host notices nothing:
-// where one of these is reached, the process ends, or is out of memory, as it would have.
+// What the compiler's libraries would add to the DLL, more than twice what the library itself takes, for
+// cases that do not occur in it. Defined here, their own versions stay out of the link. A host notices
+// nothing: where one of these is reached, the process ends, or is out of memory, as it would have.
 #include <cstdlib>
 #include <exception>
 #include <new>

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
+
 #include "dial/dial_listener.h"
 
 namespace brindle {
@@ -19,6 +21,21 @@ TEST(ListenerRegistry, FindsEachListenerUnderItsOwnWindow) {
     registry.File(0xFFFFFFFFFFFFFFFF, std::move(second));
     EXPECT_EQ(registry.Find(1), at_first);
     EXPECT_EQ(registry.Find(0xFFFFFFFFFFFFFFFF), at_second);
+    registry.EndAll();
+}
+
+TEST(ListenerRegistry, FindsListenersThatWereFiledInAnyOrder) {
+    ListenerRegistry registry;
+    std::map<std::uint64_t, DialListener*> filed;
+    for (const std::uint64_t window : {5U, 1U, 9U, 3U, 7U}) {
+        auto listener = MakeListener();
+        filed[window] = listener.get();
+        registry.File(window, std::move(listener));
+    }
+    for (const std::uint64_t window : {0U, 1U, 2U, 3U, 4U, 5U, 6U, 7U, 8U, 9U, 10U}) {
+        const auto entry = filed.find(window);
+        EXPECT_EQ(registry.Find(window), entry == filed.end() ? nullptr : entry->second) << window;
+    }
     registry.EndAll();
 }
 
