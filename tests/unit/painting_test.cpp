@@ -64,8 +64,10 @@ TEST_F(Paper, AStrokeCoversAPlaceOnceHoweverOftenItPasses) {
     painting_.Begin({kRed, 10, 0.5, 1}, {10, 20});
     painting_.LineTo({50, 20});
     painting_.LineTo({10, 20});
+    painting_.LineTo({10, 25.5});
+    painting_.LineTo({50, 25.5});
     painting_.End();
-    EXPECT_EQ(At(30, 20), 0xFF8080U);
+    EXPECT_EQ(At(30, 20), 0xFF8080U) << "the last way's edge does not pale it";
     Stroke({kRed, 10, 0.5, 1}, {10, 20}, {50, 20});
     EXPECT_EQ(At(30, 20), 0xFF4040U) << "the second stroke";
 }
