@@ -69,7 +69,7 @@ private:
     HRESULT OnImageFileOpened(abi::IAsyncOperation<abi::StorageFile>* operation, abi::AsyncStatus status,
                               const WCHAR* label, std::uint32_t item_id);
 
-    // presence.cpp. Raises the platform's failures; what was found is told through both cells.
+    // presence.cpp. Raises the platform's failures; what was found is told through both flags.
     static void StartPresenceQuery(const ComPtr<SharedFlag>& found, const ComPtr<SharedFlag>& done);
 
     // custom_menu.cpp: the code to end the whole menu with, or nothing.

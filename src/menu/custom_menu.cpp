@@ -17,6 +17,7 @@ std::unique_ptr<WCHAR[]> ShortPath(const WCHAR* path) {
     if (characters == 0) {
         return nullptr;
     }
+    // Not std::make_unique, whose check of the length takes a kilobyte of the DLL.
     std::unique_ptr<WCHAR[]> buffer(new WCHAR[characters]());
     return GetShortPathNameW(path, buffer.get(), characters) == 0 ? nullptr : std::move(buffer);
 }

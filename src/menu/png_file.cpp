@@ -25,6 +25,7 @@ HRESULT DialListener::AddMenuItemFromFilePNG(const MenuEntry& entry, HSTRING pat
         return E_NOINTERFACE;
     }
 
+    // The label with its terminator in a vector: a string would bring the C++ library's into the DLL.
     const std::basic_string_view<WCHAR> text(LabelOf(entry));
     const auto handler = MakeDelegate<Handler>(
         [this, label = std::vector<WCHAR>(text.data(), text.data() + text.size() + 1),

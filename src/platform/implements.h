@@ -32,7 +32,7 @@ public:
     Implements(const Implements&) = delete;
     Implements& operator=(const Implements&) = delete;
 
-    // A class that answers more asks here first.
+    // A class that answers more overrides it.
     HRESULT QueryInterface(const GUID& iid, void** object) noexcept override {
         return AnswerQuery(*this, Interface::Iid, iid, object);
     }
