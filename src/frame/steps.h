@@ -14,19 +14,13 @@
 
 #include "frame/diagnostics.h"
 
-#define RETURN_IF_STEP_FAILS(line, operation)       \
-    for (int repetition_ = 0;; ++repetition_) {     \
-        const HRESULT code_ = (operation);          \
-        if (repetition_ == 0 && code_ >= 0) {       \
-            break;                                  \
-        }                                           \
-        if (repetition_ == 1) {                     \
-            ::brindle::PrintFailure(code_, (line)); \
-        }                                           \
-        if (repetition_ == 2) {                     \
-            return code_;                           \
-        }                                           \
-    }
+#define RETURN_IF_STEP_FAILS(line, operation)             \
+    do {                                                  \
+        if ((operation) < 0) {                            \
+            ::brindle::PrintFailure((operation), (line)); \
+            return (operation);                           \
+        }                                                 \
+    } while (false)
 
 // The other form, for a step whose failure does not end the operation: evaluated a second time, and a line
 // with the step's name printed with the second code. Intended likewise.
