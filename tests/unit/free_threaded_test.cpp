@@ -26,9 +26,9 @@ constexpr DWORD kInProcess = 3;
 
 class FreeThreaded : public SimulatedApartment {
 protected:
-    // A reference to give back; null where it is refused.
+    // A reference to give back; null where it is refused, whatever stood there before.
     Marshal* AskForMarshal(HRESULT expected) {
-        void* marshal = nullptr;
+        void* marshal = this;
         EXPECT_EQ(handler_->QueryInterface(abi::IMarshalIid, &marshal), expected);
         return static_cast<Marshal*>(marshal);
     }
