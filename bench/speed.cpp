@@ -1,5 +1,8 @@
-// The times, with Google Benchmark: each pair as Library/... and ByHand/...
+// The times, with Google Benchmark: each pair as Library/... and ByHand/..., one right after the other.
+// Usage: bench_speed library-first|by-hand-first [OPTION OF GOOGLE BENCHMARK...]
 #include <benchmark/benchmark.h>
+
+#include <string_view>
 
 #include "bench/works.h"
 
@@ -18,15 +21,26 @@ void Register(const std::string& name, std::int64_t runs,
     }
 }
 
+void RegisterBoth(const bench::Pair& pair, bool by_hand_first) {
+    for (const bool by_hand : {by_hand_first, !by_hand_first}) {
+        Register((by_hand ? "ByHand/" : "Library/") + pair.name, pair.runs,
+                 by_hand ? pair.by_hand : pair.library);
+    }
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
-    for (const bench::Pair& pair : bench::Pairs()) {
-        Register("Library/" + pair.name, pair.runs, pair.library);
-        Register("ByHand/" + pair.name, pair.runs, pair.by_hand);
+    const std::string_view order = argc > 1 ? argv[1] : "";
+    if (order != "library-first" && order != "by-hand-first") {
+        return 2;
     }
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv)) {
+    for (const bench::Pair& pair : bench::Pairs()) {
+        RegisterBoth(pair, order == "by-hand-first");
+    }
+    int options = argc - 1;
+    benchmark::Initialize(&options, argv + 1);
+    if (benchmark::ReportUnrecognizedArguments(options, argv + 1)) {
         return 1;
     }
     benchmark::RunSpecifiedBenchmarks();
