@@ -68,6 +68,11 @@ TEST_F(FreeThreaded, ItsMarshallingIsThePlatformsAndCountsOnIt) {
     EXPECT_EQ(marshal->Release(), 1u);
 }
 
+TEST_F(FreeThreaded, AnAnswerWithoutAPlaceIsRefused) {
+    EXPECT_EQ(handler_->QueryInterface(abi::IMarshalIid, nullptr), E_POINTER);
+    EXPECT_EQ(dialsim_calls(kCreate), 0u);
+}
+
 TEST_F(FreeThreaded, OneMarshalerServesEveryQuestion) {
     for (int i = 0; i < 3; ++i) {
         AskForMarshal(S_OK)->Release();
