@@ -3,6 +3,7 @@
 #include <deque>
 #include <memory>
 #include <optional>
+#include <string>
 #include <vector>
 
 #include "fuzz.h"
@@ -31,7 +32,7 @@ const TemporaryFile& PictureFile() {
     return file;
 }
 const TemporaryFile& DamagedFile() {
-    static const TemporaryFile file("fuzz_menu.txt", {'P', 'N', 'G'});
+    static const TemporaryFile file("fuzz_menu.txt", std::string("PNG"));
     return file;
 }
 

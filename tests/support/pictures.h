@@ -27,7 +27,9 @@ inline const std::vector<std::uint8_t>& SmallPng() {
 // A file in the folder for temporary files, gone with this object, and of no other process beside this one.
 class TemporaryFile {
 public:
-    TemporaryFile(const std::string& name, const std::vector<std::uint8_t>& bytes)
+    // BYTES: a string, or a vector of them.
+    template <class Bytes>
+    TemporaryFile(const std::string& name, const Bytes& bytes)
         : path_(Folder() + std::to_string(std::random_device()()) + name) {
         if (std::FILE* file = std::fopen(path_.c_str(), "wb")) {
             std::fwrite(bytes.data(), 1, bytes.size(), file);
@@ -40,6 +42,7 @@ public:
     ~TemporaryFile() { std::remove(path_.c_str()); }
 
     const BrindleChar* Path() const { return wide_.c_str(); }
+    const std::string& NarrowPath() const { return path_; }
 
 private:
     static std::string Folder() {

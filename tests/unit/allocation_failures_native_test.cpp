@@ -61,8 +61,6 @@ extern "C" void* __wrap_calloc(std::size_t count, std::size_t size) {
 namespace brindle {
 namespace {
 
-constexpr std::uint64_t kWindow = 0x20316;
-
 // Longer than what a string holds without allocating.
 constexpr char16_t kLabel[] = u"a label that does not fit into a string object";
 

@@ -13,8 +13,6 @@
 
 namespace brindle {
 
-constexpr std::uint64_t kWindow = 0x20316;
-constexpr char kControllers[] = "Windows.UI.Input.RadialController";
 constexpr char kControllerFactories[] = "IRadialControllerInterop";
 constexpr char kMenus[] = "Windows.UI.Input.RadialControllerMenu";
 

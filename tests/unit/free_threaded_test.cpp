@@ -21,7 +21,7 @@ using Stream = abi::IStream;
 
 using Handler = abi::AsyncOperationCompletedHandler<abi::DeviceInformationCollection>;
 
-constexpr char kCreate[] = "CoCreateFreeThreadedMarshaler";
+constexpr char kCreateMarshaler[] = "CoCreateFreeThreadedMarshaler";
 constexpr DWORD kInProcess = 3;
 
 class FreeThreaded : public SimulatedApartment {
@@ -50,7 +50,7 @@ TEST_F(FreeThreaded, IsADelegateAndAgile) {
     EXPECT_EQ(handler_->Invoke(nullptr, abi::AsyncStatus::Completed), S_FALSE);
     ComPtr<abi::IInspectable> no_interface;
     EXPECT_EQ(Query(handler_.Get(), no_interface), E_NOINTERFACE);
-    EXPECT_EQ(dialsim_calls(kCreate), 0u);
+    EXPECT_EQ(dialsim_calls(kCreateMarshaler), 0u);
 }
 
 TEST_F(FreeThreaded, ItsMarshallingIsThePlatformsAndCountsOnIt) {
@@ -70,20 +70,20 @@ TEST_F(FreeThreaded, ItsMarshallingIsThePlatformsAndCountsOnIt) {
 
 TEST_F(FreeThreaded, AnAnswerWithoutAPlaceIsRefused) {
     EXPECT_EQ(handler_->QueryInterface(abi::IMarshalIid, nullptr), E_POINTER);
-    EXPECT_EQ(dialsim_calls(kCreate), 0u);
+    EXPECT_EQ(dialsim_calls(kCreateMarshaler), 0u);
 }
 
 TEST_F(FreeThreaded, OneMarshalerServesEveryQuestion) {
     for (int i = 0; i < 3; ++i) {
         AskForMarshal(S_OK)->Release();
     }
-    EXPECT_EQ(dialsim_calls(kCreate), 1u);
+    EXPECT_EQ(dialsim_calls(kCreateMarshaler), 1u);
 }
 
 TEST_F(FreeThreaded, WhereThePlatformHasNoMarshalerTheQuestionFailsAndMayBeAskedAgain) {
-    dialsim_fail(kCreate, Code(0x80070005), 1, 1);
+    dialsim_fail(kCreateMarshaler, Code(0x80070005), 1, 1);
     EXPECT_EQ(AskForMarshal(Code(0x80070005)), nullptr);
-    dialsim_yield_null(kCreate, 1, 1);
+    dialsim_yield_null(kCreateMarshaler, 1, 1);
     EXPECT_EQ(AskForMarshal(E_NOINTERFACE), nullptr);
     EXPECT_EQ(References(), 1u);
     AskForMarshal(S_OK)->Release();

@@ -4,14 +4,11 @@
 
 #include <cstdint>
 
-#include "simulator/dialsim.h"
-#include "support/dialsim_text.h"
+#include "simulated.h"
 #include "support/recording_host.h"
 
 namespace brindle {
 namespace {
-
-constexpr std::uint64_t kWindow = 3;
 
 class PresenceWait : public testing::Test {
 protected:

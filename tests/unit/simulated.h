@@ -24,7 +24,11 @@ namespace brindle {
 
 using WideText = std::basic_string<WCHAR>;
 
+inline constexpr std::uint64_t kWindow = 0x20316;
+inline constexpr char kControllers[] = "Windows.UI.Input.RadialController";
+
 constexpr HRESULT Code(std::uint32_t code) { return static_cast<HRESULT>(code); }
+inline constexpr HRESULT kFault = Code(0x80000001);
 
 inline WideText CharactersOf(HSTRING string) {
 #ifdef _WIN32

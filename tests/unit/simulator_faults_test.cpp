@@ -16,7 +16,6 @@ namespace {
 constexpr char kOperation[] = "IApiInformationStatics::IsTypePresent";
 constexpr char kOfA[] = "IApiInformationStatics::IsTypePresent(A)";
 constexpr char kCreate[] = "IRadialControllerInterop::CreateForWindow";
-constexpr HRESULT kFault = Code(0x80000001);
 constexpr HRESULT kOtherFault = Code(0x80000002);
 
 using Codes = std::vector<HRESULT>;

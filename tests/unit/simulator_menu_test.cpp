@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
-#include <random>
 #include <string>
 #include <vector>
 
@@ -13,11 +12,10 @@
 #include "platform/interfaces/storage.h"
 #include "platform/interfaces/stream.h"
 #include "platform/interfaces/ui_input_menu.h"
+#include "support/pictures.h"
 
 namespace brindle {
 namespace {
-
-constexpr std::uint64_t kWindow = 0x20316;
 
 // The beginnings of two pictures; nothing behind them is looked at.
 const std::string kPng32("\x89PNG\r\n\x1a\n\0\0\0\x0DIHDR\0\0\0\x20\0\0\0\x20\x08\x06\0\0\0\x73\x7A\x7A\xF4",
@@ -36,26 +34,6 @@ std::string MenuOf(std::uint64_t window) { return Of(window, dialsim_menu); }
 std::string PictureOf(std::uint64_t window) { return Of(window, dialsim_menu_svg); }
 
 std::string FirstLine(const std::string& text) { return text.substr(0, text.find('\n')); }
-
-// A file that is there as long as this is.
-class TemporaryFile {
-public:
-    explicit TemporaryFile(const std::string& content, const std::string& name = "picture.png")
-        : path_(testing::TempDir() + std::to_string(std::random_device()()) + name) {
-        std::FILE* file = std::fopen(path_.c_str(), "wb");
-        EXPECT_NE(file, nullptr);
-        EXPECT_EQ(std::fwrite(content.data(), 1, content.size(), file), content.size());
-        std::fclose(file);
-    }
-    TemporaryFile(const TemporaryFile&) = delete;
-    TemporaryFile& operator=(const TemporaryFile&) = delete;
-    ~TemporaryFile() { std::remove(path_.c_str()); }
-
-    const std::string& path() const { return path_; }
-
-private:
-    const std::string path_;
-};
 
 class SimulatedMenu : public SimulatedApartment {
 protected:
@@ -239,11 +217,11 @@ TEST_F(SimulatedMenu, IsDrawnAsWellFormedXml) {
 
 TEST_F(SimulatedMenu, IsDrawnIntoAFileByAScript) {
     AddKnownIcon("Louder", 3, 7);
-    const TemporaryFile file("", "menu.svg");
+    const TemporaryFile file("menu.svg", std::string());
     char error[100] = "";
-    EXPECT_TRUE(dialsim_play(("draw menu " + file.path()).c_str(), 0, error, sizeof error)) << error;
+    EXPECT_TRUE(dialsim_play(("draw menu " + file.NarrowPath()).c_str(), 0, error, sizeof error)) << error;
     std::string drawn(20000, '\0');
-    std::FILE* again = std::fopen(file.path().c_str(), "rb");
+    std::FILE* again = std::fopen(file.NarrowPath().c_str(), "rb");
     ASSERT_NE(again, nullptr);
     drawn.resize(std::fread(drawn.data(), 1, drawn.size(), again));
     std::fclose(again);
@@ -358,12 +336,12 @@ protected:
         return status;
     }
 
-    const TemporaryFile png_{kPng32};
+    const TemporaryFile png_{"picture.png", kPng32};
 };
 
 TEST_F(Files, CompleteOnAThreadOfTheirOwn) {
     Heard heard;
-    Listen(Open(png_.path()), heard, Code(0x80000003));
+    Listen(Open(png_.NarrowPath()), heard, Code(0x80000003));
     dialsim_wait_for_async();
     EXPECT_EQ(heard.calls, 1);
     EXPECT_EQ(heard.status, abi::AsyncStatus::Completed);
@@ -383,14 +361,14 @@ TEST_F(Files, CanActivateClassesWhereTheyComplete) {
         code = GetFactory<abi::RandomAccessStreamReference>(references);
         return S_OK;
     });
-    EXPECT_EQ(Open(png_.path())->put_Completed(handler.Get()), S_OK);
+    EXPECT_EQ(Open(png_.NarrowPath())->put_Completed(handler.Get()), S_OK);
     dialsim_wait_for_async();
     EXPECT_EQ(code, S_OK);
 }
 
 TEST_F(Files, CompleteAtOnceInsideTheAttachment) {
     dialsim_async(DIALSIM_AT_ONCE);
-    const auto operation = Open(png_.path());
+    const auto operation = Open(png_.NarrowPath());
     EXPECT_EQ(StatusOf(operation), abi::AsyncStatus::Completed);
     Heard heard;
     Listen(operation, heard);
@@ -402,7 +380,8 @@ TEST_F(Files, CompleteAtOnceInsideTheAttachment) {
 TEST_F(Files, ThatAreNotThereFail) {
     dialsim_async(DIALSIM_AT_ONCE);
     for (const auto& [path, code] :
-         {std::pair(png_.path() + ".none", Code(0x80070002)), std::pair(testing::TempDir(), Code(0x80070002)),
+         {std::pair(png_.NarrowPath() + ".none", Code(0x80070002)),
+          std::pair(testing::TempDir(), Code(0x80070002)),
           std::pair(std::string("picture.png"), E_INVALIDARG), std::pair(std::string(), E_INVALIDARG)}) {
         Heard heard;
         Listen(Open(path), heard);
@@ -416,8 +395,8 @@ TEST_F(Files, HeldOnesCompleteInAnyOrder) {
     dialsim_async(DIALSIM_HELD);
     Heard first;
     Heard second;
-    Listen(Open(png_.path()), first);
-    Listen(Open(png_.path()), second, Code(0x80000003));
+    Listen(Open(png_.NarrowPath()), first);
+    Listen(Open(png_.NarrowPath()), second, Code(0x80000003));
     EXPECT_EQ(dialsim_pending(), 2u);
     EXPECT_EQ(dialsim_completion_code(1), Code(0x8000000A));
     EXPECT_EQ(dialsim_complete(1), Code(0x80000003));
@@ -433,7 +412,7 @@ TEST_F(Files, HeldOnesCompleteInAnyOrder) {
 
 TEST_F(Files, OnesThatCompleteBeforeAnybodyListensAreHeardLater) {
     dialsim_async(DIALSIM_HELD);
-    const auto operation = Open(png_.path());
+    const auto operation = Open(png_.NarrowPath());
     EXPECT_EQ(StatusOf(operation), abi::AsyncStatus::Started);
     ComPtr<abi::IStorageFile> file;
     EXPECT_EQ(operation->GetResults(file.Put()), Code(0x8000000E));
@@ -450,7 +429,7 @@ TEST_F(Files, MayCompleteWithAnyStatus) {
         {0, Code(0x8000000E)}, {1, S_OK}, {2, Code(0x800704C7)}, {3, E_FAIL}};
     for (const auto& [status, results] : rows) {
         Heard heard;
-        Listen(Open(png_.path()), heard);
+        Listen(Open(png_.NarrowPath()), heard);
         EXPECT_EQ(dialsim_complete_as(static_cast<std::uint32_t>(status), status), S_OK);
         EXPECT_EQ(heard.calls, 1);
         EXPECT_EQ(static_cast<int>(heard.status), status);
@@ -461,7 +440,7 @@ TEST_F(Files, MayCompleteWithAnyStatus) {
 
 TEST_F(Files, TakeOneHandlerOnly) {
     dialsim_async(DIALSIM_AT_ONCE);
-    const auto operation = Open(png_.path());
+    const auto operation = Open(png_.NarrowPath());
     Heard heard;
     EXPECT_EQ(operation->put_Completed(nullptr), E_INVALIDARG);
     Listen(operation, heard);
@@ -472,7 +451,7 @@ TEST_F(Files, TakeOneHandlerOnly) {
 TEST_F(Files, ThatNeverCompleteAreLetGoOf) {
     dialsim_async(DIALSIM_HELD);
     Heard heard;
-    Listen(Open(png_.path()), heard);
+    Listen(Open(png_.NarrowPath()), heard);
     EXPECT_EQ(dialsim_handlers(), 1u);
     EXPECT_EQ(dialsim_objects("IAsyncOperation<StorageFile>"), 1u);
     dialsim_abandon_pending();
@@ -486,7 +465,7 @@ TEST_F(Files, WhoseHandlerCouldNotBeAttachedEndWithTheirLastReference) {
     dialsim_async(DIALSIM_HELD);
     dialsim_fail("IAsyncOperation<StorageFile>::put_Completed", E_FAIL, 1, 1);
     Heard heard;
-    EXPECT_EQ(Open(png_.path())->put_Completed(Listener(heard).Get()), E_FAIL);
+    EXPECT_EQ(Open(png_.NarrowPath())->put_Completed(Listener(heard).Get()), E_FAIL);
     EXPECT_EQ(dialsim_pending(), 0u);
     EXPECT_EQ(dialsim_complete_all(), S_OK);
     EXPECT_EQ(heard.calls, 0);
@@ -495,7 +474,7 @@ TEST_F(Files, WhoseHandlerCouldNotBeAttachedEndWithTheirLastReference) {
 TEST_F(Files, OperationsOfBeforeAResetNoLongerTakePart) {
     dialsim_async(DIALSIM_HELD);
     Heard heard;
-    const auto operation = Open(png_.path());
+    const auto operation = Open(png_.NarrowPath());
     dialsim_reset();
     Listen(operation, heard);
     EXPECT_EQ(dialsim_complete_all(), S_OK);
@@ -507,8 +486,8 @@ TEST_F(Files, AScriptHoldsAndCompletesThem) {
     EXPECT_TRUE(dialsim_play("async held", 0, error, sizeof error)) << error;
     Heard first;
     Heard second;
-    Listen(Open(png_.path()), first);
-    Listen(Open(png_.path()), second);
+    Listen(Open(png_.NarrowPath()), first);
+    Listen(Open(png_.NarrowPath()), second);
     EXPECT_TRUE(dialsim_play("complete 1", 0, error, sizeof error)) << error;
     EXPECT_EQ(second.calls, 1);
     EXPECT_TRUE(dialsim_play("complete all\nasync own-thread\nsettle", 0, error, sizeof error)) << error;
@@ -529,9 +508,9 @@ protected:
     }
     std::string ShownFile(const std::string& content) {
         dialsim_async(DIALSIM_AT_ONCE);
-        const TemporaryFile file(content);
+        const TemporaryFile file("picture.png", content);
         ComPtr<abi::IStorageFile> opened;
-        EXPECT_EQ(Open(file.path())->GetResults(opened.Put()), S_OK);
+        EXPECT_EQ(Open(file.NarrowPath())->GetResults(opened.Put()), S_OK);
         ComPtr<abi::IRandomAccessStreamReference> icon;
         EXPECT_EQ(References()->CreateFromFile(opened.Get(), icon.Put()), S_OK);
         return Shown(icon.Get());
@@ -573,8 +552,8 @@ TEST_F(Pictures, OfFilesThatWentAwayAreBroken) {
     dialsim_async(DIALSIM_AT_ONCE);
     ComPtr<abi::IStorageFile> opened;
     {
-        const TemporaryFile file(kPng32);
-        EXPECT_EQ(Open(file.path())->GetResults(opened.Put()), S_OK);
+        const TemporaryFile file("picture.png", kPng32);
+        EXPECT_EQ(Open(file.NarrowPath())->GetResults(opened.Put()), S_OK);
     }
     ComPtr<abi::IRandomAccessStreamReference> icon;
     EXPECT_EQ(References()->CreateFromFile(opened.Get(), icon.Put()), S_OK);
@@ -654,7 +633,7 @@ TEST_F(Pictures, AStreamOverAStreamKnowsItsSizeAndPlace) {
 using FlatFunctions = Files;
 
 TEST_F(FlatFunctions, WithoutACodeAnswerNothingWhenTheyAreStruck) {
-    const WideText path(png_.path().begin(), png_.path().end());
+    const WideText path(png_.NarrowPath().begin(), png_.NarrowPath().end());
     for (const char* operation : {"PathFileExistsW", "GetShortPathNameW", "FindResourceW", "SizeofResource",
                                   "LoadResource", "LockResource", "GlobalAlloc", "GlobalLock"}) {
         EXPECT_TRUE(dialsim_fail(operation, E_FAIL, 1, 1)) << operation;

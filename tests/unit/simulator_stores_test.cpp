@@ -28,8 +28,7 @@ using Credentials = ComPtr<abi::IVectorView<abi::PasswordCredential>>;
 constexpr HRESULT kSettingsDamaged = Code(0x80073DB8);
 constexpr HRESULT kVaultDamaged = Code(0x80070570);
 constexpr HRESULT kNotFound = Code(0x80070490);
-constexpr HRESULT kAccessDenied = Code(0x80070005);
-constexpr HRESULT kFault = Code(0x80000001);
+constexpr HRESULT kDenied = Code(0x80070005);
 
 // A platform string over a text that it keeps itself.
 class Text {
@@ -966,7 +965,7 @@ TEST_F(StoreFiles, ThatCannotBeReadFailWithTheSystemsCode) {
     const std::string in_the_way = folder.PathOf("roaming.json");
     StoresFolder::MakeFolder(in_the_way);
     Object value;
-    EXPECT_EQ(Lookup("key", value), kAccessDenied);
+    EXPECT_EQ(Lookup("key", value), kDenied);
     StoresFolder::RemoveFolder(in_the_way);
     EXPECT_EQ(Lookup("key", value), S_OK);
 }
@@ -975,7 +974,7 @@ TEST_F(StoreFiles, ThatCannotBeWrittenFailWithTheSystemsCodeAndStay) {
     ASSERT_EQ(InsertText("key", "old"), S_OK);
     const std::string in_the_way = folder.PathOf("roaming.json.new");
     StoresFolder::MakeFolder(in_the_way);
-    EXPECT_EQ(InsertText("key", "new"), kAccessDenied);
+    EXPECT_EQ(InsertText("key", "new"), kDenied);
     EXPECT_EQ(TextAt("key"), WIDE("old"));
     StoresFolder::RemoveFolder(in_the_way);
     EXPECT_EQ(InsertText("key", "new"), S_OK);

@@ -16,9 +16,6 @@
 namespace brindle {
 namespace {
 
-constexpr std::uint64_t kWindow = 0x20316;
-constexpr char kControllers[] = "Windows.UI.Input.RadialController";
-
 using SimulatedDial = SimulatedApartment;
 
 TEST_F(SimulatedDial, EveryMovementIsTheEventOfItsName) {

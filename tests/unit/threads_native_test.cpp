@@ -19,7 +19,6 @@
 namespace brindle {
 namespace {
 
-constexpr std::uint64_t kWindow = 0x20316;
 constexpr std::uint64_t kOtherWindow = 0x20318;
 constexpr int kRounds = 100;
 constexpr int kFullWaits = 5;  // of 10,001 sleeps each
