@@ -27,13 +27,14 @@ inline const std::vector<std::uint8_t>& SmallPng() {
 // A file in the folder for temporary files, gone with this object, and of no other process beside this one.
 class TemporaryFile {
 public:
-    // BYTES: a string, or a vector of them.
+    // Bytes are a string, or a vector of them.
     template <class Bytes>
     TemporaryFile(const std::string& name, const Bytes& bytes)
         : path_(Folder() + std::to_string(std::random_device()()) + name) {
-        if (std::FILE* file = std::fopen(path_.c_str(), "wb")) {
-            std::fwrite(bytes.data(), 1, bytes.size(), file);
-            std::fclose(file);
+        std::FILE* file = std::fopen(path_.c_str(), "wb");
+        if (file == nullptr || std::fwrite(bytes.data(), 1, bytes.size(), file) != bytes.size() ||
+            std::fclose(file) != 0) {
+            std::abort();  // a test of a broken picture would pass
         }
         wide_.assign(path_.begin(), path_.end());
     }

@@ -13,7 +13,6 @@
 namespace brindle {
 namespace {
 
-constexpr double kNotANumber = std::numeric_limits<double>::quiet_NaN();
 constexpr std::uint64_t kWrap = std::uint64_t{1} << 32;
 
 // The factor for a sum of degrees, of which the first ten are free.
@@ -107,7 +106,7 @@ TEST_F(Acceleration, TurningBackTakesAway) {
 
 TEST_F(Acceleration, WhatIsNoNumberHasNoAccelerationUntilAPause) {
     TurnAt(50, 100.0);
-    EXPECT_EQ(TurnAt(100, kNotANumber), 1.0);
+    EXPECT_EQ(TurnAt(100, std::numeric_limits<double>::quiet_NaN()), 1.0);
     EXPECT_EQ(TurnAt(150, 100.0), 1.0);
     EXPECT_DOUBLE_EQ(TurnAt(150 + 101, 30.0), FactorFor(20.0));
 }
