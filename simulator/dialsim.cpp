@@ -218,6 +218,9 @@ const char* dialsim_operation(uint32_t index) { return Operation(index); }
 
 size_t dialsim_journal(char* buffer, size_t size) { return CopyOut(TheJournal().Text(), buffer, size); }
 void dialsim_clear_journal() { TheJournal().Clear(); }
+void dialsim_on_call(void (*hook)(void* context, const char* call), void* context) {
+    TheJournal().SetCallHook(hook, context);
+}
 uint32_t dialsim_calls(const char* operation) { return TheJournal().Count(operation); }
 
 uint32_t dialsim_objects(const char* class_name) {

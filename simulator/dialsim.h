@@ -325,8 +325,10 @@ bool dialsim_record(const char* path);
  * arguments that the journal prints, "RoGetActivationFactory(Windows.UI.Input.RadialController)". The fault
  * strikes from its `from`th matching call on, counted from now (1 is the next), `times` times; 0 is for ever.
  * Several faults may be set on one operation; the first that strikes decides. A function that answers no code
- * answers null, zero or false instead, GlobalFree the block, and WindowsGetStringRawBuffer an empty text.
- * False when the list has no such operation; arguments are not checked.
+ * answers null, zero or false instead, GlobalFree the block, and WindowsGetStringRawBuffer an empty text;
+ * with a positive code, one that answers a number answers that number: a path whose short form has grown
+ * since the first question is dialsim_fail("GetShortPathNameW", 2, 1, 1). False when the list has no such
+ * operation; arguments are not checked.
  */
 bool dialsim_fail(const char* operation, int32_t code, uint32_t from, uint32_t times);
 /* The operation takes place, its result is handed out, and then it claims to have failed. False also for
@@ -348,6 +350,11 @@ size_t dialsim_journal(char* buffer, size_t size);
 void dialsim_clear_journal(void);
 /* How many of them were calls of `operation` (with or without arguments, as above). */
 uint32_t dialsim_calls(const char* operation);
+/* Calls `hook` inside every platform call that the journal has from here on, on the thread of the call and
+ * before it does its work; `call` is the journal's line for it, "operation(arguments)". What the hook does
+ * happens inside the call: raise an event there, as a platform that handles messages while it is called may.
+ * The calls that this leads to get the hook too. Null ends it. */
+void dialsim_on_call(void (*hook)(void* context, const char* call), void* context);
 
 /* What was handed out and has not come back: platform objects of a class
  * ("Windows.UI.Input.RadialController"; null for all), references to them, platform strings, global blocks,
@@ -360,9 +367,9 @@ uint32_t dialsim_handlers(void);
 /* The same as text, a line a class; empty when everything has come back. */
 size_t dialsim_accounts(char* buffer, size_t size);
 
-/* Back to the start: no faults, an empty journal, the dial off the screen, button up, default haptics, no
- * resources, the dial alone among the devices, packaged as at the start, sleeps that sleep, the system's
- * entries in every menu, and fresh accounts (what is still out is no longer counted). Waits for
+/* Back to the start: no faults, no hook, an empty journal, the dial off the screen, button up, default
+ * haptics, no resources, the dial alone among the devices, packaged as at the start, sleeps that sleep, the
+ * system's entries in every menu, and fresh accounts (what is still out is no longer counted). Waits for
  * dialsim_wait_for_async and abandons what is pending; controllers and operations that still exist no longer
  * take part, and a recording ends. */
 void dialsim_reset(void);

@@ -14,6 +14,10 @@ bool Matches(std::string_view pattern, std::string_view operation, std::string_v
     return pattern == operation || pattern == call;
 }
 
+std::string CallText(std::string_view operation, std::string_view arguments) {
+    return std::string(operation) + "(" + std::string(arguments) + ")";
+}
+
 bool Strikes(Fault& fault) {
     const std::uint32_t call = ++fault.seen;
     return call >= fault.from && (fault.times == 0 || call - fault.from < fault.times);
@@ -28,8 +32,24 @@ Journal& TheJournal() {
 }
 
 Journal::Entry Journal::Begin(std::string_view operation, std::string_view arguments) {
-    const std::lock_guard guard(mutex_);
-    std::string call = std::string(operation) + "(" + std::string(arguments) + ")";
+    const std::string call = CallText(operation, arguments);
+    CallHook hook = nullptr;
+    void* context = nullptr;
+    Entry entry{};
+    {
+        const std::lock_guard guard(mutex_);
+        entry = Write(operation, call);
+        hook = hook_;
+        context = hook_context_;
+    }
+    if (hook != nullptr) {
+        hook(context, call.c_str());
+    }
+    return entry;
+}
+
+// With the lock held.
+Journal::Entry Journal::Write(std::string_view operation, const std::string& call) {
     Entry entry{first_number_ + lines_.size(), std::nullopt};
     for (Fault& fault : faults_) {
         // Every fault counts every call, also where an earlier one has struck already.
@@ -37,7 +57,7 @@ Journal::Entry Journal::Begin(std::string_view operation, std::string_view argum
             entry.fault = fault;
         }
     }
-    lines_.push_back({std::string(operation), std::move(call), S_OK});
+    lines_.push_back({std::string(operation), call, S_OK});
     return entry;
 }
 
@@ -48,11 +68,20 @@ void Journal::End(const Entry& entry, HRESULT code) {
     }
 }
 
-void Journal::Note(std::string_view event, std::string_view arguments) { Begin(event, arguments); }
+void Journal::Note(std::string_view event, std::string_view arguments) {
+    const std::lock_guard guard(mutex_);
+    Write(event, CallText(event, arguments));
+}
 
 void Journal::Add(Fault fault) {
     const std::lock_guard guard(mutex_);
     faults_.push_back(std::move(fault));
+}
+
+void Journal::SetCallHook(CallHook hook, void* context) {
+    const std::lock_guard guard(mutex_);
+    hook_ = hook;
+    hook_context_ = context;
 }
 
 std::uint32_t Journal::Count(std::string_view pattern) {
@@ -81,6 +110,7 @@ void Journal::Reset() {
     Clear();
     const std::lock_guard guard(mutex_);
     faults_.clear();
+    hook_ = nullptr;
 }
 
 Unobserved::Unobserved() { ++unobserved_depth; }

@@ -37,13 +37,16 @@ public:
         std::optional<Fault> fault;  // what strikes the call
     };
 
-    // Writes the call down and looks for a fault.
+    using CallHook = void (*)(void* context, const char* call);
+
+    // Writes the call down, looks for a fault, and then calls the hook without a lock.
     Entry Begin(std::string_view operation, std::string_view arguments);
     void End(const Entry& entry, HRESULT code);
     // What happens without being called for.
     void Note(std::string_view event, std::string_view arguments);
 
     void Add(Fault fault);
+    void SetCallHook(CallHook hook, void* context);
     std::uint32_t Count(std::string_view pattern);
     std::string Text();
     void Clear();
@@ -56,10 +59,14 @@ private:
         HRESULT code;
     };
 
+    Entry Write(std::string_view operation, const std::string& call);
+
     Mutex mutex_;
     std::deque<Line> lines_;
     std::uint64_t first_number_ = 0;
     std::vector<Fault> faults_;
+    CallHook hook_ = nullptr;
+    void* hook_context_ = nullptr;
 };
 
 Journal& TheJournal();

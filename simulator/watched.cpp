@@ -2,6 +2,7 @@
 
 #include <cerrno>
 #include <string>
+#include <type_traits>
 
 #include "simulator/accounts.h"
 #include "simulator/journal.h"
@@ -13,7 +14,7 @@ namespace dialsim::watched {
 
 namespace {
 
-// A function whose answer is no code: a fault makes it answer `failed`.
+// A function whose answer is no code: a fault makes it answer `failed`, or the number that is its code.
 template <class Answer, class Body>
 Answer PerformFor(std::string_view operation, std::string_view arguments, Answer failed, Body body) {
     Answer answer{};
@@ -21,6 +22,11 @@ Answer PerformFor(std::string_view operation, std::string_view arguments, Answer
         answer = body();
         return S_OK;
     });
+    if constexpr (std::is_integral_v<Answer>) {
+        if (code > 0) {
+            return static_cast<Answer>(code);
+        }
+    }
     return code < 0 ? failed : answer;
 }
 

@@ -1,8 +1,10 @@
 // The simulator's journal, and its faults.
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "controller_ear.h"
@@ -285,6 +287,74 @@ TEST_F(TheJournal, TellsItsSizeWithoutABuffer) {
     Ask(a);
     EXPECT_EQ(dialsim_journal(&untouched, 0), std::string(kOfA).size() + 2);
     EXPECT_EQ(untouched, 'x');
+}
+
+// Writes down what each platform call looks like from inside it.
+struct CallWatch {
+    static void OnCall(void* context, const char* call) {
+        auto& watch = *static_cast<CallWatch*>(context);
+        watch.calls += std::string(call) + "\n";
+        watch.journal = Journal();
+        if (const auto inside = std::exchange(watch.inside, nullptr)) {
+            inside();
+        }
+    }
+
+    std::string calls;
+    std::string journal;
+    std::function<void()> inside;
+};
+
+class CallHook : public Asking {
+protected:
+    void SetUp() override {
+        Asking::SetUp();
+        dialsim_on_call(CallWatch::OnCall, &watch);
+    }
+    void TearDown() override {
+        dialsim_on_call(nullptr, nullptr);
+        Asking::TearDown();
+    }
+
+    CallWatch watch;
+};
+
+TEST_F(CallHook, IsCalledInsideACallThatTheJournalHasAlready) {
+    Ask(a);
+    EXPECT_EQ(watch.calls, "IApiInformationStatics::IsTypePresent(A)\n");
+    EXPECT_EQ(watch.journal, watch.calls);
+}
+
+TEST_F(CallHook, IsCalledBeforeTheCallDoesItsWork) {
+    watch.inside = [] { dialsim_set_type_present("A", false); };
+    EXPECT_EQ(Ask(a), S_OK);
+    EXPECT_EQ(answer, 0);
+}
+
+TEST_F(CallHook, IsCalledInACallThatFailsToo) {
+    dialsim_fail(kOperation, kFault, 1, 1);
+    EXPECT_EQ(Ask(a), kFault);
+    EXPECT_EQ(watch.calls, "IApiInformationStatics::IsTypePresent(A)\n");
+}
+
+TEST_F(CallHook, IsCalledForTheCallsThatItLeadsTo) {
+    watch.inside = [this] { Ask(b); };
+    Ask(a);
+    EXPECT_EQ(watch.calls,
+              "IApiInformationStatics::IsTypePresent(A)\n"
+              "IApiInformationStatics::IsTypePresent(B)\n");
+}
+
+TEST_F(CallHook, EndsWithNull) {
+    dialsim_on_call(nullptr, nullptr);
+    Ask(a);
+    EXPECT_EQ(watch.calls, "");
+}
+
+TEST_F(CallHook, EndsWithAReset) {
+    dialsim_reset();
+    Ask(a);
+    EXPECT_EQ(watch.calls, "");
 }
 
 }  // namespace

@@ -649,6 +649,14 @@ TEST_F(FlatFunctions, WithoutACodeAnswerNothingWhenTheyAreStruck) {
     EXPECT_TRUE(PathFileExistsW(path.c_str()));
 }
 
+TEST_F(FlatFunctions, AnswerTheNumberOfAFaultThatIsPositive) {
+    const WideText path(png_.NarrowPath().begin(), png_.NarrowPath().end());
+    const DWORD needed = GetShortPathNameW(path.c_str(), nullptr, 0);
+    EXPECT_TRUE(dialsim_fail("GetShortPathNameW", 2, 1, 1));
+    EXPECT_EQ(GetShortPathNameW(path.c_str(), nullptr, 0), 2u);
+    EXPECT_EQ(GetShortPathNameW(path.c_str(), nullptr, 0), needed);
+}
+
 TEST_F(FlatFunctions, BlocksStayOutWhenTheyCannotBeFreed) {
     const HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE, 4);
     dialsim_fail("GlobalFree", E_FAIL, 1, 1);
