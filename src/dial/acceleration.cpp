@@ -18,10 +18,6 @@ constexpr double kFlatness = 2.07;
 double accumulated = 0.0;
 double currentAcceleration = 1.0;
 
-// Set when the first rotation gets here, not when the library is loaded.
-constexpr std::uint64_t kNever = UINT64_MAX;
-std::atomic<std::uint64_t> lastTick = kNever;
-
 double FactorFor(double degrees) {
     double beyond = std::fabs(degrees) - kFreeDegrees;
     if (!(beyond > 0.0)) {
@@ -33,9 +29,8 @@ double FactorFor(double degrees) {
 }  // namespace
 
 double NextAcceleration(double delta_degrees) {
-    if (std::uint64_t expected = kNever; lastTick == kNever) {
-        lastTick.compare_exchange_strong(expected, GetTickCount64());
-    }
+    // When the first rotation gets here, not when the library is loaded.
+    static std::atomic<std::uint64_t> lastTick = GetTickCount64();
     const std::uint64_t now = GetTickCount64();
     // The low halves only: right across their wrap, every 49.7 days.
     const std::uint32_t elapsed_ms =

@@ -212,5 +212,11 @@ TEST(FirstRotationDeathTest, AloneLooksAtTheClockTwice) {
                 "1.000 after 2 looks at the clock;1.000 after 1 looks at the clock;");
 }
 
+TEST(FirstRotationDeathTest, MayComeAtTheClocksLastMoment) {
+    constexpr std::uint64_t kLast = UINT64_MAX;
+    EXPECT_EXIT((TellOfTurn(kLast, 1.0), TellOfTurn(kLast, 1.0), std::_Exit(0)), testing::ExitedWithCode(0),
+                "1.000 after 2 looks at the clock;1.000 after 1 looks at the clock;");
+}
+
 }  // namespace
 }  // namespace brindle
