@@ -41,26 +41,28 @@ String MakeString(const std::array<WCHAR, N>& text) {
     return string;
 }
 
-bool IsTheDial(abi::IDeviceInformation& device) {
+// The answer stands before what it was read from is released.
+bool IsTheDial(abi::IDeviceInformation& device, SharedFlag& found) {
     const String prefix = MakeString(kDialPrefix);
     String id;
     RaiseIfFailed(device.get_Id(id.Put()));
     const UINT length = LengthOf(prefix);
-    return _wcsnicmp(TextOf(id), TextOf(prefix), length) == 0;
+    const bool equal = _wcsnicmp(TextOf(id), TextOf(prefix), length) == 0;
+    found.value = equal ? 1 : 0;
+    return equal;
 }
 
 // The first match ends the scan.
-bool HoldsTheDial(DeviceList& devices) {
+void LookForTheDial(DeviceList& devices, SharedFlag& found) {
     std::uint32_t size = 0;
     RaiseIfFailed(devices.get_Size(&size));
     for (std::uint32_t i = 0; i < size; ++i) {
         ComPtr<abi::IDeviceInformation> device;
         RaiseIfFailed(devices.GetAt(i, device.Put()));
-        if (device && IsTheDial(*device.Get())) {
-            return true;
+        if (device && IsTheDial(*device.Get(), found)) {
+            return;
         }
     }
-    return false;
 }
 
 // The status is not asked for: an enumeration that failed has no results either.
@@ -68,9 +70,17 @@ void OnPresenceQueryCompleted(Enumeration& enumeration, SharedFlag& found, Share
     ComPtr<DeviceList> devices;
     RaiseIfFailed(enumeration.GetResults(devices.Put()));
     if (devices) {
-        found.value = HoldsTheDial(*devices.Get()) ? 1 : 0;
+        LookForTheDial(*devices.Get(), found);
     }
     done.value.exchange(1);
+}
+
+ComPtr<Enumeration> StartEnumeration(const String& filter) {
+    ComPtr<abi::IDeviceInformationStatics> devices;
+    RaiseIfFailed(GetFactory<abi::DeviceInformation>(devices));
+    ComPtr<Enumeration> enumeration;
+    RaiseIfFailed(devices->FindAllAsyncAqsFilter(filter.Get(), enumeration.Put()));
+    return enumeration;
 }
 
 // Counts sleeps, not time: ends with the first above the bound, after which the flag is not read any more.
@@ -86,10 +96,7 @@ void WaitFor(const SharedFlag& done) {
 // ended.
 void DialListener::StartPresenceQuery(const ComPtr<SharedFlag>& found, const ComPtr<SharedFlag>& done) {
     const String filter = MakeString(kInterfaceFilter);
-    ComPtr<abi::IDeviceInformationStatics> devices;
-    RaiseIfFailed(GetFactory<abi::DeviceInformation>(devices));
-    ComPtr<Enumeration> enumeration;
-    RaiseIfFailed(devices->FindAllAsyncAqsFilter(filter.Get(), enumeration.Put()));
+    const ComPtr<Enumeration> enumeration = StartEnumeration(filter);
     if (!enumeration) {
         return;  // nothing will complete: the caller waits in vain, as it is meant to
     }

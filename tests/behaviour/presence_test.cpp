@@ -5,6 +5,7 @@
 #include <string>
 
 #include "behaviour.h"
+#include "support/inside_call.h"
 
 namespace {
 
@@ -64,6 +65,13 @@ protected:
     }
     static std::uint32_t Sleeps() { return dialsim_calls("Sleep(1)"); }
 };
+
+TEST_F(Presence, TheStaticsGoBeforeTheAnswerIsListenedFor) {
+    std::uint32_t left = 1;
+    const InsideCall look(kAttach, [&] { left = dialsim_objects("IDeviceInformationStatics"); });
+    EXPECT_TRUE(is_dial_present(kWindow));
+    EXPECT_EQ(left, 0u);
+}
 
 TEST_F(Presence, TheDialIsThere) { EXPECT_TRUE(is_dial_present(kWindow)); }
 

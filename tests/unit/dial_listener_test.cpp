@@ -9,6 +9,7 @@
 #include "platform/activation.h"
 #include "platform/interfaces/property_value.h"
 #include "simulated.h"
+#include "tests/support/inside_call.h"
 #include "tests/support/recording_host.h"
 
 namespace brindle {
@@ -113,6 +114,9 @@ struct DialListenerTest : SimulatedApartment {
         EXPECT_EQ(entry.invoked_token, 0);
         listener->AddMenuItemFromKnownIcon(entry, abi::RadialControllerMenuKnownIcon::Ruler);
         return entry.invoked_token;
+    }
+    static void StartQuery(const ComPtr<SharedFlag>& found, const ComPtr<SharedFlag>& done) {
+        DialListener::StartPresenceQuery(found, done);
     }
     HRESULT InvokeNothing() { return listener->OnItemInvoked(nullptr, nullptr); }
     void SetMenu(abi::IRadialControllerMenu* menu) {
@@ -311,6 +315,20 @@ TEST_F(DialListenerTest, NoItemInvokedIsNoFailure) {
 TEST_F(DialListenerTest, ADialThatIsNotThereIsAFailure) {
     dialsim_remove_devices();
     EXPECT_EQ(listener->IsDialPresent(), E_FAIL);
+}
+
+// A wait that something else ends meanwhile answers from what has been found so far.
+TEST_F(DialListenerTest, TheAnswerStandsBeforeTheTextsItWasReadFromAreReleased) {
+    const auto found = ComPtr<SharedFlag>::Own(new SharedFlag);
+    const auto done = ComPtr<SharedFlag>::Own(new SharedFlag);
+    dialsim_async(DIALSIM_AT_ONCE);
+    std::int32_t found_at_release = -1;
+    {
+        const InsideCall look("WindowsDeleteString", [&] { found_at_release = found->value; });
+        StartQuery(found, done);
+    }
+    EXPECT_EQ(found_at_release, 1);
+    EXPECT_EQ(done->value, 1);
 }
 
 TEST_F(DialListenerTest, TheEndGivesBackTheLabelsOfItsEntries) {
