@@ -72,7 +72,9 @@ private:
     // presence.cpp. Raises the platform's failures; what was found is told through both flags.
     static void StartPresenceQuery(const ComPtr<SharedFlag>& found, const ComPtr<SharedFlag>& done);
 
-    // custom_menu.cpp: the code to end the whole menu with, or nothing.
+    // custom_menu.cpp
+    HRESULT FetchMenu();
+    // The code to end the whole menu with, or nothing.
     std::optional<HRESULT> AddDescribedItem(const MenuItemDescription& item);
     void AddCustomFontItem(MenuEntry entry, const MenuItemDescription& item);
     // menu_item.cpp: what all sources end with.

@@ -44,9 +44,10 @@ bool ReadButton(abi::IUnknown* args) {
 HRESULT DialListener::OnRotationChanged(abi::IRadialController* sender,
                                         abi::IRadialControllerRotationChangedEventArgs* args) {
     DialRotationInfo info{};
-    if (menu_) {
+    // Held: an event that the platform lets in may make the menu anew.
+    if (const ComPtr<abi::IRadialControllerMenu> menu = menu_) {
         ComPtr<abi::IRadialControllerMenuItem> selected;
-        RETURN_IF_STEP_FAILS(847, menu_->GetSelectedMenuItem(selected.Put()));
+        RETURN_IF_STEP_FAILS(847, menu->GetSelectedMenuItem(selected.Put()));
         if (selected) {
             info.selectedItemTag = ReadTag(*selected.Get());
         }

@@ -45,7 +45,9 @@ int32_t initialize() {
     StringReference api_information;
     CreateOrDie(api_information, ClassName<abi::ApiInformation>());
     ComPtr<abi::IApiInformationStatics> types;
-    if (GetFactory(api_information, types) < 0) {
+    if (RoGetActivationFactory(api_information.Get(), abi::IApiInformationStatics::Iid,
+                               reinterpret_cast<void**>(types.Put())) < 0 ||
+        !types) {
         // The Windows Runtime stays initialised; that is intended.
         return kPlatformUnavailable;
     }

@@ -11,7 +11,8 @@ namespace brindle {
 
 namespace {
 
-// A CustomFont item addresses its file by the 8.3 form only. Null when there is none to be had.
+// A CustomFont item addresses its file by the 8.3 form only. Null when there is none to be had, also when it
+// no longer fits what was asked for.
 std::unique_ptr<WCHAR[]> ShortPath(const WCHAR* path) {
     const DWORD characters = GetShortPathNameW(path, nullptr, 0);
     if (characters == 0) {
@@ -19,22 +20,33 @@ std::unique_ptr<WCHAR[]> ShortPath(const WCHAR* path) {
     }
     // Not std::make_unique, whose check of the length takes a kilobyte of the DLL.
     std::unique_ptr<WCHAR[]> buffer(new WCHAR[characters]());
-    return GetShortPathNameW(path, buffer.get(), characters) == 0 ? nullptr : std::move(buffer);
+    const DWORD written = GetShortPathNameW(path, buffer.get(), characters);
+    return written == 0 || written >= characters ? nullptr : std::move(buffer);
 }
 
 }  // namespace
+
+// The menu held before is released first, by every call and every attempt. An event that the platform lets in
+// here may make the menu too: what it has stored then is released for this one.
+HRESULT DialListener::FetchMenu() {
+    menu_.Reset();
+    ComPtr<abi::IRadialControllerMenu> menu;
+    const HRESULT code = controller_->get_Menu(menu.Put());
+    menu_ = std::move(menu);
+    return code;
+}
 
 HRESULT DialListener::AddCustomMenu(const MenuItemDescription* items, std::uint32_t count) {
     if (!controller_) {
         return E_FAIL;
     }
-    // Fetched anew by every call and every attempt; the one before is released first.
-    RETURN_IF_STEP_FAILS(124, controller_->get_Menu(menu_.Put()));
-    if (!menu_) {
+    RETURN_IF_STEP_FAILS(124, FetchMenu());
+    const ComPtr<abi::IRadialControllerMenu> menu = menu_;
+    if (!menu) {
         return E_NOINTERFACE;
     }
     ComPtr<abi::IVector<abi::RadialControllerMenuItem>> list;
-    RETURN_IF_STEP_FAILS(129, menu_->get_Items(list.Put()));
+    RETURN_IF_STEP_FAILS(129, menu->get_Items(list.Put()));
     if (!list) {
         return E_NOINTERFACE;
     }
@@ -56,7 +68,8 @@ std::optional<HRESULT> DialListener::AddDescribedItem(const MenuItemDescription&
     switch (item.kind) {
         case MenuItemKind::KnownIcon: {
             const auto icon = static_cast<abi::RadialControllerMenuKnownIcon>(item.source.number);
-            RETURN_IF_STEP_FAILS(151, GetFactory<abi::RadialControllerMenuItem>(item_statics_));
+            // A factory that is null although the call succeeded fails the item, not the menu: intended.
+            RETURN_IF_STEP_FAILS(151, GetFactoryOrNull<abi::RadialControllerMenuItem>(item_statics_));
             LOG_IF_STEP_FAILS("AddMenuItemFromKnownIcon", 152, AddMenuItemFromKnownIcon(entry, icon));
             menu_entries_.push_back(std::move(entry));
             break;

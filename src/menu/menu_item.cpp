@@ -30,13 +30,16 @@ HRESULT DialListener::SubscribeInvoked(abi::IRadialControllerMenuItem& item, std
 }
 
 HRESULT DialListener::AddItemToMenu(abi::IRadialControllerMenuItem* item, MenuEntry& entry) {
-    if (item == nullptr) {
+    // None when the window's last add_custom_menu did not get one, and a picture file of an earlier one
+    // comes. Held: an event that the platform lets in may make the menu anew.
+    const ComPtr<abi::IRadialControllerMenu> menu = menu_;
+    if (item == nullptr || !menu) {
         return E_NOINTERFACE;
     }
     RETURN_IF_STEP_FAILS(743, SubscribeInvoked(*item, entry.invoked_token));
 
     ComPtr<abi::IVector<abi::RadialControllerMenuItem>> list;
-    RETURN_IF_STEP_FAILS(747, menu_->get_Items(list.Put()));
+    RETURN_IF_STEP_FAILS(747, menu->get_Items(list.Put()));
     if (!list) {
         return E_NOINTERFACE;
     }

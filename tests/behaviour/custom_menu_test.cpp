@@ -2,19 +2,16 @@
 #include <string>
 #include <vector>
 
-#include "behaviour.h"
-#include "support/menu_items.h"
+#include "menu.h"
+#include "support/inside_call.h"
 
 namespace {
 
 using CustomMenu = Listening;
 
-constexpr char kMenuItems[] = "Windows.UI.Input.RadialControllerMenuItem";
-constexpr char kGetItems[] = "IRadialControllerMenu::get_Items";
+constexpr char kItemFactories[] = "IRadialControllerMenuItemStatics";
 constexpr char kAppend[] = "IVector<RadialControllerMenuItem>::Append";
 constexpr char kClear[] = "IVector<RadialControllerMenuItem>::Clear";
-constexpr char kPutTag[] = "IRadialControllerMenuItem::put_Tag";
-constexpr char kItemStatics[] = "RoGetActivationFactory(Windows.UI.Input.RadialControllerMenuItem)";
 
 std::string Repeated(const std::string& text, int times) {
     std::string all;
@@ -144,6 +141,28 @@ TEST_F(CustomMenu, WithoutTheFactoryForKnownIconsTheRestIsSkipped) {
     EXPECT_EQ(dialsim_strings(), 0u);
 }
 
+// The first item fails, and its haptic setting is recorded all the same: the second shares it.
+TEST_F(CustomMenu, AFactoryForKnownIconsThatIsNullFailsTheItemAndNotTheMenu) {
+    dialsim_yield_null(kItemStatics, 1, 1);
+    EXPECT_TRUE(SetMenu(kWindow, {WithHaptics(KnownIcon(1)), KnownIcon(1)}));
+    EXPECT_EQ(dialsim_calls(kItemStatics), 2u);
+    EXPECT_EQ(Printed(), "AddMenuItemFromKnownIcon failed with 80004002 at line 152\n");
+    EXPECT_EQ(dialsim_objects(kMenuItems), 1u);
+    EXPECT_EQ(dialsim_strings(), 2u);
+    EXPECT_EQ(dialsim_choose(kWindow, 0), 0);
+    EXPECT_EQ(dialsim_calls("IRadialController::put_UseAutomaticHapticFeedback(1)"), 1u);
+}
+
+TEST_F(CustomMenu, TheFormerFactoryForKnownIconsGoesBeforeTheNextOnesNameIsMade) {
+    ASSERT_TRUE(SetMenu(kWindow, {KnownIcon(1)}));
+    ASSERT_EQ(dialsim_objects(kItemFactories), 1u);
+    std::uint32_t left = 1;
+    const InsideCall look("WindowsCreateStringReference(Windows.UI.Input.RadialControllerMenuItem)",
+                          [&] { left = dialsim_objects(kItemFactories); });
+    EXPECT_TRUE(SetMenu(kWindow, {KnownIcon(1)}));
+    EXPECT_EQ(left, 0u);
+}
+
 TEST_F(CustomMenu, AFactoryThatComesWithTheThirdAttemptEndsTheMenuAsASuccess) {
     FailInTurn(kItemStatics, {kFail, kAccessDenied, 0});
     EXPECT_TRUE(SetMenu(kWindow, {KnownIcon(1), KnownIcon(2)}));
@@ -173,9 +192,9 @@ TEST_F(CustomMenu, OneKnownIconWhoseTagAlwaysFails) {
 }
 
 TEST_F(CustomMenu, AFailingKnownIconIsRecordedAndTheNextItemIsMade) {
-    dialsim_fail("IRadialControllerMenuItemStatics::CreateFromKnownIcon", kFail, 1, 6);
+    dialsim_fail(kCreateFromKnownIcon, kFail, 1, 6);
     EXPECT_TRUE(SetMenu(kWindow, {KnownIcon(1), KnownIcon(2)}));
-    EXPECT_EQ(dialsim_calls("IRadialControllerMenuItemStatics::CreateFromKnownIcon"), 7u);
+    EXPECT_EQ(dialsim_calls(kCreateFromKnownIcon), 7u);
     EXPECT_EQ(Printed(), Repeated("failed with 80004005 at line 515\n", 2) +
                              "AddMenuItemFromKnownIcon failed with 80004005 at line 152\n");
     EXPECT_EQ(dialsim_objects(kMenuItems), 1u);
@@ -183,7 +202,7 @@ TEST_F(CustomMenu, AFailingKnownIconIsRecordedAndTheNextItemIsMade) {
 }
 
 TEST_F(CustomMenu, AnItemThatIsYieldedAsNullIsNoInterface) {
-    dialsim_yield_null("IRadialControllerMenuItemStatics::CreateFromKnownIcon", 1, 0);
+    dialsim_yield_null(kCreateFromKnownIcon, 1, 0);
     EXPECT_TRUE(SetMenu(kWindow, {KnownIcon(1)}));
     EXPECT_EQ(Printed(), Repeated("failed with 80004002 at line 517\n", 2) +
                              "AddMenuItemFromKnownIcon failed with 80004002 at line 152\n");

@@ -1,4 +1,4 @@
-// A host that calls back in, several threads at once, and a platform of which everything fails.
+// Several threads at once, and a platform of which everything fails.
 #include <cstdlib>
 #include <string>
 #include <vector>
@@ -8,54 +8,6 @@
 #include "support/wide.h"
 
 namespace {
-
-// Calls the library from inside its callbacks.
-class ReentrantHost final : public IDialHost {
-public:
-    void OnRotation(void*, const DialRotationInfo*) override { CallBackIn(); }
-    std::uint64_t GetWindowHandle() override { return kWindow; }
-    void OnButtonClicked(void*, const DialContactRect*) override { CallBackIn(); }
-
-    bool registered = true;
-    bool answered = true;
-    RecordingHost other{kWindow + 1};
-
-private:
-    void CallBackIn() {
-        registered = registered && init_dial_listener(&other);
-        const MenuItemDescription item = KnownIcon(5);
-        const std::int32_t kind = 3;
-        answered = answered && add_custom_menu(kWindow, &item, 1) && set_default_menu(kWindow, &kind, 1) &&
-                   set_current_custom_menu(kWindow, 5) && is_dial_present(kWindow);
-    }
-};
-
-using Reentrancy = Started;
-
-TEST_F(Reentrancy, ACallbackMayCallTheWindowFunctions) {
-    ReentrantHost host;
-    ASSERT_TRUE(init_dial_listener(&host));
-    EXPECT_EQ(dialsim_turn(kWindow, 1.0), 0);
-    EXPECT_TRUE(host.registered);
-    EXPECT_TRUE(host.answered);
-    EXPECT_EQ(dialsim_turn(kWindow + 1, 1.0), 0);
-    EXPECT_EQ(host.other.rotations.size(), 1u);
-}
-
-TEST_F(Reentrancy, AClickMayRegisterAHostAgain) {
-    ReentrantHost host;
-    ASSERT_TRUE(init_dial_listener(&host));
-    EXPECT_EQ(dialsim_click(kWindow), 0);
-    EXPECT_EQ(dialsim_click(kWindow), 0);
-    EXPECT_TRUE(host.registered);
-    // The second click displaced the listener that the first had filed: both call the host, one beyond
-    // uninit.
-    EXPECT_EQ(dialsim_turn(kWindow + 1, 1.0), 0);
-    EXPECT_EQ(host.other.rotations.size(), 2u);
-    uninit();
-    EXPECT_EQ(dialsim_objects(kControllers), 1u);
-    dialsim_reset();
-}
 
 // What a user may do to a dial in a few moments, once.
 void LiveThroughEverything() {

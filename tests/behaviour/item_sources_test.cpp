@@ -2,30 +2,20 @@
 #include <string>
 #include <vector>
 
-#include "behaviour.h"
-#include "support/menu_items.h"
+#include "menu.h"
 #include "support/pictures.h"
 
 namespace {
 
-constexpr char kMenuItems[] = "Windows.UI.Input.RadialControllerMenuItem";
-constexpr char kItemStatics[] = "RoGetActivationFactory(Windows.UI.Input.RadialControllerMenuItem)";
 constexpr char kUris[] = "RoGetActivationFactory(Windows.Foundation.Uri)";
 constexpr char kFiles[] = "RoGetActivationFactory(Windows.Storage.StorageFile)";
 constexpr char kReferences[] = "RoGetActivationFactory(Windows.Storage.Streams.RandomAccessStreamReference)";
 constexpr char kOpen[] = "IStorageFileStatics::GetFileFromPathAsync";
-constexpr char kPutTag[] = "IRadialControllerMenuItem::put_Tag";
 constexpr char kCreateFromIcon[] = "IRadialControllerMenuItemStatics::CreateFromIcon";
 
 class ItemSource : public Listening {
 protected:
-    static std::string Menu() {
-        std::string text(dialsim_menu(kWindow, nullptr, 0), '\0');
-        dialsim_menu(kWindow, text.data(), text.size());
-        text.pop_back();
-        return text;
-    }
-    static bool Shows(const std::string& item) { return Menu().find(item) != std::string::npos; }
+    static bool Shows(const std::string& item) { return MenuText(kWindow).find(item) != std::string::npos; }
     static std::string Line(int line, const char* code = "80004005") {
         return "failed with " + std::string(code) + " at line " + std::to_string(line) + "\n";
     }
@@ -67,6 +57,15 @@ TEST_F(FontFile, AShortNameThatCannotBeHadIsSkippedSilently) {
         EXPECT_EQ(dialsim_objects(kMenuItems), 0u);
         EXPECT_EQ(dialsim_strings(), 0u);
     }
+}
+
+TEST_F(FontFile, AShortNameThatNoLongerFitsIsSkippedSilently) {
+    dialsim_fail("GetShortPathNameW", 3, 1, 1);
+    EXPECT_TRUE(SetMenu(kWindow, {CustomFont(5, font_.Path())}));
+    EXPECT_EQ(dialsim_calls("GetShortPathNameW"), 2u);
+    EXPECT_EQ(dialsim_calls("IUriRuntimeClassFactory::CreateUri"), 0u);
+    EXPECT_EQ(dialsim_objects(kMenuItems), 0u);
+    EXPECT_EQ(dialsim_strings(), 0u);
 }
 
 struct SourceStep {
@@ -148,7 +147,7 @@ TEST_F(PictureFile, SeveralAppearInTheOrderOfTheirOpening) {
     EXPECT_TRUE(SetMenu(kWindow, {FilePNG(1, picture_.Path()), FilePNG(2, picture_.Path())}));
     EXPECT_EQ(dialsim_complete(1), 0);
     EXPECT_EQ(dialsim_complete(0), 0);
-    EXPECT_LT(Menu().find("tag 2"), Menu().find("tag 1"));
+    EXPECT_LT(MenuText(kWindow).find("tag 2"), MenuText(kWindow).find("tag 1"));
 }
 
 TEST_F(PictureFile, MayNeverBeOpened) {
@@ -253,6 +252,20 @@ TEST_F(PictureFile, WhoseTagAlwaysFailsIsInTheMenuButNotRecorded) {
 }
 
 // At this border an error becomes a code.
+// The window's menu could not be had meanwhile: there is none to put the item into.
+TEST_F(PictureFile, ThatComesWhenTheWindowHasNoMenuIsAFailure) {
+    for (const bool fails : {true, false}) {
+        ASSERT_TRUE(SetMenu(kWindow, {FilePNG(6, picture_.Path())}));
+        ASSERT_TRUE(fails ? dialsim_fail(kGetMenu, kFail, 1, 3) : dialsim_yield_null(kGetMenu, 1, 1));
+        EXPECT_FALSE(SetMenu(kWindow, {}));
+        EXPECT_EQ(Printed(), fails ? Line(124) : "");
+        EXPECT_EQ(dialsim_complete_all(), kNoInterface);
+        EXPECT_EQ(Printed(), Line(649, "80004002"));
+    }
+    EXPECT_EQ(dialsim_calls(kAddInvoked), 0u);
+    EXPECT_EQ(dialsim_strings(), 0u);
+}
+
 TEST_F(PictureFile, WhoseLabelIsRefusedInTheCompletionAnswersTheCode) {
     EXPECT_TRUE(SetMenu(kWindow, {FilePNG(1, picture_.Path())}));
     dialsim_fail("WindowsDuplicateString", kOutOfMemory, 1, 1);

@@ -44,6 +44,7 @@ struct Item {
 
 struct World {
     // What rows give and need.
+    bool icon_factory = false;
     bool menu_item = false;
     bool tag_value = false;
     bool picture = false;
@@ -190,6 +191,10 @@ inline Row Ignored(Row row) { return Ruled(Rule::Ignored, std::move(row)); }
 inline Row Text() { return Call("WindowsCreateStringReference"); }
 
 // The name of the class is part of getting its factory.
+inline Row FactoryOrNull(const std::string& runtime_class, bool World::*fact) {
+    return Table({Call("WindowsCreateStringReference(" + runtime_class + ")"),
+                  Call("RoGetActivationFactory(" + runtime_class + ")").Gives(fact)});
+}
 inline Row Factory(const std::string& runtime_class) {
     return Table({Call("WindowsCreateStringReference(" + runtime_class + ")"),
                   Call("RoGetActivationFactory(" + runtime_class + ")").NullFails()});

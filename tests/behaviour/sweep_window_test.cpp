@@ -102,11 +102,7 @@ protected:
     }
 
 private:
-    static bool SomethingIsSelected() {
-        std::string menu(dialsim_menu(kWindow, nullptr, 0), '\0');
-        dialsim_menu(kWindow, menu.data(), menu.size());
-        return menu.find(" * \"") != std::string::npos;
-    }
+    static bool SomethingIsSelected() { return MenuText(kWindow).find(" * \"") != std::string::npos; }
 };
 
 TEST_F(SelectionSweep, OfTheSecondItem) {

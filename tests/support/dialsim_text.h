@@ -25,6 +25,13 @@ inline std::string StoreText(const char* store) {
     return text;
 }
 
+inline std::string MenuText(std::uint64_t window) {
+    std::string text(dialsim_menu(window, nullptr, 0), '\0');
+    dialsim_menu(window, text.data(), text.size());
+    text.pop_back();  // the terminator
+    return text;
+}
+
 inline std::vector<std::string> LinesOf(const std::string& text) {
     std::istringstream stream(text);
     std::vector<std::string> lines;

@@ -1,0 +1,164 @@
+// A host that calls the library from its callbacks, and events that the platform lets in while the library
+// calls it.
+#include <functional>
+#include <optional>
+#include <string>
+
+#include "menu.h"
+#include "support/inside_call.h"
+
+namespace {
+
+// Calls the library from inside its callbacks.
+class ReentrantHost final : public IDialHost {
+public:
+    void OnRotation(void*, const DialRotationInfo*) override { CallBackIn(); }
+    std::uint64_t GetWindowHandle() override { return kWindow; }
+    void OnButtonClicked(void*, const DialContactRect*) override { CallBackIn(); }
+
+    bool registered = true;
+    bool answered = true;
+    RecordingHost other{kWindow + 1};
+
+private:
+    void CallBackIn() {
+        registered = registered && init_dial_listener(&other);
+        const MenuItemDescription item = KnownIcon(5);
+        const std::int32_t kind = 3;
+        answered = answered && add_custom_menu(kWindow, &item, 1) && set_default_menu(kWindow, &kind, 1) &&
+                   set_current_custom_menu(kWindow, 5) && is_dial_present(kWindow);
+    }
+};
+
+using Reentrancy = Started;
+
+TEST_F(Reentrancy, ACallbackMayCallTheWindowFunctions) {
+    ReentrantHost host;
+    ASSERT_TRUE(init_dial_listener(&host));
+    EXPECT_EQ(dialsim_turn(kWindow, 1.0), 0);
+    EXPECT_TRUE(host.registered);
+    EXPECT_TRUE(host.answered);
+    EXPECT_EQ(dialsim_turn(kWindow + 1, 1.0), 0);
+    EXPECT_EQ(host.other.rotations.size(), 1u);
+}
+
+TEST_F(Reentrancy, AClickMayRegisterAHostAgain) {
+    ReentrantHost host;
+    ASSERT_TRUE(init_dial_listener(&host));
+    EXPECT_EQ(dialsim_click(kWindow), 0);
+    EXPECT_EQ(dialsim_click(kWindow), 0);
+    EXPECT_TRUE(host.registered);
+    // The second click displaced the listener that the first had filed: both call the host, one beyond
+    // uninit.
+    EXPECT_EQ(dialsim_turn(kWindow + 1, 1.0), 0);
+    EXPECT_EQ(host.other.rotations.size(), 2u);
+    uninit();
+    EXPECT_EQ(dialsim_objects(kControllers), 1u);
+    dialsim_reset();
+}
+
+TEST_F(Reentrancy, ATurnDuringTheRegistrationReachesTheHost) {
+    RecordingHost host(kWindow);
+    const InsideCall turn("IRadialController::add_ButtonClicked", [] { dialsim_turn(kWindow, 2.0); });
+    EXPECT_TRUE(init_dial_listener(&host));
+    ASSERT_EQ(host.rotations.size(), 1u);
+    EXPECT_EQ(host.LastRotation().deltaDegrees, 2.0);
+}
+
+// Calls `on_click` with each click.
+class ClickHost final : public IDialHost {
+public:
+    void OnRotation(void*, const DialRotationInfo*) override { ++rotations; }
+    std::uint64_t GetWindowHandle() override { return kWindow; }
+    void OnButtonClicked(void*, const DialContactRect*) override { on_click(); }
+
+    std::function<void()> on_click = [] {};
+    int rotations = 0;
+};
+
+// The dial is clicked inside a platform call, and the host answers by making the menu anew.
+class MenuMadeInACall : public Started {
+protected:
+    void SetUp() override {
+        Started::SetUp();
+        ASSERT_TRUE(init_dial_listener(&host_));
+    }
+
+    // With one item, tagged 50; `made` says what the function answered.
+    void MakeMenuInside(const char* operation, const std::function<void()>& act) {
+        host_.on_click = [this] { made = SetMenu(kWindow, {KnownIcon(50)}); };
+        const InsideCall click(operation, [] { EXPECT_EQ(dialsim_click(kWindow), 0); });
+        act();
+    }
+    // It gets no menu at all, and prints a line.
+    void LoseMenuInside(const char* operation, const std::function<void()>& act) {
+        host_.on_click = [this] {
+            dialsim_fail("IRadialController::get_Menu", kFail, 1, 3);
+            made = SetMenu(kWindow, {KnownIcon(50)});
+        };
+        const InsideCall click(operation, [] { EXPECT_EQ(dialsim_click(kWindow), 0); });
+        act();
+    }
+    std::optional<bool> made;
+    ClickHost host_;
+};
+
+constexpr char kLostMenu[] = "failed with 80004005 at line 124\n";
+
+TEST_F(MenuMadeInACall, WhileAnItemIsSubscribedIsJoinedByTheItem) {
+    MakeMenuInside(kAddInvoked, [] { EXPECT_TRUE(SetMenu(kWindow, {KnownIcon(1), KnownIcon(2)})); });
+    EXPECT_EQ(made, true);
+    EXPECT_EQ(TagsShown(), "50\n1\n2\n");
+}
+
+TEST_F(MenuMadeInACall, WhileTheMenuIsFetchedIsReplacedAndLeavesNoReference) {
+    MakeMenuInside(kGetMenu, [] { EXPECT_TRUE(SetMenu(kWindow, {KnownIcon(1)})); });
+    EXPECT_EQ(made, true);
+    EXPECT_EQ(TagsShown(), "1\n");
+}
+
+// The item that is being added goes into the menu that was there when it was made; those after it have none.
+TEST_F(MenuMadeInACall, AndLostWhileAnItemIsSubscribedCostsTheItemsAfterIt) {
+    LoseMenuInside(kAddInvoked, [] { EXPECT_TRUE(SetMenu(kWindow, {SystemFont(1), SystemFont(2)})); });
+    EXPECT_EQ(made, false);
+    EXPECT_EQ(TagsShown(), "1\n");
+    EXPECT_EQ(Printed(),
+              kLostMenu + std::string("failed with 80004002 at line 533\n"
+                                      "failed with 80004002 at line 533\n"
+                                      "AddMenuItemFromSystemFont failed with 80004002 at line 157\n"));
+}
+
+TEST_F(MenuMadeInACall, AndLostWhileItsItemsAreFetchedIsStillCleared) {
+    ASSERT_TRUE(SetMenu(kWindow, {KnownIcon(9)}));
+    FailInTurn(kGetItems, {kFail, kFail, 0});
+    LoseMenuInside(kGetItems, [] { EXPECT_TRUE(SetMenu(kWindow, {})); });
+    EXPECT_EQ(made, false);
+    EXPECT_EQ(Printed(), kLostMenu + std::string("failed with 80004005 at line 129\n"));
+}
+
+TEST_F(MenuMadeInACall, AndLostWhileATurnReadsTheSelectionLeavesTheTurnItsMenu) {
+    ASSERT_TRUE(SetMenu(kWindow, {KnownIcon(9)}));
+    FailInTurn(kGetSelected, {kFail, kAccessDenied, kDisconnected});
+    LoseMenuInside(kGetSelected, [] { EXPECT_EQ(dialsim_turn(kWindow, 1.0), kDisconnected); });
+    EXPECT_EQ(made, false);
+    EXPECT_EQ(host_.rotations, 0);
+    EXPECT_EQ(Printed(), kLostMenu + std::string("failed with 80070005 at line 847\n"));
+}
+
+// The menu made inside loses the factory for known icons; the item that is being made keeps its own.
+TEST_F(MenuMadeInACall, WithoutTheFactoryOfIconsLeavesTheItemItsFactory) {
+    FailInTurn(kCreateFromKnownIcon, {kFail, kFail, kFail, 0, 0});
+    host_.on_click = [this] {
+        dialsim_fail("RoGetActivationFactory(Windows.UI.Input.RadialControllerMenuItem)", kFail, 1, 3);
+        made = SetMenu(kWindow, {KnownIcon(50)});
+    };
+    const InsideCall click(kCreateFromKnownIcon, [] { EXPECT_EQ(dialsim_click(kWindow), 0); });
+    EXPECT_TRUE(SetMenu(kWindow, {KnownIcon(1)}));
+    EXPECT_EQ(made, false);
+    EXPECT_EQ(Printed(),
+              "failed with 80004005 at line 151\n"
+              "failed with 80004005 at line 515\n"
+              "AddMenuItemFromKnownIcon failed with 80004002 at line 152\n");
+}
+
+}  // namespace
