@@ -19,16 +19,16 @@ consteval std::array<WCHAR, N> Wide(const char (&text)[N]) {
 template <class RuntimeClass>
 inline constexpr auto kName = Wide(RuntimeClass::Name);
 
-// Lets go of what the place held, when the class's name has been made.
+// What the place held is released before the class's name is made.
 template <class RuntimeClass, class Factory>
 HRESULT GetFactory(Factory*& factory) {
-    HSTRING_HEADER header;
-    HSTRING name = nullptr;
-    WindowsCreateStringReference(kName<RuntimeClass>.data(), kName<RuntimeClass>.size() - 1, &header, &name);
     if (factory != nullptr) {
         factory->Release();
         factory = nullptr;
     }
+    HSTRING_HEADER header;
+    HSTRING name = nullptr;
+    WindowsCreateStringReference(kName<RuntimeClass>.data(), kName<RuntimeClass>.size() - 1, &header, &name);
     return RoGetActivationFactory(name, Factory::Iid, reinterpret_cast<void**>(&factory));
 }
 

@@ -207,8 +207,11 @@ Dial::~Dial() {
 
 void Dial::OnRotation(abi::IRadialController* sender, Rotation* args) {
     DialRotationInfo info{};
-    if (menu_ != nullptr) {
-        info.selectedItemTag = SelectedTag(menu_);
+    // Held: an event inside a call may make the menu anew.
+    if (abi::IRadialControllerMenu* const menu = menu_; menu != nullptr) {
+        menu->AddRef();
+        info.selectedItemTag = SelectedTag(menu);
+        menu->Release();
     }
     ReadContact(args, info.contact);
     Rotation* rotation = nullptr;

@@ -80,9 +80,14 @@ HRESULT Dial::FillMenu(const MenuItemDescription* items, std::uint32_t count) {
     if (menu_ != nullptr) {
         menu_->Release();
     }
+    menu_ = nullptr;
     controller_->get_Menu(&menu_);
+    // Held: an event inside a call may make the menu anew. So are the factory and the menu below.
+    abi::IRadialControllerMenu* const menu = menu_;
+    menu->AddRef();
     List* list = nullptr;
-    if (menu_->get_Items(&list) < 0) {
+    if (menu->get_Items(&list) < 0) {
+        menu->Release();
         return E_FAIL;
     }
     list->Clear();
@@ -90,6 +95,7 @@ HRESULT Dial::FillMenu(const MenuItemDescription* items, std::uint32_t count) {
         AddItem(items[i]);
     }
     list->Release();
+    menu->Release();
     return S_OK;
 }
 
@@ -100,29 +106,35 @@ HRESULT Dial::AddItem(const MenuItemDescription& description) {
     if (const HRESULT code = GetFactory<abi::RadialControllerMenuItem>(items_); code < 0) {
         return code;
     }
+    abi::IRadialControllerMenuItemStatics* const statics = items_;
+    statics->AddRef();
     abi::IRadialControllerMenuItem* item = nullptr;
     const HSTRING label = Reference(WindowsGetStringRawBuffer(entry.label, nullptr), header);
-    HRESULT code = items_->CreateFromKnownIcon(
+    HRESULT code = statics->CreateFromKnownIcon(
         label, static_cast<abi::RadialControllerMenuKnownIcon>(description.source.number), &item);
     if (code >= 0) {
         code = AddToMenu(item, entry);
         item->Release();
     }
+    statics->Release();
     entries_.push_back(entry);
     return code;
 }
 
 HRESULT Dial::AddToMenu(abi::IRadialControllerMenuItem* item, Entry& entry) {
+    abi::IRadialControllerMenu* const menu = menu_;
+    menu->AddRef();
     auto* handler = new InvokedHandler(*this);
     EventRegistrationToken token{};
     HRESULT code = item->add_Invoked(handler, &token);
     entry.invoked_token = token.value;
     handler->Release();
     if (code < 0) {
+        menu->Release();
         return code;
     }
     List* list = nullptr;
-    menu_->get_Items(&list);
+    menu->get_Items(&list);
     list->Append(item);
     abi::IPropertyValueStatics* values = nullptr;
     GetFactory<abi::PropertyValue>(values);
@@ -136,6 +148,7 @@ HRESULT Dial::AddToMenu(abi::IRadialControllerMenuItem* item, Entry& entry) {
     tag->Release();
     values->Release();
     list->Release();
+    menu->Release();
     return code;
 }
 

@@ -78,10 +78,10 @@ bool IsDialPresent() {
     GetFactory<abi::DeviceInformation>(statics);
     Operation* operation = nullptr;
     statics->FindAllAsyncAqsFilter(filter, &operation);
+    statics->Release();
     auto* completion = new Completion;
     operation->put_Completed(completion);
     operation->Release();
-    statics->Release();
     WindowsDeleteString(filter);
     const bool found = completion->Wait();
     completion->Release();
