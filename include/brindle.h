@@ -34,9 +34,9 @@
  *
  *     // On the thread that owns the window and pumps its messages.
  *     void RunWithDial(HWND window) {
- *         if (initialize() == 1) return;                // no Windows Runtime: nothing to undo
+ *         if (initialize() == 1) return;                // no dial here; uninit is not due
  *         Volume volume(window);                        // must outlive uninit
- *         if (init_dial_listener(&volume)) {            // false: this machine has no dial support
+ *         if (init_dial_listener(&volume)) {            // false: see the lines on standard output
  *             MSG message;
  *             while (GetMessageW(&message, nullptr, 0, 0) > 0) DispatchMessageW(&message);
  *         }
@@ -50,38 +50,53 @@
  * Order      initialize, once; init_dial_listener, once for each top-level window; then everything else;
  *            uninit, once, at the end. The library does not guard against another order.
  *
- * Threads    Call every function on the one thread that called initialize (it becomes a single-threaded
- *            apartment). Your callbacks run on whatever thread the platform raises the dial's events on; on
- *            the thread that called initialize a callback may call every function of this header but
- *            initialize and uninit, on another thread none.
- *            Nothing here takes a lock. Where events come on other threads than yours, one at a time, they
- *            may come beside every function but add_custom_menu for their window, and uninit. While a
- *            picture file is on its way into a window's menu, neither make that window's menu anew nor let
- *            its items be chosen, and let only one be on its way (ResourcePNG items never are).
+ * Threads    Call every function on the one thread that called initialize; it becomes a single-threaded
+ *            apartment. The platform chooses the threads that events and picture loads arrive on.
+ *            On the thread of initialize a callback may call every function of this header but initialize and
+ *            uninit; on another thread it may call none. On that thread events may also arrive while a
+ *            function is at work, in a platform call that handles messages, and a menu may be made anew while
+ *            a picture file is on its way into it.
+ *            There are no locks. Events on other threads must arrive one at a time. They may run concurrently
+ *            with every function but uninit and, for the window they belong to, init_dial_listener and
+ *            add_custom_menu. A picture file that is loaded on another thread must be the only one on its way
+ *            into its window's menu, and until its item has appeared that menu must not be made anew and no
+ *            item of it be chosen. ResourcePNG items are never on their way.
  *
  * Windows    A window is named by its handle as an unsigned 64-bit number: (uint64_t)hwnd.
  *
- * Results    Window functions return true or false; where a step of the platform failed, its code goes to
- *            standard output (see Diagnostics). initialize returns 0, 1 or 2. Storage setters return 0 or a
- *            negative code, storage getters the value or a marker for "nothing there".
+ * Results    Window functions return true or false. True means that the operation ended with a success code,
+ *            which is less than that all of its steps took place (see Diagnostics). initialize returns 0, 1
+ *            or 2. Storage setters return 0 or a negative code, storage getters the value or a marker for
+ *            "nothing there".
  *
- * Texts      NUL-terminated UTF-16, borrowed for the call. A text returned to you is yours: free() it
- *            (the heap is the Universal C Runtime's).
+ * Texts      NUL-terminated UTF-16, borrowed for the call. A text returned to you is yours to free (see
+ *            get_string_from_storage).
  *
- * Errors     No platform failure leaves a function as an exception, with three exceptions to the rule:
- *            running out of memory (std::bad_alloc), a label the platform refuses (add_custom_menu),
- *            and initialize when the platform cannot make a string (a structured exception). Hosts built
- *            with another compiler than the DLL cannot catch the C++ ones and should treat them as fatal.
+ * Errors     A platform failure becomes a result. The exceptions to this rule:
+ *              std::bad_alloc, without memory, from every function but initialize and uninit
+ *              hresult_error, from add_custom_menu, for a text that the platform refuses
+ *              a structured exception with the code, from initialize, when the platform cannot make a string
+ *              what leaves a rotation's event handler (see IDialHost)
+ *            Hosts built with another compiler than the DLL cannot catch the C++ exceptions and should treat
+ *            them as fatal.
  *
  * Ownership  The library owns nothing of yours. It keeps a plain pointer to your IDialHost and calls it
  *            until uninit. What it passes to a callback lives for that call only.
  *
- * Diagnostics  One line on standard output for each step of the platform that fails:
- *              "failed with 80070005 at line 460", or with a step's name in front. The number after
- *              "line" identifies the step and does not change between versions. A step that fails is
- *              tried three times: the code printed is the second attempt's, so "failed with 0" means that
- *              a second attempt worked; the result is the third's. Asking for the dial and settings
- *              print nothing.
+ * Diagnostics
+ *            Lines on standard output, "failed with 80070005 at line 460" or with a step's name in front,
+ *            from init_dial_listener, add_custom_menu, event handlers and picture loads; the other functions
+ *            print none. The number after "line" identifies the step and does not change between versions.
+ *
+ *            A step that fails is attempted three times in all. The code printed is the second attempt's; the
+ *            third attempt's ends the operation there, even when it is a success. So "failed with 0", or a
+ *            result of true with a line, means that the operation stopped at that step. A step with a name is
+ *            attempted twice, and the operation goes on. "register", "CreateFromIcon" and line 727 are
+ *            attempted once, and end it.
+ *
+ *            A step that consists of steps prints their lines in each of its attempts: a contact that cannot
+ *            be read prints four. A controller or a menu that the platform yields as nothing is no failed
+ *            step: the one leaves the "register" line alone, the other prints none.
  */
 #ifndef BRINDLE_H
 #define BRINDLE_H
@@ -140,9 +155,11 @@ typedef struct DialRotationInfo {
     /* Degrees since the last event, clockwise positive; 0.0 when the platform cannot tell. */
     double deltaDegrees;
     /* How fast the user turns, as a factor to multiply deltaDegrees by: 1.0 or more, and 1.0 for the first
-     * 10 degrees of a movement. With s the degrees summed since the last pause, it is
-     * sqrt(max(|s| - 10, 0)) / 2.07 + 1, recomputed at most once in 50 ms; a pause of more than 100 ms
-     * starts the sum anew. One sum serves the whole process, whichever window the dial turns for. */
+     * 10 degrees of a movement. It is sqrt(max(|s| - 10, 0)) / 2.07 + 1, with s the sum of deltaDegrees. A
+     * turn 50 ms or more after the last computation computes it anew; one more than 100 ms after the last
+     * computation restarts the sum first. Turns in between only add to the sum, so that of turns at 0, 49
+     * and 101 ms the last restarts it. The first turn in the process computes nothing. One sum serves the
+     * whole process, whichever window the dial turns for. */
     double acceleration;
     /* The item_id of the menu item that is selected; 0 when none is, the window has no custom menu, or the
      * platform cannot tell the item's tag. */
@@ -216,13 +233,14 @@ typedef struct MenuItemDescription {
  *   comes to or leaves the window   Control...              nothing
  *
  * Arguments are never null and live for the call only. `sender` is the platform's controller
- * (IRadialController*): a reference that you take of it has to be released before uninit, or its events go on
- * and reach memory that is gone. Callbacks must not throw or unwind: above them stands the platform.
+ * (IRadialController*). A reference that you take of it keeps its events coming: release it before uninit,
+ * and before init_dial_listener returns anything but true, or events reach memory that is gone. Callbacks
+ * must not throw or unwind: above them stands the platform.
  *
  * What the platform cannot tell of an event:
  *
  *   a turn's degrees, the contact's place, the selected item's tag   0, and you are called
- *   which item is selected, a click's contact                        you are not called
+ *   which item is selected, a click's contact                        you are not called; a line is printed
  *   a turn's button, the haptic answer that you asked for            the failure leaves the event as a C++
  *       exception (hresult_error, or std::bad_alloc for 0x8007000E) that only the platform stands above:
  *       Windows ends the process on it. In the simulator it is reported to the script or the test.
@@ -270,38 +288,56 @@ struct IDialHost {
  * ------------------------------------------------------------------------------------------------------ */
 
 /*
- * Starts the Windows Runtime on the calling thread, single-threaded, and looks whether it is recent enough.
+ * Starts the Windows Runtime on the calling thread, single-threaded, and asks whether it is recent enough.
  *
- *   0  ready
- *   1  the Windows Runtime cannot be started or asked (also when the thread is already in a multithreaded
- *      apartment)
- *   2  this Windows is too old for the dial
+ *   Returns
+ *     0        ready
+ *     1        the Windows Runtime is missing, cannot be asked, or the thread is already in a multithreaded
+ *              apartment
+ *     2        this Windows is too old for the dial
  *
- * Call uninit after 0 or 2; after 1 call nothing more.
- * Thread: the one that will make all other calls. Since 0.1.
+ *   Errors     a structured exception, non-continuable, when the platform cannot make a string
+ *   Thread     the one that makes all other calls
+ *   Since      0.1
+ *
+ * Call uninit after 0 or 2. After 1 call nothing more, uninit included: the Windows Runtime may stay
+ * initialised on the thread, which cannot be told from here.
  */
 int32_t initialize(void);
 
 /*
  * Ends every listener, in ascending order of window handle, and stops the Windows Runtime on this thread.
- * A listener displaced by a second init_dial_listener for its window is not ended: it keeps its place in
- * memory and calls its host as long as the platform raises events for it, so such a host must live on.
- * Where events come on another thread, see to it that none is being delivered: its listener goes away here.
- * Thread: the one that called initialize, never from a callback. Since 0.1.
+ *
+ *   Thread     that of initialize, never from a callback
+ *   Since      0.1
+ *
+ * No event may be running on another thread, and no picture file may be on its way into a menu: the listeners
+ * that they use go away here. A listener that was displaced by a second init_dial_listener for its window is
+ * not ended: it stays in memory and calls its host as long as the platform raises its events, so that host
+ * must live on.
  */
 void uninit(void);
 
 /*
- * Makes the dial work for the window of `host` and files the listener under that window.
+ * Makes the dial work for the window of `host` and registers the listener under that window.
  *
- *   host    called until uninit; not owned; null gives false
+ *   Parameters
+ *     host     called until uninit; not owned; null gives false
  *
- *   true    turns and clicks over the window now reach the host
- *   false   host is null, or the platform refused a step; the lines on standard output say which one
+ *   Returns
+ *     true     the registration ended with a success code. Without a line on standard output the host gets
+ *              all events. With one it ended early: after line 458 or 460 no event arrives; after one from
+ *              467 to 491 the events subscribed before it arrive, its own perhaps more than once, and those
+ *              behind it do not. Line 487 subscribes turns, line 491 clicks
+ *     false    host is null, or the platform refused a step; the lines on standard output say which one.
+ *              Nothing of the registration is left
  *
- * A second call for the same window gives true and files the new listener; the older one is neither ended
- * nor unsubscribed and goes on calling its host.
- * Memory: std::bad_alloc when the listener cannot be allocated. Thread: that of initialize. Since 0.1.
+ *   Errors     std::bad_alloc when the listener cannot be allocated
+ *   Thread     that of initialize
+ *   Since      0.1
+ *
+ * Events may arrive before it returns. A second call for the same window registers a new listener in the
+ * place of the older one, which is neither ended nor unsubscribed and goes on calling its host.
  */
 bool init_dial_listener(IDialHost* host);
 
@@ -312,46 +348,71 @@ bool init_dial_listener(IDialHost* host);
 /*
  * Replaces the custom items of the window's dial menu.
  *
- *   items   `count` records, read during the call; null adds none
- *   count   0 to 4294967295; 0 clears the menu
+ *   Parameters
+ *     window   a registered window
+ *     items    `count` records, read during the call; null adds none
+ *     count    0 to 4294967295; 0 clears the menu
  *
- *   true    the menu was replaced; an item that could not be made is missing and has its lines on standard
- *           output
- *   false   no listener, no menu, or the platform's factory for known icons is gone (the records from
- *           there on are then skipped)
+ *   Returns
+ *     true     the call ended with a success code. Without a line on standard output the menu has the new
+ *              items. Line 124 or 129: nothing was changed. "clear" with a code other than 0: the old items
+ *              stand before the new ones. Line 151: the records from a known icon on are skipped. Any other
+ *              line: an item may be missing, lack its tag, or be in the menu more than once
+ *     false    no listener, or one without a controller; or the menu (line 124, or no line when the platform
+ *              yields none) or its item list (129) could not be had, and the old items still stand; or the
+ *              factory for known icons failed (151), and the records from that one on are skipped. As long as
+ *              the menu could not be had, turns tell no tag, and picture files that come are refused
  *
- * A record of an unknown kind, or of a font file that does not exist, is skipped silently. Items from PNG
- * files appear after the call, when the platform has opened the file, in the order in which that happens; a
- * file that does not exist never appears. Call uninit only when those loads are over.
+ *   Errors     hresult_error when the platform refuses a label or source text, or it is longer than
+ *              4294967295 units; std::bad_alloc without memory. Items made before stay
+ *   Thread     that of initialize
+ *   Since      0.1
+ *
+ * A record of an unknown kind, or of a font file that does not exist or has no short path, is skipped
+ * silently. Items from PNG files appear after the call, when the platform has opened the file, in the order
+ * in which that happens; a file that does not exist never appears. Call uninit only when those loads are
+ * over.
  *
  * An item's haptic_feedback is kept under its item_id from the first item that ever had it: a later item, of
  * a later menu too, with the same item_id shares the earlier one's setting. Use fresh identifiers for new
  * meanings. Items from PNG files have the setting 0.
- *
- * Exceptions: a label or source text that the platform refuses or that is longer than 4294967295 units
- * (hresult_error), or no memory (std::bad_alloc); items made before stay.
- * Thread: that of initialize. Since 0.1.
  */
 bool add_custom_menu(uint64_t window, const MenuItemDescription* items, uint32_t count);
 
 /*
  * Says which of the system's own entries remain in the window's dial menu, in this order.
  *
- *   kinds   `count` values, read during the call: 0 scroll, 1 zoom, 2 undo and redo, 3 volume, 4 next and
- *           previous track; passed on unchanged; null gives false
- *   count   0 leaves no system entry
+ *   Parameters
+ *     window   a registered window; the menu is that of the window that its host object reports now
+ *     kinds    `count` values, read during the call: 0 scroll, 1 zoom, 2 undo and redo, 3 volume, 4 next and
+ *              previous track; passed on unchanged; null gives false
+ *     count    0 leaves no system entry
  *
- *   true    the platform has taken them
- *   false   no listener, no configuration for the window, a null list, or the platform refused them
+ *   Returns
+ *     true     the platform has taken them
+ *     false    no listener, no configuration for the window, a null list, or the platform refused them
  *
- * The window is the one that the host object reports now. Thread: that of initialize. Since 0.1.
+ *   Errors     std::bad_alloc without memory
+ *   Thread     that of initialize
+ *   Since      0.1
  */
 bool set_default_menu(uint64_t window, const int32_t* kinds, uint32_t count);
 
 /*
- * Selects the first item of the window's custom menu whose item_id equals `item_id`; false when there is
- * none or the platform refuses. Selecting does not count as choosing: no haptic setting changes.
- * Thread: that of initialize. Since 0.1.
+ * Selects the first item of the window's custom menu whose item_id equals `item_id`. Selecting does not count
+ * as choosing: no haptic setting changes.
+ *
+ *   Parameters
+ *     window   a registered window
+ *     item_id  every value is ordinary
+ *
+ *   Returns
+ *     true     the item is selected
+ *     false    no listener, no such item, or the platform refused a step of the search
+ *
+ *   Errors     std::bad_alloc when the platform is without memory
+ *   Thread     that of initialize
+ *   Since      0.1
  */
 bool set_current_custom_menu(uint64_t window, uint32_t item_id);
 
@@ -363,17 +424,24 @@ bool set_current_custom_menu(uint64_t window, uint32_t item_id);
  * Asks Windows whether the dial is there: whether one of the enabled Bluetooth interfaces of its class begins
  * with this one dial's address. Any other dial, however similar, counts as none. Every call asks anew.
  *
- *   true    it is there
- *   false   it is not, Windows could not be asked, or the window has no listener (init_dial_listener comes
- *           first)
+ *   Parameters
+ *     window   a registered window
+ *
+ *   Returns
+ *     true     it is there
+ *     false    it is not, Windows could not be asked or did not answer in time, or the window has no listener
+ *
+ *   Errors     std::bad_alloc without memory, also when Windows says so (0x8007000E) to the question
+ *   Thread     that of initialize
+ *   Since      0.1
  *
  * Blocks the caller until Windows has answered, usually some milliseconds, and handles no messages meanwhile.
  * An answer that fails or never comes is waited for to the end: 10,001 sleeps of 1 ms, 10 seconds where the
- * system's timer is fine and up to 160 where it ticks every 16 ms. An answer that comes after that is not
- * waited for and does no harm, after uninit either.
+ * system's timer is fine and up to 160 where it ticks every 16 ms.
  *
- * Exceptions: std::bad_alloc when there is no memory for the question.
- * Thread: that of initialize. Since 0.1.
+ * An answer that comes after that touches nothing that is gone, after uninit either. It does harm in one
+ * case: while a later call for the same window waits, it ends that wait, with false, and the answer to that
+ * call is then late in its turn. After a call that took the whole wait, ask again only after a pause.
  */
 bool is_dial_present(uint64_t window);
 
@@ -399,53 +467,65 @@ bool is_dial_present(uint64_t window);
  * The vault is the user's credential store. Every process of the user can read it: what is kept there is no
  * secret from the user's other programs. `resource` tells your texts from theirs; a key that another
  * resource has taken in the vault is not written under yours, so make your keys unlikely ones too
- * ("Example Paint/last brush"). Windows keeps at most twenty credentials there for a packaged program.
+ * ("Example Paint/last brush"). Windows keeps at most twenty texts there for a program with package identity.
  *
  * Roaming settings no longer roam: since Windows 11 they stay on the computer like local ones.
  *
  * Sizes: Windows takes keys up to 255 characters and values up to 8192 bytes (4096 UTF-16 units) into
  * settings, and no empty text into the vault. The library has no limits of its own.
  *
- *   resource, key, value   NUL-terminated UTF-16, not null, read during the call
+ * A place that fails, or refuses a value, is skipped silently: a setter returns 0 even when nothing was kept
+ * anywhere. To be sure, read the value back. A change is not one step: it removes the old value and then
+ * writes the new one, in each place, and a failure in between leaves the place without either. A value that a
+ * place already has is not written there again.
  *
- * A place that fails, or refuses a value, is passed over without a word: a setter returns 0 even when nothing
- * was kept anywhere. To be sure, read the value back. A change is not one step: it removes the old value
- * and then writes the new one, in each place, and a failure in between leaves the place without either. A
- * value that a place already has is not written there again.
+ * Of all four:
  *
- * Exceptions, of all four: std::bad_alloc without memory, also when Windows is out of it (0x8007000E).
+ *   Parameters
+ *     resource, key, value   NUL-terminated UTF-16, not null, read during the call
+ *
+ *   Errors     std::bad_alloc without memory, also when Windows says so (0x8007000E)
+ *   Thread     that of initialize
+ *   Since      0.1
  */
 
 /*
- * Keeps a text, which may be empty. 0; a negative HRESULT only if a failure of Windows escaped all care.
- * Thread: that of initialize. Since 0.1.
+ * Keeps a text, which may be empty.
+ *
+ *   Returns
+ *     0        always, unless a platform failure is handled nowhere; then its negative HRESULT
  */
 int32_t set_string_in_storage(const BrindleChar* resource, const BrindleChar* key, const BrindleChar* value);
 
 /*
- * The text kept under `key`, or null when there is none. Settings are found under any `resource`, the vault's
- * texts under their own.
+ * The text kept under `key`. Settings are found under any `resource`, the vault's texts under their own.
  *
- * The text is yours: a new buffer on every call, of its length + 1 units, that you give to free() of the
- * Universal C Runtime. (A host with another runtime library frees it with that one's free:
- * GetProcAddress(GetModuleHandle("ucrtbase.dll"), "free").)
- * Thread: that of initialize. Since 0.1.
+ *   Returns
+ *     a text   yours: a new buffer on every call, of its length + 1 units, to give to free() of the Universal
+ *              C Runtime. A host with another runtime library calls that one's free:
+ *              GetProcAddress(GetModuleHandleW(L"ucrtbase.dll"), "free")
+ *     null     there is none
  */
 BrindleChar* get_string_from_storage(const BrindleChar* resource, const BrindleChar* key);
 
 /*
- * Keeps a number; `resource` is not used. 0; a negative HRESULT only if a failure of Windows escaped all
- * care. Thread: that of initialize. Since 0.1.
+ * Keeps a number; `resource` is not used.
+ *
+ *   Returns
+ *     0        always, unless a platform failure is handled nowhere; then its negative HRESULT
  */
 int32_t set_int_in_storage(const BrindleChar* resource, const BrindleChar* key, int32_t value);
 
 /*
- * The number kept under `key`, or INT32_MIN (0x80000000) when there is none; a kept INT32_MIN cannot be told
- * from none.
+ * The number kept under `key`. A number that the settings hold as a value of another kind, such as a text, is
+ * not found there; a text in the vault is read as a number.
  *
- * A text in the vault counts, before the local settings, as the decimal number that it begins with (blanks
- * and a sign before it are allowed), limited to the range of int32_t; as 0 when it begins with none.
- * Thread: that of initialize. Since 0.1.
+ *   Returns
+ *     a number    from the roaming settings; or else the decimal number that the vault's text begins with
+ *                 (blanks and a sign before it are allowed), limited to the range of int32_t, 0 when the text
+ *                 begins with none; or else from the local settings
+ *     INT32_MIN   (0x80000000) there is none. INT32_MIN itself does not count as a number in any place, nor
+ *                 does a vault text that reads as INT32_MIN or below: the next place is asked
  */
 int32_t get_int_from_storage(const BrindleChar* resource, const BrindleChar* key);
 

@@ -1,5 +1,5 @@
-// Seven of the eleven functions; storage_exports.cpp has the others. Each finds its listener, hands the work
-// inward and turns the code into its result; nothing else happens here.
+// Seven of the eleven functions; storage_exports.cpp has the others. Start and stop of the platform, and
+// which listener serves which window, are here; what a listener does is in the files of its operations.
 #include "brindle.h"
 #include "dial/dial_listener.h"
 #include "frame/diagnostics.h"

@@ -2,7 +2,7 @@
 //
 // A step that fails is evaluated again, a line is printed with the second code, and it is evaluated a third
 // time; the enclosing operation ends with the third code, whether or not that one is a failure. All three
-// evaluations happen, side effects included: this is intended, and host programs read the lines.
+// evaluations happen, side effects included. This is intended: hosts tell by the lines what took place.
 //
 //   first     second    third     printed             the operation
 //   succeeds                                          goes on

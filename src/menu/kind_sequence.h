@@ -1,7 +1,6 @@
 // The system entries that a host wants to keep, as the platform reads them.
 #pragma once
 
-#include <atomic>
 #include <cstdint>
 #include <new>
 #include <vector>
@@ -14,7 +13,8 @@ namespace brindle {
 using SystemItemKind = abi::RadialControllerSystemMenuItemKind;
 
 // A read-only sequence for the time of one call. A platform that keeps it, or an iterator over it, beyond
-// that finds it closed: the memory is still there, the list is not.
+// that finds it closed: the memory is still there, the list is not. It is freed right after the call, which
+// is intended, and without a lock: nothing protects a reader on another thread that is still at work then.
 class KindSequence final : public ImplementsInspectable<abi::IIterable<SystemItemKind>> {
 public:
     static constexpr HRESULT kOutOfBounds = static_cast<HRESULT>(0x8000000B);  // E_BOUNDS
@@ -33,7 +33,7 @@ public:
     const std::vector<SystemItemKind>& Kinds() const noexcept { return kinds_; }
 
 private:
-    std::atomic<bool> closed_ = false;
+    bool closed_ = false;
     std::vector<SystemItemKind> kinds_;
 };
 

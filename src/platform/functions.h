@@ -1,39 +1,40 @@
 // Every platform function the library calls, in one place. On Windows the platform's headers declare them
 // and its libraries answer; natively they are declared here and whatever is linked underneath answers.
 //
-//   function                     called by            on which thread        on failure
-//   RoInitialize                 initialize           the host's             code; initialize returns 1
-//   RoUninitialize               uninit               the host's             cannot fail
-//   RoGetActivationFactory       GetFactory           any                    code; no factory
-//   WindowsCreateStringReference StringReference      any                    code; the string stays empty
-//   WindowsCreateString          MakeString           any                    code, raised
-//   WindowsDuplicateString       CopyText             the host's, a load's   code, raised
-//   WindowsGetStringRawBuffer, WindowsGetStringLen
-//                                TextOf, LengthOf     any                    cannot fail
-//   WindowsPreallocateStringBuffer, WindowsPromoteStringBuffer, WindowsDeleteStringBuffer
-//                                ToPlatformString     any                    code, raised; the last one gives
-//                                back
-//                                                                            a buffer that was not promoted
-//   WindowsDeleteString          String               any                    cannot fail
-//   RoOriginateLanguageException ErrorToCode          any                    ignored
-//   CoCreateFreeThreadedMarshaler  FreeThreadedDelegate  the platform's      code; the query for it fails
-//   GetTickCount64               NextAcceleration     the event's            cannot fail
-//   Sleep                        IsDialPresent        the host's             cannot fail
-//   MultiByteToWideChar          ToPlatformString     any                    0; the text becomes empty
-//   RaiseException               initialize           the host's             does not return
-//   _vsnwprintf                  FormatWide           any                    negative; nothing is formatted
-//   _wcsnicmp                    IsTheDial            the completion's       cannot fail
-//   wcscpy_s                     CopyForHost          the host's             cannot fail: the buffer fits
-//   wcstol                       get_int_from_storage the host's             cannot fail: 0 without digits
-//   PathFileExistsW, GetShortPathNameW
-//                                AddCustomMenu        the host's             false, 0; the record is skipped
-//   FindResourceW, SizeofResource, LoadResource, LockResource, FreeResource
-//                                LoadPngResourceStream  the host's           null, 0; no stream
-//   GlobalAlloc, GlobalLock, GlobalUnlock, GlobalFree, CreateStreamOnHGlobal
-//                                LoadPngResourceStream  the host's           null, code; no stream
-//   CreateRandomAccessStreamOverStream
-//                                AddMenuItemFromResourcePNG  the host's      code
-//   DisableThreadLibraryCalls    DllMain              the loader's           ignored
+//   function                            called by                   thread          on failure
+//   RoInitialize                        initialize                  the host's      code; result 1
+//   RoUninitialize                      uninit                      the host's      cannot fail
+//   RoGetActivationFactory              GetFactory, initialize      any             code; no factory
+//   WindowsCreateStringReference        StringReference             any             code; no string
+//   WindowsCreateString                 MakeString                  any             code, raised
+//   WindowsDuplicateString              CopyText                    host's, load's  code, raised
+//   WindowsGetStringRawBuffer           TextOf                      any             cannot fail
+//   WindowsGetStringLen                 LengthOf                    any             cannot fail
+//   WindowsPreallocateStringBuffer      ToPlatformString            any             code, raised
+//   WindowsPromoteStringBuffer          ToPlatformString            any             code, raised
+//   WindowsDeleteStringBuffer           ToPlatformString            any             cannot fail
+//   WindowsDeleteString                 String                      any             cannot fail
+//   RoOriginateLanguageException        ErrorToCode                 any             ignored
+//   CoCreateFreeThreadedMarshaler       FreeThreadedDelegate        the platform's  code; no IMarshal
+//   GetTickCount64                      NextAcceleration            the event's     cannot fail
+//   Sleep                               IsDialPresent               the host's      cannot fail
+//   MultiByteToWideChar                 ToPlatformString            any             0; an empty text
+//   RaiseException                      initialize                  the host's      does not return
+//   _vsnwprintf                         FormatWide                  any             negative; no text
+//   _wcsnicmp                           IsTheDial                   completion's    cannot fail
+//   wcscpy_s                            CopyForHost                 the host's      cannot: it fits
+//   wcstol                              get_int_from_storage        the host's      0 without digits
+//   PathFileExistsW                     AddCustomFontItem           the host's      false; skipped
+//   GetShortPathNameW                   ShortPath                   the host's      0; skipped
+//   FindResourceW, SizeofResource       LoadPngResourceStream       the host's      null, 0; no stream
+//   LoadResource, LockResource          LoadPngResourceStream       the host's      null; no stream
+//   FreeResource                        LoadPngResourceStream       the host's      ignored
+//   GlobalAlloc, GlobalLock             LoadPngResourceStream       the host's      null; no stream
+//   GlobalUnlock                        LoadPngResourceStream       the host's      ignored
+//   GlobalFree                          GlobalBlock                 the host's      ignored
+//   CreateStreamOnHGlobal               LoadPngResourceStream       the host's      code; no stream
+//   CreateRandomAccessStreamOverStream  AddMenuItemFromResourcePNG  the host's      code
+//   DisableThreadLibraryCalls           DllMain                     the loader's    ignored
 //
 // Ownership follows the platform's rules: a returned interface or string belongs to the caller, an argument
 // is borrowed for the call.

@@ -1,6 +1,6 @@
 // What the compiler's libraries would add to the DLL, more than twice what the library itself takes, for
-// cases that do not occur in it. Defined here, their own versions stay out of the link. A host notices
-// nothing: where one of these is reached, the process ends, or is out of memory, as it would have.
+// cases that do not occur in it. Defined here, their own versions stay out of the link. Where one of these is
+// reached, the process ends, or the host gets std::bad_alloc, also for what would be std::length_error.
 #include <cstdlib>
 #include <exception>
 #include <new>

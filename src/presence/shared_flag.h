@@ -8,7 +8,7 @@
 
 namespace brindle {
 
-// Counted as everything is that the library gives away.
+// Reference-counted: the completion handler holds one reference, the call or the listener the other.
 class SharedFlag final : public Implements<abi::IUnknown> {
 public:
     std::atomic<std::int32_t> value = 0;

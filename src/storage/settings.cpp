@@ -39,7 +39,7 @@ ComPtr<Values> ValuesOf(Container container) {
     return values;
 }
 
-// Empty when there is no entry, or one that is no value.
+// Empty when there is no entry, when the platform refuses to look, or when the entry is no value.
 ComPtr<abi::IPropertyValue> LookUp(Values& values, HSTRING key) {
     ComPtr<abi::IInspectable> entry;
     if (Refused(values.Lookup(key, entry.Put())) || !entry) {

@@ -111,6 +111,29 @@ TEST_F(CustomMenu, TheMenuIsFetchedAnewOnEveryCall) {
     EXPECT_EQ(dialsim_calls("IRadialController::get_Menu"), 2u);
 }
 
+TEST_F(CustomMenu, ATrueWithLine124Or129LeavesTheOldItems) {
+    ASSERT_TRUE(SetMenu(kWindow, {KnownIcon(1)}));
+    FailInTurn(kGetMenu, {kFail});
+    EXPECT_TRUE(SetMenu(kWindow, {KnownIcon(2)}));
+    EXPECT_EQ(Printed(), "failed with 0 at line 124\n");
+    EXPECT_EQ(TagsShown(), "1\n");
+    FailInTurn(kGetItems, {kFail});
+    EXPECT_TRUE(SetMenu(kWindow, {KnownIcon(2)}));
+    EXPECT_EQ(Printed(), "failed with 0 at line 129\n");
+    EXPECT_EQ(TagsShown(), "1\n");
+}
+
+TEST_F(CustomMenu, AMenuThatCannotBeHadKeepsItsItemsAndTurnsTellNoTag) {
+    ASSERT_TRUE(SetMenu(kWindow, {KnownIcon(1)}));
+    ASSERT_EQ(dialsim_choose(kWindow, 0), 0);
+    dialsim_fail(kGetMenu, kFail, 1, 3);
+    EXPECT_FALSE(SetMenu(kWindow, {}));
+    EXPECT_EQ(Printed(), "failed with 80004005 at line 124\n");
+    EXPECT_EQ(TagsShown(), "1\n");
+    EXPECT_EQ(dialsim_turn(kWindow, 1.0), 0);
+    EXPECT_EQ(host.LastRotation().selectedItemTag, 0u);
+}
+
 TEST_F(CustomMenu, AnItemListThatCannotBeHadIsAskedForThreeTimes) {
     dialsim_fail(kGetItems, kFail, 1, 0);
     EXPECT_FALSE(SetMenu(kWindow, {KnownIcon(1)}));
@@ -119,11 +142,13 @@ TEST_F(CustomMenu, AnItemListThatCannotBeHadIsAskedForThreeTimes) {
 }
 
 TEST_F(CustomMenu, AListThatCannotBeClearedIsTriedTwiceAndFilledAllTheSame) {
+    ASSERT_TRUE(SetMenu(kWindow, {KnownIcon(1)}));
     dialsim_fail(kClear, kFail, 1, 0);
-    EXPECT_TRUE(SetMenu(kWindow, {KnownIcon(1)}));
+    dialsim_clear_journal();
+    EXPECT_TRUE(SetMenu(kWindow, {KnownIcon(2)}));
     EXPECT_EQ(dialsim_calls(kClear), 2u);
     EXPECT_EQ(Printed(), "clear failed with 80004005 at line 132\n");
-    EXPECT_EQ(dialsim_objects(kMenuItems), 1u);
+    EXPECT_EQ(TagsShown(), "1\n2\n");
 }
 
 TEST_F(CustomMenu, AClearThatWorksTheSecondTimeIsPrintedAsZero) {

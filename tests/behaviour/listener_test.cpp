@@ -295,6 +295,29 @@ INSTANTIATE_TEST_SUITE_P(Registration, EachStep,
                                          Step{"IRadialController::add_ButtonClicked", 491, 7}),
                          [](const auto& step_info) { return "Line" + std::to_string(step_info.param.line); });
 
+// What a host can tell by the line, and not by the result.
+TEST_F(Listener, ATrueWithLine460IsAListenerWithoutEvents) {
+    FailInTurn("IRadialControllerInterop::CreateForWindow", {kFail});
+    RecordingHost host(kWindow);
+    EXPECT_TRUE(init_dial_listener(&host));
+    EXPECT_EQ(Printed(), "failed with 0 at line 460\n");
+    EXPECT_EQ(dialsim_turn(kWindow, 1.0), 0);
+    EXPECT_EQ(dialsim_click(kWindow), 0);
+    EXPECT_TRUE(host.rotations.empty());
+    EXPECT_TRUE(host.clicks.empty());
+}
+
+TEST_F(Listener, ATrueWithLine487IsEachTurnTwiceAndNoClick) {
+    FailInTurn("IRadialController::add_RotationChanged", {kFail});
+    RecordingHost host(kWindow);
+    EXPECT_TRUE(init_dial_listener(&host));
+    EXPECT_EQ(Printed(), "failed with 0 at line 487\n");
+    EXPECT_EQ(dialsim_turn(kWindow, 1.0), 0);
+    EXPECT_EQ(dialsim_click(kWindow), 0);
+    EXPECT_EQ(host.rotations.size(), 2u);
+    EXPECT_TRUE(host.clicks.empty());
+}
+
 using Windows = Listening;
 
 TEST_F(Windows, AWindowThatWasNeverRegisteredGetsFalseAndAsksNothing) {
