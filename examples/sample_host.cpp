@@ -98,8 +98,9 @@ bool FillMenu(uint64_t window, const Text& picture_path, const Text& font_path) 
          {TEXT16("N")},
          {TEXT16("DejaVu Sans")},
          {font_path.c_str()}},
-        {MenuItemKind::FilePNG, kLabels[kBrush], kBrush, 0, {picture_path.c_str()}, {}, {}},
         {MenuItemKind::ResourcePNG, kLabels[kDial], kDial, 1, {.module = OwnModule()}, {.number = 101}, {}},
+        // The last one: its entry may be recorded on another thread.
+        {MenuItemKind::FilePNG, kLabels[kBrush], kBrush, 0, {picture_path.c_str()}, {}, {}},
     };
     const int32_t system_items[] = {3, 2};  // of the system's own entries, volume and undo
     return add_custom_menu(window, items, 5) && set_default_menu(window, system_items, 2) &&

@@ -1,7 +1,7 @@
 /*
  * brindle.h - a rotary dial with a press button, for classic desktop programs on 64-bit Windows
  *
- * brindle.dll listens to the dial for your windows and tells you of turns and clicks, fills the dial's
+ * brindle.dll listens to the dial for your windows and reports turns and clicks, fills the dial's
  * on-screen menu, answers whether the dial is there, and keeps small named settings. This header is all
  * a host needs; it includes standard headers only and serves C (C11) and C++ (C++11 or later) alike.
  *
@@ -47,56 +47,67 @@
  * Conventions
  * -----------
  *
- * Order      initialize, once; init_dial_listener, once for each top-level window; then everything else;
- *            uninit, once, at the end. The library does not guard against another order.
+ * Order      initialize, once; init_dial_listener, once for each top-level window; then the window functions;
+ *            uninit, once, at the end. The settings functions may be called at any time between initialize
+ *            and uninit. The library does not guard against another order.
  *
  * Threads    Call every function on the one thread that called initialize; it becomes a single-threaded
- *            apartment. The platform chooses the threads that events and picture loads arrive on.
+ *            apartment. The platform chooses the threads that events, picture loads and the answer to
+ *            is_dial_present arrive on.
+ *
  *            On the thread of initialize a callback may call every function of this header but initialize and
  *            uninit; on another thread it may call none. On that thread events may also arrive while a
  *            function is at work, in a platform call that handles messages, and a menu may be made anew while
  *            a picture file is on its way into it.
- *            There are no locks. Events on other threads must arrive one at a time. They may run concurrently
- *            with every function but uninit and, for the window they belong to, init_dial_listener and
- *            add_custom_menu. A picture file that is loaded on another thread must be the only one on its way
- *            into its window's menu, and until its item has appeared that menu must not be made anew and no
- *            item of it be chosen. ResourcePNG items are never on their way.
+ *
+ *            There are no locks. No two events may run at once on different threads, whichever windows they
+ *            belong to. Events on another thread may run concurrently with every function but uninit and, for
+ *            the window they belong to, init_dial_listener and add_custom_menu.
+ *
+ *            When picture files are loaded on another thread, give a menu at most one FilePNG item, as its
+ *            last record. Until that load has ended, do not call add_custom_menu for the window, and no item
+ *            of its menu may be chosen. The load ends a moment after its item can be selected; one that fails
+ *            gives no sign. ResourcePNG items are there when the call returns.
  *
  * Windows    A window is named by its handle as an unsigned 64-bit number: (uint64_t)hwnd.
  *
- * Results    Window functions return true or false. True means that the operation ended with a success code,
- *            which is less than that all of its steps took place (see Diagnostics). initialize returns 0, 1
- *            or 2. Storage setters return 0 or a negative code, storage getters the value or a marker for
- *            "nothing there".
+ * Results    Window functions return true or false. True means that the operation ended with a success code.
+ *            It does not mean that every step took place (see Diagnostics). initialize returns 0, 1 or 2.
+ *            Storage setters return 0 or a negative code, storage getters the value or a marker for "nothing
+ *            there".
  *
  * Texts      NUL-terminated UTF-16, borrowed for the call. A text returned to you is yours to free (see
  *            get_string_from_storage).
  *
  * Errors     A platform failure becomes a result. The exceptions to this rule:
- *              std::bad_alloc, without memory, from every function but initialize and uninit
+ *              std::bad_alloc, without memory, from every function but initialize and uninit; a guarded step
+ *              that is out of memory fails like any other
  *              hresult_error, from add_custom_menu, for a text that the platform refuses
  *              a structured exception with the code, from initialize, when the platform cannot make a string
  *              what leaves a rotation's event handler (see IDialHost)
  *            Hosts built with another compiler than the DLL cannot catch the C++ exceptions and should treat
  *            them as fatal.
  *
- * Ownership  The library owns nothing of yours. It keeps a plain pointer to your IDialHost and calls it
- *            until uninit. What it passes to a callback lives for that call only.
+ * Ownership  The library owns nothing of yours. It keeps a plain pointer to your IDialHost and calls it until
+ *            uninit; a listener that a second init_dial_listener for its window has displaced calls its host
+ *            for ever. What is passed to a callback lives for that call only.
  *
  * Diagnostics
  *            Lines on standard output, "failed with 80070005 at line 460" or with a step's name in front,
  *            from init_dial_listener, add_custom_menu, event handlers and picture loads; the other functions
  *            print none. The number after "line" identifies the step and does not change between versions.
  *
- *            A step that fails is attempted three times in all. The code printed is the second attempt's; the
- *            third attempt's ends the operation there, even when it is a success. So "failed with 0", or a
- *            result of true with a line, means that the operation stopped at that step. A step with a name is
- *            attempted twice, and the operation goes on. "register", "CreateFromIcon" and line 727 are
- *            attempted once, and end it.
+ *            A guarded step that fails is attempted three times in all. The code printed is the second
+ *            attempt's. The third attempt's ends the operation that the step belongs to, even when it is a
+ *            success: what follows the step in its operation then did not take place. Making one menu item is
+ *            an operation of its own; when it ends early, add_custom_menu goes on with the next record.
+ *
+ *            A step with a name is attempted twice, and its operation goes on. "register", "CreateFromIcon"
+ *            and line 727 are attempted once, and end theirs.
  *
  *            A step that consists of steps prints their lines in each of its attempts: a contact that cannot
- *            be read prints four. A controller or a menu that the platform yields as nothing is no failed
- *            step: the one leaves the "register" line alone, the other prints none.
+ *            be read prints four. Where the platform succeeds and yields nothing, no step has failed: a null
+ *            controller gives the "register" line only, a null menu or item list no line.
  */
 #ifndef BRINDLE_H
 #define BRINDLE_H
@@ -129,8 +140,8 @@ typedef char16_t BrindleChar;
  * ------------------------------------------------------------------------------------------------------ */
 
 /* Where the dial stands on the screen, in the coordinates that the platform reports for the window, fractions
- * cut off toward zero; a coordinate outside the range of int32_t becomes INT32_MIN. All zero when the dial is
- * not on the screen or its place cannot be read. For a turn, right is the sum of left and width, cut off
+ * truncated toward zero; a coordinate outside the range of int32_t becomes INT32_MIN. All zero when the dial
+ * is not on the screen or its place cannot be read. For a turn, right is the sum of left and width, cut off
  * once; for a click it is the sum of the already cut left and width, cut off again, so that the two can
  * differ by one (bottom likewise). 16 bytes. */
 typedef struct DialContactRect {
@@ -157,16 +168,17 @@ typedef struct DialRotationInfo {
     /* How fast the user turns, as a factor to multiply deltaDegrees by: 1.0 or more, and 1.0 for the first
      * 10 degrees of a movement. It is sqrt(max(|s| - 10, 0)) / 2.07 + 1, with s the sum of deltaDegrees. A
      * turn 50 ms or more after the last computation computes it anew; one more than 100 ms after the last
-     * computation restarts the sum first. Turns in between only add to the sum, so that of turns at 0, 49
-     * and 101 ms the last restarts it. The first turn in the process computes nothing. One sum serves the
-     * whole process, whichever window the dial turns for. */
+     * computation restarts the sum first; one less than 50 ms after it only adds to the sum. So after a
+     * computation at 0 ms, a turn at 49 ms computes nothing, and one at 101 ms restarts the sum. The first
+     * turn in the process computes nothing. One sum serves the whole process, whichever window the dial
+     * turns for. */
     double acceleration;
     /* The item_id of the menu item that is selected; 0 when none is, the window has no custom menu, or the
      * platform cannot tell the item's tag. */
     uint32_t selectedItemTag;
     /* Null when you are called. Point it at the value 1 or 2, which must stay readable until the library
      * has read it just after your return, and the dial plays its first haptic waveform three times at full
-     * intensity, 200 ms apart. Any other value, or a dial without waveforms: nothing is played. */
+     * intensity, with pauses of 200 ms. Any other value, or a dial without waveforms: nothing is played. */
     BRINDLE_ANSWER const uint32_t* hapticRequest;
 } DialRotationInfo;
 
@@ -203,14 +215,18 @@ enum {
  *                0 scroll ... 8 pen type
  *   SystemFont   text: glyph                     text: font family            -
  *   CustomFont   text: glyph                     text: font family            text: path of the font file
+ *
+ * The texts that a kind uses must not be null; paths are absolute.
  */
 typedef struct MenuItemDescription {
     MenuItemKind kind;
     /* The label; must not be null, may be empty. */
     const BrindleChar* display_text;
-    /* Yours to choose, every value is ordinary; comes back as DialRotationInfo::selectedItemTag. */
+    /* Yours to choose; comes back as DialRotationInfo::selectedItemTag, which cannot tell 0 from no
+     * selection. */
     uint32_t item_id;
-    /* Not 0: choosing the item turns the dial's automatic haptic feedback on; 0: off. */
+    /* Not 0: choosing the item turns the dial's automatic haptic feedback on; 0: off. add_custom_menu says
+     * what decides for items that share an item_id, and for picture files. */
     uint8_t haptic_feedback;
     union {
         const BrindleChar* text;
@@ -229,15 +245,17 @@ typedef struct MenuItemDescription {
  *   the user ...                    the platform raises     the host is called with
  *   turns the dial                  RotationChanged         OnRotation
  *   presses and lets go             ButtonClicked           OnButtonClicked
- *   puts it on the screen, moves    ScreenContact...        nothing; later turns and clicks carry `contact`
+ *   puts it on the screen, moves
+ *   it there, lifts it              ScreenContact...        nothing; turns and clicks carry `contact`
+ *   chooses a menu item             Invoked                 nothing; later turns carry its item_id
  *   comes to or leaves the window   Control...              nothing
  *
  * Arguments are never null and live for the call only. `sender` is the platform's controller
  * (IRadialController*). A reference that you take of it keeps its events coming: release it before uninit,
- * and before init_dial_listener returns anything but true, or events reach memory that is gone. Callbacks
+ * and before init_dial_listener returns anything but true, or events reach freed memory. Callbacks
  * must not throw or unwind: above them stands the platform.
  *
- * What the platform cannot tell of an event:
+ * What the platform cannot tell about an event:
  *
  *   a turn's degrees, the contact's place, the selected item's tag   0, and you are called
  *   which item is selected, a click's contact                        you are not called; a line is printed
@@ -252,14 +270,15 @@ public:
     /* The dial was turned. You may write info->hapticRequest and nothing else. */
     virtual void OnRotation(void* sender, const DialRotationInfo* info) = 0;
     /* The window this object serves. init_dial_listener asks twice: the first answer is the window the dial
-     * is bound to, the second the one under which the listener is filed. */
+     * is bound to, the second, after a registration that succeeded, the one that the listener is registered
+     * under. set_default_menu asks once. */
     virtual uint64_t GetWindowHandle() = 0;
     /* The button was pressed and let go; `rect` is where the dial stands on the screen. */
     virtual void OnButtonClicked(void* sender, const DialContactRect* rect) = 0;
 
 protected:
-    /* Not virtual: a virtual destructor would take a place in the function table. Make your class final, and
-     * no compiler warns about it. */
+    /* Not virtual: a virtual destructor would take a place in the function table. Declare your class final,
+     * so that no compiler warns about it. */
     ~IDialHost() = default;
 };
 
@@ -291,17 +310,17 @@ struct IDialHost {
  * Starts the Windows Runtime on the calling thread, single-threaded, and asks whether it is recent enough.
  *
  *   Returns
- *     0        ready
- *     1        the Windows Runtime is missing, cannot be asked, or the thread is already in a multithreaded
- *              apartment
- *     2        this Windows is too old for the dial
+ *     0        ready; whether this Windows knows the dial shows in init_dial_listener, line 458
+ *     1        the Windows Runtime cannot be initialised, for instance because the thread is already in a
+ *              multithreaded apartment, or has no class to ask
+ *     2        this Windows is too old, or the question failed
  *
  *   Errors     a structured exception, non-continuable, when the platform cannot make a string
  *   Thread     the one that makes all other calls
  *   Since      0.1
  *
- * Call uninit after 0 or 2. After 1 call nothing more, uninit included: the Windows Runtime may stay
- * initialised on the thread, which cannot be told from here.
+ * Call uninit after 0 or 2. After 1 call nothing more, uninit included: the Windows Runtime may have stayed
+ * initialised on the thread, and the result does not tell.
  */
 int32_t initialize(void);
 
@@ -328,11 +347,11 @@ void uninit(void);
  *     true     the registration ended with a success code. Without a line on standard output the host gets
  *              all events. With one it ended early: after line 458 or 460 no event arrives; after one from
  *              467 to 491 the events subscribed before it arrive, its own perhaps more than once, and those
- *              behind it do not. Line 487 subscribes turns, line 491 clicks
- *     false    host is null, or the platform refused a step; the lines on standard output say which one.
- *              Nothing of the registration is left
+ *              after it do not. Line 487 subscribes turns, line 491 clicks
+ *     false    host is null (no line), a step failed, or the platform yielded no controller ("register" line
+ *              only). Nothing of the registration is left
  *
- *   Errors     std::bad_alloc when the listener cannot be allocated
+ *   Errors     std::bad_alloc when the listener or its entry cannot be allocated
  *   Thread     that of initialize
  *   Since      0.1
  *
@@ -355,27 +374,32 @@ bool init_dial_listener(IDialHost* host);
  *
  *   Returns
  *     true     the call ended with a success code. Without a line on standard output the menu has the new
- *              items. Line 124 or 129: nothing was changed. "clear" with a code other than 0: the old items
- *              stand before the new ones. Line 151: the records from a known icon on are skipped. Any other
- *              line: an item may be missing, lack its tag, or be in the menu more than once
- *     false    no listener, or one without a controller; or the menu (line 124, or no line when the platform
- *              yields none) or its item list (129) could not be had, and the old items still stand; or the
- *              factory for known icons failed (151), and the records from that one on are skipped. As long as
- *              the menu could not be had, turns tell no tag, and picture files that come are refused
+ *              items, but for those that are skipped silently and picture files (below). Line 124 or 129:
+ *              nothing was changed. "clear" with a code other than 0: the old items stand before the new
+ *              ones. Line 151: the records from a known icon on are skipped. Any other line: an item may be
+ *              missing, lack its tag, or be in the menu more than once
+ *     false    no listener, or one without a controller; or the menu or its item list could not be had (line
+ *              124 or 129; no line when the platform yields none), and the old items still stand; or the
+ *              factory for known icons failed (151), and the records from that one on are skipped. Until a
+ *              later call gets the menu, turns tell no tag, and picture files that come are refused (line
+ *              649)
  *
- *   Errors     hresult_error when the platform refuses a label or source text, or it is longer than
- *              4294967295 units; std::bad_alloc without memory. Items made before stay
+ *   Errors     hresult_error when the platform cannot make a string of a label, of a skipped record too, or
+ *              of a source text, or when a text is longer than 4294967295 units; std::bad_alloc without
+ *              memory. The old items are gone, the items made before stay, and later records are not read
  *   Thread     that of initialize
  *   Since      0.1
  *
- * A record of an unknown kind, or of a font file that does not exist or has no short path, is skipped
- * silently. Items from PNG files appear after the call, when the platform has opened the file, in the order
- * in which that happens; a file that does not exist never appears. Call uninit only when those loads are
- * over.
+ * A record is skipped silently when its kind is unknown, when its font file does not exist or has no short
+ * path, and when the platform yields no stream for its PNG resource.
  *
- * An item's haptic_feedback is kept under its item_id from the first item that ever had it: a later item, of
- * a later menu too, with the same item_id shares the earlier one's setting. Use fresh identifiers for new
- * meanings. Items from PNG files have the setting 0.
+ * Items from PNG files appear when the platform has opened the file, usually after the call, in the order in
+ * which that happens; also in a menu that a later call has made meanwhile. A file that does not exist never
+ * appears. Call uninit only when those loads are over.
+ *
+ * For each listener, the first recorded entry of an item_id decides its haptic setting, also for later menus.
+ * Use fresh identifiers for new meanings. A known icon or a glyph is recorded even when its item could not be
+ * made; a picture file is recorded when its item has been added, with the setting 0.
  */
 bool add_custom_menu(uint64_t window, const MenuItemDescription* items, uint32_t count);
 
@@ -429,19 +453,22 @@ bool set_current_custom_menu(uint64_t window, uint32_t item_id);
  *
  *   Returns
  *     true     it is there
- *     false    it is not, Windows could not be asked or did not answer in time, or the window has no listener
+ *     false    it is not; Windows could not be asked, or did not answer in time; another answer ended the
+ *              wait; or the window has no listener
  *
  *   Errors     std::bad_alloc without memory, also when Windows says so (0x8007000E) to the question
  *   Thread     that of initialize
  *   Since      0.1
  *
- * Blocks the caller until Windows has answered, usually some milliseconds, and handles no messages meanwhile.
- * An answer that fails or never comes is waited for to the end: 10,001 sleeps of 1 ms, 10 seconds where the
- * system's timer is fine and up to 160 where it ticks every 16 ms.
+ * Blocks the caller until Windows has answered, usually a few milliseconds, and handles no messages
+ * meanwhile. An answer that fails or never comes is waited for to the end: 10,001 sleeps of 1 ms, 10 seconds
+ * where the system's timer is fine and up to 160 where it ticks every 16 ms.
  *
- * An answer that comes after that touches nothing that is gone, after uninit either. It does harm in one
- * case: while a later call for the same window waits, it ends that wait, with false, and the answer to that
- * call is then late in its turn. After a call that took the whole wait, ask again only after a pause.
+ * Calls for one window must not overlap, as in a callback that arrives during the call: the first answer ends
+ * both waits, and each call answers with what its own enumeration has found by then. An answer that comes
+ * after its wait touches no freed memory, not even after uninit, but it ends a later wait of the window in
+ * the same way, with false, and the answer to that call is then late in its turn. After a call that took the
+ * whole wait, ask again only after a pause.
  */
 bool is_dial_present(uint64_t window);
 
@@ -465,14 +492,14 @@ bool is_dial_present(uint64_t window);
  * nowhere: keep a number as a text there, and get_int_from_storage reads it.
  *
  * The vault is the user's credential store. Every process of the user can read it: what is kept there is no
- * secret from the user's other programs. `resource` tells your texts from theirs; a key that another
- * resource has taken in the vault is not written under yours, so make your keys unlikely ones too
+ * secret from the user's other programs. `resource` tells your texts from theirs; a key that the vault has
+ * under other resources only is not written under yours, so make your keys unlikely ones too
  * ("Example Paint/last brush"). Windows keeps at most twenty texts there for a program with package identity.
  *
  * Roaming settings no longer roam: since Windows 11 they stay on the computer like local ones.
  *
  * Sizes: Windows takes keys up to 255 characters and values up to 8192 bytes (4096 UTF-16 units) into
- * settings, and no empty text into the vault. The library has no limits of its own.
+ * settings, and no empty resource, key or text into the vault. The library has no limits of its own.
  *
  * A place that fails, or refuses a value, is skipped silently: a setter returns 0 even when nothing was kept
  * anywhere. To be sure, read the value back. A change is not one step: it removes the old value and then
@@ -490,10 +517,10 @@ bool is_dial_present(uint64_t window);
  */
 
 /*
- * Keeps a text, which may be empty.
+ * Keeps a text. An empty one is kept in the settings only; in the vault it removes the text that was there.
  *
  *   Returns
- *     0        always, unless a platform failure is handled nowhere; then its negative HRESULT
+ *     0, or a negative HRESULT for an unhandled platform error
  */
 int32_t set_string_in_storage(const BrindleChar* resource, const BrindleChar* key, const BrindleChar* value);
 
@@ -504,7 +531,7 @@ int32_t set_string_in_storage(const BrindleChar* resource, const BrindleChar* ke
  *     a text   yours: a new buffer on every call, of its length + 1 units, to give to free() of the Universal
  *              C Runtime. A host with another runtime library calls that one's free:
  *              GetProcAddress(GetModuleHandleW(L"ucrtbase.dll"), "free")
- *     null     there is none
+ *     null     no place yields one
  */
 BrindleChar* get_string_from_storage(const BrindleChar* resource, const BrindleChar* key);
 
@@ -512,7 +539,7 @@ BrindleChar* get_string_from_storage(const BrindleChar* resource, const BrindleC
  * Keeps a number; `resource` is not used.
  *
  *   Returns
- *     0        always, unless a platform failure is handled nowhere; then its negative HRESULT
+ *     0, or a negative HRESULT for an unhandled platform error
  */
 int32_t set_int_in_storage(const BrindleChar* resource, const BrindleChar* key, int32_t value);
 

@@ -111,7 +111,7 @@ std::wstring BesideProgram(const wchar_t* file) {
 }
 
 // An item from each kind of source, and of the system's own entries the volume. Everything is read during the
-// call but the picture file: its item comes into the menu somewhat later.
+// call but the picture file, which is the last: its item comes into the menu somewhat later.
 bool FillMenu(HWND window) {
     const std::wstring picture = BesideProgram(L"opacity.png");
     const std::wstring font = BesideProgram(L"DejaVuSans.ttf");

@@ -14,7 +14,8 @@
 
 namespace brindle {
 
-// Made, registered and ended on the host's thread; its handlers run on the platform's. They hold a plain
+// Made, registered and ended on the host's thread; its handlers run on whatever thread the platform raises
+// events on. They hold a plain
 // pointer to the listener. The controller holds the only references to the handlers of its events, and each
 // menu item those of its own: when the controller goes with the listener, no event comes any more, and so
 // none is ever unsubscribed, on purpose. A host that kept the controller has to release it before. The
@@ -105,7 +106,7 @@ private:
     // Only ever appended to, across menus; the first match wins. No lock, also where a load completes
     // elsewhere.
     std::vector<MenuEntry> menu_entries_;
-    // 1 when the last query's completion has finished, 0 while it runs. Shared with that completion, which
+    // 1 when a query's completion has finished since the last query began. Shared with that completion, which
     // may outlive the listener. One for the window, on purpose: queries that overlap end each other's wait.
     ComPtr<SharedFlag> presence_done_ = ComPtr<SharedFlag>::Own(new SharedFlag);
 };

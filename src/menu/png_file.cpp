@@ -11,7 +11,7 @@
 
 namespace brindle {
 
-// Returns before the file is open. The completion handler holds a plain pointer to the listener, which has to
+// Does not wait for the file. The completion handler holds a plain pointer to the listener, which has to
 // outlive the load, and no haptic setting: the item's entry will say false.
 HRESULT DialListener::AddMenuItemFromFilePNG(const MenuEntry& entry, HSTRING path) {
     using OpenOperation = abi::IAsyncOperation<abi::StorageFile>;
@@ -43,7 +43,8 @@ HRESULT DialListener::AddMenuItemFromFilePNG(const MenuEntry& entry, HSTRING pat
     return S_OK;
 }
 
-// On the platform's thread. Loads complete in any order, and so do their items appear.
+// On the thread that the platform completes the load on. Loads complete in any order, and so do their items
+// appear.
 HRESULT DialListener::OnImageFileOpened(abi::IAsyncOperation<abi::StorageFile>* operation,
                                         abi::AsyncStatus status, const WCHAR* label, std::uint32_t item_id) {
     if (status != abi::AsyncStatus::Completed && status != abi::AsyncStatus::Error) {

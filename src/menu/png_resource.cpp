@@ -88,7 +88,7 @@ HRESULT DialListener::AddMenuItemFromResourcePNG(MenuEntry& entry, HMODULE modul
         return S_OK;
     }
 
-    // The last two steps are evaluated once each, unlike all others: intended.
+    // The last two steps are evaluated once each, unlike the guarded ones: intended.
     const TextReference label(LabelOf(entry));
     ComPtr<abi::IRadialControllerMenuItem> item;
     if (const HRESULT code = statics->CreateFromIcon(label.Get(), picture.Get(), item.Put()); code < 0) {

@@ -15,7 +15,7 @@ std::uint32_t SizeOf(ItemList& list) {
     return size;
 }
 
-// A tag that is there and no number ends the search; an item without a tag is passed over.
+// A tag that is there and no number ends the search; an item without a tag is skipped.
 bool Carries(abi::IRadialControllerMenuItem& item, std::uint32_t item_id) {
     ComPtr<abi::IInspectable> tag;
     RaiseIfFailed(item.get_Tag(tag.Put()));

@@ -6,8 +6,9 @@
 //   local settings             key -> String               key -> Int32
 //
 // Lives for one call, on the host's thread; keeps nothing. Each step gets its platform objects anew and
-// swallows every failure of the platform: a read then finds nothing, a write stops where it is, and what it
-// has done stays done. A platform that is out of memory (0x8007000E) is not swallowed: std::bad_alloc.
+// swallows every failure of the platform: a read then finds nothing, a write goes on past a look at the old
+// value that failed and stops at any other failure, and what it has done stays done. A platform that is out
+// of memory (0x8007000E) is not swallowed: std::bad_alloc.
 #pragma once
 
 #include <cstdint>

@@ -68,6 +68,13 @@ void AChoiceAndANewMenu() {
     AtOnce([] { dialsim_choose(kWindow, 0); }, [] { SetMenu(kWindow, {KnownIcon(1)}); });
 }
 
+// As when add_custom_menu goes on to the records behind a picture file.
+void APictureAndANewMenu() {
+    const std::uint32_t loading = NextPicture();
+    SetMenu(kWindow, {FilePNG(1, picture.Path())});
+    AtOnce([=] { dialsim_complete(loading); }, [] { SetMenu(kWindow, {KnownIcon(1)}); });
+}
+
 void ATurnAndANewMenu() {
     AtOnce([] { dialsim_turn(kWindow, 1.0); }, [] { SetMenu(kWindow, {}); });
 }
@@ -83,9 +90,13 @@ void ATurnAndTheEnd() {
 }
 
 const std::map<std::string, void (*)()> kRaces = {
-    {"two_pictures_of_one_menu", TwoPicturesOfOneMenu}, {"a_choice_and_a_picture", AChoiceAndAPicture},
-    {"a_choice_and_a_new_menu", AChoiceAndANewMenu},    {"a_turn_and_a_new_menu", ATurnAndANewMenu},
-    {"turns_of_two_windows", TurnsOfTwoWindows},        {"a_turn_and_the_end", ATurnAndTheEnd},
+    {"two_pictures_of_one_menu", TwoPicturesOfOneMenu},
+    {"a_choice_and_a_picture", AChoiceAndAPicture},
+    {"a_choice_and_a_new_menu", AChoiceAndANewMenu},
+    {"a_picture_and_a_new_menu", APictureAndANewMenu},
+    {"a_turn_and_a_new_menu", ATurnAndANewMenu},
+    {"turns_of_two_windows", TurnsOfTwoWindows},
+    {"a_turn_and_the_end", ATurnAndTheEnd},
 };
 
 }  // namespace
