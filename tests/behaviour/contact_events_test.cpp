@@ -111,12 +111,16 @@ INSTANTIATE_TEST_SUITE_P(
 
 using IgnoredEvents = Listening;
 
-TEST_F(IgnoredEvents, AskThePlatformForNothing) {
+TEST_F(IgnoredEvents, AskThePlatformForNothingAndTellNobody) {
+    dialsim_touch(kWindow, 10, 20, 30, 40);
+    dialsim_clear_journal();
+    const std::size_t asked = host.times_asked;
     EXPECT_EQ(dialsim_lift(kWindow), 0);
     EXPECT_EQ(dialsim_lose(kWindow), 0);
     EXPECT_EQ(Journal(), "");
     EXPECT_TRUE(host.rotations.empty());
     EXPECT_TRUE(host.clicks.empty());
+    EXPECT_EQ(host.times_asked, asked);
 }
 
 TEST_F(IgnoredEvents, AcquiringControlWithoutAContactIsNoFailure) {

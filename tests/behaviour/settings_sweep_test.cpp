@@ -177,7 +177,7 @@ struct Scenario {
 class SettingsSweep : public Settings {
 protected:
     void TearDown() override {
-        PrintSweep(operations_.size(), calls_, std::size(kWays), runs_);
+        ReportSweep(operations_.size(), calls_, std::size(kWays), runs_);
         Settings::TearDown();
     }
 

@@ -107,7 +107,7 @@ private:
 class Sweep : public Unstarted {
 protected:
     void TearDown() override {
-        PrintSweep(operations_.size(), calls_, std::size(kWays), runs_);
+        ReportSweep(operations_.size(), calls_, std::size(kWays), runs_);
         Unstarted::TearDown();
     }
 

@@ -191,15 +191,4 @@ TEST_F(EventSweep, OfContactsAndControl) {
                   [] { return dialsim_acquire(kWindow); });
 }
 
-// They ask for nothing that could fail.
-TEST_F(EventSweep, OfWhatIsIgnored) {
-    const Row nothing = Table({}).Answers(Answer::Code);
-    for (std::int32_t (*raise)(std::uint64_t) : {dialsim_lift, dialsim_lose}) {
-        StrikeEach({.name = "ended or lost",
-                    .table = nothing,
-                    .act = [this, raise] { SayCode(raise(kWindow)); },
-                    .prepare = [this] { ListenOnTheScreen(); }});
-    }
-}
-
 }  // namespace
