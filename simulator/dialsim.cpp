@@ -169,6 +169,13 @@ bool dialsim_put_credential(const char* resource, const char* user_name, const c
     return PutCredential(Widen(resource), Widen(user_name), Widen(password)) >= 0;
 }
 bool dialsim_clear_stores() { return ClearStores(); }
+size_t dialsim_store_file(const char* store, char* buffer, size_t size) {
+    const std::optional<std::string> content = StoreContent(store);
+    return content ? CopyOut(*content, buffer, size) : 0;
+}
+bool dialsim_put_store_file(const char* store, const void* bytes, size_t size) {
+    return PutStoreContent(store, std::string(static_cast<const char*>(bytes), size));
+}
 
 bool dialsim_add_resource(uint64_t module, uint16_t id, const char* type, const void* bytes, uint32_t size) {
     return AddResource(module, id, type, std::string(static_cast<const char*>(bytes), size));

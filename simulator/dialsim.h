@@ -202,7 +202,12 @@ void dialsim_fail_devices(int32_t code);
  * The folder is the one given here; with null (at the start) that of the environment variable DIALSIM_STORES,
  * and without it dialsim in the user's own local data: %LOCALAPPDATA%, natively $XDG_STATE_HOME or
  * ~/.local/state. It is made when it is first needed. dialsim_reset changes neither folder nor files.
+ *
+ * DIALSIM_MEMORY, here or in the variable, keeps the three files in memory instead: nothing is written to a
+ * disk, no other process sees them, and they end with the process. They stay when a folder is given, and are
+ * there again when DIALSIM_MEMORY is.
  */
+#define DIALSIM_MEMORY ":memory:"
 void dialsim_set_stores(const char* folder);
 /* Whether the program runs with the identity of a package. One without has no application data: its Current
  * fails with 0x80073D54 (APPMODEL_ERROR_NO_PACKAGE), and the vault alone remains. At the start: without,
@@ -225,6 +230,12 @@ bool dialsim_put_setting(const char* store, const char* key, const char* type, c
 bool dialsim_put_credential(const char* resource, const char* user_name, const char* password);
 /* Deletes the three files, damaged ones too; false when that fails. */
 bool dialsim_clear_stores(void);
+/* The bytes of a store's file, valid or damaged; 0 when there is no file, it cannot be read, or there is no
+ * such store. */
+size_t dialsim_store_file(const char* store, char* buffer, size_t size);
+/* Replaces a store's file with these bytes, valid or damaged; false when that fails, or there is no such
+ * store. */
+bool dialsim_put_store_file(const char* store, const void* bytes, size_t size);
 
 /* --- what modules hold
  * ------------------------------------------------------------------------------------------- */

@@ -1,5 +1,5 @@
-// The files of the stores, and the folder that they are in. Paths are UTF-8; failures of the system are codes
-// of its own, 0x8007xxxx.
+// The files of the stores on the disk, and the folder that they are in. Paths are UTF-8; failures of the
+// system are codes of its own, 0x8007xxxx.
 #pragma once
 
 #include <cstdint>

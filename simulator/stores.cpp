@@ -1,12 +1,14 @@
 #include "simulator/stores.h"
 
+#include <algorithm>
 #include <cstdio>
+#include <iterator>
 #include <mutex>
 #include <set>
 #include <stdexcept>
 #include <utility>
 
-#include "simulator/store_files.h"
+#include "simulator/store_folder.h"
 #include "sync.h"
 
 namespace dialsim {
@@ -30,12 +32,13 @@ struct StoreFile {
 constexpr StoreFile kLocal = {"local.json", Readers::Anyone, kSettingsDamaged};
 constexpr StoreFile kRoaming = {"roaming.json", Readers::Anyone, kSettingsDamaged};
 constexpr StoreFile kVault = {"vault.json", Readers::OwnerOnly, kVaultDamaged};
+constexpr const StoreFile* kStoreFiles[] = {&kLocal, &kRoaming, &kVault};
 
 Mutex mutex;  // held while a store is used
 std::optional<std::string>& given_folder = *new std::optional<std::string>;
 std::set<std::string>& known_damaged = *new std::set<std::string>;
 
-std::string Folder() {
+std::string FolderPath() {
     if (given_folder) {
         return *given_folder;
     }
@@ -43,18 +46,25 @@ std::string Folder() {
     return set.empty() ? UsersFolder() : set;
 }
 
-std::string PathOf(const std::string& folder, const StoreFile& file) { return folder + "/" + file.name; }
+// Does what returns an HRESULT with the folder that nobody else has meanwhile.
+template <class Action>
+HRESULT InFolder(Action action) {
+    const std::lock_guard guard(mutex);
+    const StoreFolder folder(FolderPath());
+    return folder.code() < 0 ? folder.code() : action(folder);
+}
 
 void Parse(const std::string& json, Settings& settings) { settings = SettingsFrom(json); }
 void Parse(const std::string& json, Vault& vault) { vault = VaultFrom(json); }
 
 // Says once what is wrong with a file, until it has been whole again.
 template <class Content>
-HRESULT Load(const std::string& path, const StoreFile& file, Content& content) {
+HRESULT Load(const StoreFolder& folder, const StoreFile& file, Content& content) {
     std::optional<std::string> json;
-    if (const HRESULT code = ReadStoreFile(path, json); code < 0) {
+    if (const HRESULT code = folder.Read(file.name, json); code < 0) {
         return code;
     }
+    const std::string path = folder.PathOf(file.name);
     try {
         if (json) {
             Parse(*json, content);
@@ -71,20 +81,16 @@ HRESULT Load(const std::string& path, const StoreFile& file, Content& content) {
 
 template <class Content>
 HRESULT Use(const StoreFile& file, const std::function<HRESULT(Content&)>& use) {
-    const std::lock_guard guard(mutex);
-    const std::string folder = Folder();
-    const FolderLock lock(folder);
-    if (lock.code() < 0) {
-        return lock.code();
-    }
-    const std::string path = PathOf(folder, file);
-    Content content;
-    if (const HRESULT code = Load(path, file, content); code < 0) {
-        return code;
-    }
-    const Content before = content;
-    const HRESULT code = use(content);
-    return code < 0 || content == before ? code : ReplaceStoreFile(path, ToJson(content), file.readers);
+    return InFolder([&](const StoreFolder& folder) {
+        Content content;
+        if (const HRESULT code = Load(folder, file, content); code < 0) {
+            return code;
+        }
+        const Content before = content;
+        const HRESULT code = use(content);
+        return code < 0 || content == before ? code
+                                             : folder.Replace(file.name, ToJson(content), file.readers);
+    });
 }
 
 // Texts are what can be too long.
@@ -96,6 +102,13 @@ bool IsTooLong(const Setting& setting) {
 template <class Content>
 std::string TextOf(HRESULT code, const Content& content) {
     return code < 0 ? "damaged\n" : Listing(content);
+}
+
+// Null where no store has the name.
+const StoreFile* FileNamed(const std::string& name) {
+    const auto* file = std::find_if(std::begin(kStoreFiles), std::end(kStoreFiles),
+                                    [&](const StoreFile* store) { return store->name == name + ".json"; });
+    return file == std::end(kStoreFiles) ? nullptr : *file;
 }
 
 std::string SettingsText(SettingsStore store) {
@@ -174,14 +187,29 @@ std::string AllStoresText() {
 }
 
 bool ClearStores() {
-    const std::lock_guard guard(mutex);
-    const std::string folder = Folder();
-    const FolderLock lock(folder);
-    bool cleared = lock.code() >= 0;
-    for (const StoreFile& file : {kLocal, kRoaming, kVault}) {
-        cleared = cleared && RemoveStoreFile(PathOf(folder, file)) >= 0;
-    }
-    return cleared;
+    const HRESULT code = InFolder([](const StoreFolder& folder) {
+        HRESULT removed = S_OK;
+        for (const StoreFile* file : kStoreFiles) {
+            removed = removed < 0 ? removed : folder.Remove(file->name);
+        }
+        return removed;
+    });
+    return code >= 0;
+}
+
+std::optional<std::string> StoreContent(const std::string& name) {
+    const StoreFile* file = FileNamed(name);
+    std::optional<std::string> content;
+    const auto read = [&](const StoreFolder& folder) { return folder.Read(file->name, content); };
+    return file != nullptr && InFolder(read) >= 0 ? content : std::nullopt;
+}
+
+bool PutStoreContent(const std::string& name, const std::string& content) {
+    const StoreFile* file = FileNamed(name);
+    const auto replace = [&](const StoreFolder& folder) {
+        return folder.Replace(file->name, content, file->readers);
+    };
+    return file != nullptr && InFolder(replace) >= 0;
 }
 
 }  // namespace dialsim

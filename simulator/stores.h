@@ -25,7 +25,7 @@ HRESULT PutSetting(SettingsStore store, const WideString& key, const Setting& se
 // In the place of the password that is there. None of the three may be empty.
 HRESULT PutCredential(const WideString& resource, const WideString& user_name, const WideString& password);
 
-// None: back to the folder of the environment or the user.
+// DIALSIM_MEMORY, or a path; none: back to the folder of the environment or the user.
 void SetStoresFolder(std::optional<std::string> folder);
 
 // By the names "roaming", "local" and "vault".
@@ -35,5 +35,11 @@ std::string AllStoresText();
 
 // Removes all that the stores have in the folder.
 bool ClearStores();
+
+// The file of a store as it is, damaged or not. Nothing where it is missing or cannot be read, or no store
+// has the name.
+std::optional<std::string> StoreContent(const std::string& name);
+// False where it cannot be written, or no store has the name.
+bool PutStoreContent(const std::string& name, const std::string& content);
 
 }  // namespace dialsim

@@ -1,6 +1,7 @@
 // The simulator's texts as strings.
 #pragma once
 
+#include <optional>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -30,6 +31,22 @@ inline std::string MenuText(std::uint64_t window) {
     dialsim_menu(window, text.data(), text.size());
     text.pop_back();  // the terminator
     return text;
+}
+
+// The bytes of the store's file; nothing without a file.
+inline std::optional<std::string> StoreFile(const char* store) {
+    const std::size_t size = dialsim_store_file(store, nullptr, 0);
+    if (size == 0) {
+        return std::nullopt;
+    }
+    std::string content(size, '\0');
+    dialsim_store_file(store, content.data(), content.size());
+    content.pop_back();  // the terminator
+    return content;
+}
+
+inline bool PutStoreFile(const char* store, const std::string& content) {
+    return dialsim_put_store_file(store, content.data(), content.size());
 }
 
 inline std::vector<std::string> LinesOf(const std::string& text) {

@@ -22,6 +22,27 @@ protected:
         return status.st_mode & (S_IRWXU | S_IRWXG | S_IRWXO);
     }
 
+    // From four threads.
+    static void WriteSideBySide() {
+        constexpr int kEach = 25;
+        std::vector<std::thread> threads;
+        for (const char* name : {"a", "b", "c", "d"}) {
+            threads.emplace_back([name] {
+                for (int i = 0; i < kEach; ++i) {
+                    const std::string key = name + std::to_string(i);
+                    EXPECT_TRUE(dialsim_put_setting("local", key.c_str(), "Int32", "1"));
+                    EXPECT_TRUE(dialsim_put_credential("resource", key.c_str(), "secret"));
+                }
+            });
+        }
+        for (std::thread& thread : threads) {
+            thread.join();
+        }
+        EXPECT_EQ(LinesOf(StoreText("local")).size(), threads.size() * kEach);
+        EXPECT_EQ(LinesOf(StoreText("vault")).size(), threads.size() * kEach);
+        EXPECT_TRUE(dialsim_clear_stores());
+    }
+
     StoresFolder folder;
 };
 
@@ -32,6 +53,9 @@ TEST_F(NativeStores, HaveAVaultThatItsOwnerAloneMayRead) {
     folder.Write("vault.json.new", "left behind");
     ASSERT_EQ(chmod(folder.PathOf("vault.json.new").c_str(), 0666), 0);
     ASSERT_TRUE(dialsim_put_credential("resource", "user", "another secret"));
+    EXPECT_EQ(ModeOf(folder.PathOf("vault.json")), 0600u);
+    ASSERT_TRUE(dialsim_clear_stores());
+    ASSERT_TRUE(PutStoreFile("vault", "put as it is"));
     EXPECT_EQ(ModeOf(folder.PathOf("vault.json")), 0600u);
 }
 
@@ -86,23 +110,11 @@ TEST_F(NativeStores, OutliveAWriterThatIsKilledAnywhereInItsFile) {
     EXPECT_FALSE(folder.Has("local.json.new"));
 }
 
-TEST_F(NativeStores, LoseNothingOfThreadsThatWriteSideBySide) {
-    constexpr int kEach = 25;
-    std::vector<std::thread> threads;
-    for (const char* name : {"a", "b", "c", "d"}) {
-        threads.emplace_back([name] {
-            for (int i = 0; i < kEach; ++i) {
-                const std::string key = name + std::to_string(i);
-                EXPECT_TRUE(dialsim_put_setting("local", key.c_str(), "Int32", "1"));
-                EXPECT_TRUE(dialsim_put_credential("resource", key.c_str(), "secret"));
-            }
-        });
-    }
-    for (std::thread& thread : threads) {
-        thread.join();
-    }
-    EXPECT_EQ(LinesOf(StoreText("local")).size(), threads.size() * kEach);
-    EXPECT_EQ(LinesOf(StoreText("vault")).size(), threads.size() * kEach);
+TEST_F(NativeStores, LoseNothingOfThreadsThatWriteSideBySide) { WriteSideBySide(); }
+
+TEST_F(NativeStores, LoseNothingOfThreadsThatWriteSideBySideInMemory) {
+    dialsim_set_stores(DIALSIM_MEMORY);
+    WriteSideBySide();
 }
 
 }  // namespace

@@ -3,8 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <cstdio>
 #include <cstdlib>
 #include <limits>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -170,7 +172,7 @@ std::vector<WideText> All(const Credentials& list) {
 }
 
 // A packaged program with stores in a folder of the test's own.
-class Stores : public SimulatedApartment {
+class StoresInAFolder : public SimulatedApartment {
 protected:
     void SetUp() override {
         SimulatedApartment::SetUp();
@@ -180,20 +182,46 @@ protected:
     StoresFolder folder;
 };
 
-using StoredSettings = Stores;
+enum class Place { Folder, Memory };
 
-TEST_F(StoredSettings, AreLookedUpAsTheyWereInserted) {
+// The same there and in memory.
+class Stores : public StoresInAFolder, public testing::WithParamInterface<Place> {
+protected:
+    void SetUp() override {
+        StoresInAFolder::SetUp();
+        dialsim_set_stores(path.c_str());
+    }
+    void TearDown() override {
+        EXPECT_TRUE(dialsim_clear_stores());
+        StoresInAFolder::TearDown();
+    }
+
+    const std::string path = GetParam() == Place::Memory ? DIALSIM_MEMORY : folder.path();
+};
+
+std::string NameOf(const testing::TestParamInfo<Place>& place) {
+    return place.param == Place::Memory ? "InMemory" : "InAFolder";
+}
+
+constexpr const char* kStores[] = {"roaming", "local", "vault"};
+
+const auto kBothPlaces = testing::Values(Place::Folder, Place::Memory);
+
+using StoredSettings = Stores;
+INSTANTIATE_TEST_SUITE_P(Places, StoredSettings, kBothPlaces, NameOf);
+
+TEST_P(StoredSettings, AreLookedUpAsTheyWereInserted) {
     EXPECT_EQ(InsertText("brush", "Palette"), S_OK);
     EXPECT_EQ(TextAt("brush"), WIDE("Palette"));
 }
 
-TEST_F(StoredSettings, ThatAreNotThereAreLookedUpAsNull) {
+TEST_P(StoredSettings, ThatAreNotThereAreLookedUpAsNull) {
     Object value = NumberValue(1);
     EXPECT_EQ(Lookup("brush", value), S_OK);
     EXPECT_FALSE(value);
 }
 
-TEST_F(StoredSettings, TellWhetherAnEntryWasReplaced) {
+TEST_P(StoredSettings, TellWhetherAnEntryWasReplaced) {
     const auto values = Values();
     abi::boolean replaced = 7;
     EXPECT_EQ(values->Insert(Text("brush"), TextValue("old").Get(), &replaced), S_OK);
@@ -203,7 +231,7 @@ TEST_F(StoredSettings, TellWhetherAnEntryWasReplaced) {
     EXPECT_EQ(StoreText("roaming"), "\"brush\" Int32 3\n");
 }
 
-TEST_F(StoredSettings, AreRoamingOrLocal) {
+TEST_P(StoredSettings, AreRoamingOrLocal) {
     InsertText("brush", "roaming", Where::Roaming);
     InsertText("brush", "local", Where::Local);
     EXPECT_EQ(TextAt("brush", Where::Roaming), WIDE("roaming"));
@@ -212,14 +240,14 @@ TEST_F(StoredSettings, AreRoamingOrLocal) {
     EXPECT_EQ(StoreText("local"), "\"brush\" String \"local\"\n");
 }
 
-TEST_F(StoredSettings, AreFoundByTheirExactNames) {
+TEST_P(StoredSettings, AreFoundByTheirExactNames) {
     InsertText("brush", "small");
     EXPECT_EQ(TextAt("Brush"), WIDE("none"));
     EXPECT_EQ(TextAt("brush "), WIDE("none"));
     EXPECT_EQ(TextAt("brus"), WIDE("none"));
 }
 
-TEST_F(StoredSettings, CanBeRemovedOneByOne) {
+TEST_P(StoredSettings, CanBeRemovedOneByOne) {
     InsertText("brush", "b");
     InsertText("pen", "p");
     EXPECT_EQ(Values()->Remove(Text("brush")), S_OK);
@@ -227,7 +255,7 @@ TEST_F(StoredSettings, CanBeRemovedOneByOne) {
     EXPECT_EQ(Values()->Remove(Text("brush")), S_OK);
 }
 
-TEST_F(StoredSettings, CanBeCountedAskedForAndCleared) {
+TEST_P(StoredSettings, CanBeCountedAskedForAndCleared) {
     const auto values = Values();
     InsertText("brush", "b");
     InsertText("pen", "p");
@@ -270,7 +298,7 @@ std::vector<T> Extremes() {
     return {std::numeric_limits<T>::min(), 0, 1, std::numeric_limits<T>::max()};
 }
 
-TEST_F(StoredSettings, KeepEveryTypeOfNumber) {
+TEST_P(StoredSettings, KeepEveryTypeOfNumber) {
     using Type = abi::PropertyType;
     using Make = abi::IPropertyValueStatics;
     using Value = abi::IPropertyValue;
@@ -297,7 +325,7 @@ const WideText kTexts[] = {
     {WCHAR('a'), static_cast<WCHAR>(0xDD8C), static_cast<WCHAR>(0xD83D), WCHAR('b')},
 };
 
-TEST_F(StoredSettings, KeepEveryText) {
+TEST_P(StoredSettings, KeepEveryText) {
     for (const WideText& text : kTexts) {
         ASSERT_EQ(InsertText(text, text), S_OK);
     }
@@ -309,7 +337,7 @@ TEST_F(StoredSettings, KeepEveryText) {
     EXPECT_EQ(size, std::size(kTexts));
 }
 
-TEST_F(StoredSettings, RefuseNamesAbove255Characters) {
+TEST_P(StoredSettings, RefuseNamesAbove255Characters) {
     EXPECT_EQ(InsertText(WideText(255, 'n'), "fits"), S_OK);
     EXPECT_EQ(TextAt(WideText(255, 'n')), WIDE("fits"));
     const std::string before = StoreText("roaming");
@@ -317,14 +345,14 @@ TEST_F(StoredSettings, RefuseNamesAbove255Characters) {
     EXPECT_EQ(StoreText("roaming"), before);
 }
 
-TEST_F(StoredSettings, RefuseValuesAbove8192Bytes) {
+TEST_P(StoredSettings, RefuseValuesAbove8192Bytes) {
     EXPECT_EQ(InsertText("text", WideText(4096, 'v')), S_OK);
     EXPECT_EQ(TextAt("text"), WideText(4096, 'v'));
     EXPECT_EQ(InsertText("text", WideText(4097, 'w')), Code(0x80073DC8));
     EXPECT_EQ(TextAt("text"), WideText(4096, 'v'));
 }
 
-TEST_F(StoredSettings, RefuseWhatTheyDoNotKeep) {
+TEST_P(StoredSettings, RefuseWhatTheyDoNotKeep) {
     const auto values = Values();
     abi::boolean replaced = 7;
     EXPECT_EQ(values->Insert(Text("key"), nullptr, &replaced), E_POINTER);
@@ -335,10 +363,10 @@ TEST_F(StoredSettings, RefuseWhatTheyDoNotKeep) {
     EXPECT_EQ(replaced, 7);
     EXPECT_EQ(values->Insert(Text("key"), TextValue("text").Get(), nullptr), E_POINTER);
     EXPECT_EQ(StoreText("roaming"), "");
-    EXPECT_FALSE(folder.Has("roaming.json"));
+    EXPECT_EQ(StoreFile("roaming"), std::nullopt);
 }
 
-TEST_F(StoredSettings, MayBeObjectsThatAreNoValues) {
+TEST_P(StoredSettings, MayBeObjectsThatAreNoValues) {
     ASSERT_TRUE(dialsim_put_setting("roaming", "key", "composite", "ignored"));
     Object object;
     EXPECT_EQ(Lookup("key", object), S_OK);
@@ -350,7 +378,7 @@ TEST_F(StoredSettings, MayBeObjectsThatAreNoValues) {
     EXPECT_EQ(StoreText("local"), "\"copy\" composite\n");
 }
 
-TEST_F(StoredSettings, NeedAPackage) {
+TEST_P(StoredSettings, NeedAPackage) {
     ComPtr<abi::IApplicationData> data;
     EXPECT_EQ(CurrentData(data), S_OK);
     dialsim_set_packaged(false);
@@ -362,7 +390,7 @@ TEST_F(StoredSettings, NeedAPackage) {
     EXPECT_EQ(CurrentData(data), Code(0x80073D54));
 }
 
-TEST_F(StoredSettings, AreInTheOutermostContainer) {
+TEST_P(StoredSettings, AreInTheOutermostContainer) {
     for (const auto& [where, locality] : {std::pair(Where::Local, 0), std::pair(Where::Roaming, 1)}) {
         const auto container = ContainerOf(where);
         String name = ToPlatformString("before");
@@ -374,7 +402,7 @@ TEST_F(StoredSettings, AreInTheOutermostContainer) {
     }
 }
 
-TEST_F(StoredSettings, RefuseWhatTheSimulatorLacks) {
+TEST_P(StoredSettings, RefuseWhatTheSimulatorLacks) {
     ComPtr<abi::IApplicationData> data;
     ASSERT_EQ(CurrentData(data), S_OK);
     std::uint32_t version = 7;
@@ -404,27 +432,28 @@ TEST_F(StoredSettings, RefuseWhatTheSimulatorLacks) {
 }
 
 using TheVault = Stores;
+INSTANTIATE_TEST_SUITE_P(Places, TheVault, kBothPlaces, NameOf);
 
-TEST_F(TheVault, RetrievesACredentialWithItsPassword) {
+TEST_P(TheVault, RetrievesACredentialWithItsPassword) {
     EXPECT_EQ(AddCredential("resource", "user", "secret"), S_OK);
     Credential credential;
     EXPECT_EQ(OpenVault()->Retrieve(Text("resource"), Text("user"), credential.Put()), S_OK);
     EXPECT_EQ(All(credential), WIDE("resource/user/secret"));
 }
 
-TEST_F(TheVault, NeedsNoPackage) {
+TEST_P(TheVault, NeedsNoPackage) {
     dialsim_set_packaged(false);
     EXPECT_EQ(AddCredential("resource", "user", "secret"), S_OK);
     EXPECT_EQ(StoreText("vault"), "\"resource\" \"user\" \"secret\"\n");
 }
 
-TEST_F(TheVault, ReplacesThePasswordOfACredentialThatIsThere) {
+TEST_P(TheVault, ReplacesThePasswordOfACredentialThatIsThere) {
     AddCredential("resource", "user", "old");
     EXPECT_EQ(AddCredential("resource", "user", "new"), S_OK);
     EXPECT_EQ(StoreText("vault"), "\"resource\" \"user\" \"new\"\n");
 }
 
-TEST_F(TheVault, FindsByExactNamesOnly) {
+TEST_P(TheVault, FindsByExactNamesOnly) {
     AddCredential("resource", "user", "secret");
     Credential credential = Made("a", "b", "c");
     const auto vault = OpenVault();
@@ -438,7 +467,7 @@ TEST_F(TheVault, FindsByExactNamesOnly) {
     EXPECT_FALSE(list);
 }
 
-TEST_F(TheVault, ListsCredentialsWithoutTheirPasswords) {
+TEST_P(TheVault, ListsCredentialsWithoutTheirPasswords) {
     AddCredential("one", "user", "1");
     AddCredential("one", "other", "2");
     AddCredential("two", "user", "3");
@@ -453,14 +482,14 @@ TEST_F(TheVault, ListsCredentialsWithoutTheirPasswords) {
     EXPECT_EQ(All(list), (Texts{WIDE("one/other/"), WIDE("one/user/"), WIDE("two/user/")}));
 }
 
-TEST_F(TheVault, ListsNothingWhenItIsEmpty) {
+TEST_P(TheVault, ListsNothingWhenItIsEmpty) {
     Credentials list;
     EXPECT_EQ(OpenVault()->RetrieveAll(list.Put()), S_OK);
     EXPECT_EQ(All(list), std::vector<WideText>());
     EXPECT_EQ(OpenVault()->FindAllByUserName(Text("user"), list.Put()), kNotFound);
 }
 
-TEST_F(TheVault, GivesAListedCredentialItsPasswordWhenItIsAskedTo) {
+TEST_P(TheVault, GivesAListedCredentialItsPasswordWhenItIsAskedTo) {
     AddCredential("resource", "user", "secret");
     Credentials list;
     ASSERT_EQ(OpenVault()->RetrieveAll(list.Put()), S_OK);
@@ -473,7 +502,7 @@ TEST_F(TheVault, GivesAListedCredentialItsPasswordWhenItIsAskedTo) {
     EXPECT_EQ(PasswordOf(credential), WIDE("secret"));
 }
 
-TEST_F(TheVault, RemovesByTheNamesAlone) {
+TEST_P(TheVault, RemovesByTheNamesAlone) {
     AddCredential("resource", "user", "secret");
     AddCredential("resource", "other", "secret");
     const auto vault = OpenVault();
@@ -483,7 +512,7 @@ TEST_F(TheVault, RemovesByTheNamesAlone) {
     EXPECT_EQ(vault->Remove(nullptr), kNotFound);
 }
 
-TEST_F(TheVault, RefusesCredentialsWithAnEmptyPart) {
+TEST_P(TheVault, RefusesCredentialsWithAnEmptyPart) {
     Credential credential;
     EXPECT_EQ(MakeCredential("", "user", "secret", credential), E_INVALIDARG);
     EXPECT_EQ(MakeCredential("resource", "", "secret", credential), E_INVALIDARG);
@@ -500,7 +529,7 @@ TEST_F(TheVault, RefusesCredentialsWithAnEmptyPart) {
     EXPECT_EQ(StoreText("vault"), "");
 }
 
-TEST_F(TheVault, TakesACredentialAsItsOwnerHasMadeIt) {
+TEST_P(TheVault, TakesACredentialAsItsOwnerHasMadeIt) {
     const Credential credential = Made("a", "b", "c");
     EXPECT_EQ(credential->put_Resource(Text("resource")), S_OK);
     EXPECT_EQ(credential->put_UserName(Text("user")), S_OK);
@@ -512,7 +541,7 @@ TEST_F(TheVault, TakesACredentialAsItsOwnerHasMadeIt) {
     EXPECT_EQ(credential->get_Properties(&properties), E_NOTIMPL);
 }
 
-TEST_F(TheVault, KeepsEveryText) {
+TEST_P(TheVault, KeepsEveryText) {
     for (const WideText& text : kTexts) {
         if (!text.empty()) {
             ASSERT_EQ(AddCredential(text, text, text), S_OK);
@@ -553,7 +582,9 @@ void UseEverything() {
     vault->Remove(credential.Get());
 }
 
-TEST_F(Stores, AreJournaledByPublishedNames) {
+INSTANTIATE_TEST_SUITE_P(Places, Stores, kBothPlaces, NameOf);
+
+TEST_P(Stores, AreJournaledByPublishedNames) {
     UseEverything();
     for (const char* call :
          {"IApplicationDataStatics::get_Current()",
@@ -580,7 +611,7 @@ TEST_F(Stores, AreJournaledByPublishedNames) {
     }
 }
 
-TEST_F(Stores, TellNoPasswordsToTheJournal) {
+TEST_P(Stores, TellNoPasswordsToTheJournal) {
     UseEverything();
     Made("resource", "user", "first")->put_Password(Text("secret"));
     for (const std::string& line : LinesOf(Journal())) {
@@ -590,7 +621,7 @@ TEST_F(Stores, TellNoPasswordsToTheJournal) {
     }
 }
 
-TEST_F(Stores, ControlsAreNotJournaled) {
+TEST_P(Stores, ControlsAreNotJournaled) {
     dialsim_put_setting("roaming", "key", "String", "text");
     dialsim_put_credential("resource", "user", "secret");
     StoreText("roaming");
@@ -599,8 +630,9 @@ TEST_F(Stores, ControlsAreNotJournaled) {
 }
 
 using FaultsOfStores = Stores;
+INSTANTIATE_TEST_SUITE_P(Places, FaultsOfStores, kBothPlaces, NameOf);
 
-TEST_F(FaultsOfStores, StrikeSettings) {
+TEST_P(FaultsOfStores, StrikeSettings) {
     const auto values = Values();
     ASSERT_TRUE(dialsim_fail("IMap<String, Object>::Insert(brush)", kFault, 1, 1));
     ASSERT_TRUE(dialsim_fail("IMap<String, Object>::Remove", kFault, 1, 1));
@@ -615,7 +647,7 @@ TEST_F(FaultsOfStores, StrikeSettings) {
     EXPECT_FALSE(value);
 }
 
-TEST_F(FaultsOfStores, ThatStrikeLateLeaveTheChangeInPlace) {
+TEST_P(FaultsOfStores, ThatStrikeLateLeaveTheChangeInPlace) {
     ASSERT_TRUE(dialsim_fail_late("IMap<String, Object>::Insert", kFault, 1, 1));
     EXPECT_EQ(InsertText("brush", "text"), kFault);
     EXPECT_EQ(StoreText("roaming"), "\"brush\" String \"text\"\n");
@@ -624,7 +656,7 @@ TEST_F(FaultsOfStores, ThatStrikeLateLeaveTheChangeInPlace) {
     EXPECT_EQ(StoreText("vault"), "\"resource\" \"user\" \"secret\"\n");
 }
 
-TEST_F(FaultsOfStores, MayYieldNothing) {
+TEST_P(FaultsOfStores, MayYieldNothing) {
     InsertText("brush", "text");
     AddCredential("resource", "user", "secret");
     ASSERT_TRUE(dialsim_yield_null("IMap<String, Object>::Lookup", 1, 1));
@@ -641,7 +673,7 @@ TEST_F(FaultsOfStores, MayYieldNothing) {
     EXPECT_FALSE(data);
 }
 
-TEST_F(FaultsOfStores, CanBeSetOnEverythingThatTheLibraryCalls) {
+TEST_P(FaultsOfStores, CanBeSetOnEverythingThatTheLibraryCalls) {
     UseEverything();
     for (const char* operation :
          {"IApplicationDataStatics::get_Current", "IApplicationData::get_RoamingSettings",
@@ -658,8 +690,9 @@ TEST_F(FaultsOfStores, CanBeSetOnEverythingThatTheLibraryCalls) {
 }
 
 using StoreControls = Stores;
+INSTANTIATE_TEST_SUITE_P(Places, StoreControls, kBothPlaces, NameOf);
 
-TEST_F(StoreControls, PutEntriesOfEveryType) {
+TEST_P(StoreControls, PutEntriesOfEveryType) {
     const struct {
         const char* type;
         const char* value;
@@ -683,7 +716,7 @@ TEST_F(StoreControls, PutEntriesOfEveryType) {
     }
 }
 
-TEST_F(StoreControls, RefuseWhatTheStoresDoNotTake) {
+TEST_P(StoreControls, RefuseWhatTheStoresDoNotTake) {
     const struct {
         const char* store;
         const char* type;
@@ -718,7 +751,7 @@ TEST_F(StoreControls, RefuseWhatTheStoresDoNotTake) {
     EXPECT_EQ(StoreText("local"), "");
 }
 
-TEST_F(StoreControls, ShowEntriesInTheOrderOfTheirKeys) {
+TEST_P(StoreControls, ShowEntriesInTheOrderOfTheirKeys) {
     for (const char* key : {"b", "a", "C", "ab", "\xC3\xA4"}) {
         ASSERT_TRUE(dialsim_put_setting("roaming", key, "Boolean", "true"));
     }
@@ -728,19 +761,45 @@ TEST_F(StoreControls, ShowEntriesInTheOrderOfTheirKeys) {
     EXPECT_EQ(StoreText("no such store"), "");
 }
 
-TEST_F(StoreControls, ClearEverythingDamagedOrNot) {
+TEST_P(StoreControls, ClearEverythingDamagedOrNot) {
     dialsim_put_setting("roaming", "key", "Int32", "1");
     dialsim_put_credential("resource", "user", "secret");
-    folder.Write("local.json", "damaged");
-    folder.Write("vault.json.new", "left behind");
+    ASSERT_TRUE(PutStoreFile("local", "damaged"));
     EXPECT_TRUE(dialsim_clear_stores());
-    for (const char* file : {"roaming.json", "local.json", "vault.json", "vault.json.new"}) {
-        EXPECT_FALSE(folder.Has(file)) << file;
+    for (const char* store : kStores) {
+        EXPECT_EQ(StoreFile(store), std::nullopt) << store;
     }
     EXPECT_TRUE(dialsim_clear_stores());
 }
 
-TEST_F(StoreControls, OfScriptsArePackagedUnpackagedAndShowStores) {
+TEST_P(StoreControls, PutAndGiveFilesByteByByte) {
+    std::string bytes;
+    for (const char* store : kStores) {
+        EXPECT_TRUE(PutStoreFile(store, bytes));
+        EXPECT_EQ(StoreFile(store), bytes) << store;
+        bytes += std::string("\0\r\n\xFF", 4) + store;
+    }
+    EXPECT_EQ(StoreFile("roaming"), "");
+    EXPECT_TRUE(PutStoreFile("roaming", R"({"settings": []})"));
+    EXPECT_EQ(StoreText("roaming"), "");
+    EXPECT_EQ(StoreFile("roaming"), R"({"settings": []})");
+}
+
+TEST_P(StoreControls, GiveTheBeginningOfAFileThatTheBufferCannotHold) {
+    ASSERT_TRUE(PutStoreFile("local", "content"));
+    char buffer[5] = "????";
+    EXPECT_EQ(dialsim_store_file("local", buffer, sizeof buffer), sizeof "content");
+    EXPECT_STREQ(buffer, "cont");
+}
+
+TEST_P(StoreControls, KnowNoFilesOfOtherStores) {
+    for (const char* store : {"", "Roaming", "local.json", "lock"}) {
+        EXPECT_FALSE(PutStoreFile(store, "content")) << store;
+        EXPECT_EQ(dialsim_store_file(store, nullptr, 0), 0u) << store;
+    }
+}
+
+TEST_P(StoreControls, OfScriptsArePackagedUnpackagedAndShowStores) {
     dialsim_set_packaged(false);
     ComPtr<abi::IApplicationData> data;
     EXPECT_TRUE(dialsim_play("packaged", 0, nullptr, 0));
@@ -756,17 +815,18 @@ TEST_F(StoreControls, OfScriptsArePackagedUnpackagedAndShowStores) {
 }
 
 using StoreFiles = Stores;
+INSTANTIATE_TEST_SUITE_P(Places, StoreFiles, kBothPlaces, NameOf);
 
-TEST_F(StoreFiles, OutliveAReset) {
+TEST_P(StoreFiles, OutliveAReset) {
     dialsim_put_setting("roaming", "key", "Int32", "1");
     dialsim_reset();
     EXPECT_EQ(StoreText("roaming"), "\"key\" Int32 1\n");
 }
 
-TEST_F(StoreFiles, AreMadeForAPersonToRead) {
+TEST_P(StoreFiles, AreMadeForAPersonToRead) {
     dialsim_put_setting("roaming", "runs", "Int32", "3");
     dialsim_put_setting("roaming", "brush", "String", "Palette");
-    EXPECT_EQ(folder.Read("roaming.json"), R"({
+    EXPECT_EQ(StoreFile("roaming"), R"({
   "settings": [
     {
       "key": "brush",
@@ -783,28 +843,28 @@ TEST_F(StoreFiles, AreMadeForAPersonToRead) {
 )");
 }
 
-TEST_F(StoreFiles, CanBeWrittenByAPerson) {
-    folder.Write("local.json",
+TEST_P(StoreFiles, CanBeWrittenByAPerson) {
+    PutStoreFile("local",
                  "{\"settings\": [{\"value\": 3, \"key\": \"runs\", \"type\": \"Int32\"},\r\n"
                  "  {\"key\": \"a\", \"type\": \"String\", \"value\": [55357, 98]}]}");
     EXPECT_EQ(StoreText("local"), "\"a\" String [55357,98]\n\"runs\" Int32 3\n");
     EXPECT_EQ(TextAt("a", Where::Local), (WideText{static_cast<WCHAR>(55357), WCHAR('b')}));
 }
 
-TEST_F(StoreFiles, AreNotWrittenWhereNothingChanges) {
+TEST_P(StoreFiles, AreNotWrittenWhereNothingChanges) {
     Values()->Remove(Text("key"));
     Values()->Clear();
-    EXPECT_FALSE(folder.Has("roaming.json"));
+    EXPECT_EQ(StoreFile("roaming"), std::nullopt);
     const std::string by_hand = "{\"settings\":[{\"key\":\"key\",\"type\":\"Int32\",\"value\":1}]}";
-    folder.Write("roaming.json", by_hand);
+    PutStoreFile("roaming", by_hand);
     EXPECT_EQ(Values()->Remove(Text("another")), S_OK);
     EXPECT_TRUE(dialsim_put_setting("roaming", "key", "Int32", "1"));
-    EXPECT_EQ(folder.Read("roaming.json"), by_hand);
+    EXPECT_EQ(StoreFile("roaming"), by_hand);
 }
 
 // Everything fails, and nothing is written.
-void ExpectSettingsDamaged(const StoresFolder& folder, const std::string& content) {
-    folder.Write("roaming.json", content);
+void ExpectSettingsDamaged(const std::string& content) {
+    PutStoreFile("roaming", content);
     const auto values = Values();
     Object value;
     EXPECT_EQ(values->Lookup(Text("key"), value.Put()), kSettingsDamaged) << content;
@@ -814,11 +874,11 @@ void ExpectSettingsDamaged(const StoresFolder& folder, const std::string& conten
     EXPECT_EQ(InsertText("key", "text"), kSettingsDamaged) << content;
     EXPECT_FALSE(dialsim_put_setting("roaming", "key", "Int32", "1")) << content;
     EXPECT_EQ(StoreText("roaming"), "damaged\n") << content;
-    EXPECT_EQ(folder.Read("roaming.json"), content);
+    EXPECT_EQ(StoreFile("roaming"), content);
 }
 
-void ExpectVaultDamaged(const StoresFolder& folder, const std::string& content) {
-    folder.Write("vault.json", content);
+void ExpectVaultDamaged(const std::string& content) {
+    PutStoreFile("vault", content);
     const auto vault = OpenVault();
     Credential credential;
     Credentials list;
@@ -830,7 +890,7 @@ void ExpectVaultDamaged(const StoresFolder& folder, const std::string& content) 
     EXPECT_EQ(AddCredential("a", "b", "c"), kVaultDamaged) << content;
     EXPECT_FALSE(dialsim_put_credential("a", "b", "c")) << content;
     EXPECT_EQ(StoreText("vault"), "damaged\n") << content;
-    EXPECT_EQ(folder.Read("vault.json"), content);
+    EXPECT_EQ(StoreFile("vault"), content);
 }
 
 // Standard error tells of the damage; these tests look at what else there is.
@@ -846,24 +906,26 @@ protected:
     }
 };
 
+INSTANTIATE_TEST_SUITE_P(Places, DamagedStores, kBothPlaces, NameOf);
+
 // The end of the last line alone carries nothing.
-TEST_F(DamagedStores, AreThoseCutOffAnywhere) {
+TEST_P(DamagedStores, AreThoseCutOffAnywhere) {
     dialsim_put_setting("roaming", "key", "String", "text");
     dialsim_put_setting("roaming", "runs", "Int32", "12");
     dialsim_put_credential("a", "b", "c");
-    const std::string settings = folder.Read("roaming.json").value();
-    const std::string vault = folder.Read("vault.json").value();
+    const std::string settings = StoreFile("roaming").value();
+    const std::string vault = StoreFile("vault").value();
     for (std::size_t length = 0; length < settings.size() - 1 && !HasFailure(); ++length) {
-        ExpectSettingsDamaged(folder, settings.substr(0, length));
+        ExpectSettingsDamaged(settings.substr(0, length));
     }
     for (std::size_t length = 0; length < vault.size() - 1 && !HasFailure(); ++length) {
-        ExpectVaultDamaged(folder, vault.substr(0, length));
+        ExpectVaultDamaged(vault.substr(0, length));
     }
-    folder.Write("roaming.json", settings.substr(0, settings.size() - 1));
+    PutStoreFile("roaming", settings.substr(0, settings.size() - 1));
     EXPECT_EQ(StoreText("roaming"), "\"key\" String \"text\"\n\"runs\" Int32 12\n");
 }
 
-TEST_F(DamagedStores, AreSettingsOfAnotherShape) {
+TEST_P(DamagedStores, AreSettingsOfAnotherShape) {
     for (const char* entry : {"",
                               "1",
                               "[]",
@@ -895,19 +957,18 @@ TEST_F(DamagedStores, AreSettingsOfAnotherShape) {
                               R"({"key":"a","type":"String","value":"\uD83D"})",
                               "{\"key\":\"a\",\"type\":\"String\",\"value\":\"\xFF\"}",
                               "{\"key\":\"a\",\"type\":\"String\",\"value\":\"\xED\xA0\xBD\"}"}) {
-        ExpectSettingsDamaged(folder,
-                              std::string("{\"settings\":[") + entry + (*entry == '\0' ? "," : "") + "]}");
+        ExpectSettingsDamaged(std::string("{\"settings\":[") + entry + (*entry == '\0' ? "," : "") + "]}");
     }
     for (const char* content :
          {"", " ", "null", "1", "[]", "{}", R"({"settings":{}})", R"({"settings":[],"more":1})",
           R"({"settings":[{"key":"a","type":"Int32","value":1}],"settings":[]})", R"({"credentials":[]})",
           "\xFF\xFE{", "{\"settings\":[]}}", "not a store"}) {
-        ExpectSettingsDamaged(folder, content);
+        ExpectSettingsDamaged(content);
     }
-    ExpectSettingsDamaged(folder, std::string(100000, '['));
+    ExpectSettingsDamaged(std::string(100000, '['));
 }
 
-TEST_F(DamagedStores, AreVaultsOfAnotherShape) {
+TEST_P(DamagedStores, AreVaultsOfAnotherShape) {
     for (const char* content : {"", "null", "[]", "{}", R"({"credentials":{}})", R"({"settings":[]})",
                                 R"({"credentials":[1]})", R"({"credentials":[{"resource":"a","user":"b"}]})",
                                 R"({"credentials":[{"resource":"a","user":"b","password":1}]})",
@@ -915,12 +976,12 @@ TEST_F(DamagedStores, AreVaultsOfAnotherShape) {
                                 R"({"credentials":[{"resource":"a","user":"b","password":"c","more":1}]})",
                                 R"({"credentials":[{"resource":"a","user":"b","password":"c"},)"
                                 R"({"resource":"a","user":"b","password":"d"}]})"}) {
-        ExpectVaultDamaged(folder, content);
+        ExpectVaultDamaged(content);
     }
 }
 
-TEST_F(DamagedStores, LeaveTheOthersAlone) {
-    folder.Write("roaming.json", "damaged");
+TEST_P(DamagedStores, LeaveTheOthersAlone) {
+    PutStoreFile("roaming", "damaged");
     EXPECT_EQ(InsertText("key", "text", Where::Local), S_OK);
     EXPECT_EQ(AddCredential("a", "b", "c"), S_OK);
     EXPECT_EQ(StoreText("local"), "\"key\" String \"text\"\n");
@@ -933,59 +994,80 @@ std::string Told(const char* store) {
     return testing::internal::GetCapturedStderr();
 }
 
-TEST_F(StoreFiles, ThatAreDamagedAreToldOfOnce) {
-    folder.Write("local.json", "{\n  \"settings\": [x]\n}\n");
+TEST_P(StoreFiles, ThatAreDamagedAreToldOfOnce) {
+    PutStoreFile("local", "{\n  \"settings\": [x]\n}\n");
     EXPECT_EQ(Told("local"),
-              "dialsim: " + folder.PathOf("local.json") +
-                  " is damaged and left alone: line 2, column 16: this is not JSON, or it ends "
+              "dialsim: " + path +
+                  "/local.json is damaged and left alone: line 2, column 16: this is not JSON, or it ends "
                   "too early\n");
     EXPECT_EQ(Told("local"), "");
-    folder.Write("local.json", R"({"settings": []})");
+    PutStoreFile("local", R"({"settings": []})");
     EXPECT_EQ(Told("local"), "");
-    folder.Write("local.json", R"({"settings": [{"key": "a", "type": "Int32", "value": 1}, {}]})");
+    PutStoreFile("local", R"({"settings": [{"key": "a", "type": "Int32", "value": 1}, {}]})");
     EXPECT_EQ(Told("local"),
-              "dialsim: " + folder.PathOf("local.json") +
-                  " is damaged and left alone: entry 2: there is something else than 3 members\n");
+              "dialsim: " + path +
+                  "/local.json is damaged and left alone: entry 2: there is something else than 3 members\n");
 }
 
-TEST_F(StoreFiles, ThatAreDamagedDoNotTellTheirPasswords) {
+TEST_P(StoreFiles, ThatAreDamagedDoNotTellTheirPasswords) {
     dialsim_put_credential("resource", "user", "secret");
-    const std::string whole = folder.Read("vault.json").value();
+    const std::string whole = StoreFile("vault").value();
     for (const std::string& damaged : {whole.substr(0, whole.find("secret") + 6), "[" + whole + "]"}) {
-        folder.Write("vault.json", whole);
+        PutStoreFile("vault", whole);
         EXPECT_EQ(Told("vault"), "");
-        folder.Write("vault.json", damaged);
+        PutStoreFile("vault", damaged);
         const std::string told = Told("vault");
         EXPECT_NE(told, "");
         EXPECT_EQ(told.find("secret"), std::string::npos) << told;
     }
 }
 
-TEST_F(StoreFiles, ThatCannotBeReadFailWithTheSystemsCode) {
+TEST_F(StoresInAFolder, ThatCannotBeReadFailWithTheSystemsCode) {
     const std::string in_the_way = folder.PathOf("roaming.json");
     StoresFolder::MakeFolder(in_the_way);
     Object value;
     EXPECT_EQ(Lookup("key", value), kDenied);
+    EXPECT_EQ(StoreFile("roaming"), std::nullopt);
     StoresFolder::RemoveFolder(in_the_way);
     EXPECT_EQ(Lookup("key", value), S_OK);
 }
 
-TEST_F(StoreFiles, ThatCannotBeWrittenFailWithTheSystemsCodeAndStay) {
+TEST_F(StoresInAFolder, ThatCannotBeWrittenFailWithTheSystemsCodeAndStay) {
     ASSERT_EQ(InsertText("key", "old"), S_OK);
     const std::string in_the_way = folder.PathOf("roaming.json.new");
     StoresFolder::MakeFolder(in_the_way);
     EXPECT_EQ(InsertText("key", "new"), kDenied);
+    EXPECT_FALSE(PutStoreFile("roaming", "content"));
     EXPECT_EQ(TextAt("key"), WIDE("old"));
     StoresFolder::RemoveFolder(in_the_way);
     EXPECT_EQ(InsertText("key", "new"), S_OK);
 }
 
-TEST_F(StoreFiles, InNoFolderFailWithTheSystemsCode) {
+TEST_F(StoresInAFolder, InNoFolderFailWithTheSystemsCode) {
     folder.Write("file", "no folder");
     dialsim_set_stores(folder.PathOf("file").c_str());
     EXPECT_EQ(InsertText("key", "text"), Code(0x80070003));
     EXPECT_FALSE(dialsim_clear_stores());
+    EXPECT_FALSE(PutStoreFile("roaming", "content"));
+    EXPECT_EQ(StoreFile("roaming"), std::nullopt);
     std::remove(folder.PathOf("file").c_str());
+}
+
+TEST_F(StoresInAFolder, AreTheFilesThere) {
+    const std::string bytes("\0\r\n\xFF", 4);
+    for (const char* store : kStores) {
+        const std::string file = std::string(store) + ".json";
+        EXPECT_TRUE(PutStoreFile(store, bytes));
+        EXPECT_EQ(folder.Read(file), bytes) << store;
+        folder.Write(file, store);
+        EXPECT_EQ(StoreFile(store), store);
+    }
+}
+
+TEST_F(StoresInAFolder, AreClearedWithWhatAKilledWriterHasLeftBehind) {
+    folder.Write("vault.json.new", "left behind");
+    EXPECT_TRUE(dialsim_clear_stores());
+    EXPECT_FALSE(folder.Has("vault.json.new"));
 }
 
 // An environment variable, as it was before when the object is gone.
@@ -1031,12 +1113,12 @@ void ExpectStoresIn(const StoresFolder& folder, const std::vector<std::string>& 
     }
 }
 
-TEST_F(StoreFiles, AreInTheFolderOfTheEnvironment) {
+TEST_F(StoresInAFolder, AreInTheFolderOfTheEnvironment) {
     const Variable stores("DIALSIM_STORES", folder.PathOf("some/where"));
     ExpectStoresIn(folder, {"some", "where"});
 }
 
-TEST_F(StoreFiles, AreInTheUsersOwnDataOtherwise) {
+TEST_F(StoresInAFolder, AreInTheUsersOwnDataOtherwise) {
     const Variable stores("DIALSIM_STORES", "");
 #ifdef _WIN32
     const Variable data("LOCALAPPDATA", folder.path());
@@ -1054,7 +1136,44 @@ TEST_F(StoreFiles, AreInTheUsersOwnDataOtherwise) {
 #endif
 }
 
-TEST_F(StoredSettings, HaveAPackageFromTheStartWhereTheEnvironmentSaysSo) {
+using StoresInMemory = StoresInAFolder;
+
+// Each place keeps its own while the other one is used.
+TEST_F(StoresInMemory, AreApartFromThoseInAFolder) {
+    dialsim_put_setting("roaming", "key", "String", "in the folder");
+    dialsim_set_stores(DIALSIM_MEMORY);
+    EXPECT_EQ(StoreText("roaming"), "");
+    dialsim_put_setting("roaming", "key", "String", "in memory");
+    dialsim_put_setting("local", "key", "String", "in memory");
+    dialsim_put_credential("resource", "user", "secret");
+    dialsim_set_stores(folder.path().c_str());
+    EXPECT_EQ(StoreText("roaming"), "\"key\" String \"in the folder\"\n");
+    EXPECT_FALSE(folder.Has("local.json"));
+    EXPECT_FALSE(folder.Has("vault.json"));
+    EXPECT_TRUE(dialsim_clear_stores());
+    dialsim_set_stores(DIALSIM_MEMORY);
+    EXPECT_EQ(StoreText("roaming"), "\"key\" String \"in memory\"\n");
+    EXPECT_EQ(StoreText("vault"), "\"resource\" \"user\" \"secret\"\n");
+    EXPECT_TRUE(dialsim_clear_stores());
+}
+
+TEST_F(StoresInMemory, MakeNoFolder) {
+    dialsim_set_stores(DIALSIM_MEMORY);
+    EXPECT_TRUE(dialsim_put_setting("local", "key", "Int32", "1"));
+    EXPECT_EQ(std::fopen(DIALSIM_MEMORY "/lock", "rb"), nullptr);
+    EXPECT_TRUE(dialsim_clear_stores());
+}
+
+TEST_F(StoresInMemory, MayBeThoseOfTheEnvironment) {
+    const Variable stores("DIALSIM_STORES", DIALSIM_MEMORY);
+    dialsim_set_stores(DIALSIM_MEMORY);
+    dialsim_put_setting("local", "key", "Int32", "1");
+    dialsim_set_stores(nullptr);
+    EXPECT_EQ(StoreText("local"), "\"key\" Int32 1\n");
+    EXPECT_TRUE(dialsim_clear_stores());
+}
+
+TEST_P(StoredSettings, HaveAPackageFromTheStartWhereTheEnvironmentSaysSo) {
     ComPtr<abi::IApplicationData> data;
     {
         const Variable packaged("DIALSIM_PACKAGED", "1");
