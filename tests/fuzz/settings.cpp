@@ -6,7 +6,6 @@
 #include <variant>
 
 #include "fuzz.h"
-#include "support/stores_folder.h"
 #include "unicode.h"
 
 namespace {
@@ -149,7 +148,6 @@ public:
         for (WideText& name : names_) {
             name = input_.Text();
         }
-        Check(dialsim_clear_stores(), "the stores are cleared");
         SetPackaged();
     }
 
@@ -267,8 +265,8 @@ private:
 }  // namespace
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
-    static const StoresFolder folder;
     const Run run;
+    const MemoryStores stores;
     const Started started;
     Input input(bytes, size);
     Session session(input);

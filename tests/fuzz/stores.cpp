@@ -6,17 +6,11 @@
 #include <set>
 
 #include "fuzz.h"
-#include "support/stores_folder.h"
 #include "support/wide.h"
 
 namespace {
 
-struct Store {
-    const char* name;
-    const char* file;
-};
-
-constexpr Store kStores[] = {{"roaming", "roaming.json"}, {"local", "local.json"}, {"vault", "vault.json"}};
+constexpr const char* kStores[] = {"roaming", "local", "vault"};
 
 constexpr char kDamaged[] = "damaged\n";
 constexpr char kNewKey[] = "a key of this test's own";
@@ -30,18 +24,17 @@ void ReadAll() {
     }
 }
 
-bool Put(const Store& store) {
-    return std::strcmp(store.name, "vault") == 0
-               ? dialsim_put_credential("host", kNewKey, "value")
-               : dialsim_put_setting(store.name, kNewKey, "String", "value");
+bool Put(const char* store) {
+    return std::strcmp(store, "vault") == 0 ? dialsim_put_credential("host", kNewKey, "value")
+                                            : dialsim_put_setting(store, kNewKey, "String", "value");
 }
 
-void CheckDamaged(const StoresFolder& folder, const Store& store, const std::string& content) {
+void CheckDamaged(const char* store, const std::string& content) {
     Check(!Put(store), "a damaged store takes nothing");
     CheckSame(set_string_in_storage(UTF16("host"), kNewKeyWide, UTF16("value")), 0, "set_string_in_storage");
     CheckSame(set_int_in_storage(UTF16("host"), kNewKeyWide, 7), 0, "set_int_in_storage");
     ReadAll();
-    Check(folder.Read(store.file) == content, "a damaged store is left alone");
+    Check(StoreFile(store) == content, "a damaged store is left alone");
 }
 
 // Three for each entry and one around them: what else there is would get lost with the next change.
@@ -67,15 +60,14 @@ void CheckNumbers(const std::string& listing, const std::string& content) {
     }
 }
 
-void CheckWhole(const StoresFolder& folder, const Store& store, const std::string& content,
-                const std::string& before) {
+void CheckWhole(const char* store, const std::string& content, const std::string& before) {
     CheckMembers(before, content);
     CheckNumbers(before, content);
     ReadAll();
-    Check(folder.Read(store.file) == content, "reading changes nothing");
+    Check(StoreFile(store) == content, "reading changes nothing");
 
     Check(Put(store), "a whole store takes an entry");
-    const std::string after = StoreText(store.name);
+    const std::string after = StoreText(store);
     const std::vector<std::string> lines = LinesOf(after);
     const std::set<std::string> now(lines.begin(), lines.end());
     std::size_t kept = 0;
@@ -86,26 +78,25 @@ void CheckWhole(const StoresFolder& folder, const Store& store, const std::strin
     CheckSame(lines.size(), kept + 1, "entries with the new one");
 
     Check(Put(store), "the same once more");
-    CheckSame(StoreText(store.name), after, "the store with the same once more");
+    CheckSame(StoreText(store), after, "the store with the same once more");
 }
 
 }  // namespace
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
-    static const StoresFolder folder;
     const Run run;
+    const MemoryStores stores;
     const Started started;
     Input input(bytes, size);
-    const Store& store = kStores[input.Below(std::size(kStores))];
+    const char* const store = kStores[input.Below(std::size(kStores))];
     const std::string content = input.Rest();
-    Check(dialsim_clear_stores(), "the stores are cleared");
     dialsim_set_packaged(true);
-    folder.Write(store.file, content);
-    const std::string listing = StoreText(store.name);
+    Check(PutStoreFile(store, content), "the file is written");
+    const std::string listing = StoreText(store);
     if (listing == kDamaged) {
-        CheckDamaged(folder, store, content);
+        CheckDamaged(store, content);
     } else if (listing.find(kNewKey) == std::string::npos) {
-        CheckWhole(folder, store, content, listing);
+        CheckWhole(store, content, listing);
     }
     return 0;
 }
