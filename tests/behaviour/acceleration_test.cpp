@@ -3,6 +3,7 @@
 // where the clock can be set.
 #include <cmath>
 #include <cstdlib>
+#include <limits>
 #include <vector>
 
 #include "behaviour.h"
@@ -154,6 +155,58 @@ TEST_F(Acceleration, ATurnWhoseRequiredDataFailsIsNotCounted) {
         TurnAfter(0, 100.0, 0, 0);
         const double factor = Step(20.0);
         return [=] { EXPECT_DOUBLE_EQ(factor, FactorFor(40.0)); };
+    });
+}
+
+TEST_F(Acceleration, VeryLargeDegreesAreSummedLikeAnyOthers) {
+    Play([&] {
+        const double large = Step(1e300);
+        const double back = Step(-1e300);
+        return [=] {
+            EXPECT_DOUBLE_EQ(large, FactorFor(1e300));
+            EXPECT_EQ(back, 1.0);
+        };
+    });
+}
+
+TEST_F(Acceleration, DegreesTooSmallForTheSumAddNothing) {
+    Play([&] {
+        Step(20.0);
+        const double factor = Step(std::numeric_limits<double>::denorm_min());
+        return [=] { EXPECT_DOUBLE_EQ(factor, FactorFor(20.0)); };
+    });
+}
+
+TEST_F(Acceleration, ASumBeyondTheLargestNumberIsInfiniteUntilAPause) {
+    Play([&] {
+        constexpr double kInfinity = std::numeric_limits<double>::infinity();
+        Step(std::numeric_limits<double>::max());
+        const double overflown = Step(std::numeric_limits<double>::max());
+        const double forth = Step(-20.0);
+        const double back = Step(-kInfinity);
+        const double after = Step(20.0);
+        const double paused = Pause(20.0);
+        return [=] {
+            EXPECT_EQ(overflown, kInfinity);
+            EXPECT_EQ(forth, kInfinity);
+            EXPECT_EQ(back, 1.0) << "the sum is no number any more";
+            EXPECT_EQ(after, 1.0);
+            EXPECT_DOUBLE_EQ(paused, FactorFor(20.0));
+        };
+    });
+}
+
+TEST_F(Acceleration, DegreesThatAreNoNumberHaveNoAccelerationUntilAPause) {
+    Play([&] {
+        Step(40.0);
+        const double none = Step(std::numeric_limits<double>::quiet_NaN());
+        const double after = Step(40.0);
+        const double paused = Pause(20.0);
+        return [=] {
+            EXPECT_EQ(none, 1.0);
+            EXPECT_EQ(after, 1.0);
+            EXPECT_DOUBLE_EQ(paused, FactorFor(20.0));
+        };
     });
 }
 

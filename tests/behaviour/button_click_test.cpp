@@ -1,6 +1,7 @@
 #include <limits>
 
 #include "behaviour.h"
+#include "support/extreme_places.h"
 
 namespace {
 
@@ -50,6 +51,17 @@ TEST_F(ButtonClick, CoordinatesBeyondTheRangeBecomeTheSmallestNumber) {
     EXPECT_EQ(host.LastClick(), (DialContactRect{INT32_MIN, INT32_MIN, INT32_MIN, INT32_MIN}));
     kept_contacts_ = 1;
 }
+
+class PlaceOfAClick : public ButtonClick, public testing::WithParamInterface<ExtremePlace> {};
+
+TEST_P(PlaceOfAClick, HasFarEdgesOfTheCutNearOnes) {
+    EXPECT_EQ(GetParam().Touch(kWindow), 0);
+    EXPECT_EQ(dialsim_click(kWindow), 0);
+    EXPECT_EQ(host.LastClick(), GetParam().of_a_click);
+    kept_contacts_ = 1;
+}
+
+INSTANTIATE_TEST_SUITE_P(Of, PlaceOfAClick, testing::ValuesIn(kExtremePlaces), kNameOfPlace);
 
 TEST_F(ButtonClick, EveryContactIsKept) {
     dialsim_touch(kWindow, 1, 2, 3, 4);

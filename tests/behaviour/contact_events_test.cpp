@@ -2,6 +2,7 @@
 #include <string>
 
 #include "behaviour.h"
+#include "support/extreme_places.h"
 
 namespace {
 
@@ -108,6 +109,18 @@ INSTANTIATE_TEST_SUITE_P(
                     ContactEvent{"ControlAcquired", 835, [] { return dialsim_acquire(kWindow); },
                                  "IRadialControllerControlAcquiredEventArgs::get_Contact"}),
     [](const auto& event_info) { return event_info.param.name; });
+
+class PlaceOfAContact : public Listening, public testing::WithParamInterface<ExtremePlace> {};
+
+TEST_P(PlaceOfAContact, IsNoFailureOfAnyEvent) {
+    EXPECT_EQ(GetParam().Touch(kWindow), 0);
+    EXPECT_EQ(dialsim_acquire(kWindow), 0);
+    EXPECT_EQ(GetParam().Move(kWindow), 0);
+    EXPECT_EQ(dialsim_lift(kWindow), 0);
+    EXPECT_EQ(dialsim_calls("IRadialControllerScreenContact::get_Bounds"), 3u);
+}
+
+INSTANTIATE_TEST_SUITE_P(Of, PlaceOfAContact, testing::ValuesIn(kExtremePlaces), kNameOfPlace);
 
 using IgnoredEvents = Listening;
 

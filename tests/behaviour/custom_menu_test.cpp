@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "menu.h"
+#include "support/edges.h"
 #include "support/inside_call.h"
 
 namespace {
@@ -296,18 +297,82 @@ TEST_F(CustomMenu, ALabelMayBeEmptyLongOrBeyondTheBasicPlane) {
     EXPECT_EQ(dialsim_objects(kMenuItems), 3u);
 }
 
+class LargeMenu : public Listening {
+protected:
+    void SetUp() override {
+        Listening::SetUp();
+        std::vector<MenuItemDescription> items;
+        for (std::uint32_t i = 0; i < kVeryMany; ++i) {
+            items.push_back(i % 2 == 0 ? KnownIcon(IdentifierOf(i)) : SystemFont(IdentifierOf(i)));
+        }
+        items.back().haptic_feedback = 1;
+        ASSERT_TRUE(SetMenu(kWindow, items));
+    }
+    // Different for all of them, and of all sizes.
+    static std::uint32_t IdentifierOf(std::uint32_t item) { return item * 0x9E3779B1; }
+};
+
+TEST_F(LargeMenu, HasEveryItemInItsPlace) {
+    const std::vector<std::string> lines = LinesOf(MenuText(kWindow));
+    ASSERT_EQ(lines.size(), kVeryMany + 2) << "the items and what the system adds";
+    for (std::uint32_t i = 0; i < kVeryMany; ++i) {
+        ASSERT_TRUE(lines[i].ends_with(", tag " + std::to_string(IdentifierOf(i)))) << lines[i];
+    }
+}
+
+TEST_F(LargeMenu, FindsItsLastItem) {
+    EXPECT_TRUE(set_current_custom_menu(kWindow, IdentifierOf(kVeryMany - 1)));
+    EXPECT_EQ(dialsim_turn(kWindow, 1.0), 0);
+    EXPECT_EQ(host.LastRotation().selectedItemTag, IdentifierOf(kVeryMany - 1));
+}
+
+TEST_F(LargeMenu, AppliesTheSettingOfItsLastItem) {
+    EXPECT_EQ(dialsim_choose(kWindow, kVeryMany - 1), 0);
+    EXPECT_EQ(dialsim_calls("IRadialController::put_UseAutomaticHapticFeedback(1)"), 1u);
+}
+
+TEST_F(LargeMenu, IsReplacedAsAWholeAndItsFirstEntryStillDecides) {
+    ASSERT_TRUE(SetMenu(kWindow, {WithHaptics(KnownIcon(IdentifierOf(0)))}));
+    EXPECT_EQ(dialsim_objects(kMenuItems), 1u);
+    EXPECT_EQ(dialsim_choose(kWindow, 0), 0);
+    EXPECT_EQ(dialsim_calls("IRadialController::put_UseAutomaticHapticFeedback(0)"), 1u);
+}
+
+TEST_F(CustomMenu, ACountOfMoreThanSixteenBitsIsReadToItsEnd) {
+    std::vector<MenuItemDescription> items(70'000, Described(static_cast<MenuItemKind>(5), UTF16(""), 1));
+    items.push_back(KnownIcon(7));
+    EXPECT_TRUE(SetMenu(kWindow, items));
+    EXPECT_EQ(dialsim_objects(kMenuItems), 1u);
+    EXPECT_TRUE(set_current_custom_menu(kWindow, 7));
+}
+
+class UnknownKind : public Listening, public testing::WithParamInterface<std::int32_t> {};
+
+TEST_P(UnknownKind, IsSkippedSilently) {
+    EXPECT_TRUE(SetMenu(
+        kWindow, {Described(static_cast<MenuItemKind>(GetParam()), UTF16("Unknown"), 1), KnownIcon(2)}));
+    EXPECT_EQ(dialsim_objects(kMenuItems), 1u);
+    EXPECT_EQ(dialsim_strings(), 1u);
+}
+
+INSTANTIATE_TEST_SUITE_P(AtTheEdges, UnknownKind,
+                         testing::Values(INT32_MIN, INT32_MIN + 1, INT32_MIN + 2, -1, 5, 0x102, 0x10002,
+                                         INT32_MAX));
+
 // Nothing in the library catches what a label raises.
 TEST_F(CustomMenu, ALabelThatThePlatformRefusesIsRaisedToTheHost) {
     for (const char* operation : {"WindowsCreateStringReference", "WindowsDuplicateString"}) {
-        dialsim_fail(operation, kAccessDenied, 1, 1);
-        try {
-            SetMenu(kWindow, {KnownIcon(1)});
-            ADD_FAILURE() << operation;
-        } catch (const std::exception& error) {
-            EXPECT_STREQ(error.what(), "platform error 80070005") << operation;
+        for (const BrindleChar* label : {UTF16("Volume"), UTF16("")}) {
+            dialsim_fail(operation, kAccessDenied, 1, 1);
+            try {
+                SetMenu(kWindow, {KnownIcon(1, 3, label)});
+                ADD_FAILURE() << operation;
+            } catch (const std::exception& error) {
+                EXPECT_STREQ(error.what(), "platform error 80070005") << operation;
+            }
+            EXPECT_EQ(dialsim_strings(), 0u) << operation;
+            EXPECT_EQ(dialsim_objects(kMenuItems), 0u) << operation;
         }
-        EXPECT_EQ(dialsim_strings(), 0u) << operation;
-        EXPECT_EQ(dialsim_objects(kMenuItems), 0u) << operation;
     }
 }
 

@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "behaviour.h"
+#include "support/edges.h"
 
 namespace {
 
@@ -16,8 +17,8 @@ protected:
         return set_default_menu(window, kinds.data(), static_cast<std::uint32_t>(kinds.size()));
     }
     static std::vector<std::int32_t> Remaining(std::uint64_t window = kWindow) {
-        std::vector<std::int32_t> kinds(16);
-        kinds.resize(dialsim_system_items(window, kinds.data(), 16));
+        std::vector<std::int32_t> kinds(dialsim_system_items(window, nullptr, 0));
+        dialsim_system_items(window, kinds.data(), static_cast<std::uint32_t>(kinds.size()));
         return kinds;
     }
 };
@@ -52,6 +53,23 @@ TEST_F(DefaultMenu, AnUnknownKindIsThePlatformsToJudge) {
     EXPECT_EQ(dialsim_calls(kSetItems), 1u);
     EXPECT_EQ(Remaining(), (Kinds{0, 1, 2, 3, 4}));
 }
+
+TEST_F(DefaultMenu, EveryValueIsPassedOnUnchanged) {
+    EXPECT_FALSE(Set({INT32_MIN, INT32_MIN + 1, -1, 0, 1, 5, 0x100, 0x10001, INT32_MAX}));
+    EXPECT_EQ(dialsim_calls("system items(-2147483648, -2147483647, -1, 0, 1, 5, 256, 65537, 2147483647)"),
+              1u);
+}
+
+class NumberOfKinds : public DefaultMenu, public testing::WithParamInterface<std::size_t> {};
+
+TEST_P(NumberOfKinds, IsPassedOnToTheLast) {
+    Kinds kinds(GetParam(), 2);
+    kinds.back() = 4;
+    EXPECT_TRUE(Set(kinds));
+    EXPECT_EQ(Remaining(), kinds);
+}
+
+INSTANTIATE_TEST_SUITE_P(All, NumberOfKinds, testing::Values(1, 100, 255, 256, kVeryMany, 65'535, 65'537));
 
 TEST_F(DefaultMenu, TheWindowIsTheOneThatTheHostNamesNow) {
     RecordingHost moved({10, 10, 20});

@@ -3,7 +3,9 @@
 #include <vector>
 
 #include "behaviour.h"
+#include "support/edges.h"
 #include "support/menu_items.h"
+#include "support/pictures.h"
 
 namespace {
 
@@ -76,6 +78,65 @@ TEST_F(Invocation, ReachesAnAgileHandlerOnAnyThread) {
     EXPECT_EQ(dialsim_choose(kWindow, 0), 0);
     EXPECT_EQ(dialsim_calls(kHapticsOn), 1u);
 }
+
+class HapticByte : public Listening, public testing::WithParamInterface<std::uint8_t> {
+protected:
+    static MenuItemDescription WithByte(MenuItemDescription item) {
+        item.haptic_feedback = GetParam();
+        return item;
+    }
+};
+
+TEST_P(HapticByte, IsOffOnlyWhenItIsZero) {
+    const TemporaryFile font("font.ttf", SmallPng());
+    ASSERT_TRUE(SetMenu(
+        kWindow, {WithByte(KnownIcon(1)), WithByte(SystemFont(2)), WithByte(CustomFont(3, font.Path())),
+                  WithByte(ResourcePNG(4, ModuleWithPng(), kPngResource))}));
+    for (std::uint32_t item = 0; item < 4; ++item) {
+        EXPECT_EQ(dialsim_choose(kWindow, item), 0);
+    }
+    EXPECT_EQ(dialsim_calls(GetParam() == 0 ? kHapticsOff : kHapticsOn), 4u);
+    EXPECT_EQ(dialsim_calls(kPutHaptics), 4u);
+}
+
+INSTANTIATE_TEST_SUITE_P(AtTheEdges, HapticByte, testing::Values(0, 1, 2, 0x7F, 0x80, 0xFF));
+
+// Identifiers that differ in few bits.
+class SimilarItems : public Listening, public testing::WithParamInterface<SimilarNumbers> {
+protected:
+    std::uint32_t ToldTag() {
+        EXPECT_EQ(dialsim_turn(kWindow, 1.0), 0);
+        return host.LastRotation().selectedItemTag;
+    }
+
+    const std::uint32_t first_ = GetParam().first;
+    const std::uint32_t second_ = GetParam().second;
+};
+
+TEST_P(SimilarItems, AreSelectedEachByItsOwnIdentifier) {
+    ASSERT_TRUE(SetMenu(kWindow, {KnownIcon(first_), KnownIcon(second_)}));
+    EXPECT_TRUE(set_current_custom_menu(kWindow, second_));
+    EXPECT_EQ(ToldTag(), second_);
+    EXPECT_TRUE(set_current_custom_menu(kWindow, first_));
+    EXPECT_EQ(ToldTag(), first_);
+}
+
+TEST_P(SimilarItems, AreNotSelectedForOneAnother) {
+    ASSERT_TRUE(SetMenu(kWindow, {KnownIcon(first_)}));
+    EXPECT_FALSE(set_current_custom_menu(kWindow, second_));
+    ASSERT_TRUE(SetMenu(kWindow, {KnownIcon(second_)}));
+    EXPECT_FALSE(set_current_custom_menu(kWindow, first_));
+}
+
+TEST_P(SimilarItems, HaveHapticSettingsOfTheirOwn) {
+    ASSERT_TRUE(SetMenu(kWindow, {WithHaptics(KnownIcon(first_)), KnownIcon(second_)}));
+    EXPECT_EQ(dialsim_choose(kWindow, 1), 0);
+    EXPECT_EQ(dialsim_calls(kHapticsOff), 1u);
+    EXPECT_EQ(dialsim_choose(kWindow, 0), 0);
+    EXPECT_EQ(dialsim_calls(kHapticsOn), 1u);
+}
+
+INSTANTIATE_TEST_SUITE_P(DifferIn, SimilarItems, testing::ValuesIn(kSimilarNumbers), kNameOfPair);
 
 class Selection : public Listening {
 protected:

@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "menu.h"
+#include "support/edges.h"
 #include "support/pictures.h"
 
 namespace {
@@ -24,11 +25,57 @@ protected:
     }
 };
 
+using WideUnits = std::basic_string<BrindleChar>;
+
+// A text of so many units, whose last one shows whether it is whole; and the same as the simulator prints it.
+WideUnits LongText(std::size_t length) {
+    WideUnits text(length, 'x');
+    if (length > 0) {
+        text.back() = 0x9F8D;  // a unit with its top bit
+    }
+    return text;
+}
+std::string LongUtf8(std::size_t length) {
+    return length == 0 ? "" : std::string(length - 1, 'x') + "\xE9\xBE\x8D";
+}
+
 class FontFile : public ItemSource {
 protected:
     // Any file will do: the library only finds its short name.
     const TemporaryFile font_{"a font with a long name.ttf", SmallPng()};
 };
+
+constexpr const char* kIconNames[] = {"Scroll", "Zoom",     "UndoRedo",     "Volume", "NextPreviousTrack",
+                                      "Ruler",  "InkColor", "InkThickness", "PenType"};
+
+using KnownIcons = ItemSource;
+
+TEST_F(KnownIcons, AreThePlatformsNineWhateverTheUpperHalfOfTheirSource) {
+    for (const std::uint64_t upper :
+         {std::uint64_t{0}, std::uint64_t{1} << 32, std::uint64_t{0xFFFFFFFF} << 32}) {
+        for (std::uint32_t icon = 0; icon < std::size(kIconNames); ++icon) {
+            MenuItemDescription item = KnownIcon(1);
+            item.source.number = upper | icon;
+            EXPECT_TRUE(SetMenu(kWindow, {item}));
+            EXPECT_TRUE(Shows("known icon " + std::string(kIconNames[icon]) + ", tag 1")) << upper;
+        }
+    }
+}
+
+class UnknownIcon : public ItemSource, public testing::WithParamInterface<std::uint32_t> {};
+
+TEST_P(UnknownIcon, IsPassedOnUnchangedAndThePlatformsToJudge) {
+    EXPECT_TRUE(SetMenu(kWindow, {KnownIcon(1, GetParam()), KnownIcon(2)}));
+    const std::string call =
+        "IRadialControllerMenuItemStatics::CreateFromKnownIcon(" + std::to_string(GetParam()) + ")";
+    EXPECT_EQ(dialsim_calls(call.c_str()), 6u);
+    EXPECT_EQ(Printed(), Line(515, "80070057") + Line(515, "80070057") +
+                             NamedLine("AddMenuItemFromKnownIcon", 152, "80070057"));
+    EXPECT_EQ(dialsim_objects(kMenuItems), 1u);
+}
+
+INSTANTIATE_TEST_SUITE_P(AtTheEdges, UnknownIcon,
+                         testing::Values(9, 0x100, 0x10003, 0x7FFFFFFF, 0x80000000, 0x80000003, 0xFFFFFFFF));
 
 TEST_F(ItemSource, AGlyphOfAnInstalledFontIsShown) {
     EXPECT_TRUE(SetMenu(kWindow, {SystemFont(4)}));
@@ -41,6 +88,38 @@ TEST_F(FontFile, AGlyphOfAFontFileIsShownThroughItsShortName) {
     EXPECT_FALSE(Shows("long name"));
     EXPECT_EQ(dialsim_calls("IUriRuntimeClass::get_AbsoluteUri"), 1u);
     EXPECT_EQ(dialsim_calls("IRadialControllerMenuItem::get_DisplayText"), 1u);
+}
+
+TEST_F(FontFile, AFontFileMayHaveALongName) {
+    const TemporaryFile font(std::string(200, 'f') + ".ttf", SmallPng());
+    EXPECT_TRUE(SetMenu(kWindow, {CustomFont(5, font.Path())}));
+    EXPECT_TRUE(Shows("\"Own glyph\" glyph B of font file file:///"));
+    EXPECT_FALSE(Shows("fffffffff")) << "no short name is as long";
+}
+
+TEST_F(FontFile, TheBufferForAShortNameIsAsLongAsThePlatformSays) {
+    dialsim_fail("GetShortPathNameW", kVeryMany, 1, 1);
+    EXPECT_TRUE(SetMenu(kWindow, {CustomFont(5, font_.Path())}));
+    const std::string call =
+        "GetShortPathNameW(" + font_.NarrowPath() + ", " + std::to_string(kVeryMany) + ")";
+    EXPECT_EQ(dialsim_calls(call.c_str()), 1u);
+    EXPECT_TRUE(Shows("font file file:///"));
+}
+
+// The platform claims to have written a name, and has not.
+TEST_F(FontFile, AnEmptyShortNameIsThePlatformsToJudge) {
+    dialsim_fail("GetShortPathNameW", 7, 2, 1);
+    EXPECT_TRUE(SetMenu(kWindow, {CustomFont(5, font_.Path())}));
+    EXPECT_EQ(dialsim_calls("IUriRuntimeClassFactory::CreateUri()"), 6u);
+    EXPECT_EQ(Printed(), Line(556, "80070057") + Line(556, "80070057") +
+                             NamedLine("AddMenuItemFromCustomFont", 189, "80070057"));
+}
+
+TEST_F(FontFile, AnEmptyPathThatExistsIsAskedForItsShortName) {
+    dialsim_fail("PathFileExistsW", 1, 1, 1);
+    EXPECT_TRUE(SetMenu(kWindow, {CustomFont(5, UTF16(""))}));
+    EXPECT_EQ(dialsim_calls("GetShortPathNameW"), 1u);
+    EXPECT_EQ(dialsim_objects(kMenuItems), 0u);
 }
 
 TEST_F(FontFile, AFontFileThatDoesNotExistIsSkippedSilently) {
@@ -112,6 +191,22 @@ TEST_F(FontFile, ATagThatAlwaysFailsIsPrintedByTheAddingStep) {
     EXPECT_EQ(Printed(), builder + builder + NamedLine("AddMenuItemFromCustomFont", 189));
 }
 
+class GlyphLength : public FontFile, public testing::WithParamInterface<std::size_t> {};
+
+TEST_P(GlyphLength, OfEitherSourceIsPassedOnWholeAndSoIsTheFontsName) {
+    const WideUnits text = LongText(GetParam());
+    const std::string expected = LongUtf8(GetParam());
+    MenuItemDescription installed = SystemFont(1);
+    MenuItemDescription own = CustomFont(2, font_.Path());
+    installed.source.text = own.source.text = text.c_str();
+    installed.source2.text = own.source2.text = text.c_str();
+    EXPECT_TRUE(SetMenu(kWindow, {installed, own}));
+    EXPECT_TRUE(Shows("glyph " + expected + " of " + expected + ", tag 1"));
+    EXPECT_TRUE(Shows("glyph " + expected + " of font file file:///"));
+}
+
+INSTANTIATE_TEST_SUITE_P(All, GlyphLength, testing::Values(0, 1, 2, 255, 256, kVeryMany, 65'536));
+
 class PictureFile : public ItemSource {
 protected:
     void SetUp() override {
@@ -161,6 +256,44 @@ TEST_F(PictureFile, ThatDoesNotExistAppearsNowhereAndPrintsNothing) {
     EXPECT_LT(dialsim_complete(0), 0);
     EXPECT_EQ(dialsim_objects(kMenuItems), 0u);
     EXPECT_EQ(dialsim_strings(), 0u);
+}
+
+TEST_F(PictureFile, MayBeLarge) {
+    std::vector<std::uint8_t> bytes = SmallPng();
+    bytes.resize(3'000'001);
+    const TemporaryFile large("large.png", bytes);
+    EXPECT_TRUE(SetMenu(kWindow, {FilePNG(1, large.Path())}));
+    EXPECT_EQ(dialsim_complete_all(), 0);
+    EXPECT_TRUE(Shows("\"File\" PNG file 2x3, tag 1"));
+}
+
+TEST_F(PictureFile, MayBeOneOfAHundredOpenedBackwards) {
+    constexpr std::uint32_t kPictures = 100;
+    std::vector<MenuItemDescription> items;
+    std::vector<std::string> expected;
+    for (std::uint32_t i = 0; i < kPictures; ++i) {
+        items.push_back(FilePNG(i, picture_.Path()));
+    }
+    EXPECT_TRUE(SetMenu(kWindow, items));
+    for (std::uint32_t i = kPictures; i-- > 0;) {
+        EXPECT_EQ(dialsim_complete(i), 0);
+        expected.push_back("tag " + std::to_string(i));
+    }
+    const std::vector<std::string> lines = LinesOf(MenuText(kWindow));
+    ASSERT_GT(lines.size(), kPictures);
+    for (std::uint32_t i = 0; i < kPictures; ++i) {
+        EXPECT_TRUE(lines[i].ends_with(expected[i])) << lines[i];
+    }
+}
+
+TEST_F(PictureFile, MayHaveAPathOfAnyLengthForThePlatformToJudge) {
+    for (const std::size_t length :
+         {std::size_t{0}, std::size_t{1}, std::size_t{5000}, std::size_t{65'536}}) {
+        const WideUnits path = LongText(length);
+        EXPECT_TRUE(SetMenu(kWindow, {FilePNG(1, path.c_str())}));
+        EXPECT_EQ(dialsim_calls((kOpen + ("(" + LongUtf8(length) + ")")).c_str()), 1u) << length;
+        EXPECT_LT(dialsim_complete_all(), 0) << length;
+    }
 }
 
 TEST_F(PictureFile, WhoseOpeningStartsOrIsCanceledDoesNothing) {
@@ -290,10 +423,21 @@ TEST_F(PictureResource, IsFreedAsSoonAsItsItemIsHandedOver) {
     EXPECT_NE(journal.find("GlobalFree"), std::string::npos);
 }
 
-TEST_F(PictureResource, IdentifiersCountModulo65536) {
-    EXPECT_TRUE(SetMenu(kWindow, {ResourcePNG(7, ModuleWithPng(), 65536 + kPngResource)}));
-    EXPECT_TRUE(Shows("PNG image 2x3"));
+class ResourceIdentifier : public ItemSource, public testing::WithParamInterface<std::uint64_t> {};
+
+TEST_P(ResourceIdentifier, CountsModulo65536) {
+    const auto low = static_cast<std::uint16_t>(GetParam());
+    MenuItemDescription item = ResourcePNG(7, ModuleWithPng(low), 0);
+    item.source2.number = GetParam();
+    EXPECT_TRUE(SetMenu(kWindow, {item}));
+    EXPECT_TRUE(Shows("\"Resource\" PNG image 2x3, tag 7"));
+    const std::string search = "FindResourceW(" + std::to_string(low) + ", PNG)";
+    EXPECT_EQ(dialsim_calls(search.c_str()), 1u);
 }
+
+INSTANTIATE_TEST_SUITE_P(AtTheEdges, ResourceIdentifier,
+                         testing::Values(1, 255, 256, 0x7FFF, 0x8000, 0xFFFF, 0x10001, 0x1FFFF, 0x80000001,
+                                         0xFFFFFFFF, 0x100000001, 0xFFFFFFFF00008000, UINT64_MAX));
 
 TEST_F(PictureResource, ThatIsNotThereIsAFailureWithOneLine) {
     EXPECT_TRUE(SetMenu(kWindow, {ResourcePNG(7, ModuleWithPng(), 9999)}));
@@ -367,5 +511,62 @@ TEST_F(PictureResource, WhoseTagAlwaysFailsIsInTheMenuButNotRecorded) {
     EXPECT_EQ(dialsim_objects(kMenuItems), 2u);
     EXPECT_EQ(dialsim_strings(), 0u);
 }
+
+// A menu with an item of each of the five sources.
+class EverySource : public FontFile {
+protected:
+    std::vector<MenuItemDescription> Items(std::uint32_t item_id) {
+        return {KnownIcon(item_id), SystemFont(item_id), CustomFont(item_id, font_.Path()),
+                ResourcePNG(item_id, ModuleWithPng(), kPngResource), FilePNG(item_id, picture_.Path())};
+    }
+    // The menu's lines, one an item.
+    static std::vector<std::string> Made(const std::vector<MenuItemDescription>& items) {
+        dialsim_async(DIALSIM_AT_ONCE);
+        EXPECT_TRUE(SetMenu(kWindow, items));
+        std::vector<std::string> lines = LinesOf(MenuText(kWindow));
+        EXPECT_EQ(lines.size(), items.size() + 2) << "the items and what the system adds";
+        lines.resize(items.size());
+        return lines;
+    }
+
+    const TemporaryFile picture_{"picture.png", SmallPng()};
+};
+
+class IdentifierOfEverySource : public EverySource, public testing::WithParamInterface<std::uint32_t> {};
+
+TEST_P(IdentifierOfEverySource, IsTheItemsTagAndFindsItsSetting) {
+    for (const std::string& line : Made(Items(GetParam()))) {
+        EXPECT_TRUE(line.ends_with(", tag " + std::to_string(GetParam()))) << line;
+    }
+    for (std::uint32_t item = 0; item < 5; ++item) {
+        EXPECT_EQ(dialsim_choose(kWindow, item), 0);
+        EXPECT_EQ(dialsim_turn(kWindow, 1.0), 0);
+        EXPECT_EQ(host.LastRotation().selectedItemTag, GetParam());
+    }
+    EXPECT_EQ(dialsim_calls("IRadialController::put_UseAutomaticHapticFeedback(0)"), 5u);
+}
+
+INSTANTIATE_TEST_SUITE_P(AtTheEdges, IdentifierOfEverySource, testing::ValuesIn(kNumbersAtTheEdges));
+
+class LabelOfEverySource : public EverySource, public testing::WithParamInterface<std::size_t> {};
+
+TEST_P(LabelOfEverySource, IsShownWholeAndMayBeChosen) {
+    const WideUnits label = LongText(GetParam());
+    std::vector<MenuItemDescription> items = Items(1);
+    for (MenuItemDescription& item : items) {
+        item.display_text = label.c_str();
+    }
+    for (const std::string& line : Made(items)) {
+        EXPECT_TRUE(line.ends_with(", tag 1"));
+        EXPECT_NE(line.find(" \"" + LongUtf8(GetParam()) + "\" "), std::string::npos) << line.substr(0, 100);
+    }
+    for (std::uint32_t item = 0; item < 5; ++item) {
+        EXPECT_EQ(dialsim_choose(kWindow, item), 0);
+    }
+}
+
+// Around the 2000 characters of the informational line, and far beyond.
+INSTANTIATE_TEST_SUITE_P(All, LabelOfEverySource,
+                         testing::Values(0, 1, 1980, 1990, 2000, 2010, kVeryMany, 65'535, 65'536, 100'000));
 
 }  // namespace

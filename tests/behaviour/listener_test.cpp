@@ -1,10 +1,13 @@
 // Registration, the registry, and the end of listeners.
 #include <cstdio>
 #include <cstdlib>
+#include <memory>
 #include <string>
 #include <vector>
 
 #include "behaviour.h"
+#include "support/edges.h"
+#include "support/menu_items.h"
 
 namespace {
 
@@ -142,19 +145,6 @@ TEST_F(Listener, NothingIsEverUnsubscribed) {
     uninit();
     EXPECT_EQ(Journal().find("remove_"), std::string::npos);
     dialsim_reset();
-}
-
-TEST_F(Listener, EachWindowsHostHearsItsOwnDial) {
-    RecordingHost first(1);
-    RecordingHost second(2);
-    EXPECT_TRUE(init_dial_listener(&first));
-    EXPECT_TRUE(init_dial_listener(&second));
-    EXPECT_EQ(dialsim_turn(2, 4.0), 0);
-    EXPECT_EQ(dialsim_click(1), 0);
-    EXPECT_EQ(first.rotations.size(), 0u);
-    EXPECT_EQ(first.clicks.size(), 1u);
-    EXPECT_EQ(second.rotations.size(), 1u);
-    EXPECT_EQ(second.clicks.size(), 0u);
 }
 
 TEST_F(Listener, APlatformWithoutDialSupportIsAskedThreeTimes) {
@@ -333,6 +323,141 @@ TEST_F(Windows, AMissInsertsNoEntry) {
     uninit();
     EXPECT_EQ(Journal(), "end of RadialController(131862)\nRoUninitialize()\n");
 }
+
+using SimilarHandles = SimilarPair<std::uint64_t>;
+
+class SimilarWindows : public Started, public testing::WithParamInterface<SimilarHandles> {
+protected:
+    static std::string WithHandle(const char* operation, std::uint64_t window) {
+        return std::string(operation) + "(" + std::to_string(window) + ")";
+    }
+
+    const std::uint64_t first_ = GetParam().first;
+    const std::uint64_t second_ = GetParam().second;
+    RecordingHost first_host_{first_};
+    RecordingHost second_host_{second_};
+};
+
+TEST_P(SimilarWindows, EachReceivesItsOwnEvents) {
+    EXPECT_TRUE(init_dial_listener(&first_host_));
+    EXPECT_TRUE(init_dial_listener(&second_host_));
+    EXPECT_EQ(dialsim_turn(second_, 4.0), 0);
+    EXPECT_EQ(dialsim_click(first_), 0);
+    EXPECT_EQ(first_host_.rotations.size(), 0u);
+    EXPECT_EQ(first_host_.clicks.size(), 1u);
+    EXPECT_EQ(second_host_.rotations.size(), 1u);
+    EXPECT_EQ(second_host_.clicks.size(), 0u);
+}
+
+TEST_P(SimilarWindows, ReachThePlatformWithAllBitsOfTheirHandles) {
+    EXPECT_TRUE(init_dial_listener(&first_host_));
+    EXPECT_TRUE(init_dial_listener(&second_host_));
+    const std::int32_t kind = 1;
+    for (const std::uint64_t window : {first_, second_}) {
+        EXPECT_TRUE(set_default_menu(window, &kind, 1));
+        const std::string create = WithHandle("IRadialControllerInterop::CreateForWindow", window);
+        const std::string find = WithHandle("IRadialControllerConfigurationInterop::GetForWindow", window);
+        EXPECT_EQ(dialsim_calls(create.c_str()), 1u);
+        EXPECT_EQ(dialsim_calls(find.c_str()), 1u);
+    }
+}
+
+TEST_P(SimilarWindows, HaveMenusOfTheirOwn) {
+    EXPECT_TRUE(init_dial_listener(&first_host_));
+    EXPECT_TRUE(init_dial_listener(&second_host_));
+    EXPECT_TRUE(SetMenu(first_, {KnownIcon(1)}));
+    EXPECT_TRUE(SetMenu(second_, {KnownIcon(2)}));
+    EXPECT_NE(MenuText(first_).find("tag 1\n"), std::string::npos);
+    EXPECT_NE(MenuText(second_).find("tag 2\n"), std::string::npos);
+    EXPECT_FALSE(set_current_custom_menu(first_, 2));
+    EXPECT_FALSE(set_current_custom_menu(second_, 1));
+    EXPECT_TRUE(set_current_custom_menu(first_, 1));
+    EXPECT_TRUE(set_current_custom_menu(second_, 2));
+}
+
+TEST_P(SimilarWindows, AreNotTakenForOneAnother) {
+    EXPECT_TRUE(init_dial_listener(&second_host_));
+    dialsim_clear_journal();
+    EXPECT_FALSE(add_custom_menu(first_, nullptr, 0));
+    EXPECT_FALSE(set_default_menu(first_, nullptr, 0));
+    EXPECT_FALSE(set_current_custom_menu(first_, 0));
+    EXPECT_FALSE(is_dial_present(first_));
+    EXPECT_EQ(Journal(), "");
+    EXPECT_TRUE(add_custom_menu(second_, nullptr, 0));
+    EXPECT_TRUE(is_dial_present(second_));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    DifferIn, SimilarWindows,
+    testing::Values(SimilarHandles{"BitZero", 0x20316, 0x20317},
+                    SimilarHandles{"BitSixteen", 0x20316, 0x30316},
+                    SimilarHandles{"BitThirtyOne", 0x20316, 0x80020316},
+                    SimilarHandles{"BitThirtyTwo", 0x20316, 0x100020316},
+                    SimilarHandles{"TheUpperHalf", 0x1234567800020316, 0x8765432100020316},
+                    SimilarHandles{"TheTopBit", 0x20316, 0x8000000000020316},
+                    SimilarHandles{"TheTopBitOfAll", 0x7FFFFFFFFFFFFFFF, 0xFFFFFFFFFFFFFFFF}),
+    kNameOfPair);
+
+class WindowAtTheEdge : public Started, public testing::WithParamInterface<std::uint64_t> {};
+
+TEST_P(WindowAtTheEdge, IsServedLikeAnyOther) {
+    RecordingHost host(GetParam());
+    EXPECT_TRUE(init_dial_listener(&host));
+    EXPECT_TRUE(SetMenu(GetParam(), {KnownIcon(9)}));
+    EXPECT_TRUE(set_current_custom_menu(GetParam(), 9));
+    EXPECT_TRUE(is_dial_present(GetParam()));
+    EXPECT_EQ(dialsim_turn(GetParam(), 1.0), 0);
+    EXPECT_EQ(host.LastRotation().selectedItemTag, 9u);
+}
+
+INSTANTIATE_TEST_SUITE_P(All, WindowAtTheEdge,
+                         testing::Values(0, 1, 0xFFFFFFFF, 0x100000000, 0x8000000000000000, UINT64_MAX));
+
+// The handles are neither in order nor small.
+TEST_F(Listener, FiveThousandWindowsHaveTheirOwnHosts) {
+    std::vector<std::unique_ptr<RecordingHost>> hosts;
+    const auto window_of = [](std::uint64_t number) { return (number + 1) * 0x9E3779B97F4A7C15; };
+    for (std::uint32_t i = 0; i < kVeryMany; ++i) {
+        hosts.push_back(std::make_unique<RecordingHost>(window_of(i)));
+        ASSERT_TRUE(init_dial_listener(hosts.back().get())) << i;
+    }
+    for (const std::uint32_t i : {0u, 100u, 4095u, 4096u, kVeryMany - 1}) {
+        EXPECT_EQ(dialsim_turn(window_of(i), 1.0), 0) << i;
+        EXPECT_EQ(hosts[i]->rotations.size(), 1u) << i;
+    }
+    for (std::uint32_t i = 0; i < kVeryMany; ++i) {
+        ASSERT_TRUE(add_custom_menu(window_of(i), nullptr, 0)) << i;
+    }
+    EXPECT_FALSE(add_custom_menu(window_of(kVeryMany), nullptr, 0));
+    uninit();
+    EXPECT_EQ(dialsim_objects(kControllers), 0u);
+}
+
+class FailureCode : public Started, public testing::WithParamInterface<std::uint32_t> {};
+
+TEST_P(FailureCode, IsPrintedWithAllItsDigits) {
+    RecordingHost host(kWindow);
+    dialsim_fail("IRadialController::add_ButtonClicked", static_cast<std::int32_t>(GetParam()), 1, 0);
+    EXPECT_FALSE(init_dial_listener(&host));
+    char code[9];
+    std::snprintf(code, sizeof code, "%x", GetParam());
+    EXPECT_EQ(Printed(), "failed with " + std::string(code) + " at line 491\nregister failed with " + code +
+                             " at line 110\n");
+}
+
+INSTANTIATE_TEST_SUITE_P(AtTheEdges, FailureCode,
+                         testing::Values(0x80000000, 0x80000001, 0x8000FFFF, 0xFFFF0000, 0xFFFFFFFF));
+
+class SuccessCode : public Started, public testing::WithParamInterface<std::int32_t> {};
+
+TEST_P(SuccessCode, IsNoFailure) {
+    RecordingHost host(kWindow);
+    dialsim_fail("IRadialController::add_ButtonClicked", GetParam(), 1, 0);
+    EXPECT_TRUE(init_dial_listener(&host));
+    EXPECT_EQ(dialsim_calls("IRadialController::add_ButtonClicked"), 1u);
+}
+
+INSTANTIATE_TEST_SUITE_P(AtTheEdges, SuccessCode, testing::Values(1, 0x7FFFFFFF));
 
 using DiagnosticsDeathTest = Listener;
 

@@ -1,5 +1,6 @@
 // Settings that are numbers: kept in the two containers, and also read from a text in the vault.
 #include "settings.h"
+#include "support/edges.h"
 
 namespace {
 
@@ -119,6 +120,23 @@ TEST_F(NumberSettings, ATextBeyondTheLargestNumberIsTheLargest) {
     }
 }
 
+TEST_F(NumberSettings, ATextInTheVaultMayBeOfAnyLength) {
+    const std::string many(kVeryMany, '0');
+    const std::string digits(kVeryMany, '9');
+    for (const auto& [text, number] : {std::pair(many + "42", 42),
+                                       {"-" + many + "42", -42},
+                                       {std::string(kVeryMany, ' ') + "42", 42},
+                                       {"42" + std::string(kVeryMany, 'x'), 42},
+                                       {digits, INT32_MAX},
+                                       {"1" + many, INT32_MAX}}) {
+        PutInVault(text.c_str());
+        EXPECT_EQ(GetNumber(), number) << text.substr(0, 5);
+    }
+    PutInVault(("-" + digits).c_str());
+    Put("local", "Int32", "7");
+    EXPECT_EQ(GetNumber(), 7) << "at or below the smallest number";
+}
+
 // It cannot be told from a number that is not there.
 TEST_F(NumberSettings, ATextAtOrBelowTheSmallestNumberIsPassedOver) {
     for (const char* text :
@@ -191,6 +209,24 @@ TEST_F(NumberSettings, TheSameNumberOnceMoreIsWrittenNowhere) {
     EXPECT_EQ(Calls(), ContainerLookup("Roaming") + comparison + ContainerLookup("Local") + comparison);
 }
 
+class SimilarSettings : public Settings, public testing::WithParamInterface<SimilarNumbers> {};
+
+TEST_P(SimilarSettings, AreDifferent) {
+    const auto first = static_cast<std::int32_t>(GetParam().first);
+    const auto second = static_cast<std::int32_t>(GetParam().second);
+    EXPECT_EQ(SetNumber(first), 0);
+    for (const std::int32_t number : {second, first}) {
+        dialsim_clear_journal();
+        EXPECT_EQ(SetNumber(number), 0);
+        EXPECT_EQ(ContainerWrites(), 4u);
+        EXPECT_EQ(Store("roaming"), NumberEntry(number));
+        EXPECT_EQ(Store("local"), NumberEntry(number));
+        EXPECT_EQ(GetNumber(), number);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(DifferIn, SimilarSettings, testing::ValuesIn(kSimilarNumbers), kNameOfPair);
+
 TEST_F(NumberSettings, OnlyTheContainerThatDiffersIsWritten) {
     EXPECT_EQ(SetNumber(7), 0);
     Put("roaming", "Int32", "6");
@@ -234,6 +270,14 @@ TEST_F(NumberSettings, ResourcesDoNotMatter) {
     EXPECT_EQ(get_int_from_storage(kOtherResource, kKey), 7);
     EXPECT_EQ(set_int_in_storage(UTF16(""), kKey, 8), 0);
     EXPECT_EQ(GetNumber(), 8);
+    EXPECT_EQ(get_int_from_storage(UTF16(""), kKey), 8);
+}
+
+TEST_F(NumberSettings, AnEmptyKeyIsThePlatformsToJudge) {
+    EXPECT_EQ(set_int_in_storage(kResource, UTF16(""), 7), 0);
+    EXPECT_EQ(dialsim_calls("IMap<String, Object>::Lookup()"), 2u);
+    EXPECT_EQ(dialsim_calls("IMap<String, Object>::Insert()"), 2u);
+    EXPECT_EQ(get_int_from_storage(kResource, UTF16("")), 7);
 }
 
 TEST_F(NumberSettings, AKeyMayHaveTwoHundredAndFiftyFiveUnits) {

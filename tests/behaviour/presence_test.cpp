@@ -5,6 +5,7 @@
 #include <string>
 
 #include "behaviour.h"
+#include "support/edges.h"
 #include "support/inside_call.h"
 
 namespace {
@@ -191,6 +192,49 @@ TEST_F(Presence, ADialAfterOthersIsFoundAndADeviceAfterTheDialDoesNotHideIt) {
     EXPECT_TRUE(is_dial_present(kWindow));
     ThereAreOnly({kPrefix, "USB#1"});
     EXPECT_TRUE(is_dial_present(kWindow));
+}
+
+class PlaceOfTheDial : public Presence, public testing::WithParamInterface<std::uint32_t> {};
+
+TEST_P(PlaceOfTheDial, AmongFiveThousandDevicesIsFound) {
+    dialsim_remove_devices();
+    for (std::uint32_t i = 0; i < kVeryMany; ++i) {
+        dialsim_add_device(i == GetParam() ? kPrefix : i % 2 == 0 ? "USB#1" : nullptr, nullptr, true);
+    }
+    EXPECT_TRUE(is_dial_present(kWindow));
+    EXPECT_EQ(dialsim_calls(kGetAt), GetParam() + 1);
+    EXPECT_EQ(Sleeps(), 0u);
+}
+
+INSTANTIATE_TEST_SUITE_P(All, PlaceOfTheDial, testing::Values(0, 1, 100, 4096, kVeryMany - 1));
+
+TEST_F(Presence, FiveThousandOtherDevicesAreNoDial) {
+    dialsim_remove_devices();
+    for (std::uint32_t i = 0; i < kVeryMany; ++i) {
+        dialsim_add_device("USB#1", nullptr, true);
+    }
+    EXPECT_FALSE(is_dial_present(kWindow));
+    EXPECT_EQ(dialsim_calls(kGetAt), kVeryMany);
+    EXPECT_EQ(Sleeps(), 0u);
+}
+
+TEST_F(Presence, AnIdMayBeOfAnyLength) {
+    for (const std::size_t length : {1u, 256u, 5000u, 65'509u, 65'536u, 100'000u}) {
+        EXPECT_TRUE(IsPresentWithOnly(kPrefix + std::string(length, 'x'))) << length;
+        EXPECT_FALSE(IsPresentWithOnly(std::string(length, 'x'))) << length;
+        EXPECT_FALSE(IsPresentWithOnly(std::string(length, 'x') + kPrefix)) << length;
+    }
+}
+
+// Each unit of the prefix in turn with a higher byte that is not 0: 'B' becomes U+0142.
+TEST_F(Presence, UnitsThatAreAlikeInTheirLowByteOnlyAreNoDial) {
+    const std::string prefix = kPrefix;
+    for (std::size_t i = 0; i < prefix.size(); ++i) {
+        const unsigned unit = 0x100u + static_cast<unsigned char>(prefix[i]);
+        const std::string utf8 = {static_cast<char>(0xC0 | unit >> 6),
+                                  static_cast<char>(0x80 | (unit & 0x3F))};
+        EXPECT_FALSE(IsPresentWithOnly(prefix.substr(0, i) + utf8 + prefix.substr(i + 1) + "8&1")) << i;
+    }
 }
 
 TEST_F(Presence, EveryCallEnumeratesAnew) {

@@ -1,9 +1,12 @@
 // What a turn of the dial carries, and what it survives. Its acceleration has tests of its own.
+#include <cmath>
 #include <limits>
 #include <string>
 #include <vector>
 
 #include "behaviour.h"
+#include "support/edges.h"
+#include "support/extreme_places.h"
 
 namespace {
 
@@ -52,6 +55,23 @@ TEST_F(Rotation, TellsWhetherTheButtonIsDown) {
     EXPECT_FALSE(host.LastRotation().buttonPressed);
 }
 
+class Degrees : public Listening, public testing::WithParamInterface<double> {};
+
+TEST_P(Degrees, ReachTheHostAsTheyAre) {
+    EXPECT_EQ(dialsim_turn(kWindow, GetParam()), 0);
+    const double told = host.LastRotation().deltaDegrees;
+    EXPECT_EQ(std::signbit(told), std::signbit(GetParam()));
+    EXPECT_TRUE(told == GetParam() || (std::isnan(told) && std::isnan(GetParam()))) << told;
+    EXPECT_GE(host.LastRotation().acceleration, 1.0);
+}
+
+using Doubles = std::numeric_limits<double>;
+INSTANTIATE_TEST_SUITE_P(AtTheEdges, Degrees,
+                         testing::Values(0.0, -0.0, Doubles::denorm_min(), -Doubles::denorm_min(),
+                                         Doubles::min(), Doubles::epsilon(), 4294967296.0, -4294967296.0,
+                                         16777217.0, 1e300, -1e300, Doubles::max(), Doubles::lowest(),
+                                         Doubles::infinity(), -Doubles::infinity(), Doubles::quiet_NaN()));
+
 TEST_F(Rotation, FarEdgesAreSummedBeforeTheyAreTruncated) {
     dialsim_touch(kWindow, 10.7F, 100.9F, 20.6F, 0.9F);
     EXPECT_EQ(dialsim_turn(kWindow, 1.0), 0);
@@ -77,6 +97,16 @@ TEST_F(Rotation, CoordinatesBeyondTheRangeBecomeTheSmallestNumber) {
     EXPECT_EQ(dialsim_turn(kWindow, 1.0), 0);
     EXPECT_EQ(host.LastRotation().contact, (DialContactRect{INT32_MIN, INT32_MIN, 0, INT32_MIN}));
 }
+
+class PlaceOfATurn : public Listening, public testing::WithParamInterface<ExtremePlace> {};
+
+TEST_P(PlaceOfATurn, HasFarEdgesOfTheUncutNearOnes) {
+    EXPECT_EQ(GetParam().Touch(kWindow), 0);
+    EXPECT_EQ(dialsim_turn(kWindow, 1.0), 0);
+    EXPECT_EQ(host.LastRotation().contact, GetParam().of_a_turn);
+}
+
+INSTANTIATE_TEST_SUITE_P(Of, PlaceOfATurn, testing::ValuesIn(kExtremePlaces), kNameOfPlace);
 
 TEST_F(Rotation, AContactThatFailsLeavesTheRectangleEmpty) {
     dialsim_touch(kWindow, 1, 2, 3, 4);
@@ -182,9 +212,22 @@ TEST_F(Haptics, OneAndTwoPlayTheFirstWaveformThreeTimesAtFullIntensityWithAPause
     }
 }
 
+TEST_F(Haptics, TheFirstOfFiveThousandWaveformsIsPlayed) {
+    for (const unsigned first : {0u, 1u, 0x7FFFu, 0x8000u, 0xFFFFu}) {
+        std::vector<std::uint16_t> waveforms(kVeryMany, 4099);
+        waveforms.front() = static_cast<std::uint16_t>(first);
+        dialsim_set_haptics(true, waveforms.data(), kVeryMany);
+        EXPECT_EQ(TurnAsking(1), 0);
+        const std::string play = "ISimpleHapticsController::SendHapticFeedbackForPlayCount(" +
+                                 std::to_string(first) + ", 1, 3, 2000000)";
+        EXPECT_EQ(dialsim_calls(play.c_str()), 1u);
+    }
+}
+
 TEST_F(Haptics, EveryOtherRequestPlaysNothing) {
     EXPECT_EQ(dialsim_turn(kWindow, 1.0), 0);
-    for (const std::uint32_t request : {0u, 3u, 0xFFFFFFFFu}) {
+    for (const std::uint32_t request :
+         {0u, 3u, 0x101u, 0x10001u, 0x80000000u, 0x80000001u, 0x80000002u, 0xFFFFFFFFu}) {
         EXPECT_EQ(TurnAsking(request), 0);
     }
     EXPECT_EQ(Plays(), 0u);

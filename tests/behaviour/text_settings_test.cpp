@@ -3,6 +3,7 @@
 #include <cstdio>
 
 #include "settings.h"
+#include "support/edges.h"
 
 namespace {
 
@@ -244,6 +245,42 @@ TEST_F(TextSettings, AnEmptyTextRemovesTheOldCredential) {
     EXPECT_EQ(GetText(), UTF16(""));
 }
 
+TEST_F(TextSettings, TheSameEmptyTextOnceMoreIsWrittenNowhere) {
+    EXPECT_EQ(SetText(UTF16("")), 0);
+    EXPECT_EQ(dialsim_calls("ICredentialFactory::CreatePasswordCredential(host, key)"), 1u) << "and refused";
+    dialsim_clear_journal();
+    EXPECT_EQ(SetText(UTF16("")), 0);
+    EXPECT_EQ(ContainerWrites() + VaultWrites(), 0u);
+}
+
+TEST_F(TextSettings, AnEmptyKeyIsThePlatformsToJudge) {
+    EXPECT_EQ(set_string_in_storage(kResource, UTF16(""), UTF16("text")), 0);
+    EXPECT_EQ(dialsim_calls("IMap<String, Object>::Lookup()"), 2u);
+    EXPECT_EQ(dialsim_calls("IMap<String, Object>::Insert()"), 2u);
+    EXPECT_EQ(dialsim_calls("IPasswordVault::FindAllByUserName()"), 1u);
+    EXPECT_EQ(dialsim_calls("ICredentialFactory::CreatePasswordCredential(host, )"), 1u) << "and refused";
+    EXPECT_EQ(GetText(kResource, UTF16("")), UTF16("text"));
+    dialsim_set_packaged(false);
+    EXPECT_FALSE(GetText(kResource, UTF16("")).has_value());
+    EXPECT_EQ(dialsim_calls("IPasswordVault::FindAllByUserName()"), 2u);
+}
+
+// Put there by another program, which may have more rights.
+TEST_F(TextSettings, ACredentialOfTheEmptyKeyIsRead) {
+    dialsim_set_packaged(false);
+    stores.Write("vault.json", R"({"credentials": [{"resource": "host", "user": "", "password": "text"}]})");
+    EXPECT_EQ(GetText(kResource, UTF16("")), UTF16("text"));
+    EXPECT_EQ(set_string_in_storage(kResource, UTF16(""), UTF16("new")), 0);
+    EXPECT_EQ(Store("vault"), "") << "removed, and the new one is refused";
+}
+
+TEST_F(TextSettings, WithoutAResourceACredentialOfAnotherResourceBlocksTheVaultToo) {
+    PutInVault("theirs", "other");
+    EXPECT_EQ(SetText(UTF16("ours"), UTF16("")), 0);
+    EXPECT_EQ(dialsim_calls("IPasswordVault::Retrieve(, key)"), 1u);
+    EXPECT_EQ(dialsim_calls("ICredentialFactory::CreatePasswordCredential"), 0u);
+}
+
 TEST_F(TextSettings, WithoutAResourceTheVaultRefusesAndTheContainersKeep) {
     EXPECT_EQ(set_string_in_storage(UTF16(""), kKey, UTF16("text")), 0);
     EXPECT_EQ(Store("vault"), "");
@@ -286,6 +323,66 @@ TEST_F(TextSettings, KeysAndResourcesMayBeAnyTextsToo) {
     EXPECT_FALSE(GetText(kResource, kOddKey).has_value());
 }
 
+class TextLength : public Settings, public testing::WithParamInterface<std::size_t> {
+protected:
+    static WideText TextEndingIn(BrindleChar last) { return WideText(GetParam() - 1, 'x') + last; }
+};
+
+// The vault takes any length, the containers up to 4096 units.
+TEST_P(TextLength, IsKeptAndComparedToItsLastUnit) {
+    constexpr BrindleChar kLast = 0x1234;
+    constexpr BrindleChar kOtherInItsTopBit = 0x9234;
+    dialsim_set_packaged(GetParam() <= 4096);
+    for (const BrindleChar last : {kLast, kOtherInItsTopBit}) {
+        const WideText text = TextEndingIn(last);
+        EXPECT_EQ(SetText(text), 0);
+        EXPECT_EQ(GetText(), text);
+        dialsim_clear_journal();
+        EXPECT_EQ(SetText(text), 0);
+        EXPECT_EQ(ContainerWrites() + VaultWrites(), 0u);
+        BrindleChar* const copy = get_string_from_storage(kResource, kKey);
+        std::free(copy);
+        EXPECT_EQ(dialsim_calls(("wcscpy_s(" + std::to_string(GetParam() + 1) + ")").c_str()), 1u);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(All, TextLength,
+                         testing::Values(1, 2, 255, 256, 257, 4095, 4096, 4097, 65'535, 65'536, 100'000));
+
+TEST_F(TextSettings, TextsThatDifferInOneUnitAreDifferent) {
+    const WideText text = UTF16("a\u7FFF\u0100b");
+    EXPECT_EQ(SetText(text), 0);
+    for (const BrindleChar* other :
+         {UTF16("a\uFFFF\u0100b"), UTF16("a\u7FFF\u0101b"), UTF16("a\u7FFF\u0100\u0162"),
+          UTF16("\u8061\u7FFF\u0100b"), UTF16("a\u7FFF\u0100b\x01")}) {
+        EXPECT_EQ(SetText(text), 0);
+        dialsim_clear_journal();
+        EXPECT_EQ(SetText(other), 0);
+        EXPECT_EQ(ContainerWrites(), 4u);
+        EXPECT_EQ(VaultWrites(), 2u);
+        EXPECT_EQ(GetText(), other);
+    }
+}
+
+// The vault takes keys and resources of any length, the containers keys up to 255 units.
+TEST_F(TextSettings, LongKeysAndResourcesThatDifferInTheirLastUnitAreKeptApart) {
+    for (const std::size_t length : {std::size_t{255}, std::size_t{5000}, std::size_t{70'000}}) {
+        const WideText start(length - 1, 'k');
+        const WideText one = start + BrindleChar{0x1234};
+        const WideText other = start + BrindleChar{0x9234};
+        dialsim_set_packaged(length == 255);
+        EXPECT_EQ(set_string_in_storage(kResource, one.c_str(), UTF16("one")), 0);
+        EXPECT_EQ(set_string_in_storage(kResource, other.c_str(), UTF16("other")), 0);
+        EXPECT_EQ(GetText(kResource, one.c_str()), UTF16("one"));
+        EXPECT_EQ(GetText(kResource, other.c_str()), UTF16("other"));
+        dialsim_set_packaged(false);
+        EXPECT_EQ(set_string_in_storage(one.c_str(), kKey, UTF16("text")), 0);
+        EXPECT_EQ(GetText(one.c_str()), UTF16("text"));
+        EXPECT_FALSE(GetText(other.c_str()).has_value());
+        ASSERT_TRUE(dialsim_clear_stores());
+    }
+}
+
 // A container takes 8192 bytes.
 TEST_F(TextSettings, ATextThatIsTooLongForTheContainersIsKeptInTheVault) {
     const WideText fitting(4096, 'x');
@@ -318,6 +415,33 @@ TEST_F(TextSettings, AKeyThatIsTooLongForTheContainersIsKeptInTheVault) {
     EXPECT_EQ(GetText(kOtherResource, fitting.c_str()), UTF16("short"));
     EXPECT_EQ(GetText(kResource, longer.c_str()), UTF16("long"));
     EXPECT_FALSE(GetText(kOtherResource, longer.c_str()).has_value());
+}
+
+// --- among many
+
+// A store of the simulator's with so many entries, made from the text of one, in which # is its number.
+std::string ManyEntries(const std::string& list, const std::string& entry) {
+    std::string entries;
+    for (std::uint32_t i = 0; i < kVeryMany; ++i) {
+        entries += i == 0 ? "" : ", ";
+        for (const char c : entry) {
+            entries += c == '#' ? std::to_string(i) : std::string(1, c);
+        }
+    }
+    return "{\"" + list + "\": [" + entries + "]}";
+}
+
+TEST_F(TextSettings, AKeyAmongFiveThousandIsFound) {
+    stores.Write("roaming.json",
+                 ManyEntries("settings", R"({"key": "#", "type": "String", "value": "text #"})"));
+    EXPECT_EQ(GetText(kResource, UTF16("4999")), UTF16("text 4999"));
+}
+
+TEST_F(TextSettings, ACredentialAmongFiveThousandOfOneKeyIsFound) {
+    dialsim_set_packaged(false);
+    stores.Write("vault.json",
+                 ManyEntries("credentials", R"({"resource": "#", "user": "key", "password": "text #"})"));
+    EXPECT_EQ(GetText(UTF16("4999")), UTF16("text 4999"));
 }
 
 // --- without an identity, and over time

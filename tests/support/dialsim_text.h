@@ -1,6 +1,7 @@
 // The simulator's texts as strings.
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <sstream>
 #include <string>

@@ -59,13 +59,13 @@ private:
     std::basic_string<BrindleChar> wide_;
 };
 
-// A module with a picture of 2 by 3 pixels under this identifier.
+// A module with a picture of 2 by 3 pixels under this identifier; on Windows it has those of pictures.rc.
 inline constexpr std::uint16_t kPngResource = 101;
-inline std::uint64_t ModuleWithPng() {
+inline std::uint64_t ModuleWithPng([[maybe_unused]] std::uint16_t resource = kPngResource) {
 #ifdef _WIN32
     return reinterpret_cast<std::uint64_t>(GetModuleHandleA(nullptr));
 #else
-    dialsim_add_resource(1, kPngResource, "PNG", SmallPng().data(),
+    dialsim_add_resource(1, resource, "PNG", SmallPng().data(),
                          static_cast<std::uint32_t>(SmallPng().size()));
     return 1;
 #endif
