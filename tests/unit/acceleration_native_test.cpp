@@ -138,6 +138,19 @@ TEST_F(Acceleration, TimeThatRunsBackwardsIsAPause) {
     EXPECT_DOUBLE_EQ(TurnAt(49, 30.0), FactorFor(20.0));
 }
 
+// Gaps that are short in their low bits alone.
+TEST_F(Acceleration, ALongPauseIsAPauseWhateverItsLowBits) {
+    for (const std::uint64_t gap :
+         {std::uint64_t{0x8000}, std::uint64_t{0x10000}, std::uint64_t{0x80000000}}) {
+        for (const std::uint64_t more : {std::uint64_t{10}, std::uint64_t{60}}) {
+            StartAt(3 * kWrap);
+            TurnAt(50, 200.0);
+            EXPECT_DOUBLE_EQ(TurnAt(50 + gap + more, 30.0), FactorFor(20.0)) << gap + more;
+            EXPECT_DOUBLE_EQ(TurnAt(50 + gap + more + 60, 30.0), FactorFor(50.0)) << gap + more;
+        }
+    }
+}
+
 TEST_F(Acceleration, AskingTheTimeOnceIsEnough) {
     dialsim_clear_journal();
     TurnAt(60, 1.0);

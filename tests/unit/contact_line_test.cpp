@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
 #include <string>
 
 namespace brindle {
@@ -15,6 +16,16 @@ TEST(ContactLine, HasThePositionFirstAndHeightBeforeWidth) {
     EXPECT_EQ(FormatContactLine(line, kWideLineCharacters, {1.5F, 2.0F}, {3.0F, -4.25F, 5.0F, 6.0F}),
               static_cast<int>(expected.size() - 1));
     EXPECT_EQ(std::basic_string<WCHAR>(line), expected.data());
+}
+
+TEST(ContactLine, HasRoomForTheLargestNumbers) {
+    constexpr float kLargest = std::numeric_limits<float>::max();
+    WCHAR line[kWideLineCharacters];
+    EXPECT_EQ(FormatContactLine(line, kWideLineCharacters, {-kLargest, 1e9F}, {0.0F, 1e30F, kLargest, -1e7F}),
+              226);
+    EXPECT_NE(std::basic_string<WCHAR>(line).find(
+                  Wide("Width=340282346638528859811704183484516925440.000000").data()),
+              std::basic_string<WCHAR>::npos);
 }
 
 }  // namespace

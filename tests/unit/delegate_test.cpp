@@ -72,6 +72,16 @@ TEST(Delegates, AreMadeWithOneReferenceAndCount) {
     EXPECT_EQ(handler->Release(), 1u);
 }
 
+TEST(Delegates, CountBeyondSixteenBits) {
+    const auto handler = MakeIdle();
+    for (std::uint32_t references = 2; references <= 70'000; ++references) {
+        ASSERT_EQ(handler->AddRef(), references);
+    }
+    for (std::uint32_t references = 69'999; references >= 1; --references) {
+        ASSERT_EQ(handler->Release(), references);
+    }
+}
+
 TEST(Delegates, EveryAnsweredQueryGivesAReference) {
     const auto handler = MakeIdle();
     ComPtr<abi::IAgileObject> marker;

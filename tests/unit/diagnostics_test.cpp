@@ -127,6 +127,27 @@ TEST(WideFormatting, TheLineHoldsTwoThousandCharactersWithTheTerminator) {
     EXPECT_EQ(Formatted(kWideLineCharacters, WIDE("%s"), longest.c_str()).result(), 1999);
 }
 
+TEST(WideFormatting, ALongBufferTakesALongText) {
+    const WideText text(100'000, WIDE('x'));
+    const Formatted line(text.size() + 1, WIDE("%s"), text.c_str());
+    EXPECT_EQ(line.result(), 100'000);
+    EXPECT_TRUE(line.text() == text);
+}
+
+TEST(WideFormatting, ALongTextWithoutRoomForItsTerminatorFailsToo) {
+    const WideText text(5000, WIDE('x'));
+    const Formatted line(text.size(), WIDE("%s"), text.c_str());
+    EXPECT_EQ(line.result(), -1);
+    EXPECT_EQ(line.text(), WIDE(""));
+    EXPECT_TRUE(line.guard_stands());
+}
+
+TEST(WideFormatting, AnEmptyFormatGivesTheEmptyText) {
+    const Formatted line(20, WIDE(""));
+    EXPECT_EQ(line.result(), 0);
+    EXPECT_EQ(line.text(), WIDE(""));
+}
+
 TEST(WideFormatting, ABufferWithoutRoomIsNotTouched) {
     const Formatted line(0, WIDE("%s"), WIDE("text"));
     EXPECT_EQ(line.result(), -1);

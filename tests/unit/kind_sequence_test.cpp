@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <vector>
 
 #include "simulated.h"
 
@@ -55,6 +56,20 @@ TEST_F(KindSequenceTest, GetManyGivesWhatIsLeft) {
     EXPECT_EQ(kinds[0], kVolume);
     EXPECT_EQ(iterator->GetMany(2, kinds.data(), &count), S_OK);
     EXPECT_EQ(count, 0u);
+}
+
+TEST_F(KindSequenceTest, GetManyMayBeAskedForNoneAndForMoreThanThereAre) {
+    const std::vector<SystemItemKind> kinds(70'000, kVolume);
+    const auto many = ComPtr<KindSequence>::Own(new KindSequence(kinds));
+    ComPtr<abi::IIterator<SystemItemKind>> iterator;
+    ASSERT_EQ(many->First(iterator.Put()), S_OK);
+    std::vector<SystemItemKind> got(kinds.size(), kScroll);
+    std::uint32_t count = 1;
+    EXPECT_EQ(iterator->GetMany(0, got.data(), &count), S_OK);
+    EXPECT_EQ(count, 0u);
+    EXPECT_EQ(iterator->GetMany(UINT32_MAX, got.data(), &count), S_OK);
+    EXPECT_EQ(count, 70'000u);
+    EXPECT_TRUE(got == kinds);
 }
 
 TEST_F(KindSequenceTest, IteratorsAreIndependent) {

@@ -39,6 +39,16 @@ TEST(ListenerRegistry, FindsListenersThatWereFiledInAnyOrder) {
     registry.EndAll();
 }
 
+TEST(ListenerRegistry, HoldsFiveThousand) {
+    ListenerRegistry registry;
+    for (std::uint64_t window = 0; window < 5000; ++window) {
+        registry.File(window << 32, MakeListener());
+    }
+    EXPECT_EQ(registry.Size(), 5000u);
+    EXPECT_NE(registry.Find(std::uint64_t{4999} << 32), nullptr);
+    registry.EndAll();
+}
+
 TEST(ListenerRegistry, AMissGivesNullAndInsertsNothing) {
     ListenerRegistry registry;
     EXPECT_EQ(registry.Find(1), nullptr);

@@ -20,6 +20,7 @@ constexpr char16_t kSecret[] = u"17 secret";
 int blocks_with_the_secret = 0;
 
 const void* watched = nullptr;
+std::size_t watched_bytes = 0;
 bool watched_was_clear = false;
 
 bool IsClear(const void* block, std::size_t size) {
@@ -35,7 +36,7 @@ extern "C" void __wrap_free(void* block) {
         ++blocks_with_the_secret;
     }
     if (block != nullptr && block == watched) {
-        watched_was_clear = IsClear(block, sizeof kSecret);
+        watched_was_clear = IsClear(block, watched_bytes);
     }
     __real_free(block);
 }
@@ -62,9 +63,20 @@ TEST_F(WipedTexts, ATextThatIsNotWipedWouldBeSeen) {
 TEST_F(WipedTexts, AWipedTextIsFreedWithoutItsCharacters) {
     HostText secret = Secret();
     watched = secret.get();
+    watched_bytes = sizeof kSecret;
     Wipe(std::move(secret));
     EXPECT_TRUE(watched_was_clear);
     EXPECT_EQ(blocks_with_the_secret, 0);
+}
+
+TEST_F(WipedTexts, ALongTextIsWipedToItsEnd) {
+    const WideText characters(70'000, 0x8001);
+    HostText text = CopyForHost(CopyText(characters.c_str()));
+    watched = text.get();
+    watched_bytes = characters.size() * sizeof(WCHAR);
+    EXPECT_FALSE(IsClear(watched, watched_bytes));
+    Wipe(std::move(text));
+    EXPECT_TRUE(watched_was_clear);
 }
 
 TEST_F(WipedTexts, ReadingANumberFromTheVaultLeavesNoCopyOfTheText) {
