@@ -1,0 +1,18 @@
+// Sequences that once failed. They are played before any seed.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "sequence.h"
+
+namespace model {
+
+struct Regression {
+    std::string behaviour;
+    Sequence sequence;
+};
+
+std::vector<Regression> Regressions();
+
+}  // namespace model
