@@ -69,6 +69,8 @@ private:
     }
     // Of few, so that they meet again.
     std::uint32_t Id() { return random_.OneIn(10) ? NewId() : random_.Of(ids_); }
+    // Not of everything at once, which would take minutes.
+    std::uint32_t Many() const { return windows_.size() > 3 ? 100 : kMany; }
     std::uint8_t HapticByte() { return random_.Of<std::uint8_t>({0, 1, 0, 1, 2, 0x80, 0xFF}); }
     WideText Text() {
         switch (random_.Below(12)) {
@@ -177,9 +179,9 @@ private:
         if (random_.OneIn(30)) {
             sequence.push_back(HideType());
         }
-        if (random_.OneIn(20)) {
+        if (random_.OneIn(6)) {
             sequence.push_back(SetClock(
-                random_.Of<std::uint64_t>({0xFFFF'FFFF - 120, 0x1'0000'0000, 0x7FFF'FFFF'FFFF'FF00, 0})));
+                random_.Of<std::uint64_t>({0xFFFF'FFFF - 70, 0x1'0000'0000, 0x7FFF'FFFF'FFFF'FF00, 0})));
         }
         if (random_.OneIn(2)) {
             sequence.push_back(Async(true));
@@ -210,7 +212,7 @@ private:
             items.push_back(AnyItem());
         }
         const std::uint32_t times = items.size() != 1 || !random_.OneIn(20) ? 1
-                                    : random_.OneIn(5)                      ? kMany
+                                    : random_.OneIn(5)                      ? Many()
                                                                             : 100;
         return AddMenu(Window(), std::move(items), times);
     }
@@ -230,8 +232,10 @@ private:
         switch (random_.Below(7)) {
             case 0:
             case 1:
-                return std::apply(
-                    SetText, std::tuple{ResourceName(), Key(), random_.OneIn(2) ? NumberText() : Text()});
+                return std::apply(SetText, std::tuple{ResourceName(), Key(),
+                                                      theme_ == 4 && random_.OneIn(4) ? WideText()
+                                                      : random_.OneIn(2)              ? NumberText()
+                                                                                      : Text()});
             case 2:
                 return std::apply(GetText, std::tuple{ResourceName(), Key()});
             case 3:
@@ -292,7 +296,14 @@ private:
                 return Complete(random_.Below(5));
         }
     }
+    Operation AnyWait() {
+        return Wait(
+            random_.Of<std::uint64_t>({1, 49, 50, 50, 51, 99, 100, 100, 101, 60, 25, 1000, 4294967295}));
+    }
     Operation AnyChange() {
+        if (theme_ % 4 == 1 && random_.OneIn(2)) {
+            return AnyWait();
+        }
         switch (random_.Below(12)) {
             case 0:
                 return Hold(random_.OneIn(2));
@@ -307,8 +318,7 @@ private:
                 return std::apply(Shrink, std::tuple{Window(), random_.Below(3)});
             case 4:
             case 5:
-                return Wait(
-                    random_.Of<std::uint64_t>({1, 49, 50, 51, 99, 100, 101, 60, 25, 1000, 4294967295}));
+                return AnyWait();
             case 6:
             case 7:
                 return Async(!random_.OneIn(3));
@@ -319,7 +329,7 @@ private:
     Operation AnyHaptics() {
         return random_.OneIn(3)    ? Haptics(false, {})
                : random_.OneIn(3)  ? Haptics(true, {})
-               : random_.OneIn(20) ? Haptics(true, {0x1234}, kMany)
+               : random_.OneIn(20) ? Haptics(true, {0x1234}, Many())
                                    : Haptics(true, {random_.Of({1, 0, 65535, 4100}), 4099});
     }
     Operation AnyDeviceChange() {
@@ -336,7 +346,7 @@ private:
                 return AddDevice(DeviceId(), false);
             default:
                 return std::apply(AddDevice, std::tuple{DeviceId(), true,
-                                                        random_.OneIn(40) ? kMany : 1 + random_.Below(2)});
+                                                        random_.OneIn(40) ? Many() : 1 + random_.Below(2)});
         }
     }
     Operation AnyStoreChange() {
@@ -366,7 +376,7 @@ private:
         constexpr std::uint32_t kEvents[] = {4, 6, 2, 4, 1, 7};
         const std::uint32_t drawn = random_.Below(13);
         const std::uint32_t exports = kExports[theme_];
-        return theme_ == 4 && drawn < 4            ? AnySetting()
+        return theme_ == 4 && drawn < 9            ? AnySetting()
                : theme_ == 3 && drawn < 2          ? Present(Window())
                : drawn < exports                   ? AnyExport()
                : drawn < exports + kEvents[theme_] ? AnyEvent()

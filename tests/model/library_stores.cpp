@@ -142,16 +142,19 @@ struct Library::Container {
 std::optional<Library::Container> Library::OpenContainer(bool roaming) {
     const Ref<Object> statics = Factory("Windows.Storage.ApplicationData");
     bool there = false;
-    const auto get = [&](const char* what, Code code) {
-        Check(platform_.Fetch(what, "", there, [&] {
-            there = code >= 0;
-            return code;
-        }));
-        return there;
-    };
-    if (!get("IApplicationDataStatics::get_Current", platform_.packaged ? 0 : kNoPackage) ||
-        !get(roaming ? "IApplicationData::get_RoamingSettings" : "IApplicationData::get_LocalSettings", 0) ||
-        !get("IApplicationDataContainer::get_Values", 0)) {
+    Check(platform_.Fetch("IApplicationDataStatics::get_Current", "", there, [&] {
+        there = platform_.packaged;
+        return there ? 0 : kNoPackage;
+    }));
+    for (const char* property :
+         {roaming ? "IApplicationData::get_RoamingSettings" : "IApplicationData::get_LocalSettings",
+          "IApplicationDataContainer::get_Values"}) {
+        if (!there) {
+            return std::nullopt;
+        }
+        Check(Get(property, there, true));
+    }
+    if (!there) {
         return std::nullopt;
     }
     View("IMap<String, Object>");

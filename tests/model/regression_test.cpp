@@ -42,6 +42,26 @@ std::vector<Regression> Regressions() {
              CompleteAll(),
              Turn(kWindow, 1.0),
          }},
+        {"AnItemGoesOnWithItsMenuWhenAnEventInsideLosesIt",
+         {
+             Initialize(),
+             Listen(kWindow),
+             AddMenu(kWindow, {Icon(1, 3)})
+                 .With({{9, Click(kWindow)}})
+                 .Reacting({AddMenu(kWindow, {})})
+                 .Failing({Fails("IRadialController::get_Menu", 0x80004005, 2, 3)}),
+         }},
+        {"ATurnGoesOnWithItsMenuWhenAnEventInsideLosesIt",
+         {
+             Initialize(),
+             Listen(kWindow),
+             AddMenu(kWindow, {Icon(1, 3)}),
+             Turn(kWindow, 1.0)
+                 .With({{1, Click(kWindow)}})
+                 .Reacting({AddMenu(kWindow, {})})
+                 .Failing({Fails("IRadialControllerMenu::GetSelectedMenuItem", 0x80004005, 1, 3),
+                           Fails("IRadialController::get_Menu", 0x80004005, 1, 3)}),
+         }},
         {"AnIconWithoutAFactoryIsMissingAndTheNextItemFollows",
          {
              Initialize(),
