@@ -147,6 +147,13 @@ TEST_F(FontFile, AShortNameThatNoLongerFitsIsSkippedSilently) {
     EXPECT_EQ(dialsim_strings(), 0u);
 }
 
+TEST_F(FontFile, ALongShortNameThatNoLongerFitsIsSkippedSilentlyToo) {
+    dialsim_fail("GetShortPathNameW", kVeryMany, 1, 2);
+    EXPECT_TRUE(SetMenu(kWindow, {CustomFont(5, font_.Path())}));
+    EXPECT_EQ(dialsim_calls("GetShortPathNameW"), 2u);
+    EXPECT_EQ(dialsim_objects(kMenuItems), 0u);
+}
+
 struct SourceStep {
     const char* operation;
     int line;
@@ -531,6 +538,22 @@ protected:
 
     const TemporaryFile picture_{"picture.png", SmallPng()};
 };
+
+TEST_F(EverySource, HasItsSettingAfterFiveThousandItems) {
+    EXPECT_TRUE(SetMenu(kWindow, std::vector<MenuItemDescription>(kVeryMany, KnownIcon(0))));
+    std::vector<MenuItemDescription> items = Items(0);
+    for (MenuItemDescription& item : items) {
+        item = WithHaptics(item);
+        item.item_id = static_cast<std::uint32_t>(&item - items.data()) + 1;
+    }
+    Made(items);
+    for (std::uint32_t item = 0; item < items.size(); ++item) {
+        EXPECT_EQ(dialsim_choose(kWindow, item), 0);
+    }
+    EXPECT_EQ(dialsim_calls("IRadialController::put_UseAutomaticHapticFeedback(1)"), 4u);
+    EXPECT_EQ(dialsim_calls("IRadialController::put_UseAutomaticHapticFeedback(0)"), 1u)
+        << "the picture file's";
+}
 
 class IdentifierOfEverySource : public EverySource, public testing::WithParamInterface<std::uint32_t> {};
 
