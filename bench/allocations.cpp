@@ -6,7 +6,7 @@
 #include <new>
 
 #include "bench/host.h"
-#include "bench/works.h"
+#include "bench/workloads.h"
 #include "dial/dial_listener.h"
 
 namespace {

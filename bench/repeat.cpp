@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstdlib>
 
-#include "bench/works.h"
+#include "bench/workloads.h"
 
 int main(int argc, char** argv) {
     if (argc != 4) {

@@ -2,8 +2,8 @@
 // same comes of it. Otherwise their times could not be compared.
 #include <cstdio>
 
-#include "bench/lean/platform.h"
-#include "bench/works.h"
+#include "bench/stub/platform.h"
+#include "bench/workloads.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 
 #include <string_view>
 
-#include "bench/works.h"
+#include "bench/workloads.h"
 
 namespace {
 

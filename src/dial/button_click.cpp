@@ -1,7 +1,7 @@
 // The dial's button, from the platform's event to the host.
 #include "dial/contact_rect.h"
 #include "dial/dial_listener.h"
-#include "frame/steps.h"
+#include "frame/diagnostics/steps.h"
 
 namespace brindle {
 

@@ -1,7 +1,7 @@
 // The events that never reach the host: the dial's contact with the screen, and control of the window.
 #include "dial/contact_line.h"
 #include "dial/dial_listener.h"
-#include "frame/steps.h"
+#include "frame/diagnostics/steps.h"
 
 namespace brindle {
 

@@ -1,7 +1,7 @@
 // The informational text of a screen contact. It is formatted and written nowhere; that is intended.
 #pragma once
 
-#include "frame/diagnostics.h"
+#include "frame/diagnostics/diagnostics.h"
 #include "platform/strings.h"
 #include "platform/types.h"
 

@@ -1,7 +1,7 @@
 #include "dial/haptics.h"
 
-#include "frame/errors.h"
 #include "platform/com_ptr.h"
+#include "platform/errors.h"
 #include "platform/interfaces/haptics.h"
 
 namespace brindle {

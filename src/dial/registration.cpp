@@ -1,6 +1,6 @@
 // A listener's beginning.
 #include "dial/dial_listener.h"
-#include "frame/steps.h"
+#include "frame/diagnostics/steps.h"
 #include "platform/activation.h"
 #include "platform/delegate.h"
 

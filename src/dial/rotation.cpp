@@ -3,9 +3,9 @@
 #include "dial/contact_rect.h"
 #include "dial/dial_listener.h"
 #include "dial/haptics.h"
-#include "frame/errors.h"
-#include "frame/steps.h"
+#include "frame/diagnostics/steps.h"
 #include "menu/item_tag.h"
+#include "platform/errors.h"
 
 namespace brindle {
 

@@ -2,10 +2,10 @@
 // which listener serves which window, are here; what a listener does is in the files of its operations.
 #include "brindle.h"
 #include "dial/dial_listener.h"
-#include "frame/diagnostics.h"
-#include "frame/errors.h"
+#include "frame/diagnostics/diagnostics.h"
 #include "frame/listener_registry.h"
 #include "platform/activation.h"
+#include "platform/errors.h"
 #include "platform/functions.h"
 #include "platform/interfaces/metadata.h"
 

@@ -1,7 +1,7 @@
 // The four settings functions: which places are asked, and in which order. Roaming settings come before the
 // vault, the vault before local settings.
 #include "brindle.h"
-#include "frame/errors.h"
+#include "platform/errors.h"
 #include "storage/storage_context.h"
 
 using namespace brindle;

@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "dial/dial_listener.h"
-#include "frame/steps.h"
+#include "frame/diagnostics/steps.h"
 #include "platform/activation.h"
 
 namespace brindle {

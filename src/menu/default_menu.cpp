@@ -3,9 +3,9 @@
 #include <vector>
 
 #include "dial/dial_listener.h"
-#include "frame/errors.h"
 #include "menu/kind_sequence.h"
 #include "platform/activation.h"
+#include "platform/errors.h"
 
 namespace brindle {
 

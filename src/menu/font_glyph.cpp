@@ -1,6 +1,6 @@
 // Items with a glyph of an installed font, or of a font file.
 #include "dial/dial_listener.h"
-#include "frame/steps.h"
+#include "frame/diagnostics/steps.h"
 #include "platform/activation.h"
 #include "platform/interfaces/uri.h"
 

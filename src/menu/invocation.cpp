@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "dial/dial_listener.h"
-#include "frame/diagnostics.h"
+#include "frame/diagnostics/diagnostics.h"
 #include "menu/item_tag.h"
 
 namespace brindle {

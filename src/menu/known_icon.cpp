@@ -1,6 +1,6 @@
 // Items with an icon of the platform's own.
 #include "dial/dial_listener.h"
-#include "frame/steps.h"
+#include "frame/diagnostics/steps.h"
 
 namespace brindle {
 

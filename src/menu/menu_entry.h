@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <memory>
 
-#include "frame/text.h"
+#include "platform/text.h"
 
 namespace brindle {
 

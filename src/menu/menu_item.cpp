@@ -1,7 +1,7 @@
 // What every item goes through once it exists: subscribed, put into the menu, tagged, in this order. One that
 // fails at its tag is in the menu and subscribed all the same.
 #include "dial/dial_listener.h"
-#include "frame/steps.h"
+#include "frame/diagnostics/steps.h"
 #include "platform/activation.h"
 #include "platform/delegate.h"
 #include "platform/interfaces/property_value.h"

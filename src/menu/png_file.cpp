@@ -3,10 +3,10 @@
 #include <vector>
 
 #include "dial/dial_listener.h"
-#include "frame/errors.h"
-#include "frame/steps.h"
+#include "frame/diagnostics/steps.h"
 #include "platform/activation.h"
 #include "platform/delegate.h"
+#include "platform/errors.h"
 #include "platform/interfaces/storage_streams.h"
 
 namespace brindle {

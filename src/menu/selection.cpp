@@ -1,6 +1,6 @@
 // set_current_custom_menu: the first item that carries the identifier becomes the selected one.
 #include "dial/dial_listener.h"
-#include "frame/errors.h"
+#include "platform/errors.h"
 #include "platform/interfaces/property_value.h"
 
 namespace brindle {

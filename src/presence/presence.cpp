@@ -8,11 +8,11 @@
 #include <new>
 
 #include "dial/dial_listener.h"
-#include "frame/errors.h"
-#include "frame/text.h"
 #include "platform/activation.h"
+#include "platform/errors.h"
 #include "platform/free_threaded.h"
 #include "platform/interfaces/devices.h"
+#include "platform/text.h"
 
 namespace brindle {
 

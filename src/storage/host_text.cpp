@@ -2,7 +2,7 @@
 
 #include <new>
 
-#include "frame/text.h"
+#include "platform/text.h"
 
 namespace brindle {
 

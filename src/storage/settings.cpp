@@ -1,9 +1,9 @@
 // Settings in the application's roaming and local containers; a program without package identity has neither.
-#include "frame/errors.h"
-#include "frame/text.h"
 #include "platform/activation.h"
+#include "platform/errors.h"
 #include "platform/interfaces/property_value.h"
 #include "platform/interfaces/storage.h"
+#include "platform/text.h"
 #include "storage/storage_context.h"
 
 namespace brindle {

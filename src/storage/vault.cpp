@@ -1,9 +1,9 @@
 // Texts in the user's credential vault: the resource is the host's name for its settings, the user name the
 // key, the password the text. Any process of the user can read them.
-#include "frame/errors.h"
-#include "frame/text.h"
 #include "platform/activation.h"
+#include "platform/errors.h"
 #include "platform/interfaces/credentials.h"
+#include "platform/text.h"
 #include "storage/storage_context.h"
 
 namespace brindle {

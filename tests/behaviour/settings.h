@@ -7,7 +7,7 @@
 #include <string>
 
 #include "behaviour.h"
-#include "support/wide.h"
+#include "support/utf16.h"
 
 using WideText = std::basic_string<BrindleChar>;
 

@@ -10,7 +10,7 @@
 #include "support/menu_items.h"
 #include "support/recording_host.h"
 #include "support/stores_folder.h"
-#include "support/wide.h"
+#include "support/utf16.h"
 
 namespace {
 

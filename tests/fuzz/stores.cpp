@@ -6,7 +6,7 @@
 #include <set>
 
 #include "fuzz.h"
-#include "support/wide.h"
+#include "support/utf16.h"
 
 namespace {
 

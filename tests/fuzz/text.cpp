@@ -1,9 +1,9 @@
 // Conversions between UTF-8 and UTF-16: the library's, the simulator's and a third one agree.
-#include "frame/text.h"
+#include "platform/text.h"
 
 #include "fuzz.h"
-#include "simulator/strings.h"
-#include "simulator/text.h"
+#include "simulator/functions/strings.h"
+#include "simulator/system/text.h"
 #include "unicode.h"
 
 namespace {

@@ -10,7 +10,7 @@
 #include <utility>
 #include <vector>
 
-#include "support/wide.h"
+#include "support/utf16.h"
 
 namespace model {
 

@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "support/wide.h"
+#include "support/utf16.h"
 
 inline MenuItemDescription Described(MenuItemKind kind, const BrindleChar* label, std::uint32_t item_id) {
     MenuItemDescription item{};

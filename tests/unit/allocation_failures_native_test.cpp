@@ -11,7 +11,7 @@
 
 #include "brindle.h"
 #include "menu/kind_sequence.h"
-#include "simulated.h"
+#include "support/simulator_fixture.h"
 #include "tests/support/menu_items.h"
 #include "tests/support/pictures.h"
 #include "tests/support/stores_folder.h"

@@ -5,7 +5,7 @@
 #include <functional>
 #include <utility>
 
-#include "simulated.h"
+#include "support/simulator_fixture.h"
 
 namespace brindle {
 namespace {

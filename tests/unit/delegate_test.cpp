@@ -7,7 +7,7 @@
 #include <utility>
 
 #include "platform/interfaces/ui_input.h"
-#include "simulated.h"
+#include "support/simulator_fixture.h"
 
 namespace brindle {
 namespace {

@@ -1,10 +1,10 @@
-#include "frame/diagnostics.h"
+#include "frame/diagnostics/diagnostics.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
 
-#include "simulated.h"
+#include "support/simulator_fixture.h"
 
 namespace brindle {
 namespace {

@@ -5,10 +5,10 @@
 #include <memory>
 #include <string>
 
-#include "frame/text.h"
 #include "platform/activation.h"
 #include "platform/interfaces/property_value.h"
-#include "simulated.h"
+#include "platform/text.h"
+#include "support/simulator_fixture.h"
 #include "tests/support/inside_call.h"
 #include "tests/support/recording_host.h"
 

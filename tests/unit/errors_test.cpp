@@ -1,4 +1,4 @@
-#include "frame/errors.h"
+#include "platform/errors.h"
 
 #include <gtest/gtest.h>
 
@@ -8,7 +8,7 @@
 #include <type_traits>
 #include <typeinfo>
 
-#include "simulated.h"
+#include "support/simulator_fixture.h"
 
 namespace brindle {
 namespace {

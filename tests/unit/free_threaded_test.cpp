@@ -3,9 +3,9 @@
 #include <gtest/gtest.h>
 
 #include "platform/interfaces/devices.h"
-#include "simulated.h"
+#include "support/simulator_fixture.h"
 #ifndef _WIN32
-#include "simulator/marshal.h"
+#include "simulator/functions/marshal.h"
 #endif
 
 namespace brindle {

@@ -4,8 +4,8 @@
 
 #include <string>
 
-#include "frame/text.h"
-#include "simulated.h"
+#include "platform/text.h"
+#include "support/simulator_fixture.h"
 
 namespace brindle {
 namespace {

@@ -5,7 +5,7 @@
 #include <array>
 #include <vector>
 
-#include "simulated.h"
+#include "support/simulator_fixture.h"
 
 namespace brindle {
 namespace {

@@ -8,9 +8,9 @@
 #include <string>
 #include <vector>
 
-#include "simulated.h"
 #include "support/menu_items.h"
 #include "support/recording_host.h"
+#include "support/simulator_fixture.h"
 
 namespace brindle {
 namespace {

@@ -5,8 +5,8 @@
 
 #include <cstring>
 
-#include "frame/errors.h"
-#include "frame/text.h"
+#include "platform/errors.h"
+#include "platform/text.h"
 
 #if defined(__has_feature)
 #if __has_feature(address_sanitizer) || __has_feature(thread_sanitizer)

@@ -7,11 +7,11 @@
 #include <string>
 #include <vector>
 
-#include "simulated.h"
 #include "support/edges.h"
 #include "support/menu_items.h"
 #include "support/pictures.h"
 #include "support/recording_host.h"
+#include "support/simulator_fixture.h"
 
 namespace brindle {
 namespace {

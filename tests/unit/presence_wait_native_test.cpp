@@ -4,8 +4,8 @@
 
 #include <cstdint>
 
-#include "simulated.h"
 #include "support/recording_host.h"
+#include "support/simulator_fixture.h"
 
 namespace brindle {
 namespace {

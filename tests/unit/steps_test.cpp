@@ -1,4 +1,4 @@
-#include "frame/steps.h"
+#include "frame/diagnostics/steps.h"
 
 #include <gtest/gtest.h>
 
@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "simulated.h"
+#include "support/simulator_fixture.h"
 
 namespace brindle {
 namespace {

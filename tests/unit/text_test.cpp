@@ -1,12 +1,12 @@
-#include "frame/text.h"
+#include "platform/text.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
 #include <string_view>
 
-#include "frame/errors.h"
-#include "simulated.h"
+#include "platform/errors.h"
+#include "support/simulator_fixture.h"
 
 namespace brindle {
 namespace {

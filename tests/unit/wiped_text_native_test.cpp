@@ -8,9 +8,9 @@
 #include <utility>
 
 #include "brindle.h"
-#include "frame/text.h"
-#include "simulated.h"
+#include "platform/text.h"
 #include "storage/host_text.h"
+#include "support/simulator_fixture.h"
 #include "tests/support/stores_folder.h"
 
 namespace {

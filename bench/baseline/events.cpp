@@ -1,0 +1,246 @@
+// The window's controller, and what its events lead to.
+#include <cmath>
+#include <limits>
+
+#include "bench/baseline/activation.h"
+#include "bench/baseline/baseline.h"
+#include "bench/baseline/handler.h"
+#include "platform/interfaces/haptics.h"
+#include "platform/interfaces/property_value.h"
+
+namespace by_hand {
+
+namespace {
+
+using Rotation = abi::IRadialControllerRotationChangedEventArgs;
+using Rotation2 = abi::IRadialControllerRotationChangedEventArgs2;
+
+class RotationHandler final
+    : public Counted<
+          abi::TypedEventHandler<abi::RadialController, abi::RadialControllerRotationChangedEventArgs>> {
+public:
+    explicit RotationHandler(Dial& dial) : dial_(dial) {}
+
+    HRESULT Invoke(abi::IRadialController* sender, Rotation* args) override {
+        dial_.OnRotation(sender, args);
+        return S_OK;
+    }
+
+private:
+    Dial& dial_;
+};
+
+class ClickHandler final
+    : public Counted<
+          abi::TypedEventHandler<abi::RadialController, abi::RadialControllerButtonClickedEventArgs>> {
+public:
+    explicit ClickHandler(Dial& dial) : dial_(dial) {}
+
+    HRESULT Invoke(abi::IRadialController* sender,
+                   abi::IRadialControllerButtonClickedEventArgs* args) override {
+        dial_.OnClick(sender, args);
+        return S_OK;
+    }
+
+private:
+    Dial& dial_;
+};
+
+// The five events that tell the host nothing.
+template <class Args>
+class IgnoringHandler final : public Counted<abi::TypedEventHandler<abi::RadialController, Args>> {
+public:
+    explicit IgnoringHandler(Dial& dial) : dial_(dial) {}
+
+    HRESULT Invoke(abi::IRadialController*, abi::Abi<Args>) override { return S_OK; }
+
+private:
+    [[maybe_unused]] Dial& dial_;
+};
+
+// The controller takes the only reference.
+template <class Handler, class Add>
+void Subscribe(abi::IRadialController* controller, Add add, Dial& dial) {
+    auto* handler = new Handler(dial);
+    EventRegistrationToken token{};
+    (controller->*add)(handler, &token);
+    handler->Release();
+}
+
+std::uint32_t TagOf(abi::IRadialControllerMenuItem* item) {
+    std::uint32_t value = 0;
+    abi::IInspectable* tag = nullptr;
+    item->get_Tag(&tag);
+    if (tag == nullptr) {
+        return value;
+    }
+    abi::IPropertyValue* number = nullptr;
+    if (Query(tag, number) >= 0) {
+        number->GetUInt32(&value);
+        number->Release();
+    }
+    tag->Release();
+    return value;
+}
+
+std::uint32_t SelectedTag(abi::IRadialControllerMenu* menu) {
+    std::uint32_t value = 0;
+    abi::IRadialControllerMenuItem* selected = nullptr;
+    menu->GetSelectedMenuItem(&selected);
+    if (selected != nullptr) {
+        value = TagOf(selected);
+        selected->Release();
+    }
+    return value;
+}
+
+std::int32_t Whole(float value) {
+    return value >= -2147483648.0F && value < 2147483648.0F ? static_cast<std::int32_t>(value)
+                                                            : std::numeric_limits<std::int32_t>::min();
+}
+
+void ReadContact(Rotation* args, DialContactRect& rect) {
+    abi::IRadialControllerScreenContact* contact = nullptr;
+    args->get_Contact(&contact);
+    if (contact == nullptr) {
+        return;
+    }
+    abi::Point position{};
+    contact->get_Position(&position);
+    abi::Rect bounds{};
+    contact->get_Bounds(&bounds);
+    contact->Release();
+    rect = {Whole(bounds.X), Whole(bounds.Y), Whole(bounds.X + bounds.Width),
+            Whole(bounds.Y + bounds.Height)};
+}
+
+double Acceleration(double degrees) {
+    static std::uint64_t last = GetTickCount64();
+    static double sum = 0.0;
+    static double factor = 1.0;
+    const std::uint64_t now = GetTickCount64();
+    const auto elapsed = static_cast<std::uint32_t>(now) - static_cast<std::uint32_t>(last);
+    sum = (elapsed <= 100 ? sum : 0.0) + degrees;
+    if (elapsed >= 50) {
+        const double beyond = std::fabs(sum) - 10.0;
+        factor = std::sqrt(beyond > 0.0 ? beyond : 0.0) / 2.07 + 1.0;
+        last = now;
+    }
+    return factor;
+}
+
+void Play(abi::ISimpleHapticsController* haptics) {
+    abi::IVectorView<abi::SimpleHapticsControllerFeedback>* waveforms = nullptr;
+    haptics->get_SupportedFeedback(&waveforms);
+    if (waveforms == nullptr) {
+        return;
+    }
+    std::uint32_t count = 0;
+    waveforms->get_Size(&count);
+    if (count > 0) {
+        abi::ISimpleHapticsControllerFeedback* first = nullptr;
+        waveforms->GetAt(0, &first);
+        haptics->SendHapticFeedbackForPlayCount(first, 1.0, 3, {2'000'000});
+        first->Release();
+    }
+    waveforms->Release();
+}
+
+void Shake(Rotation* args) {
+    Rotation2* more = nullptr;
+    if (Query(args, more) < 0) {
+        return;
+    }
+    abi::ISimpleHapticsController* haptics = nullptr;
+    more->get_SimpleHapticsController(&haptics);
+    if (haptics != nullptr) {
+        Play(haptics);
+        haptics->Release();
+    }
+    more->Release();
+}
+
+bool IsPressed(Rotation* args) {
+    Rotation2* more = nullptr;
+    if (Query(args, more) < 0) {
+        return false;
+    }
+    abi::boolean pressed = 0;
+    more->get_IsButtonPressed(&pressed);
+    more->Release();
+    return pressed != 0;
+}
+
+}  // namespace
+
+Dial::Dial(IDialHost& host) : host_(host) {
+    abi::IRadialControllerInterop* interop = nullptr;
+    GetFactory<abi::RadialController>(interop);
+    interop->CreateForWindow(reinterpret_cast<HWND>(host.GetWindowHandle()), abi::IRadialController::Iid,
+                             reinterpret_cast<void**>(&controller_));
+    interop->Release();
+    using Controller = abi::IRadialController;
+    Subscribe<IgnoringHandler<abi::RadialControllerScreenContactContinuedEventArgs>>(
+        controller_, &Controller::add_ScreenContactContinued, *this);
+    Subscribe<IgnoringHandler<abi::RadialControllerScreenContactStartedEventArgs>>(
+        controller_, &Controller::add_ScreenContactStarted, *this);
+    Subscribe<IgnoringHandler<abi::IInspectable>>(controller_, &Controller::add_ScreenContactEnded, *this);
+    Subscribe<IgnoringHandler<abi::IInspectable>>(controller_, &Controller::add_ControlLost, *this);
+    Subscribe<IgnoringHandler<abi::RadialControllerControlAcquiredEventArgs>>(
+        controller_, &Controller::add_ControlAcquired, *this);
+    Subscribe<RotationHandler>(controller_, &Controller::add_RotationChanged, *this);
+    Subscribe<ClickHandler>(controller_, &Controller::add_ButtonClicked, *this);
+}
+
+Dial::~Dial() {
+    for (const Entry& entry : entries_) {
+        WindowsDeleteString(entry.label);
+    }
+    if (items_ != nullptr) {
+        items_->Release();
+    }
+    if (menu_ != nullptr) {
+        menu_->Release();
+    }
+    controller_->Release();
+}
+
+void Dial::OnRotation(abi::IRadialController* sender, Rotation* args) {
+    DialRotationInfo info{};
+    // Held: an event inside a call may make the menu anew.
+    if (abi::IRadialControllerMenu* const menu = menu_; menu != nullptr) {
+        menu->AddRef();
+        info.selectedItemTag = SelectedTag(menu);
+        menu->Release();
+    }
+    ReadContact(args, info.contact);
+    Rotation* rotation = nullptr;
+    Query(args, rotation);
+    rotation->get_RotationDeltaInDegrees(&info.deltaDegrees);
+    info.buttonPressed = IsPressed(args);
+    info.acceleration = Acceleration(info.deltaDegrees);
+    host_.OnRotation(sender, &info);
+    if (info.hapticRequest != nullptr && (*info.hapticRequest == 1 || *info.hapticRequest == 2)) {
+        Shake(args);
+    }
+    rotation->Release();
+}
+
+void Dial::OnClick(abi::IRadialController* sender, abi::IRadialControllerButtonClickedEventArgs* args) {
+    abi::IRadialControllerScreenContact* contact = nullptr;  // kept, as the library does
+    if (args->get_Contact(&contact) < 0) {
+        return;
+    }
+    DialContactRect rect{};
+    if (contact != nullptr) {
+        abi::Rect bounds{};
+        contact->get_Bounds(&bounds);
+        const std::int32_t left = Whole(bounds.X);
+        const std::int32_t top = Whole(bounds.Y);
+        rect = {left, top, Whole(static_cast<float>(left) + bounds.Width),
+                Whole(static_cast<float>(top) + bounds.Height)};
+    }
+    host_.OnButtonClicked(sender, &rect);
+}
+
+}  // namespace by_hand

@@ -1,0 +1,17 @@
+// The factories that RoGetActivationFactory chooses from, all fixed.
+#pragma once
+
+#include "bench/stub/object.h"
+
+namespace lean {
+
+abi::IUnknown& ApiInformation();        // functions.cpp
+abi::IUnknown& ControllerInterop();     // controller.cpp
+abi::IUnknown& MenuItemStatics();       // menu.cpp
+abi::IUnknown& PropertyValueStatics();  // property_value.cpp
+abi::IUnknown& ApplicationData();       // settings.cpp
+abi::IUnknown& PasswordVaultFactory();  // vault.cpp
+abi::IUnknown& CredentialFactory();     // vault.cpp
+abi::IUnknown& DeviceStatics();         // devices.cpp
+
+}  // namespace lean

@@ -1,0 +1,126 @@
+// The platform's functions but those for texts. What only items from files and resources need finds nothing
+// here.
+#include "platform/functions.h"
+
+#include <cstdlib>
+#include <ctime>
+
+#include "bench/stub/factories.h"
+#include "bench/stub/strings.h"
+#include "platform/interfaces/credentials.h"
+#include "platform/interfaces/devices.h"
+#include "platform/interfaces/metadata.h"
+#include "platform/interfaces/property_value.h"
+#include "platform/interfaces/storage.h"
+#include "platform/interfaces/ui_input.h"
+
+namespace lean {
+
+namespace {
+
+class Types final : public Fixed<abi::IApiInformationStatics> {
+public:
+    HRESULT IsTypePresent(HSTRING, abi::boolean* result) noexcept override {
+        LEAN_NOTE();
+        *result = 1;
+        return S_OK;
+    }
+    HRESULT IsMethodPresent(HSTRING, HSTRING, abi::boolean*) noexcept override { return E_NOTIMPL; }
+    HRESULT IsMethodPresentWithArity(HSTRING, HSTRING, std::uint32_t, abi::boolean*) noexcept override {
+        return E_NOTIMPL;
+    }
+    HRESULT IsEventPresent(HSTRING, HSTRING, abi::boolean*) noexcept override { return E_NOTIMPL; }
+    HRESULT IsPropertyPresent(HSTRING, HSTRING, abi::boolean*) noexcept override { return E_NOTIMPL; }
+    HRESULT IsReadOnlyPropertyPresent(HSTRING, HSTRING, abi::boolean*) noexcept override { return E_NOTIMPL; }
+    HRESULT IsWriteablePropertyPresent(HSTRING, HSTRING, abi::boolean*) noexcept override {
+        return E_NOTIMPL;
+    }
+    HRESULT IsEnumNamedValuePresent(HSTRING, HSTRING, abi::boolean*) noexcept override { return E_NOTIMPL; }
+    HRESULT IsApiContractPresentByMajor(HSTRING, std::uint16_t, abi::boolean*) noexcept override {
+        return E_NOTIMPL;
+    }
+    HRESULT IsApiContractPresentByMajorAndMinor(HSTRING, std::uint16_t, std::uint16_t,
+                                                abi::boolean*) noexcept override {
+        return E_NOTIMPL;
+    }
+};
+
+struct Entry {
+    GUID iid;
+    abi::IUnknown& (*factory)();
+};
+
+constexpr Entry kFactories[] = {
+    {abi::IRadialControllerMenuItemStatics::Iid, MenuItemStatics},
+    {abi::IPropertyValueStatics::Iid, PropertyValueStatics},
+    {abi::IApplicationDataStatics::Iid, ApplicationData},
+    {abi::IActivationFactory::Iid, PasswordVaultFactory},
+    {abi::ICredentialFactory::Iid, CredentialFactory},
+    {abi::IDeviceInformationStatics::Iid, DeviceStatics},
+    {abi::IRadialControllerInterop::Iid, ControllerInterop},
+    {abi::IApiInformationStatics::Iid, ApiInformation},
+};
+
+std::uint64_t ticks = 1'000;
+
+}  // namespace
+
+abi::IUnknown& ApiInformation() {
+    static Types types;
+    return types;
+}
+
+}  // namespace lean
+
+HRESULT RoInitialize(RO_INIT_TYPE) {
+    LEAN_NOTE();
+    return S_OK;
+}
+void RoUninitialize() { LEAN_NOTE(); }
+
+// By the interface alone: each factory has one of its own.
+HRESULT RoGetActivationFactory(HSTRING, const IID& iid, void** factory) {
+    LEAN_NOTE();
+    for (const auto& entry : lean::kFactories) {
+        if (lean::SameId(entry.iid, iid)) {
+            return entry.factory().QueryInterface(iid, factory);
+        }
+    }
+    *factory = nullptr;
+    return E_NOINTERFACE;
+}
+
+BOOL RoOriginateLanguageException(HRESULT, HSTRING, IUnknown*) { return 0; }
+
+// A clock of steps, so that every turn takes the same way through the library.
+ULONGLONG GetTickCount64() {
+    LEAN_NOTE();
+    return lean::ticks += 50;
+}
+
+// How a caller waits is its own affair, and not among the calls that are compared.
+void Sleep(DWORD milliseconds) {
+    const std::timespec time{0, static_cast<long>(milliseconds) * 1'000'000};
+    nanosleep(&time, nullptr);
+}
+
+void RaiseException(DWORD, DWORD, DWORD, const std::uintptr_t*) { std::abort(); }
+
+HRESULT CoCreateFreeThreadedMarshaler(IUnknown*, IUnknown**) { return E_NOTIMPL; }
+HRESULT WindowsPreallocateStringBuffer(UINT, WCHAR**, HSTRING_BUFFER*) { return E_NOTIMPL; }
+HRESULT WindowsPromoteStringBuffer(HSTRING_BUFFER, HSTRING*) { return E_NOTIMPL; }
+HRESULT WindowsDeleteStringBuffer(HSTRING_BUFFER) { return E_NOTIMPL; }
+int MultiByteToWideChar(UINT, DWORD, const char*, int, WCHAR*, int) { return 0; }
+BOOL PathFileExistsW(const WCHAR*) { return 0; }
+DWORD GetShortPathNameW(const WCHAR*, WCHAR*, DWORD) { return 0; }
+HRSRC FindResourceW(HMODULE, const WCHAR*, const WCHAR*) { return nullptr; }
+DWORD SizeofResource(HMODULE, HRSRC) { return 0; }
+HGLOBAL LoadResource(HMODULE, HRSRC) { return nullptr; }
+void* LockResource(HGLOBAL) { return nullptr; }
+BOOL FreeResource(HGLOBAL) { return 0; }
+HGLOBAL GlobalAlloc(UINT, std::size_t) { return nullptr; }
+void* GlobalLock(HGLOBAL) { return nullptr; }
+BOOL GlobalUnlock(HGLOBAL) { return 0; }
+HGLOBAL GlobalFree(HGLOBAL block) { return block; }
+HRESULT CreateStreamOnHGlobal(HGLOBAL, BOOL, IStream**) { return E_NOTIMPL; }
+HRESULT CreateRandomAccessStreamOverStream(IStream*, BSOS_OPTIONS, const IID&, void**) { return E_NOTIMPL; }

@@ -1,0 +1,148 @@
+// Counted strings, and the runtime library's functions for UTF-16. Counts are plain: of two threads one
+// waits.
+#include "bench/stub/strings.h"
+
+#include <cstdlib>
+#include <cstring>
+#include <new>
+#include <string>
+
+#include "bench/stub/calls.h"
+
+struct HSTRING__ {
+    std::uint32_t references;  // 0: a string reference, which is not counted
+    std::uint32_t length;
+    const WCHAR* characters;
+};
+
+namespace lean {
+
+namespace {
+
+HRESULT NewString(const WCHAR* text, UINT length, HSTRING* string) noexcept {
+    void* block = std::malloc(sizeof(HSTRING__) + (length + 1) * sizeof(WCHAR));
+    if (block == nullptr) {
+        return E_OUTOFMEMORY;
+    }
+    auto* characters = reinterpret_cast<WCHAR*>(static_cast<HSTRING__*>(block) + 1);
+    std::memcpy(characters, text, length * sizeof(WCHAR));
+    characters[length] = 0;
+    *string = new (block) HSTRING__{1, length, characters};
+    return S_OK;
+}
+
+WCHAR Folded(WCHAR unit) {
+    return unit >= u'A' && unit <= u'Z' ? static_cast<WCHAR>(unit - u'A' + u'a') : unit;
+}
+
+}  // namespace
+
+std::u16string_view View(HSTRING string) noexcept {
+    return string == nullptr ? std::u16string_view()
+                             : std::u16string_view(string->characters, string->length);
+}
+
+}  // namespace lean
+
+HRESULT WindowsCreateString(const WCHAR* text, UINT length, HSTRING* string) {
+    LEAN_NOTE();
+    return lean::NewString(text, length, string);
+}
+
+HRESULT WindowsCreateStringReference(const WCHAR* text, UINT length, HSTRING_HEADER* header,
+                                     HSTRING* string) {
+    LEAN_NOTE();
+    *string = length == 0 ? nullptr : new (header) HSTRING__{0, length, text};
+    return S_OK;
+}
+
+HRESULT WindowsDuplicateString(HSTRING string, HSTRING* copy) {
+    LEAN_NOTE();
+    *copy = string;
+    if (string == nullptr) {
+        return S_OK;
+    }
+    if (string->references == 0) {
+        return lean::NewString(string->characters, string->length, copy);
+    }
+    ++string->references;
+    return S_OK;
+}
+
+HRESULT WindowsDeleteString(HSTRING string) {
+    LEAN_NOTE();
+    if (string != nullptr && string->references != 0 && --string->references == 0) {
+        std::free(string);
+    }
+    return S_OK;
+}
+
+const WCHAR* WindowsGetStringRawBuffer(HSTRING string, UINT* length) {
+    LEAN_NOTE();
+    const std::u16string_view view = lean::View(string);
+    if (length != nullptr) {
+        *length = static_cast<UINT>(view.size());
+    }
+    return string == nullptr ? u"" : view.data();
+}
+
+UINT WindowsGetStringLen(HSTRING string) {
+    LEAN_NOTE();
+    return static_cast<UINT>(lean::View(string).size());
+}
+
+// %s alone: no other conversion is measured.
+int _vsnwprintf(WCHAR* buffer, std::size_t size, const WCHAR* format, std::va_list arguments) {
+    LEAN_NOTE();
+    std::size_t written = 0;
+    for (; *format != 0 && written < size; ++format) {
+        if (*format != u'%') {
+            buffer[written++] = *format;
+            continue;
+        }
+        if (*++format != u's') {
+            return -1;
+        }
+        for (const WCHAR* text = va_arg(arguments, const WCHAR*); *text != 0 && written < size; ++text) {
+            buffer[written++] = *text;
+        }
+    }
+    if (written == size) {
+        return -1;
+    }
+    buffer[written] = 0;
+    return static_cast<int>(written);
+}
+
+int _wcsnicmp(const WCHAR* a, const WCHAR* b, std::size_t count) {
+    LEAN_NOTE();
+    for (; count > 0; --count, ++a, ++b) {
+        const int difference = lean::Folded(*a) - lean::Folded(*b);
+        if (difference != 0 || *a == 0) {
+            return difference;
+        }
+    }
+    return 0;
+}
+
+int wcscpy_s(WCHAR* copy, std::size_t size, const WCHAR* text) {
+    LEAN_NOTE();
+    const std::u16string_view view(text);
+    if (view.size() >= size) {
+        *copy = 0;
+        return 34;  // ERANGE
+    }
+    std::memcpy(copy, text, (view.size() + 1) * sizeof(WCHAR));
+    return 0;
+}
+
+// Of decimal digits and a sign.
+LONG wcstol(const WCHAR* text, WCHAR**, int) {
+    LEAN_NOTE();
+    const bool negative = *text == u'-';
+    LONG number = 0;
+    for (text += negative ? 1 : 0; *text >= u'0' && *text <= u'9'; ++text) {
+        number = number * 10 + (*text - u'0');
+    }
+    return negative ? -number : number;
+}

@@ -1,0 +1,342 @@
+#include "bench/workloads.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <numeric>
+#include <random>
+
+#include "bench/baseline/baseline.h"
+#include "bench/host.h"
+#include "bench/stub/platform.h"
+#include "brindle.h"
+
+namespace bench {
+
+namespace {
+
+constexpr char16_t kResource[] = u"Example Paint";
+constexpr char16_t kKey[] = u"Example Paint/last brush";
+
+// The library behind the names of by_hand.h.
+class LibraryDial {
+public:
+    explicit LibraryDial(IDialHost& host) {
+        initialize();
+        init_dial_listener(&host);
+    }
+    LibraryDial(const LibraryDial&) = delete;
+    LibraryDial& operator=(const LibraryDial&) = delete;
+    ~LibraryDial() { uninit(); }
+
+    HRESULT FillMenu(const MenuItemDescription* items, std::uint32_t count) {
+        return add_custom_menu(kWindow, items, count) ? S_OK : E_FAIL;
+    }
+    HRESULT Select(std::uint32_t item_id) {
+        return set_current_custom_menu(kWindow, item_id) ? S_OK : E_FAIL;
+    }
+};
+
+std::vector<MenuItemDescription> KnownIcons(std::uint32_t count) {
+    std::vector<MenuItemDescription> items;
+    for (std::uint32_t i = 0; i < count; ++i) {
+        MenuItemDescription item{};
+        item.kind = MenuItemKind::KnownIcon;
+        item.display_text = u"Brush size";
+        item.item_id = i + 1;
+        item.source.number = i % 9;
+        items.push_back(item);
+    }
+    return items;
+}
+
+struct Turn {
+    std::uint32_t menu_items = 0;
+    bool contact = false;
+    bool shakes = false;
+};
+
+template <class Dial>
+class Rotation final : public Work {
+public:
+    explicit Rotation(const Turn& turn) : host_(kWindow, turn.shakes), event_{turn.contact}, dial_(host_) {
+        if (turn.menu_items > 0) {
+            const auto items = KnownIcons(turn.menu_items);
+            dial_.FillMenu(items.data(), turn.menu_items);
+            dial_.Select(turn.menu_items);
+        }
+    }
+    std::int64_t Run() override {
+        lean::RaiseRotation(event_);
+        return host_.told();
+    }
+
+private:
+    Host host_;
+    lean::Event event_;
+    Dial dial_;
+};
+
+template <class Dial>
+class Click final : public Work {
+public:
+    Click() : dial_(host_) {}
+    std::int64_t Run() override {
+        lean::RaiseClick({.contact = true});
+        return host_.told();
+    }
+
+private:
+    Host host_;
+    Dial dial_;
+};
+
+template <class Dial>
+class Filling final : public Work {
+public:
+    explicit Filling(std::uint32_t count) : items_(KnownIcons(count)), dial_(host_) {}
+    std::int64_t Run() override {
+        return dial_.FillMenu(items_.data(), static_cast<std::uint32_t>(items_.size()));
+    }
+
+private:
+    std::vector<MenuItemDescription> items_;
+    Host host_;
+    Dial dial_;
+};
+
+template <class Dial>
+class Selecting final : public Work {
+public:
+    explicit Selecting(std::uint32_t count) : last_(count), dial_(host_) {
+        const auto items = KnownIcons(count);
+        dial_.FillMenu(items.data(), count);
+    }
+    std::int64_t Run() override { return dial_.Select(last_); }
+
+private:
+    std::uint32_t last_;
+    Host host_;
+    Dial dial_;
+};
+
+// Windows that have no listener, each between two that have one, in no order.
+std::vector<std::uint64_t> UnknownWindows(std::size_t count) {
+    std::vector<std::uint64_t> windows(count);
+    std::iota(windows.begin(), windows.end(), 0);
+    std::shuffle(windows.begin(), windows.end(), std::minstd_rand());
+    for (auto& window : windows) {
+        window = kWindow + 4 * window + 2;
+    }
+    return windows;
+}
+
+class LookUp : public Work {
+public:
+    explicit LookUp(std::size_t count) : unknown_(UnknownWindows(count)) {
+        for (std::size_t i = 0; i < count; ++i) {
+            hosts_.push_back(std::make_unique<Host>(kWindow + 4 * i));
+        }
+    }
+
+protected:
+    const std::vector<std::unique_ptr<Host>>& hosts() const { return hosts_; }
+    std::uint64_t NextUnknown() {
+        next_ = next_ + 1 == unknown_.size() ? 0 : next_ + 1;
+        return unknown_[next_];
+    }
+
+private:
+    const std::vector<std::uint64_t> unknown_;
+    std::size_t next_ = 0;
+    std::vector<std::unique_ptr<Host>> hosts_;
+};
+
+// For a window without a listener an export does nothing but look it up.
+class LibraryLookUp final : public LookUp {
+public:
+    explicit LibraryLookUp(std::size_t count) : LookUp(count) {
+        for (const auto& host : hosts()) {
+            init_dial_listener(host.get());
+        }
+    }
+    ~LibraryLookUp() override { uninit(); }
+    std::int64_t Run() override { return set_current_custom_menu(NextUnknown(), 0); }
+};
+
+class MapLookUp final : public LookUp {
+public:
+    explicit MapLookUp(std::size_t count) : LookUp(count) {
+        for (const auto& host : hosts()) {
+            windows_.Add(*host);
+        }
+    }
+    std::int64_t Run() override { return windows_.Select(NextUnknown(), 0) >= 0; }
+
+private:
+    by_hand::Windows windows_;
+};
+
+struct LibraryStores {
+    static std::int32_t SetText(const char16_t* text) { return set_string_in_storage(kResource, kKey, text); }
+    static char16_t* GetText() { return get_string_from_storage(kResource, kKey); }
+    static std::int32_t SetNumber(std::int32_t number) { return set_int_in_storage(kResource, kKey, number); }
+    static std::int32_t GetNumber() { return get_int_from_storage(kResource, kKey); }
+};
+
+struct ByHandStores {
+    static std::int32_t SetText(const char16_t* text) { return by_hand::SetText(kResource, kKey, text); }
+    static char16_t* GetText() { return by_hand::GetText(kResource, kKey); }
+    static std::int32_t SetNumber(std::int32_t number) { return by_hand::SetNumber(kKey, number); }
+    static std::int32_t GetNumber() { return by_hand::GetNumber(kResource, kKey); }
+};
+
+// Between two texts of one length, or the same one again.
+template <class Stores>
+class TextSetting final : public Work {
+public:
+    TextSetting(bool changes, bool package_identity) : changes_(changes) {
+        lean::ClearStores(package_identity);
+        Stores::SetText(u"charcoal");
+    }
+    std::int64_t Run() override {
+        second_ = changes_ && !second_;
+        return Stores::SetText(second_ ? u"airbrush" : u"charcoal");
+    }
+
+private:
+    const bool changes_;
+    bool second_ = false;
+};
+
+template <class Stores>
+class NumberSetting final : public Work {
+public:
+    explicit NumberSetting(bool changes) : changes_(changes) {
+        lean::ClearStores(true);
+        Stores::SetNumber(7);
+    }
+    std::int64_t Run() override {
+        number_ += changes_ ? 1 : 0;
+        return Stores::SetNumber(number_);
+    }
+
+private:
+    const bool changes_;
+    std::int32_t number_ = 7;
+};
+
+// From the roaming settings, or without package identity from the vault.
+template <class Stores>
+class TextReading final : public Work {
+public:
+    explicit TextReading(bool package_identity) {
+        lean::ClearStores(package_identity);
+        Stores::SetText(u"charcoal");
+    }
+    std::int64_t Run() override {
+        char16_t* text = Stores::GetText();
+        const std::int64_t first = text[0];
+        std::free(text);
+        return first;
+    }
+};
+
+template <class Stores>
+class NumberReading final : public Work {
+public:
+    explicit NumberReading(bool package_identity) {
+        lean::ClearStores(package_identity);
+        if (package_identity) {
+            Stores::SetNumber(7);
+        } else {
+            Stores::SetText(u"7");
+        }
+    }
+    std::int64_t Run() override { return Stores::GetNumber(); }
+};
+
+class LibraryPresence {
+public:
+    bool IsDialPresent() { return is_dial_present(kWindow); }
+
+private:
+    Host host_;
+    LibraryDial dial_{host_};
+};
+
+class ByHandPresence {
+public:
+    bool IsDialPresent() { return by_hand::IsDialPresent(); }
+};
+
+template <class Side>
+class Presence final : public Work {
+public:
+    explicit Presence(int milliseconds) { lean::SetEnumerationTime(std::chrono::milliseconds(milliseconds)); }
+    std::int64_t Run() override {
+        const bool present = side_.IsDialPresent();
+        lean::WaitForEnumeration();
+        return present;
+    }
+
+private:
+    Side side_;
+};
+
+template <class Library, class ByHand, class... Arguments>
+Pair MakePair(std::string name, std::int64_t runs, Arguments... arguments) {
+    return {std::move(name), runs, [=] { return std::make_unique<Library>(arguments...); },
+            [=] { return std::make_unique<ByHand>(arguments...); }};
+}
+
+template <template <class> class Measured, class... Arguments>
+Pair OfDials(std::string name, std::int64_t runs, Arguments... arguments) {
+    return MakePair<Measured<LibraryDial>, Measured<by_hand::Dial>>(std::move(name), runs, arguments...);
+}
+
+template <template <class> class Measured, class... Arguments>
+Pair OfStores(std::string name, Arguments... arguments) {
+    return MakePair<Measured<LibraryStores>, Measured<ByHandStores>>(std::move(name), 0, arguments...);
+}
+
+Pair OfLookUps(std::size_t windows) {
+    Pair pair = MakePair<LibraryLookUp, MapLookUp>("lookup/" + std::to_string(windows), 0, windows);
+    pair.makes_calls = false;
+    return pair;
+}
+
+}  // namespace
+
+std::vector<Pair> Pairs() {
+    return {
+        OfDials<Rotation>("rotation/no menu", 0, Turn{}),
+        OfDials<Rotation>("rotation/menu and selection", 0, Turn{.menu_items = 7}),
+        OfDials<Rotation>("rotation/contact", 0, Turn{.contact = true}),
+        OfDials<Rotation>("rotation/menu, selection and contact", 0, Turn{.menu_items = 7, .contact = true}),
+        OfDials<Rotation>("rotation/haptics", 0, Turn{.shakes = true}),
+        OfDials<Click>("click", 0),
+        OfDials<Filling>("menu/1", 20'000, 1U),
+        OfDials<Filling>("menu/7", 4'000, 7U),
+        OfDials<Filling>("menu/100", 300, 100U),
+        OfDials<Filling>("menu/10000", 3, 10'000U),
+        OfDials<Selecting>("select/7", 0, 7U),
+        OfDials<Selecting>("select/1000", 0, 1'000U),
+        OfLookUps(1),
+        OfLookUps(100),
+        OfLookUps(10'000),
+        OfStores<TextSetting>("set_string/unchanged", false, true),
+        OfStores<TextSetting>("set_string/changed", true, true),
+        OfStores<TextSetting>("set_string/unchanged, in the vault", false, false),
+        OfStores<TextSetting>("set_string/changed, in the vault", true, false),
+        OfStores<NumberSetting>("set_int/unchanged", false),
+        OfStores<NumberSetting>("set_int/changed", true),
+        OfStores<TextReading>("get_string/settings", true),
+        OfStores<TextReading>("get_string/vault", false),
+        OfStores<NumberReading>("get_int/settings", true),
+        OfStores<NumberReading>("get_int/vault", false),
+        MakePair<Presence<LibraryPresence>, Presence<ByHandPresence>>("presence/at once", 0, 0),
+        MakePair<Presence<LibraryPresence>, Presence<ByHandPresence>>("presence/after 5 ms", 2, 5),
+    };
+}
+
+}  // namespace bench

@@ -1,0 +1,61 @@
+#include "simulator/classes/activation.h"
+
+#include "platform/interfaces/devices.h"
+#include "simulator/classes/api_information.h"
+#include "simulator/classes/application_data.h"
+#include "simulator/classes/configuration.h"
+#include "simulator/classes/controller.h"
+#include "simulator/classes/credentials.h"
+#include "simulator/classes/devices.h"
+#include "simulator/classes/menu.h"
+#include "simulator/classes/property_value.h"
+#include "simulator/classes/storage_file.h"
+#include "simulator/classes/streams.h"
+#include "simulator/classes/uri.h"
+#include "simulator/launcher/session.h"
+
+namespace dialsim {
+
+namespace {
+
+constexpr HRESULT kClassNotRegistered = static_cast<HRESULT>(0x80040154);  // REGDB_E_CLASSNOTREG
+
+struct ActivatableClassEntry {
+    const char* name;
+    Ref<abi::IInspectable> (*make_factory)();
+};
+
+constexpr ActivatableClassEntry kClasses[] = {
+    {abi::ApiInformation::Name, MakeApiInformation},
+    {abi::ApplicationData::Name, MakeApplicationDataStatics},
+    {abi::PasswordCredential::Name, MakeCredentialFactory},
+    {abi::PasswordVault::Name, MakeVaultFactory},
+    {abi::RadialController::Name, MakeControllerFactory},
+    {abi::RadialControllerConfiguration::Name, MakeConfigurationFactory},
+    {abi::RadialControllerMenuItem::Name, MakeMenuItemStatics},
+    {abi::DeviceInformation::Name, MakeDeviceInformationStatics},
+    {abi::PropertyValue::Name, MakePropertyValueStatics},
+    {abi::RandomAccessStreamReference::Name, MakeStreamReferenceStatics},
+    {abi::StorageFile::Name, MakeStorageFileStatics},
+    {abi::Uri::Name, MakeUriFactory},
+};
+
+}  // namespace
+
+HRESULT GetClassFactory(HSTRING class_name, const IID& iid, void** factory) {
+    BeforeTheFirstClass();
+    *factory = nullptr;
+    const std::string wanted = Narrow(View(class_name));
+    for (const ActivatableClassEntry& entry : kClasses) {
+        if (wanted == entry.name) {
+            return entry.make_factory()->QueryInterface(iid, factory);
+        }
+    }
+    return kClassNotRegistered;
+}
+
+const char* ActivatableClass(std::size_t index) {
+    return index < std::size(kClasses) ? kClasses[index].name : nullptr;
+}
+
+}  // namespace dialsim

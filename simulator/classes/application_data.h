@@ -1,0 +1,15 @@
+// The application's own settings, for programs with the identity of a package.
+#pragma once
+
+#include "platform/interfaces/storage.h"
+#include "simulator/classes/object.h"
+
+namespace dialsim {
+
+Ref<abi::IInspectable> MakeApplicationDataStatics();
+
+void SetPackaged(bool packaged);
+// As the environment says.
+void ResetPackaged();
+
+}  // namespace dialsim

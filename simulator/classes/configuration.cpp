@@ -1,0 +1,236 @@
+#include "simulator/classes/configuration.h"
+
+#include <algorithm>
+#include <iterator>
+#include <map>
+#include <mutex>
+
+#include "sync.h"
+
+namespace dialsim {
+
+namespace {
+
+using Kind = abi::RadialControllerSystemMenuItemKind;
+using Kinds = std::vector<std::int32_t>;
+using Sequence = abi::IIterable<Kind>;
+using Iterator = abi::IIterator<Kind>;
+
+constexpr const char* kNames[] = {"Scroll", "Zoom", "UndoRedo", "Volume", "NextPreviousTrack"};
+constexpr HRESULT kUnexpected = static_cast<HRESULT>(0x8000FFFF);  // E_UNEXPECTED
+
+const Kinds kAll = {0, 1, 2, 3, 4};
+
+bool Exists(std::int32_t kind) { return std::find(kAll.begin(), kAll.end(), kind) != kAll.end(); }
+
+std::uint64_t Number(HWND window) { return reinterpret_cast<std::uintptr_t>(window); }
+
+class Configuration;
+
+// The settings outlive the objects; the objects are the same for a window as long as somebody has one.
+struct Configurations {
+    Mutex mutex;
+    std::map<std::uint64_t, Kinds> kinds;
+    std::map<std::uint64_t, Configuration*> objects;
+    bool keep_sequences = false;
+    Ref<Sequence> kept_sequence;
+    Ref<Iterator> kept_iterator;
+};
+
+Configurations& TheConfigurations() {
+    static Configurations& configurations = *new Configurations;
+    return configurations;
+}
+
+void SetKinds(std::uint64_t window, Kinds kinds) {
+    const std::lock_guard guard(TheConfigurations().mutex);
+    TheConfigurations().kinds[window] = std::move(kinds);
+}
+
+// Runs whatever code the sequence is made of: no lock is held.
+HRESULT ReadAll(Iterator& iterator, Kinds& kinds) {
+    abi::boolean more = 0;
+    for (HRESULT code = iterator.get_HasCurrent(&more);; code = iterator.MoveNext(&more)) {
+        if (code < 0 || more == 0) {
+            return code;
+        }
+        Kind kind{};
+        if (const HRESULT current = iterator.get_Current(&kind); current < 0) {
+            return current;
+        }
+        kinds.push_back(static_cast<std::int32_t>(kind));
+    }
+}
+
+Ref<Iterator> First(Sequence& sequence, HRESULT& code) {
+    Iterator* iterator = nullptr;
+    code = sequence.First(&iterator);
+    if (code >= 0 && iterator == nullptr) {
+        code = kUnexpected;
+    }
+    return Ref<Iterator>::Adopt(code < 0 ? nullptr : iterator);
+}
+
+class Configuration final : public Object<abi::IRadialControllerConfiguration> {
+    using Interface = abi::IRadialControllerConfiguration;
+
+public:
+    explicit Configuration(std::uint64_t window)
+        : Object(abi::RadialControllerConfiguration::Name), window_(window) {}
+
+    HRESULT SetDefaultMenuItems(Sequence* buttons) noexcept override {
+        return Perform(MethodName<Interface>("SetDefaultMenuItems"), "", [&] {
+            if (buttons == nullptr) {
+                return E_INVALIDARG;
+            }
+            HRESULT code = S_OK;
+            const Ref<Iterator> iterator = First(*buttons, code);
+            Kinds kinds;
+            if (iterator) {
+                code = ReadAll(*iterator.get(), kinds);
+                Keep(Ref(buttons), iterator);
+            }
+            if (code < 0) {
+                return code;
+            }
+            TheJournal().Note("system items", Text(kinds));
+            if (!std::all_of(kinds.begin(), kinds.end(), Exists)) {
+                return E_INVALIDARG;
+            }
+            SetKinds(window_, std::move(kinds));
+            return S_OK;
+        });
+    }
+    HRESULT ResetToDefaultMenuItems() noexcept override {
+        return Perform(MethodName<Interface>("ResetToDefaultMenuItems"), "", [&] {
+            SetKinds(window_, kAll);
+            return S_OK;
+        });
+    }
+    HRESULT TrySelectDefaultMenuItem(Kind type, abi::boolean* result) noexcept override {
+        const auto kind = static_cast<std::int32_t>(type);
+        return PerformInto(MethodName<Interface>("TrySelectDefaultMenuItem"), std::to_string(kind), result,
+                           [&] {
+                               const Kinds shown = SystemItems(window_);
+                               *result = std::find(shown.begin(), shown.end(), kind) != shown.end();
+                               return S_OK;
+                           });
+    }
+
+private:
+    ~Configuration() override {
+        const std::lock_guard guard(TheConfigurations().mutex);
+        auto& objects = TheConfigurations().objects;
+        if (const auto found = objects.find(window_); found != objects.end() && found->second == this) {
+            objects.erase(found);
+        }
+    }
+
+    static void Keep(Ref<Sequence> sequence, Ref<Iterator> iterator) {
+        const std::lock_guard guard(TheConfigurations().mutex);
+        if (TheConfigurations().keep_sequences) {
+            std::swap(TheConfigurations().kept_sequence, sequence);
+            std::swap(TheConfigurations().kept_iterator, iterator);
+        }
+    }
+    static std::string Text(const Kinds& kinds) {
+        std::string text;
+        for (const std::int32_t kind : kinds) {
+            text += (text.empty() ? "" : ", ") + std::to_string(kind);
+        }
+        return text;
+    }
+
+    const std::uint64_t window_;
+};
+
+Ref<Configuration> ConfigurationOf(std::uint64_t window) {
+    const std::lock_guard guard(TheConfigurations().mutex);
+    Configuration*& known = TheConfigurations().objects[window];
+    if (known != nullptr && known->TryAddRef()) {
+        return Ref<Configuration>::Adopt(known);
+    }
+    auto made = Make<Configuration>(window);
+    known = made.get();
+    return made;
+}
+
+class ConfigurationFactory final
+    : public Object<abi::IActivationFactory, abi::IRadialControllerConfigurationInterop> {
+    using Interop = abi::IRadialControllerConfigurationInterop;
+
+public:
+    ConfigurationFactory() : Object(TypeName<Interop>()) {}
+
+    // A configuration is a window's.
+    HRESULT ActivateInstance(abi::IInspectable** instance) noexcept override {
+        return PerformInto(MethodName<abi::IActivationFactory>("ActivateInstance"), "", instance,
+                           [] { return E_NOTIMPL; });
+    }
+    HRESULT GetForWindow(HWND window, const GUID& iid, void** result) noexcept override {
+        return PerformInto(MethodName<Interop>("GetForWindow"), std::to_string(Number(window)), result, [&] {
+            const Unobserved platforms_own;
+            return ConfigurationOf(Number(window))->QueryInterface(iid, result);
+        });
+    }
+};
+
+}  // namespace
+
+Ref<abi::IInspectable> MakeConfigurationFactory() {
+    return Ref<abi::IInspectable>::Adopt(static_cast<abi::IActivationFactory*>(new ConfigurationFactory));
+}
+
+std::vector<std::int32_t> SystemItems(std::uint64_t window) {
+    const std::lock_guard guard(TheConfigurations().mutex);
+    const auto found = TheConfigurations().kinds.find(window);
+    return found == TheConfigurations().kinds.end() ? kAll : found->second;
+}
+
+std::string SystemItemName(std::int32_t kind) { return Exists(kind) ? kNames[kind] : std::to_string(kind); }
+
+void KeepSequences(bool keep) {
+    const std::lock_guard guard(TheConfigurations().mutex);
+    TheConfigurations().keep_sequences = keep;
+}
+
+HRESULT UseKeptSequence() {
+    Ref<Sequence> sequence;
+    Ref<Iterator> iterator;
+    {
+        const std::lock_guard guard(TheConfigurations().mutex);
+        std::swap(sequence, TheConfigurations().kept_sequence);
+        std::swap(iterator, TheConfigurations().kept_iterator);
+    }
+    if (!sequence) {
+        return S_FALSE;
+    }
+    HRESULT code = S_OK;
+    const Ref<Iterator> again = First(*sequence.get(), code);
+    Kinds kinds;
+    for (Iterator* used : {again.get(), iterator.get()}) {
+        if (used != nullptr) {
+            abi::boolean answer = 0;
+            Kind kind{};
+            std::uint32_t count = 0;
+            for (const HRESULT use : {used->get_HasCurrent(&answer), used->get_Current(&kind),
+                                      used->MoveNext(&answer), used->GetMany(1, &kind, &count)}) {
+                code = code < 0 ? use : code;
+            }
+        }
+    }
+    return code;
+}
+
+void ResetConfigurations() {
+    Ref<Sequence> sequence;
+    Ref<Iterator> iterator;
+    const std::lock_guard guard(TheConfigurations().mutex);
+    std::swap(sequence, TheConfigurations().kept_sequence);
+    std::swap(iterator, TheConfigurations().kept_iterator);
+    TheConfigurations().keep_sequences = false;
+    TheConfigurations().kinds.clear();
+    TheConfigurations().objects.clear();
+}
+
+}  // namespace dialsim

@@ -1,0 +1,135 @@
+// One event of a platform object: its handlers and their tokens.
+#pragma once
+
+#include <cstdint>
+#include <exception>
+#include <memory>
+#include <mutex>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "simulator/classes/object.h"
+#include "simulator/functions/marshal.h"
+#include "sync.h"
+
+namespace dialsim {
+
+// What became of a raised event: the first failure among its handlers.
+struct Outcome {
+    HRESULT code = S_OK;
+    bool raised = false;
+    std::string what;
+
+    void Join(Outcome other) {
+        if (code >= 0 && !raised) {
+            *this = std::move(other);
+        }
+    }
+};
+
+inline constexpr HRESULT kWrongThread = static_cast<HRESULT>(0x8001010E);  // RPC_E_WRONG_THREAD
+
+// A handler that the platform holds; entered in the accounts as long as it does.
+template <class Handler>
+class HeldHandler {
+public:
+    explicit HeldHandler(Handler* handler) : handler_(handler), agile_(IsAgile(handler)) {
+        TheAccounts().HandlerTaken(handler);
+    }
+    HeldHandler(const HeldHandler&) = delete;
+    HeldHandler& operator=(const HeldHandler&) = delete;
+    ~HeldHandler() { TheAccounts().HandlerReleased(handler_.get()); }
+
+    // Nothing stands above the platform: what a handler raises stops here and is reported. One that is not
+    // agile belongs to the thread that subscribed it.
+    template <class... Arguments>
+    Outcome Call(Arguments... arguments) const {
+        if (!agile_ && home_ != CurrentThread()) {
+            return {kWrongThread, false, {}};
+        }
+        try {
+            return {handler_->Invoke(arguments...), false, {}};
+        } catch (const std::exception& error) {
+            return {S_OK, true, error.what()};
+        } catch (...) {
+            return {S_OK, true, "something that is no standard exception"};
+        }
+    }
+
+    HRESULT CopyTo(Handler** result) const { return handler_.CopyTo(result); }
+
+    // Whether it arrives in every apartment as itself.
+    bool MarshalsFreeThreaded() const {
+        IMarshal* marshal = nullptr;
+        if (handler_->QueryInterface(IMarshal::Iid, reinterpret_cast<void**>(&marshal)) < 0) {
+            return false;
+        }
+        GUID unmarshaler{};
+        const HRESULT code =
+            marshal->GetUnmarshalClass(Handler::Iid, handler_.get(), kInProcess, nullptr, 0, &unmarshaler);
+        marshal->Release();
+        return code >= 0 && abi::SameId(unmarshaler, kFreeThreadedMarshaler);
+    }
+
+private:
+    static bool IsAgile(Handler* handler) {
+        abi::IAgileObject* marker = nullptr;
+        if (handler->QueryInterface(abi::IAgileObject::Iid, reinterpret_cast<void**>(&marker)) < 0) {
+            return false;
+        }
+        marker->Release();
+        return true;
+    }
+
+    const Ref<Handler> handler_;
+    const bool agile_;
+    const std::uint64_t home_ = CurrentThread();
+};
+
+template <class Handler>
+class Event {
+public:
+    HRESULT Add(Handler* handler, EventRegistrationToken* token) {
+        if (handler == nullptr) {
+            return E_INVALIDARG;
+        }
+        auto held = std::make_shared<HeldHandler<Handler>>(handler);
+        const std::lock_guard guard(mutex_);
+        token->value = ++last_token_;
+        handlers_.emplace_back(last_token_, std::move(held));
+        return S_OK;
+    }
+
+    // An unknown token is no failure.
+    HRESULT Remove(EventRegistrationToken token) {
+        const Handlers before = Snapshot();  // what is removed ends with it, after the lock
+        const std::lock_guard guard(mutex_);
+        std::erase_if(handlers_, [&](const auto& entry) { return entry.first == token.value; });
+        return S_OK;
+    }
+
+    // Calls the handlers of this moment, with no lock held.
+    template <class Sender, class Args>
+    Outcome Raise(Sender* sender, Args* args) {
+        Outcome outcome;
+        for (const auto& [token, handler] : Snapshot()) {
+            outcome.Join(handler->Call(sender, args));
+        }
+        return outcome;
+    }
+
+private:
+    using Handlers = std::vector<std::pair<std::int64_t, std::shared_ptr<HeldHandler<Handler>>>>;
+
+    Handlers Snapshot() {
+        const std::lock_guard guard(mutex_);
+        return handlers_;
+    }
+
+    Mutex mutex_;
+    Handlers handlers_;
+    std::int64_t last_token_ = 0;
+};
+
+}  // namespace dialsim

@@ -1,0 +1,397 @@
+#include "simulator/classes/menu.h"
+
+#include <array>
+
+#include "simulator/classes/png_header.h"
+#include "simulator/classes/streams.h"
+#include "simulator/classes/uri.h"
+#include "simulator/classes/vectors.h"
+
+namespace dialsim {
+
+namespace {
+
+// Whatever is removed is released outside the lock: an item's end may run code of others.
+template <class Body>
+HRESULT Locked(Mutex& mutex, Body body) {
+    const std::lock_guard guard(mutex);
+    return body();
+}
+
+}  // namespace
+
+MenuItem::MenuItem(WideView label, Picture picture)
+    : Object(abi::RadialControllerMenuItem::Name), label_(label), picture_(std::move(picture)) {}
+
+HRESULT MenuItem::get_DisplayText(HSTRING* result) noexcept {
+    return PerformInto(MethodName<Interface>("get_DisplayText"), "", result,
+                       [&] { return NewString(label_, result); });
+}
+
+HRESULT MenuItem::get_Tag(abi::IInspectable** result) noexcept {
+    return PerformInto(MethodName<Interface>("get_Tag"), "", result,
+                       [&] { return Locked(mutex_, [&] { return tag_.CopyTo(result); }); });
+}
+
+HRESULT MenuItem::put_Tag(abi::IInspectable* value) noexcept {
+    return Perform(MethodName<Interface>("put_Tag"), "", [&] {
+        Ref<abi::IInspectable> tag(value);
+        return Locked(mutex_, [&] {
+            std::swap(tag_, tag);
+            return S_OK;
+        });
+    });
+}
+
+HRESULT MenuItem::add_Invoked(
+    abi::TypedEventHandler<abi::RadialControllerMenuItem, abi::IInspectable>* handler,
+    EventRegistrationToken* result) noexcept {
+    return PerformInto(MethodName<Interface>("add_Invoked"), "", result,
+                       [&] { return invoked_.Add(handler, result); });
+}
+
+HRESULT MenuItem::remove_Invoked(EventRegistrationToken token) noexcept {
+    return Perform(MethodName<Interface>("remove_Invoked"), "", [&] { return invoked_.Remove(token); });
+}
+
+Outcome MenuItem::Invoke() {
+    return invoked_.Raise(static_cast<Interface*>(this), static_cast<abi::IInspectable*>(nullptr));
+}
+
+HRESULT MenuItems::GetAt(std::uint32_t index, Element** result) noexcept {
+    return PerformInto(MethodName<Interface>("GetAt"), std::to_string(index), result, [&] {
+        Ref<Element> removed;
+        return Locked(mutex_, [&] {
+            const HRESULT code = index < items_.size() ? items_[index].CopyTo(result) : kOutOfBounds;
+            if (calls_until_shrinking_ && --*calls_until_shrinking_ == 0) {
+                calls_until_shrinking_.reset();
+                if (!items_.empty()) {
+                    removed = std::move(items_.back());
+                    items_.pop_back();
+                }
+            }
+            return code;
+        });
+    });
+}
+
+HRESULT MenuItems::get_Size(std::uint32_t* result) noexcept {
+    return PerformInto(MethodName<Interface>("get_Size"), "", result, [&] {
+        return Locked(mutex_, [&] {
+            *result = static_cast<std::uint32_t>(items_.size());
+            return S_OK;
+        });
+    });
+}
+
+HRESULT MenuItems::GetView(abi::IVectorView<abi::RadialControllerMenuItem>** result) noexcept {
+    return PerformInto(MethodName<Interface>("GetView"), "", result, [&] {
+        return Make<VectorView<abi::RadialControllerMenuItem>>(Snapshot()).CopyTo(result);
+    });
+}
+
+HRESULT MenuItems::IndexOf(Element* value, std::uint32_t* index, abi::boolean* result) noexcept {
+    return PerformInto(MethodName<Interface>("IndexOf"), "", result, [&] {
+        return Locked(mutex_, [&] {
+            const auto found = std::find_if(items_.begin(), items_.end(),
+                                            [&](const auto& item) { return item.get() == value; });
+            *index = static_cast<std::uint32_t>(found == items_.end() ? 0 : found - items_.begin());
+            *result = found != items_.end();
+            return S_OK;
+        });
+    });
+}
+
+HRESULT MenuItems::SetAt(std::uint32_t index, Element* value) noexcept {
+    return Perform(MethodName<Interface>("SetAt"), std::to_string(index), [&] {
+        Ref<Element> item(value);
+        return Locked(mutex_, [&] {
+            if (index >= items_.size()) {
+                return kOutOfBounds;
+            }
+            std::swap(items_[index], item);
+            return S_OK;
+        });
+    });
+}
+
+HRESULT MenuItems::InsertAt(std::uint32_t index, Element* value) noexcept {
+    return Perform(MethodName<Interface>("InsertAt"), std::to_string(index), [&] {
+        return Locked(mutex_, [&] {
+            if (index > items_.size()) {
+                return kOutOfBounds;
+            }
+            items_.emplace(items_.begin() + index, value);
+            return S_OK;
+        });
+    });
+}
+
+HRESULT MenuItems::RemoveAt(std::uint32_t index) noexcept {
+    return Perform(MethodName<Interface>("RemoveAt"), std::to_string(index), [&] {
+        Ref<Element> removed;
+        return Locked(mutex_, [&] {
+            if (index >= items_.size()) {
+                return kOutOfBounds;
+            }
+            removed = std::move(items_[index]);
+            items_.erase(items_.begin() + index);
+            return S_OK;
+        });
+    });
+}
+
+HRESULT MenuItems::Append(Element* value) noexcept {
+    return Perform(MethodName<Interface>("Append"), "", [&] {
+        return Locked(mutex_, [&] {
+            items_.emplace_back(value);
+            return S_OK;
+        });
+    });
+}
+
+HRESULT MenuItems::RemoveAtEnd() noexcept {
+    return Perform(MethodName<Interface>("RemoveAtEnd"), "", [&] {
+        Ref<Element> removed;
+        return Locked(mutex_, [&] {
+            if (items_.empty()) {
+                return kOutOfBounds;
+            }
+            removed = std::move(items_.back());
+            items_.pop_back();
+            return S_OK;
+        });
+    });
+}
+
+HRESULT MenuItems::Clear() noexcept {
+    return Perform(MethodName<Interface>("Clear"), "", [&] {
+        std::vector<Ref<Element>> removed;
+        return Locked(mutex_, [&] {
+            removed.swap(items_);
+            return S_OK;
+        });
+    });
+}
+
+HRESULT MenuItems::GetMany(std::uint32_t start, std::uint32_t count, Element** items,
+                           std::uint32_t* result) noexcept {
+    return PerformInto(MethodName<Interface>("GetMany"), "", result, [&] {
+        return Locked(mutex_, [&] {
+            *result = 0;
+            while (*result < count && start + *result < items_.size()) {
+                items_[start + *result].CopyTo(&items[*result]);
+                ++*result;
+            }
+            return S_OK;
+        });
+    });
+}
+
+HRESULT MenuItems::ReplaceAll(std::uint32_t count, Element** items) noexcept {
+    return Perform(MethodName<Interface>("ReplaceAll"), "", [&] {
+        std::vector<Ref<Element>> replaced;
+        for (std::uint32_t i = 0; i < count; ++i) {
+            replaced.emplace_back(items[i]);
+        }
+        return Locked(mutex_, [&] {
+            replaced.swap(items_);
+            return S_OK;
+        });
+    });
+}
+
+std::vector<Ref<MenuItems::Element>> MenuItems::Snapshot() {
+    const std::lock_guard guard(mutex_);
+    return items_;
+}
+
+void MenuItems::ShrinkAfter(std::uint32_t calls) {
+    Ref<Element> removed;
+    const std::lock_guard guard(mutex_);
+    if (calls > 0) {
+        calls_until_shrinking_ = calls;
+    } else if (!items_.empty()) {
+        removed = std::move(items_.back());
+        items_.pop_back();
+    }
+}
+
+RadialMenu::RadialMenu() : Object(abi::RadialControllerMenu::Name), items_(Make<MenuItems>()) {}
+
+HRESULT RadialMenu::get_Items(abi::IVector<abi::RadialControllerMenuItem>** result) noexcept {
+    return PerformInto(MethodName<Interface>("get_Items"), "", result, [&] { return items_.CopyTo(result); });
+}
+
+HRESULT RadialMenu::get_IsEnabled(abi::boolean* result) noexcept {
+    return PerformInto(MethodName<Interface>("get_IsEnabled"), "", result, [&] {
+        return Locked(mutex_, [&] {
+            *result = enabled_;
+            return S_OK;
+        });
+    });
+}
+
+HRESULT RadialMenu::put_IsEnabled(abi::boolean value) noexcept {
+    return Perform(MethodName<Interface>("put_IsEnabled"), std::to_string(value), [&] {
+        return Locked(mutex_, [&] {
+            enabled_ = value != 0;
+            return S_OK;
+        });
+    });
+}
+
+HRESULT RadialMenu::GetSelectedMenuItem(abi::IRadialControllerMenuItem** result) noexcept {
+    return PerformInto(MethodName<Interface>("GetSelectedMenuItem"), "", result,
+                       [&] { return StillThere(Selected()).CopyTo(result); });
+}
+
+HRESULT RadialMenu::SelectMenuItem(abi::IRadialControllerMenuItem* item) noexcept {
+    return Perform(MethodName<Interface>("SelectMenuItem"), "", [&] {
+        Ref<abi::IRadialControllerMenuItem> wanted = StillThere(Ref(item));
+        if (!wanted) {
+            return E_INVALIDARG;
+        }
+        Select(std::move(wanted));
+        return S_OK;
+    });
+}
+
+HRESULT RadialMenu::TrySelectPreviouslySelectedMenuItem(abi::boolean* result) noexcept {
+    return PerformInto(MethodName<Interface>("TrySelectPreviouslySelectedMenuItem"), "", result, [&] {
+        Ref<abi::IRadialControllerMenuItem> previous;
+        Locked(mutex_, [&] {
+            previous = previous_;
+            return S_OK;
+        });
+        previous = StillThere(previous);
+        *result = static_cast<bool>(previous);
+        if (previous) {
+            Select(std::move(previous));
+        }
+        return S_OK;
+    });
+}
+
+Outcome RadialMenu::Choose(std::uint32_t index) {
+    const auto items = items_->Snapshot();
+    if (index >= items.size() || !items[index]) {
+        return {kOutOfBounds, false, {}};
+    }
+    Select(items[index]);
+    auto* item = dynamic_cast<MenuItem*>(items[index].get());
+    return item == nullptr ? Outcome() : item->Invoke();
+}
+
+Ref<abi::IRadialControllerMenuItem> RadialMenu::Selected() {
+    const std::lock_guard guard(mutex_);
+    return selected_;
+}
+
+Ref<abi::IRadialControllerMenuItem> RadialMenu::StillThere(const Ref<abi::IRadialControllerMenuItem>& item) {
+    for (const auto& present : items_->Snapshot()) {
+        if (item && present.get() == item.get()) {
+            return item;
+        }
+    }
+    return {};
+}
+
+void RadialMenu::Select(Ref<abi::IRadialControllerMenuItem> item) {
+    Ref<abi::IRadialControllerMenuItem> forgotten;
+    const std::lock_guard guard(mutex_);
+    forgotten = std::exchange(previous_, std::exchange(selected_, std::move(item)));
+}
+
+namespace {
+
+constexpr std::array<const char*, 9> kIconNames = {
+    "Scroll", "Zoom",     "UndoRedo",     "Volume", "NextPreviousTrack",
+    "Ruler",  "InkColor", "InkThickness", "PenType"};
+
+// Icons are small; of what is longer, nothing can be drawn.
+constexpr std::size_t kLongestPng = 65536;
+
+// "PNG file 32x32"
+Picture PictureOf(abi::IRandomAccessStreamReference* icon) {
+    const Unobserved platforms_own;
+    Picture picture{"broken picture", Ref(icon), ReadBeginning(icon, kLongestPng)};
+    if (const auto size = SizeOfPng(picture.png)) {
+        picture.source = "PNG " + KindOfReference(icon) + " " + std::to_string(size->width) + "x" +
+                         std::to_string(size->height);
+    }
+    return picture;
+}
+
+class MenuItemStatics final
+    : public Object<abi::IRadialControllerMenuItemStatics, abi::IRadialControllerMenuItemStatics2> {
+    using First = abi::IRadialControllerMenuItemStatics;
+    using Second = abi::IRadialControllerMenuItemStatics2;
+    using Item = abi::IRadialControllerMenuItem;
+
+public:
+    MenuItemStatics() : Object(TypeName<First>()) {}
+
+    // The picture is read here and never again: what it was read from may go while the item stays.
+    HRESULT CreateFromIcon(HSTRING label, abi::IRandomAccessStreamReference* icon,
+                           Item** result) noexcept override {
+        return PerformInto(MethodName<First>("CreateFromIcon"), Narrow(View(label)), result, [&] {
+            return icon == nullptr ? E_INVALIDARG : MakeItem(label, PictureOf(icon), result);
+        });
+    }
+    HRESULT CreateFromKnownIcon(HSTRING label, abi::RadialControllerMenuKnownIcon icon,
+                                Item** result) noexcept override {
+        const auto number = static_cast<std::uint32_t>(icon);
+        return PerformInto(MethodName<First>("CreateFromKnownIcon"), std::to_string(number), result, [&] {
+            if (number >= kIconNames.size()) {
+                return E_INVALIDARG;
+            }
+            Picture picture{std::string("known icon ") + kIconNames[number]};
+            picture.known_icon = number;
+            return MakeItem(label, std::move(picture), result);
+        });
+    }
+    HRESULT CreateFromFontGlyph(HSTRING label, HSTRING glyph, HSTRING family,
+                                Item** result) noexcept override {
+        const std::string source = "glyph " + Narrow(View(glyph)) + " of " + Narrow(View(family));
+        return PerformInto(MethodName<Second>("CreateFromFontGlyph"), source, result,
+                           [&] { return MakeItem(label, GlyphOf(source, glyph, family, {}), result); });
+    }
+    HRESULT CreateFromFontGlyphWithUri(HSTRING label, HSTRING glyph, HSTRING family,
+                                       abi::IUriRuntimeClass* uri, Item** result) noexcept override {
+        const std::string file = AbsoluteUri(uri);
+        const std::string source = "glyph " + Narrow(View(glyph)) + " of font file " + file;
+        return PerformInto(MethodName<Second>("CreateFromFontGlyphWithUri"), source, result, [&] {
+            return uri == nullptr ? E_INVALIDARG
+                                  : MakeItem(label, GlyphOf(source, glyph, family, file), result);
+        });
+    }
+
+private:
+    static Picture GlyphOf(const std::string& source, HSTRING glyph, HSTRING family, std::string file) {
+        Picture picture{source};
+        picture.glyph = View(glyph);
+        picture.font_family = View(family);
+        picture.font_file = std::move(file);
+        return picture;
+    }
+    static HRESULT MakeItem(HSTRING label, Picture picture, Item** result) {
+        return Make<MenuItem>(View(label), std::move(picture)).CopyTo(result);
+    }
+};
+
+}  // namespace
+
+Ref<abi::IInspectable> MakeMenuItemStatics() {
+    return Ref<abi::IInspectable>::Adopt(
+        static_cast<abi::IRadialControllerMenuItemStatics*>(new MenuItemStatics));
+}
+
+Ref<abi::IRadialControllerMenuItem> MakeItem(const std::string& label, abi::IInspectable* tag) {
+    auto item = Make<MenuItem>(Widen(label), Picture{"no picture"});
+    const Unobserved platforms_own;
+    item->put_Tag(tag);
+    return Ref<abi::IRadialControllerMenuItem>(item.get());
+}
+
+}  // namespace dialsim

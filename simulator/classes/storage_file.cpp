@@ -1,0 +1,84 @@
+#include "simulator/classes/storage_file.h"
+
+#include "simulator/classes/async.h"
+#include "simulator/system/files.h"
+
+namespace dialsim {
+
+namespace {
+
+constexpr HRESULT kFileNotFound = static_cast<HRESULT>(0x80070002);
+
+class StorageFile final : public Object<abi::IStorageFile> {
+public:
+    explicit StorageFile(WideString path) : Object(abi::StorageFile::Name), path_(std::move(path)) {}
+
+    const WideString& path() const { return path_; }
+
+private:
+    const WideString path_;
+};
+
+class StorageFileStatics final : public Object<abi::IStorageFileStatics> {
+    using Interface = abi::IStorageFileStatics;
+    using Operation = abi::IAsyncOperation<abi::StorageFile>;
+
+public:
+    StorageFileStatics() : Object(TypeName<Interface>()) {}
+
+    HRESULT GetFileFromPathAsync(HSTRING path, Operation** result) noexcept override {
+        return PerformInto(MethodName<Interface>("GetFileFromPathAsync"), Narrow(View(path)), result,
+                           [&] { return StartOpening(WideString(View(path))).CopyTo(result); });
+    }
+    HRESULT GetFileFromApplicationUriAsync(abi::IUriRuntimeClass*, Operation** result) noexcept override {
+        return Refuse("GetFileFromApplicationUriAsync", result);
+    }
+    HRESULT CreateStreamedFileAsync(HSTRING, abi::StreamedFileDataRequestedHandler*,
+                                    abi::IRandomAccessStreamReference*,
+                                    Operation** result) noexcept override {
+        return Refuse("CreateStreamedFileAsync", result);
+    }
+    HRESULT ReplaceWithStreamedFileAsync(abi::IStorageFile*, abi::StreamedFileDataRequestedHandler*,
+                                         abi::IRandomAccessStreamReference*,
+                                         Operation** result) noexcept override {
+        return Refuse("ReplaceWithStreamedFileAsync", result);
+    }
+    HRESULT CreateStreamedFileFromUriAsync(HSTRING, abi::IUriRuntimeClass*,
+                                           abi::IRandomAccessStreamReference*,
+                                           Operation** result) noexcept override {
+        return Refuse("CreateStreamedFileFromUriAsync", result);
+    }
+    HRESULT ReplaceWithStreamedFileFromUriAsync(abi::IStorageFile*, abi::IUriRuntimeClass*,
+                                                abi::IRandomAccessStreamReference*,
+                                                Operation** result) noexcept override {
+        return Refuse("ReplaceWithStreamedFileFromUriAsync", result);
+    }
+
+private:
+    // Whether there is a file is found out at once, and told when the operation completes.
+    static Ref<Operation> StartOpening(const WideString& path) {
+        if (!IsRooted(path)) {
+            return StartOperation<abi::StorageFile>(E_INVALIDARG, {});
+        }
+        if (!IsFile(path)) {
+            return StartOperation<abi::StorageFile>(kFileNotFound, {});
+        }
+        return StartOperation<abi::StorageFile>(S_OK, Ref<abi::IStorageFile>::Adopt(new StorageFile(path)));
+    }
+    static HRESULT Refuse(std::string_view method, Operation** result) {
+        return PerformInto(MethodName<Interface>(method), "", result, [] { return E_NOTIMPL; });
+    }
+};
+
+}  // namespace
+
+Ref<abi::IInspectable> MakeStorageFileStatics() {
+    return Ref<abi::IInspectable>::Adopt(new StorageFileStatics);
+}
+
+WideString PathOf(abi::IStorageFile* file) {
+    const auto* ours = dynamic_cast<StorageFile*>(file);
+    return ours == nullptr ? WideString() : ours->path();
+}
+
+}  // namespace dialsim

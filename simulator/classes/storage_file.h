@@ -1,0 +1,14 @@
+// Files, opened asynchronously.
+#pragma once
+
+#include "platform/interfaces/storage.h"
+#include "simulator/classes/object.h"
+
+namespace dialsim {
+
+Ref<abi::IInspectable> MakeStorageFileStatics();
+
+// Empty for null and for files of others.
+WideString PathOf(abi::IStorageFile* file);
+
+}  // namespace dialsim

@@ -1,0 +1,99 @@
+#include "simulator/desktop/desktop.h"
+
+#include <windows.h>
+// after windows.h
+#include <gdiplus.h>
+
+#include <memory>
+#include <vector>
+
+#include "simulator/classes/controller.h"
+#include "simulator/desktop/dial_window.h"
+#include "simulator/desktop/gdiplus_session.h"
+#include "simulator/desktop/surface.h"
+#include "simulator/dial/dial.h"
+#include "simulator/functions/strings.h"
+
+namespace dialsim {
+
+namespace {
+
+constexpr int kMargin = 24;  // around what a screenshot shows
+constexpr std::uint32_t kDesk = 0xC9D3DF;
+
+// The encoder of PNG files, as the system names it.
+constexpr CLSID kPngEncoder = {0x557CF406, 0x1A04, 0x11D3, {0x9A, 0x73, 0x00, 0x00, 0xF8, 0x1E, 0xF3, 0x2E}};
+
+HWND HandleOf(std::uint64_t window) {
+    const auto controllers = TheDial().ControllersOf(window);
+    return reinterpret_cast<HWND>(controllers.empty() ? 0 : controllers.back()->window());
+}
+
+// What is on the screen at the places, on a plain ground.
+void Shoot(const Sheet& sheet, const std::vector<RECT>& places, POINT corner) {
+    sheet.Fill({0, 0}, sheet.width() + sheet.height(), {kDesk}, [](Spot) { return -1.0; });
+    const HDC screen = GetDC(nullptr);
+    for (const RECT& place : places) {
+        BitBlt(sheet.context(), place.left - corner.x, place.top - corner.y, place.right - place.left,
+               place.bottom - place.top, screen, place.left, place.top, SRCCOPY);
+    }
+    ReleaseDC(nullptr, screen);
+    GdiFlush();
+}
+
+// Soft edges are full of colours that nobody could tell apart, and that fill the file.
+void RoundColors(const Sheet& sheet) {
+    for (int y = 0; y < sheet.height(); ++y) {
+        for (int x = 0; x < sheet.width(); ++x) {
+            std::uint32_t& pixel = sheet.At(x, y);
+            pixel = (pixel & 0xFCFCFC) | (pixel >> 6 & 0x030303);
+        }
+    }
+}
+
+bool WritePng(const Sheet& sheet, const std::string& path) {
+    const GdiplusSession session;
+    Gdiplus::Bitmap bitmap(sheet.width(), sheet.height(), 4 * sheet.width(), PixelFormat32bppRGB,
+                           reinterpret_cast<BYTE*>(&sheet.At(0, 0)));
+    const std::unique_ptr<Gdiplus::Bitmap> opaque(
+        bitmap.Clone(0, 0, sheet.width(), sheet.height(), PixelFormat24bppRGB));
+    return opaque->Save(Widen(path).c_str(), &kPngEncoder, nullptr) == Gdiplus::Ok;
+}
+
+}  // namespace
+
+void OpenDial(std::uint64_t window) { OpenDialWindow(window); }
+
+void CloseWindow(std::uint64_t window) { PostMessageW(reinterpret_cast<HWND>(window), WM_CLOSE, 0, 0); }
+
+void ShowChanges() { ShowChangesInDialWindow(); }
+
+bool SendMouse(std::uint64_t window, MouseAction action, int x, int y) {
+    const UINT message = action == MouseAction::Down   ? WM_LBUTTONDOWN
+                         : action == MouseAction::Move ? WM_MOUSEMOVE
+                                                       : WM_LBUTTONUP;
+    const WPARAM buttons = action == MouseAction::Up ? 0 : MK_LBUTTON;
+    const HWND host = HandleOf(window);
+    SendMessageW(host, message, buttons, MAKELPARAM(x, y));
+    return IsWindow(host) != FALSE;
+}
+
+bool WriteScreenshot(std::uint64_t window, const std::string& path) {
+    std::vector<RECT> places = {ClientPlaceOf(HandleOf(window))};
+    if (const HWND dial = TheDialWindow()) {
+        places.push_back(ClientPlaceOf(dial));
+    }
+    RECT all{};
+    for (const RECT& place : places) {
+        UnionRect(&all, &all, &place);
+    }
+    if (IsRectEmpty(&all)) {
+        return false;
+    }
+    const Sheet sheet(all.right - all.left + 2 * kMargin, all.bottom - all.top + 2 * kMargin);
+    Shoot(sheet, places, {all.left - kMargin, all.top - kMargin});
+    RoundColors(sheet);
+    return WritePng(sheet, path);
+}
+
+}  // namespace dialsim

@@ -1,0 +1,17 @@
+// The pictures of menu items, from whatever they were given.
+#pragma once
+
+#include <cstdint>
+
+#include "simulator/classes/menu.h"
+#include "simulator/desktop/surface.h"
+
+namespace dialsim {
+
+// In a square of the size; nothing where the picture cannot be had.
+void DrawPicture(const Sheet& sheet, Spot middle, double size, std::uint32_t color, const Picture& picture);
+
+// One of the platform's own, 0 scroll ... 8 pen type.
+void DrawKnownIcon(const Sheet& sheet, Spot middle, double size, Ink ink, std::uint32_t icon);
+
+}  // namespace dialsim

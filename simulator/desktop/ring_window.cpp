@@ -1,0 +1,136 @@
+#include "simulator/desktop/ring_window.h"
+
+#include "simulator/desktop/icons.h"
+#include "simulator/dial/menu_model.h"
+#include "simulator/dial/open_menu.h"
+
+namespace dialsim {
+
+namespace {
+
+constexpr wchar_t kClassName[] = L"DialsimRing";
+constexpr int kSide = 360;
+constexpr Spot kMiddle{kSide / 2.0, kSide / 2.0};
+constexpr double kInner = 80;
+constexpr double kOuter = 172;
+constexpr double kBand = (kInner + kOuter) / 2;
+constexpr double kPictureSize = 40;
+
+constexpr std::uint32_t kRing = 0x1F242B;
+constexpr std::uint32_t kAccent = 0x1F6FEB;
+constexpr std::uint32_t kWhite = 0xFFFFFF;
+constexpr std::uint32_t kLabel = 0x1C2128;
+constexpr std::uint32_t kFaint = 0x6E7681;
+// The system's entries are there to be seen; they lead nowhere here.
+constexpr std::uint32_t kSystems = 0x7D8590;
+
+// A piece of the ring around an angle, with straight sides.
+void DrawPiece(const Sheet& sheet, double angle, double half_angle, Ink ink) {
+    sheet.Fill(kMiddle, kOuter, ink, [=](Spot spot) {
+        const double x = spot.x - kMiddle.x;
+        const double y = spot.y - kMiddle.y;
+        const double along = x * std::cos(angle) + y * std::sin(angle);
+        const double across = std::abs(y * std::cos(angle) - x * std::sin(angle));
+        const double beyond_side = across * std::cos(half_angle) - along * std::sin(half_angle);
+        return std::max(beyond_side, std::abs(std::hypot(x, y) - kBand) - (kOuter - kInner) / 2);
+    });
+}
+
+void DrawMiddle(const Sheet& sheet, const ShownItem& item) {
+    sheet.Disc(kMiddle, kInner + 0.5, {kWhite, 0.97});
+    sheet.Text({kMiddle.x, kMiddle.y - 4}, 22, FW_SEMIBOLD, kLabel, Widen(item.label).c_str());
+    sheet.Text({kMiddle.x, kMiddle.y + 24}, 12, FW_NORMAL, kFaint, L"click to choose");
+}
+
+void DrawMenu(const Sheet& sheet, const ShownMenu& menu, std::uint32_t highlighted) {
+    const std::size_t count = menu.items.size() + menu.system_items.size();
+    const double half_angle = std::acos(-1.0) / static_cast<double>(count);
+    sheet.Circle(kMiddle, kBand, kOuter - kInner, {kRing, 0.93});
+    DrawPiece(sheet, AngleInRing(highlighted, count), half_angle, {kAccent});
+    for (std::size_t i = 0; i < menu.items.size(); ++i) {
+        const double angle = AngleInRing(i, count);
+        DrawPicture(sheet, OnCircle(kMiddle, kBand, angle), kPictureSize, kWhite, menu.items[i].picture);
+        if (menu.items[i].selected) {
+            sheet.Arc(kMiddle, kOuter - 7, angle - half_angle / 3, angle + half_angle / 3, 4, {kWhite});
+        }
+    }
+    for (std::size_t i = 0; i < menu.system_items.size(); ++i) {
+        const Spot place = OnCircle(kMiddle, kBand, AngleInRing(menu.items.size() + i, count));
+        // The system's entries have the first of the known icons, in the same order.
+        DrawKnownIcon(sheet, place, kPictureSize, {kSystems},
+                      static_cast<std::uint32_t>(menu.system_items[i]));
+    }
+    DrawMiddle(sheet, menu.items[highlighted]);
+}
+
+HWND MakeWindow(WNDPROC procedure) {
+    WNDCLASSW window_class{};
+    window_class.lpfnWndProc = procedure;
+    window_class.hInstance = GetModuleHandleW(nullptr);
+    window_class.hCursor = LoadCursorW(nullptr, MAKEINTRESOURCEW(32512));  // IDC_ARROW
+    window_class.lpszClassName = kClassName;
+    RegisterClassW(&window_class);
+    const HWND window =
+        CreateWindowExW(WS_EX_TOPMOST | WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE, kClassName, L"", WS_POPUP, 0, 0,
+                        kSide, kSide, nullptr, nullptr, window_class.hInstance, nullptr);
+    SetWindowRgn(window, CreateEllipticRgn(0, 0, kSide, kSide), FALSE);
+    return window;
+}
+
+}  // namespace
+
+RingWindow::RingWindow()
+    : window_(MakeWindow(&RingWindow::OnMessage)), sheet_(std::make_unique<Sheet>(kSide, kSide)) {
+    SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(sheet_.get()));
+}
+
+RingWindow::~RingWindow() { DestroyWindow(window_); }
+
+void RingWindow::ShowChanges() {
+    const auto open = TheOpenMenu();
+    const auto menu = open ? LookAtMenu(open->window) : std::nullopt;
+    if (!menu || open->highlighted >= menu->items.size()) {
+        ShowWindow(window_, SW_HIDE);
+        background_.reset();
+        return;
+    }
+    if (!background_) {
+        PlaceOver(reinterpret_cast<HWND>(open->window));
+    }
+    BitBlt(sheet_->context(), 0, 0, kSide, kSide, background_->context(), 0, 0, SRCCOPY);
+    GdiFlush();
+    DrawMenu(*sheet_, *menu, open->highlighted);
+    ShowWindow(window_, SW_SHOWNOACTIVATE);
+    RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
+}
+
+// The ring lets what is behind it shine through, on systems too that cannot do that for windows.
+void RingWindow::PlaceOver(HWND host) {
+    RECT client{};
+    GetClientRect(host, &client);
+    POINT corner{(client.right - kSide) / 2, (client.bottom - kSide) / 2};
+    ClientToScreen(host, &corner);
+    background_ = std::make_unique<Sheet>(kSide, kSide);
+    const HDC screen = GetDC(nullptr);
+    BitBlt(background_->context(), 0, 0, kSide, kSide, screen, corner.x, corner.y, SRCCOPY);
+    ReleaseDC(nullptr, screen);
+    SetWindowPos(window_, HWND_TOPMOST, corner.x, corner.y, 0, 0, SWP_NOSIZE | SWP_NOACTIVATE);
+}
+
+LRESULT CALLBACK RingWindow::OnMessage(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
+    if (message == WM_LBUTTONDOWN) {
+        CloseMenu();
+        return 0;
+    }
+    if (message != WM_PAINT) {
+        return DefWindowProcW(window, message, wparam, lparam);
+    }
+    PAINTSTRUCT paint;
+    const HDC context = BeginPaint(window, &paint);
+    const auto* sheet = reinterpret_cast<const Sheet*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+    BitBlt(context, 0, 0, kSide, kSide, sheet->context(), 0, 0, SRCCOPY);
+    EndPaint(window, &paint);
+    return 0;
+}
+
+}  // namespace dialsim

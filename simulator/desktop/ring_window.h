@@ -1,0 +1,33 @@
+// The open menu over the host's window: a ring of items, the highlighted one marked, its label in the middle.
+#pragma once
+
+#include <windows.h>
+
+#include <memory>
+
+#include "simulator/desktop/surface.h"
+
+namespace dialsim {
+
+// Made, used and destroyed on one thread, which handles its messages.
+class RingWindow {
+public:
+    RingWindow();
+    RingWindow(const RingWindow&) = delete;
+    RingWindow& operator=(const RingWindow&) = delete;
+    ~RingWindow();
+
+    // Appears, changes or goes, as the open menu is now.
+    void ShowChanges();
+
+private:
+    static LRESULT CALLBACK OnMessage(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
+    void PlaceOver(HWND host);
+
+    const HWND window_;
+    // What it covers; there while it is shown.
+    std::unique_ptr<Sheet> background_;
+    const std::unique_ptr<Sheet> sheet_;
+};
+
+}  // namespace dialsim

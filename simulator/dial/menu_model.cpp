@@ -1,0 +1,240 @@
+#include "simulator/dial/menu_model.h"
+
+#include <cmath>
+#include <cstdio>
+#include <optional>
+#include <vector>
+
+#include "simulator/classes/configuration.h"
+#include "simulator/classes/controller.h"
+#include "simulator/classes/property_value.h"
+#include "simulator/functions/real.h"
+
+namespace dialsim {
+
+namespace {
+
+// What a line of text cannot show becomes a space.
+std::string InOneLine(std::string text) {
+    for (char& c : text) {
+        if (static_cast<unsigned char>(c) < 0x20 || c == 0x7F) {
+            c = ' ';
+        }
+    }
+    return text;
+}
+
+std::string LabelOf(abi::IRadialControllerMenuItem& item) {
+    HSTRING label = nullptr;
+    if (item.get_DisplayText(&label) < 0) {
+        return {};
+    }
+    const std::string text = Narrow(View(label));
+    TheAccounts().StringReturned(label);
+    underlying::WindowsDeleteString(label);
+    return InOneLine(text);
+}
+
+std::string TagOf(abi::IRadialControllerMenuItem& item) {
+    abi::IInspectable* result = nullptr;
+    item.get_Tag(&result);
+    const auto tag = Ref<abi::IInspectable>::Adopt(result);
+    const auto value = Unbox(tag.get());
+    const auto* number = value ? std::get_if<std::uint32_t>(&*value) : nullptr;
+    return !tag ? "-" : number ? std::to_string(*number) : "not a number";
+}
+
+// Items of others have no picture that is known here.
+Picture PictureOf(abi::IRadialControllerMenuItem& item) {
+    const auto* ours = dynamic_cast<MenuItem*>(&item);
+    return ours == nullptr ? Picture{"unknown picture"} : ours->picture();
+}
+
+std::string HapticsText(const ShownMenu& menu) {
+    return std::string("automatic haptics: ") + (menu.automatic_haptics ? "on" : "off");
+}
+
+}  // namespace
+
+std::optional<ShownMenu> LookAtMenu(std::uint64_t window) {
+    const auto controllers = TheDial().ControllersOf(window);
+    if (controllers.empty()) {
+        return {};
+    }
+    const Unobserved own_eyes;
+    Controller& controller = *controllers.back().get();
+    ShownMenu menu{controller.window()};
+    const auto selected = controller.menu().Selected();
+    for (const auto& item : controller.menu().items().Snapshot()) {
+        if (item) {
+            menu.items.push_back({true, item.get() == selected.get(), LabelOf(*item.get()),
+                                  PictureOf(*item.get()), TagOf(*item.get())});
+        } else {
+            menu.items.emplace_back();
+        }
+    }
+    menu.system_items = SystemItems(menu.window);
+    menu.automatic_haptics = controller.automatic_haptics();
+    return menu;
+}
+
+std::string MenuText(std::uint64_t window) {
+    const auto menu = LookAtMenu(window);
+    if (!menu) {
+        return {};
+    }
+    std::string text;
+    for (std::size_t i = 0; i < menu->items.size(); ++i) {
+        const ShownItem& item = menu->items[i];
+        text += std::to_string(i) + (item.selected ? " * " : "   ");
+        text += item.present
+                    ? "\"" + item.label + "\" " + InOneLine(item.picture.source) + ", tag " + item.tag
+                    : "no item";
+        text += "\n";
+    }
+    std::string system;
+    for (const std::int32_t kind : menu->system_items) {
+        system += (system.empty() ? "" : ", ") + SystemItemName(kind);
+    }
+    return text + "system items: " + (system.empty() ? "none" : system) + "\n" + HapticsText(*menu) + "\n";
+}
+
+namespace {
+
+constexpr double kWidth = 900;
+constexpr double kHeight = 720;
+constexpr double kRing = 250;
+// In characters.
+constexpr std::size_t kLongestText = 30;
+constexpr std::size_t kLongestInMiddle = 16;
+
+// Text as XML may have it.
+std::string Escaped(const std::string& text) {
+    std::string escaped;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const bool no_character =
+            text.compare(i, 3, "\xEF\xBF\xBE") == 0 || text.compare(i, 3, "\xEF\xBF\xBF") == 0;
+        if (no_character) {
+            escaped += "\xEF\xBF\xBD";
+            i += 2;
+            continue;
+        }
+        switch (text[i]) {
+            case '&':
+                escaped += "&amp;";
+                break;
+            case '<':
+                escaped += "&lt;";
+                break;
+            case '>':
+                escaped += "&gt;";
+                break;
+            case '"':
+                escaped += "&quot;";
+                break;
+            default:
+                escaped += text[i];
+        }
+    }
+    return escaped;
+}
+
+// Whole characters of the beginning, where all of it is too much.
+std::string Shortened(const std::string& text, std::size_t longest) {
+    std::size_t characters = 0;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const bool begins = (static_cast<unsigned char>(text[i]) & 0xC0) != 0x80;
+        if (begins && ++characters > longest) {
+            return text.substr(0, i) + "\xE2\x80\xA6";
+        }
+    }
+    return text;
+}
+
+std::string Number(double number) {
+    char text[32];
+    std::snprintf(text, sizeof text, "%.1f", number);
+    return text;
+}
+
+struct Place {
+    double x;
+    double y;
+};
+
+Place OnRing(std::size_t index, std::size_t count) {
+    const double angle = AngleInRing(index, count);
+    return {kWidth / 2 + kRing * 1.2 * std::cos(angle), kHeight / 2 - 20 + kRing * std::sin(angle)};
+}
+
+std::string Text(Place place, double size, const char* color, const std::string& text) {
+    return "<text x=\"" + Number(place.x) + "\" y=\"" + Number(place.y) + "\" font-size=\"" + Number(size) +
+           "\" fill=\"" + color + "\">" + Escaped(Shortened(text, kLongestText)) + "</text>\n";
+}
+
+std::string Circle(Place place, double radius, const char* fill, const char* stroke) {
+    return "<circle cx=\"" + Number(place.x) + "\" cy=\"" + Number(place.y) + "\" r=\"" + Number(radius) +
+           "\" fill=\"" + fill + "\" stroke=\"" + stroke + "\" stroke-width=\"3\"/>\n";
+}
+
+std::string Draw(const ShownItem& item, Place place) {
+    const char* fill = item.selected ? "#1f6feb" : item.present ? "#ffffff" : "#f4d6d6";
+    const char* color = item.selected ? "#ffffff" : "#1c2128";
+    std::string drawn = "<g>\n" + Circle(place, 44, fill, item.selected ? "#0b3d91" : "#8b949e");
+    if (!item.present) {
+        return drawn + Text({place.x, place.y + 5}, 13, color, "no item") + "</g>\n";
+    }
+    const std::string tag = item.tag == "-"              ? "no tag"
+                            : item.tag == "not a number" ? "odd tag"
+                                                         : "tag " + item.tag;
+    drawn += Text({place.x, place.y + 5}, 12, color, tag);
+    drawn += Text({place.x, place.y + 62}, 15, "#1c2128", item.label);
+    drawn += Text({place.x, place.y + 79}, 11, "#57606a", InOneLine(item.picture.source));
+    return drawn + "</g>\n";
+}
+
+std::string DrawSystemItem(const std::string& name, Place place) {
+    return "<g>\n" + Circle(place, 30, "#eaeef2", "#c0c7cf") +
+           Text({place.x, place.y + 4}, 12, "#57606a", "system") +
+           Text({place.x, place.y + 48}, 13, "#57606a", name) + "</g>\n";
+}
+
+}  // namespace
+
+double AngleInRing(std::size_t index, std::size_t count) {
+    return 2 * std::acos(-1.0) * static_cast<double>(index) / static_cast<double>(count) - std::acos(0.0);
+}
+
+std::string MenuPicture(std::uint64_t window) {
+    const auto menu = LookAtMenu(window);
+    if (!menu) {
+        return {};
+    }
+    const std::string size = "width=\"" + Number(kWidth) + "\" height=\"" + Number(kHeight) + "\"";
+    const Place middle{kWidth / 2, kHeight / 2 - 20};
+    std::string picture =
+        "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<svg xmlns=\"http://www.w3.org/2000/svg\" " + size +
+        " viewBox=\"0 0 " + Number(kWidth) + " " + Number(kHeight) +
+        "\" font-family=\"sans-serif\" text-anchor=\"middle\">\n<rect " + size + " fill=\"#f6f8fa\"/>\n";
+    picture += "<ellipse cx=\"" + Number(middle.x) + "\" cy=\"" + Number(middle.y) + "\" rx=\"" +
+               Number(kRing * 1.2) + "\" ry=\"" + Number(kRing) +
+               "\" fill=\"none\" stroke=\"#d0d7de\" stroke-width=\"2\"/>\n";
+    picture += Circle(middle, 90, "#24292f", "#57606a");
+    std::string selected = "nothing chosen";
+    const std::size_t count = menu->items.size() + menu->system_items.size();
+    for (std::size_t i = 0; i < menu->items.size(); ++i) {
+        picture += Draw(menu->items[i], OnRing(i, count));
+        if (menu->items[i].selected) {
+            selected = Shortened(menu->items[i].label, kLongestInMiddle);
+        }
+    }
+    for (std::size_t i = 0; i < menu->system_items.size(); ++i) {
+        picture +=
+            DrawSystemItem(SystemItemName(menu->system_items[i]), OnRing(menu->items.size() + i, count));
+    }
+    picture += Text({middle.x, middle.y}, 18, "#ffffff", selected);
+    picture += Text({middle.x, middle.y + 24}, 12, "#c9d1d9", HapticsText(*menu));
+    return picture + "</svg>\n";
+}
+
+}  // namespace dialsim

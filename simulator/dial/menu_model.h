@@ -1,0 +1,38 @@
+// A window's menu as a person would see it.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "simulator/classes/menu.h"
+
+namespace dialsim {
+
+struct ShownItem {
+    bool present = false;
+    bool selected = false;
+    std::string label = {};
+    Picture picture = {};
+    std::string tag = {};
+};
+
+struct ShownMenu {
+    std::uint64_t window = 0;
+    std::vector<ShownItem> items = {};
+    std::vector<std::int32_t> system_items = {};
+    bool automatic_haptics = false;
+};
+
+// Nothing when no controller exists for the window.
+std::optional<ShownMenu> LookAtMenu(std::uint64_t window);
+
+// The angle of a place in the ring, in radians clockwise from the right; the first place is at the top.
+double AngleInRing(std::size_t index, std::size_t count);
+
+// Both empty when no controller exists for the window.
+std::string MenuText(std::uint64_t window);
+std::string MenuPicture(std::uint64_t window);
+
+}  // namespace dialsim

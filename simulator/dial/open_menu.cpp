@@ -1,0 +1,82 @@
+#include "simulator/dial/open_menu.h"
+
+#include <cmath>
+#include <mutex>
+
+#include "simulator/desktop/desktop.h"
+#include "simulator/dial/menu_model.h"
+#include "simulator/dial/recording.h"
+#include "sync.h"
+
+namespace dialsim {
+
+namespace {
+
+constexpr double kDegreesForItem = 10;
+
+struct Place {
+    Mutex mutex;
+    std::optional<OpenMenu> menu;
+};
+
+Place& ThePlace() {
+    static Place& place = *new Place;
+    return place;
+}
+
+void Put(std::optional<OpenMenu> menu) {
+    {
+        const std::lock_guard guard(ThePlace().mutex);
+        ThePlace().menu = menu;
+    }
+    ShowChanges();
+}
+
+std::int64_t ItemsOf(std::uint64_t window) {
+    const auto shown = LookAtMenu(window);
+    return shown ? static_cast<std::int64_t>(shown->items.size()) : 0;
+}
+
+}  // namespace
+
+std::optional<OpenMenu> TheOpenMenu() {
+    const std::lock_guard guard(ThePlace().mutex);
+    return ThePlace().menu;
+}
+
+bool OpenMenuOf(std::uint64_t window) {
+    const auto shown = LookAtMenu(window);
+    if (!shown || shown->items.empty()) {
+        return false;
+    }
+    const Recorded action(window, "menu");
+    OpenMenu menu{shown->window, 0};
+    for (std::uint32_t i = 0; i < shown->items.size(); ++i) {
+        menu.highlighted = shown->items[i].selected ? i : menu.highlighted;
+    }
+    Put(menu);
+    return true;
+}
+
+void CloseMenu() {
+    const Recorded action("close");
+    Put({});
+}
+
+bool MoveHighlight(double degrees) {
+    auto menu = TheOpenMenu();
+    if (!menu) {
+        return false;
+    }
+    const std::int64_t count = ItemsOf(menu->window);
+    if (count == 0) {
+        CloseMenu();  // its items or its window have gone meanwhile
+        return false;
+    }
+    const std::int64_t place = menu->highlighted + std::llround(degrees / kDegreesForItem);
+    menu->highlighted = static_cast<std::uint32_t>((place % count + count) % count);
+    Put(menu);
+    return true;
+}
+
+}  // namespace dialsim

@@ -1,0 +1,345 @@
+#include "simulator/dial/script.h"
+
+#include <charconv>
+#include <cstdint>
+#include <cstdio>
+#include <functional>
+#include <sstream>
+#include <stdexcept>
+#include <vector>
+
+#include "simulator/classes/application_data.h"
+#include "simulator/classes/async.h"
+#include "simulator/classes/devices.h"
+#include "simulator/desktop/desktop.h"
+#include "simulator/dial/commands.h"
+#include "simulator/dial/dial.h"
+#include "simulator/dial/menu_model.h"
+#include "simulator/dial/open_menu.h"
+#include "simulator/dialsim.h"
+#include "simulator/instruments/journal.h"
+#include "simulator/instruments/leak_tracker.h"
+#include "simulator/instruments/operations.h"
+#include "simulator/stores/stores.h"
+#include "simulator/system/clock.h"
+#include "simulator/system/files.h"
+
+namespace dialsim {
+
+namespace {
+
+// Where the script stands while it plays.
+struct Player {
+    std::uint64_t window = 0;
+    bool real_time = false;
+};
+
+// Answers what an event's handlers answered; 0 for everything else.
+using Action = std::function<HRESULT(Player&)>;
+using Words = std::vector<std::string>;
+
+// Why a line cannot be understood.
+class Misunderstood : public std::runtime_error {
+    using std::runtime_error::runtime_error;
+};
+
+// A whole word as a number; integers decimal, or hexadecimal behind 0x.
+template <class Number>
+Number Parse(const std::string& word) {
+    const char* const end = word.data() + word.size();
+    Number number{};
+    std::from_chars_result result{};
+    if constexpr (std::is_floating_point_v<Number>) {
+        result = std::from_chars(word.data(), end, number);
+    } else {
+        const bool hexadecimal = word.starts_with("0x");
+        result = std::from_chars(word.data() + (hexadecimal ? 2 : 0), end, number, hexadecimal ? 16 : 10);
+    }
+    if (result.ec != std::errc() || result.ptr != end) {
+        throw Misunderstood("'" + word + "' is no number that fits here");
+    }
+    return number;
+}
+
+abi::Rect ParseRect(const Words& words) {
+    return {Parse<float>(words[1]), Parse<float>(words[2]), Parse<float>(words[3]), Parse<float>(words[4])};
+}
+
+bool ParseChoice(const std::string& word, const char* yes, const char* no) {
+    if (word != yes && word != no) {
+        throw Misunderstood("'" + word + "' is neither '" + yes + "' nor '" + no + "'");
+    }
+    return word == yes;
+}
+
+// `counts` is where the optional FROM and TIMES begin.
+Fault ParseFault(const Words& words, std::size_t counts, Fault::Kind kind, HRESULT code) {
+    const auto count = [&](std::size_t i, std::uint32_t absent) {
+        return i < words.size() ? Parse<std::uint32_t>(words[i]) : absent;
+    };
+    Fault fault{words[1], kind, code, count(counts, 1), count(counts + 1, 0)};
+    if (!CanStrike(fault)) {
+        throw Misunderstood("there is no operation '" + words[1] + "' to do that to");
+    }
+    return fault;
+}
+
+HRESULT ParseCode(const std::string& word) {
+    return static_cast<HRESULT>(Parse<std::uint32_t>(word.starts_with("0x") ? word : "0x" + word));
+}
+
+// A command that raises no event.
+Action Quiet(std::function<void(Player&)> action) {
+    return [action = std::move(action)](Player& player) {
+        action(player);
+        return S_OK;
+    };
+}
+
+Action Strike(const Fault& fault) {
+    return Quiet([fault](Player&) { TheJournal().Add(fault); });
+}
+
+AsyncMode ParseMode(const std::string& word) {
+    if (word == "at-once") {
+        return AsyncMode::AtOnce;
+    }
+    return ParseChoice(word, "held", "own-thread") ? AsyncMode::Held : AsyncMode::OwnThread;
+}
+
+MouseAction ParseMouse(const std::string& word) {
+    if (word == "move") {
+        return MouseAction::Move;
+    }
+    return ParseChoice(word, "down", "up") ? MouseAction::Down : MouseAction::Up;
+}
+
+// For what does not always work; it is no error of the script.
+void Complain(bool worked, const std::string& what) {
+    if (!worked) {
+        std::fprintf(stderr, "dial script: %s\n", what.c_str());
+    }
+}
+
+void Print(const std::string& text) { std::fputs(text.c_str(), stdout); }
+
+Action ParseShown(const std::string& word) {
+    if (word == "menu") {
+        return Quiet([](Player& player) { Print(MenuText(player.window)); });
+    }
+    if (word == "stores") {
+        return Quiet([](Player&) { Print(AllStoresText()); });
+    }
+    return Quiet([journal = ParseChoice(word, "journal", "accounts")](Player&) {
+        Print(journal ? TheJournal().Text() : TheAccounts().Text());
+    });
+}
+
+struct Command {
+    const char* name;
+    std::size_t least_words;  // with the name
+    std::size_t most_words;
+    Action (*understand)(const Words& words);
+};
+
+constexpr std::size_t kAnyNumber = 64;
+
+const Command kCommands[] = {
+    {"turn", 2, 2,
+     [](const Words& words) -> Action {
+         return [degrees = Parse<double>(words[1])](Player& player) { return Turn(player.window, degrees); };
+     }},
+    {"click", 1, 1,
+     [](const Words&) -> Action { return [](Player& player) { return Click(player.window); }; }},
+    {"hold", 1, 1, [](const Words&) -> Action { return Quiet([](Player&) { Hold(true); }); }},
+    {"release", 1, 1, [](const Words&) -> Action { return Quiet([](Player&) { Hold(false); }); }},
+    {"touch", 5, 5,
+     [](const Words& words) -> Action {
+         return [bounds = ParseRect(words)](Player& player) { return Touch(player.window, bounds); };
+     }},
+    {"move", 5, 5,
+     [](const Words& words) -> Action {
+         return [bounds = ParseRect(words)](Player& player) { return Move(player.window, bounds); };
+     }},
+    {"choose", 2, 2,
+     [](const Words& words) -> Action {
+         return
+             [item = Parse<std::uint32_t>(words[1])](Player& player) { return Choose(player.window, item); };
+     }},
+    {"menu", 1, 1,
+     [](const Words&) -> Action {
+         return Quiet(
+             [](Player& player) { Complain(OpenMenuOf(player.window), "there is no menu to open"); });
+     }},
+    {"close", 1, 1, [](const Words&) -> Action { return Quiet([](Player&) { CloseMenu(); }); }},
+    {"mouse", 4, 4,
+     [](const Words& words) -> Action {
+         return Quiet([x = Parse<int>(words[1]), y = Parse<int>(words[2]),
+                       action = ParseMouse(words[3])](Player& player) {
+             Complain(UseMouse(player.window, action, x, y), "there is no window for the mouse");
+         });
+     }},
+    {"shot", 2, 2,
+     [](const Words& words) -> Action {
+         return Quiet([file = words[1]](Player& player) {
+             Complain(WriteScreenshot(player.window, file), "the screen cannot be written to '" + file + "'");
+         });
+     }},
+    {"lift", 1, 1, [](const Words&) -> Action { return [](Player& player) { return Lift(player.window); }; }},
+    {"acquire", 1, 1,
+     [](const Words&) -> Action { return [](Player& player) { return Acquire(player.window); }; }},
+    {"lose", 1, 1, [](const Words&) -> Action { return [](Player& player) { return Lose(player.window); }; }},
+    {"wait", 2, 2,
+     [](const Words& words) -> Action {
+         return Quiet(
+             [time = Parse<std::uint32_t>(words[1])](Player& player) { Wait(time, player.real_time); });
+     }},
+    {"window", 2, 2,
+     [](const Words& words) -> Action {
+         if (words[1].starts_with('@')) {
+             return Quiet([place = Parse<std::uint32_t>(words[1].substr(1))](Player& player) {
+                 player.window = TheDial().WindowAt(place);
+             });
+         }
+         return Quiet([window = Parse<std::uint64_t>(words[1])](Player& player) { player.window = window; });
+     }},
+    {"haptics", 1, kAnyNumber,
+     [](const Words& words) -> Action {
+         std::vector<std::uint16_t> waveforms;
+         for (std::size_t i = 1; i < words.size(); ++i) {
+             waveforms.push_back(Parse<std::uint16_t>(words[i]));
+         }
+         return Quiet([waveforms](Player&) { SetHaptics(true, waveforms); });
+     }},
+    {"thread", 2, 2,
+     [](const Words& words) -> Action {
+         return Quiet(
+             [own = ParseChoice(words[1], "own", "caller")](Player&) { TheDial().SetOwnThread(own); });
+     }},
+    {"fail", 3, 5,
+     [](const Words& words) -> Action {
+         return Strike(ParseFault(words, 3, Fault::Kind::Fail, ParseCode(words[2])));
+     }},
+    {"fail-late", 3, 5,
+     [](const Words& words) -> Action {
+         return Strike(ParseFault(words, 3, Fault::Kind::FailLate, ParseCode(words[2])));
+     }},
+    {"null", 2, 4,
+     [](const Words& words) -> Action { return Strike(ParseFault(words, 2, Fault::Kind::YieldNull, S_OK)); }},
+    {"async", 2, 2,
+     [](const Words& words) -> Action {
+         return Quiet([mode = ParseMode(words[1])](Player&) { TheOperations().SetMode(mode); });
+     }},
+    {"delay", 2, 2,
+     [](const Words& words) -> Action {
+         return Quiet([time = Parse<std::uint32_t>(words[1])](Player&) { TheOperations().SetDelay(time); });
+     }},
+    {"complete", 2, 2,
+     [](const Words& words) -> Action {
+         if (words[1] == "all") {
+             return [](Player&) { return TheOperations().CompleteAll(); };
+         }
+         return [index = Parse<std::uint32_t>(words[1])](Player&) {
+             return TheOperations().Complete(index, {});
+         };
+     }},
+    {"settle", 1, 1, [](const Words&) -> Action { return Quiet([](Player&) { Settle(); }); }},
+    {"no-devices", 1, 1,
+     [](const Words&) -> Action { return Quiet([](Player&) { TheDevices().RemoveAll(); }); }},
+    {"device", 2, 3,
+     [](const Words& words) -> Action {
+         if (words.size() == 3 && words[2] != "disabled") {
+             throw Misunderstood("'" + words[2] + "' is not 'disabled'");
+         }
+         return Quiet([id = words[1], enabled = words.size() == 2](Player&) {
+             TheDevices().Add(id.c_str(), nullptr, enabled);
+         });
+     }},
+    {"packaged", 1, 1, [](const Words&) -> Action { return Quiet([](Player&) { SetPackaged(true); }); }},
+    {"unpackaged", 1, 1, [](const Words&) -> Action { return Quiet([](Player&) { SetPackaged(false); }); }},
+    {"show", 2, 2, [](const Words& words) -> Action { return ParseShown(words[1]); }},
+    {"draw", 3, 3,
+     [](const Words& words) -> Action {
+         if (words[1] != "menu") {
+             throw Misunderstood("'" + words[1] + "' cannot be drawn");
+         }
+         return Quiet([file = words[2]](Player& player) {
+             Complain(WriteFile(file, MenuPicture(player.window)), "'" + file + "' cannot be written");
+         });
+     }},
+};
+
+Words Split(std::string line) {
+    line.erase(std::min(line.find('#'), line.size()));
+    std::istringstream stream(line);
+    Words words;
+    for (std::string word; stream >> word;) {
+        words.push_back(word);
+    }
+    return words;
+}
+
+Action Understand(const Words& words) {
+    for (const Command& command : kCommands) {
+        if (words[0] != command.name) {
+            continue;
+        }
+        if (words.size() < command.least_words || words.size() > command.most_words) {
+            throw Misunderstood("'" + words[0] + "' does not go with " + std::to_string(words.size() - 1) +
+                                " arguments");
+        }
+        return command.understand(words);
+    }
+    throw Misunderstood("there is no command '" + words[0] + "'");
+}
+
+struct Line {
+    int number;
+    Action action;
+};
+
+std::vector<Line> Understand(const std::string& script) {
+    std::vector<Line> understood;
+    std::istringstream lines(script);
+    std::string line;
+    for (int number = 1; std::getline(lines, line); ++number) {
+        try {
+            if (const Words words = Split(line); !words.empty()) {
+                understood.push_back({number, Understand(words)});
+            }
+        } catch (const Misunderstood& reason) {
+            throw Misunderstood("line " + std::to_string(number) + ": " + reason.what());
+        }
+    }
+    return understood;
+}
+
+// An event that came to nothing is no error of the script, but its author wants to know.
+void Report(int number, HRESULT code) {
+    if (code == DIALSIM_NO_CONTROLLER) {
+        std::fprintf(stderr, "dial script, line %d: no window listens\n", number);
+    } else if (code == DIALSIM_RAISED) {
+        std::fprintf(stderr, "dial script, line %d: a handler raised: %s\n", number,
+                     TheDial().Raised().c_str());
+    } else if (code < 0) {
+        std::fprintf(stderr, "dial script, line %d: a handler answered %x\n", number,
+                     static_cast<unsigned>(code));
+    }
+}
+
+}  // namespace
+
+std::string PlayScript(const std::string& script, bool real_time) {
+    try {
+        Player player;
+        player.real_time = real_time;
+        for (const Line& line : Understand(script)) {
+            Report(line.number, line.action(player));
+        }
+        return {};
+    } catch (const Misunderstood& reason) {
+        return reason.what();
+    }
+}
+
+}  // namespace dialsim

@@ -1,0 +1,126 @@
+// The free-threaded marshaler: in every apartment of the process the object is the same.
+#include <atomic>
+
+#include "simulator/functions/marshal.h"
+#include "simulator/functions/real.h"
+#include "simulator/instruments/leak_tracker.h"
+
+namespace dialsim {
+
+namespace {
+
+namespace abi = brindle::abi;
+
+// What lies in the stream: a pointer.
+constexpr std::uint32_t kSize = sizeof(void*);
+
+// Part of a bigger object: its own roots keep it alive and are nobody else's, those of IMarshal are the
+// outer object's.
+class Marshaler final : public abi::IUnknown {
+public:
+    explicit Marshaler(abi::IUnknown* outer) : marshal_(outer == nullptr ? this : outer) {
+        TheAccounts().Made(this, "FreeThreadedMarshaler", references_);
+    }
+
+    HRESULT QueryInterface(const GUID& iid, void** object) noexcept override {
+        if (object == nullptr) {
+            return E_POINTER;
+        }
+        *object = nullptr;
+        if (abi::SameId(iid, abi::IUnknown::Iid)) {
+            AddRef();
+            *object = static_cast<abi::IUnknown*>(this);
+            return S_OK;
+        }
+        if (abi::SameId(iid, IMarshal::Iid)) {
+            marshal_.AddRef();
+            *object = static_cast<IMarshal*>(&marshal_);
+            return S_OK;
+        }
+        return E_NOINTERFACE;
+    }
+    std::uint32_t AddRef() noexcept override { return ++references_; }
+    std::uint32_t Release() noexcept override {
+        const std::uint32_t left = --references_;
+        if (left == 0) {
+            delete this;
+        }
+        return left;
+    }
+
+private:
+    class Marshal final : public IMarshal {
+    public:
+        explicit Marshal(abi::IUnknown* outer) : outer_(outer) {}
+
+        HRESULT QueryInterface(const GUID& iid, void** object) noexcept override {
+            return outer_->QueryInterface(iid, object);
+        }
+        std::uint32_t AddRef() noexcept override { return outer_->AddRef(); }
+        std::uint32_t Release() noexcept override { return outer_->Release(); }
+
+        HRESULT GetUnmarshalClass(const IID&, void*, DWORD, void*, DWORD,
+                                  GUID* unmarshaler) noexcept override {
+            *unmarshaler = kFreeThreadedMarshaler;
+            return S_OK;
+        }
+        HRESULT GetMarshalSizeMax(const IID&, void*, DWORD, void*, DWORD, DWORD* size) noexcept override {
+            *size = kSize;
+            return S_OK;
+        }
+        // What is on its way holds a reference.
+        HRESULT MarshalInterface(abi::IStream* stream, const IID& iid, void*, DWORD, void*,
+                                 DWORD) noexcept override {
+            abi::IUnknown* object = nullptr;
+            if (const HRESULT code = outer_->QueryInterface(iid, reinterpret_cast<void**>(&object));
+                code < 0) {
+                return code;
+            }
+            const HRESULT code = stream->Write(&object, kSize, nullptr);
+            if (code < 0) {
+                object->Release();
+            }
+            return code;
+        }
+        HRESULT UnmarshalInterface(abi::IStream* stream, const IID& iid, void** object) noexcept override {
+            abi::IUnknown* arrived = nullptr;
+            if (const HRESULT code = stream->Read(&arrived, kSize, nullptr); code < 0) {
+                return code;
+            }
+            const HRESULT code = arrived->QueryInterface(iid, object);
+            arrived->Release();
+            return code;
+        }
+        HRESULT ReleaseMarshalData(abi::IStream* stream) noexcept override {
+            abi::IUnknown* arrived = nullptr;
+            const HRESULT code = stream->Read(&arrived, kSize, nullptr);
+            if (code >= 0) {
+                arrived->Release();
+            }
+            return code;
+        }
+        HRESULT DisconnectObject(DWORD) noexcept override { return S_OK; }
+
+    private:
+        abi::IUnknown* const outer_;  // not owned: it outlives its parts
+    };
+
+    ~Marshaler() { TheAccounts().Gone(this); }
+
+    std::atomic<std::uint32_t> references_{1};
+    Marshal marshal_;
+};
+
+}  // namespace
+
+namespace underlying {
+
+HRESULT CoCreateFreeThreadedMarshaler(::IUnknown* outer, ::IUnknown** marshaler) {
+    *marshaler = reinterpret_cast<::IUnknown*>(
+        static_cast<abi::IUnknown*>(new Marshaler(reinterpret_cast<abi::IUnknown*>(outer))));
+    return S_OK;
+}
+
+}  // namespace underlying
+
+}  // namespace dialsim

@@ -1,0 +1,76 @@
+#include "simulator/functions/real.h"
+
+#include <cstdio>
+#include <cstdlib>
+
+#include "simulator/classes/activation.h"
+#include "simulator/system/clock.h"
+#include "simulator/system/text.h"
+
+namespace dialsim {
+
+namespace {
+
+constexpr HRESULT kNotInitialized = static_cast<HRESULT>(0x800401F0);  // CO_E_NOTINITIALIZED
+constexpr HRESULT kChangedMode = static_cast<HRESULT>(0x80010106);     // RPC_E_CHANGED_MODE
+
+struct Apartment {
+    int initializations = 0;
+    RO_INIT_TYPE type = RO_INIT_SINGLETHREADED;
+};
+thread_local Apartment apartment;
+
+}  // namespace
+
+namespace underlying {
+
+HRESULT RoInitialize(RO_INIT_TYPE type) {
+    if (apartment.initializations > 0 && apartment.type != type) {
+        return kChangedMode;
+    }
+    apartment.type = type;
+    return apartment.initializations++ == 0 ? S_OK : S_FALSE;
+}
+
+void RoUninitialize() {
+    if (apartment.initializations > 0) {
+        --apartment.initializations;
+    }
+}
+
+HRESULT RoGetActivationFactory(HSTRING class_name, const IID& iid, void** factory) {
+    return apartment.initializations == 0 ? kNotInitialized : GetClassFactory(class_name, iid, factory);
+}
+
+BOOL RoOriginateLanguageException(HRESULT, HSTRING, ::IUnknown*) { return 1; }
+
+ULONGLONG GetTickCount64() { return ClockNow(); }
+
+void Sleep(DWORD milliseconds) { PlatformSleep(milliseconds); }
+
+int MultiByteToWideChar(UINT code_page, DWORD flags, const char* bytes, int byte_count, WCHAR* wide,
+                        int wide_count) {
+    // The flags for other code pages are refused for this one.
+    if (code_page != CP_UTF8 || flags != 0) {
+        return 0;
+    }
+    const WideString text = Widen({bytes, static_cast<std::size_t>(byte_count)});
+    if (wide_count == 0) {
+        return static_cast<int>(text.size());
+    }
+    if (text.size() > static_cast<std::size_t>(wide_count)) {
+        return 0;
+    }
+    text.copy(wide, text.size());
+    return static_cast<int>(text.size());
+}
+
+}  // namespace underlying
+
+}  // namespace dialsim
+
+// Nothing can catch it: the process says so and ends.
+void RaiseException(DWORD code, DWORD flags, DWORD argument_count, const std::uintptr_t*) {
+    std::fprintf(stderr, "structured exception %x, flags %x, %u arguments\n", code, flags, argument_count);
+    std::_Exit(EXIT_FAILURE);
+}

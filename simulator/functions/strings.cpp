@@ -1,0 +1,22 @@
+#include "simulator/functions/strings.h"
+
+#include "simulator/functions/real.h"
+#include "simulator/instruments/leak_tracker.h"
+
+namespace dialsim {
+
+HRESULT NewString(WideView text, HSTRING* string) {
+    const HRESULT code = underlying::WindowsCreateString(text.data(), static_cast<UINT>(text.size()), string);
+    if (code >= 0) {
+        TheAccounts().StringTaken(*string);
+    }
+    return code;
+}
+
+WideView View(HSTRING string) {
+    UINT length = 0;
+    const WCHAR* characters = underlying::WindowsGetStringRawBuffer(string, &length);
+    return {characters, length};
+}
+
+}  // namespace dialsim

@@ -1,0 +1,13 @@
+// Platform strings, from the platform's side.
+#pragma once
+
+#include "simulator/system/text.h"
+
+namespace dialsim {
+
+// A new string for the caller to own; entered in the accounts.
+HRESULT NewString(WideView text, HSTRING* string);
+
+WideView View(HSTRING string);
+
+}  // namespace dialsim

@@ -1,0 +1,12 @@
+#include "simulator/functions/resources.h"
+
+namespace dialsim {
+
+bool AddResource(std::uint64_t /*module*/, std::uint16_t /*id*/, const std::string& /*type*/,
+                 std::string /*bytes*/) {
+    return false;
+}
+
+void ResetResources() {}
+
+}  // namespace dialsim

@@ -1,0 +1,16 @@
+// The operations of the platform that the library calls, as faults name them.
+#pragma once
+
+#include <cstddef>
+
+#include "simulator/instruments/journal.h"
+
+namespace dialsim {
+
+// By index from 0; null past the last.
+const char* Operation(std::size_t index);
+
+// Whether the fault names an operation of the list, with or without arguments, that can be struck in its way.
+bool CanStrike(const Fault& fault);
+
+}  // namespace dialsim

@@ -1,0 +1,33 @@
+// The folder of the stores' files: on the disk, or in the memory of this process.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "simulator/stores/store_files.h"
+
+namespace dialsim {
+
+// One at a time in a process: its memory has no lock of its own. On the disk it keeps other processes out.
+class StoreFolder {
+public:
+    // The path may be DIALSIM_MEMORY.
+    explicit StoreFolder(std::string path);
+
+    // Negative when the folder cannot be had; the operations are then not to be called.
+    HRESULT code() const { return lock_ ? lock_->code() : S_OK; }
+
+    std::string PathOf(const std::string& name) const { return path_ + "/" + name; }
+
+    // Nothing when there is no such file.
+    HRESULT Read(const std::string& name, std::optional<std::string>& content) const;
+    HRESULT Replace(const std::string& name, const std::string& content, Readers readers) const;
+    // That there is no file is no failure.
+    HRESULT Remove(const std::string& name) const;
+
+private:
+    const std::string path_;
+    std::optional<FolderLock> lock_;  // none in memory
+};
+
+}  // namespace dialsim

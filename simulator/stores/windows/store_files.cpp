@@ -1,0 +1,164 @@
+#include "simulator/stores/store_files.h"
+
+#include <sddl.h>
+#include <windows.h>
+
+#include <cstdio>
+
+#include "simulator/system/text.h"
+
+namespace dialsim {
+
+namespace {
+
+HRESULT LastCode() { return HRESULT_FROM_WIN32(GetLastError()); }
+
+class Handle {
+public:
+    explicit Handle(HANDLE handle) : handle_(handle) {}
+    Handle(const Handle&) = delete;
+    Handle& operator=(const Handle&) = delete;
+    ~Handle() {
+        if (*this) {
+            CloseHandle(handle_);
+        }
+    }
+    HANDLE get() const { return handle_; }
+    explicit operator bool() const { return handle_ != INVALID_HANDLE_VALUE && handle_ != nullptr; }
+
+private:
+    const HANDLE handle_;
+};
+
+bool MakeOneFolder(const WideString& folder) {
+    return CreateDirectoryW(folder.c_str(), nullptr) || GetLastError() == ERROR_ALREADY_EXISTS;
+}
+
+HRESULT MakeFolder(const WideString& folder) {
+    if (MakeOneFolder(folder)) {
+        return S_OK;
+    }
+    const std::size_t parent = folder.find_last_of(L"\\/");
+    if (GetLastError() != ERROR_PATH_NOT_FOUND || parent == WideString::npos || parent == 0) {
+        return LastCode();
+    }
+    if (const HRESULT code = MakeFolder(folder.substr(0, parent)); code < 0) {
+        return code;
+    }
+    return MakeOneFolder(folder) ? S_OK : LastCode();
+}
+
+HANDLE OpenLockFile(const WideString& folder) {
+    return CreateFileW((folder + L"\\lock").c_str(), GENERIC_READ | GENERIC_WRITE,
+                       FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr, OPEN_ALWAYS,
+                       FILE_ATTRIBUTE_NORMAL, nullptr);
+}
+
+HANDLE CreateNew(const WideString& path, SECURITY_ATTRIBUTES* protection) {
+    return CreateFileW(path.c_str(), GENERIC_WRITE, 0, protection, CREATE_NEW, FILE_ATTRIBUTE_NORMAL,
+                       nullptr);
+}
+
+// Protected from its beginning as this says, in the language for security descriptors.
+HANDLE CreateProtected(const WideString& path, const WCHAR* description) {
+    SECURITY_ATTRIBUTES protection{sizeof protection, nullptr, FALSE};
+    if (!ConvertStringSecurityDescriptorToSecurityDescriptorW(description, SDDL_REVISION_1,
+                                                              &protection.lpSecurityDescriptor, nullptr)) {
+        return INVALID_HANDLE_VALUE;
+    }
+    const HANDLE file = CreateNew(path, &protection);
+    const DWORD error = GetLastError();
+    LocalFree(protection.lpSecurityDescriptor);
+    SetLastError(error);
+    return file;
+}
+
+// Rights for whoever owns the file, and none inherited. Wine would give what a user is granted by name to the
+// user's group as well; not what "owner rights" are granted, but these it knows only if they also are the
+// owner by name. Windows refuses such an owner, and needs none.
+HANDLE CreateForOwner(const WideString& path) {
+    const HANDLE file = CreateProtected(path, L"O:OWD:P(A;;FRFWSD;;;OW)");
+    const bool refused = file == INVALID_HANDLE_VALUE && GetLastError() == ERROR_INVALID_OWNER;
+    return refused ? CreateProtected(path, L"D:P(A;;FRFWSD;;;OW)") : file;
+}
+
+WideString NewName(const WideString& path) { return path + L".new"; }
+
+bool RemoveOne(const WideString& path) {
+    return DeleteFileW(path.c_str()) || GetLastError() == ERROR_FILE_NOT_FOUND;
+}
+
+// A file of nobody's so far: its protection is this one from the beginning.
+HRESULT WriteNewFile(const WideString& path, const std::string& content, Readers readers) {
+    if (!RemoveOne(path)) {
+        return LastCode();
+    }
+    const Handle file(readers == Readers::OwnerOnly ? CreateForOwner(path) : CreateNew(path, nullptr));
+    DWORD written = 0;
+    const bool whole = file && ::WriteFile(file.get(), content.data(), static_cast<DWORD>(content.size()),
+                                           &written, nullptr);
+    return whole ? S_OK : LastCode();
+}
+
+}  // namespace
+
+std::string Environment(const char* variable) {
+    const WideString name = Widen(variable);
+    WideString value(GetEnvironmentVariableW(name.c_str(), nullptr, 0), L'\0');
+    value.resize(GetEnvironmentVariableW(name.c_str(), value.data(), static_cast<DWORD>(value.size())));
+    return Narrow(value);
+}
+
+std::string UsersFolder() {
+    const std::string data = Environment("LOCALAPPDATA");
+    return data.empty() ? "" : data + "\\dialsim";
+}
+
+FolderLock::FolderLock(const std::string& folder) : file_(0), code_(MakeFolder(Widen(folder))) {
+    if (code_ < 0) {
+        return;
+    }
+    const HANDLE file = OpenLockFile(Widen(folder));
+    OVERLAPPED from_start{};
+    const bool locked =
+        file != INVALID_HANDLE_VALUE && LockFileEx(file, LOCKFILE_EXCLUSIVE_LOCK, 0, 1, 0, &from_start);
+    code_ = locked ? S_OK : LastCode();
+    file_ = reinterpret_cast<std::intptr_t>(file);
+}
+
+FolderLock::~FolderLock() { const Handle last(reinterpret_cast<HANDLE>(file_)); }
+
+HRESULT ReadStoreFile(const std::string& path, std::optional<std::string>& content) {
+    content.reset();
+    const Handle file(CreateFileW(Widen(path).c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
+                                  FILE_ATTRIBUTE_NORMAL, nullptr));
+    if (!file) {
+        return GetLastError() == ERROR_FILE_NOT_FOUND ? S_OK : LastCode();
+    }
+    content.emplace();
+    char bytes[4096];
+    DWORD count = 0;
+    do {
+        if (!ReadFile(file.get(), bytes, sizeof bytes, &count, nullptr)) {
+            return LastCode();
+        }
+        content->append(bytes, count);
+    } while (count > 0);
+    return S_OK;
+}
+
+HRESULT ReplaceStoreFile(const std::string& path, const std::string& content, Readers readers) {
+    const WideString target = Widen(path);
+    if (const HRESULT code = WriteNewFile(NewName(target), content, readers); code < 0) {
+        return code;
+    }
+    const DWORD how = MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH;
+    return MoveFileExW(NewName(target).c_str(), target.c_str(), how) ? S_OK : LastCode();
+}
+
+HRESULT RemoveStoreFile(const std::string& path) {
+    const WideString target = Widen(path);
+    return RemoveOne(target) && RemoveOne(NewName(target)) ? S_OK : LastCode();
+}
+
+}  // namespace dialsim

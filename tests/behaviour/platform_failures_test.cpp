@@ -1,0 +1,114 @@
+// Several threads at once, and a platform of which everything fails.
+#include <cstdlib>
+#include <string>
+#include <vector>
+
+#include "behaviour.h"
+#include "support/menu_items.h"
+#include "support/utf16.h"
+
+namespace {
+
+// What a user may do to a dial in a few moments, once.
+void LiveThroughEverything() {
+    static const std::uint32_t buzz = 1;
+    dialsim_async(DIALSIM_AT_ONCE);
+    dialsim_skip_sleeps(true);
+    dialsim_set_packaged(true);
+    initialize();
+    RecordingHost host(kWindow);
+    host.haptic_request = &buzz;
+    init_dial_listener(&host);
+    const std::int32_t kinds[] = {3, 2};
+    set_default_menu(kWindow, kinds, 2);
+    try {
+        SetMenu(kWindow, {KnownIcon(1), SystemFont(2)});
+    } catch (const std::exception&) {
+        // a label that the platform refused
+    }
+    set_current_custom_menu(kWindow, 2);
+    dialsim_choose(kWindow, 0);
+    dialsim_acquire(kWindow);
+    dialsim_turn(kWindow, 5.0);
+    dialsim_touch(kWindow, 1, 2, 3, 4);
+    dialsim_turn(kWindow, 5.0);
+    dialsim_move(kWindow, 2, 2, 3, 4);
+    dialsim_lift(kWindow);
+    dialsim_click(kWindow);
+    dialsim_lose(kWindow);
+    is_dial_present(kWindow);
+    set_string_in_storage(UTF16("host"), UTF16("key"), UTF16("7"));
+    std::free(get_string_from_storage(UTF16("host"), UTF16("key")));
+    set_int_in_storage(UTF16("host"), UTF16("key"), 7);
+    get_int_from_storage(UTF16("host"), UTF16("key"));
+    uninit();
+}
+
+using Sweep = Unstarted;
+
+// Each operation fails from each of its calls on, in each way: the process lives, and everything comes back.
+TEST_F(Sweep, NoFailureOfThePlatformEndsTheProcessOrLeaksAnything) {
+    constexpr int kWays = 3;
+    constexpr std::uint32_t kCalls = 4;
+    std::uint32_t i = 0;
+    std::uint32_t runs = 0;
+    for (; const char* operation = dialsim_operation(i); ++i) {
+        // Without a name for its first classes initialize ends the process, as it should: a test of its own.
+        const bool deadly = std::string(operation) == "WindowsCreateStringReference";
+        for (std::uint32_t from = deadly ? 3 : 1; from <= kCalls; ++from) {
+            for (int way = 0; way < kWays; ++way) {
+                dialsim_reset();
+                EXPECT_TRUE(dialsim_clear_stores());
+                if (way == 0) {
+                    dialsim_fail(operation, kFail, from, 0);
+                } else if (way == 1) {
+                    dialsim_fail_late(operation, kFail, from, 0);
+                } else {
+                    dialsim_yield_null(operation, from, 0);
+                }
+                LiveThroughEverything();
+                ++runs;
+                // What cannot be given back stays out.
+                if (std::string(operation).find("Delete") == std::string::npos) {
+                    EXPECT_EQ(OpenAccounts(), "") << operation << " from call " << from << ", way " << way;
+                }
+            }
+        }
+    }
+    Printed();
+    std::fprintf(stderr, "sweep: the whole library: %u operations, %u runs\n", i, runs);
+}
+
+using Threads = Listening;
+
+TEST_F(Threads, BackgroundScriptsReachTheHostAndCanBeWaitedFor) {
+    static int ended = 0;
+    ended = 0;
+    dialsim_play_in_background(
+        "turn 1\nturn 2\nturn 3\n", 0, [](void*, const char* error) { ended += error == nullptr; }, nullptr);
+    dialsim_wait_for_scripts();
+    EXPECT_EQ(ended, 1);
+    EXPECT_EQ(host.rotations.size(), 3u);
+}
+
+// The simulator itself may be asked from any thread while events run on others.
+TEST_F(Threads, TheSimulatorMayBeAskedWhileEventsRun) {
+    std::string script;
+    for (int i = 0; i < 200; ++i) {
+        script += "turn 1\n";
+    }
+    static int ended = 0;
+    ended = 0;
+    dialsim_play_in_background(
+        script.c_str(), 0, [](void*, const char*) { ++ended; }, nullptr);
+    for (int i = 0; i < 50; ++i) {
+        OpenAccounts();
+        Journal();
+        dialsim_references(nullptr);
+        dialsim_hold(i % 2 == 0);
+    }
+    dialsim_wait_for_scripts();
+    EXPECT_EQ(host.rotations.size(), 200u);
+}
+
+}  // namespace

@@ -1,0 +1,361 @@
+// The simulator's journal, and its faults.
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <set>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "event_recorder.h"
+#include "platform/interfaces/metadata.h"
+#include "platform/interfaces/property_value.h"
+#include "platform/text.h"
+
+namespace brindle {
+namespace {
+
+constexpr char kOperation[] = "IApiInformationStatics::IsTypePresent";
+constexpr char kOfA[] = "IApiInformationStatics::IsTypePresent(A)";
+constexpr char kCreate[] = "IRadialControllerInterop::CreateForWindow";
+constexpr HRESULT kOtherFault = Code(0x80000002);
+
+using Codes = std::vector<HRESULT>;
+
+// Asks the platform about two types.
+class Asking : public SimulatedApartment {
+protected:
+    void SetUp() override {
+        SimulatedApartment::SetUp();
+        a = ToPlatformString("A");
+        b = ToPlatformString("B");
+        ASSERT_EQ(GetFactory<abi::ApiInformation>(types), S_OK);
+        dialsim_clear_journal();
+    }
+    void TearDown() override {
+        types.Reset();
+        a = String();
+        b = String();
+        SimulatedApartment::TearDown();
+    }
+
+    HRESULT Ask(const String& type) {
+        answer = 7;
+        return types->IsTypePresent(type.Get(), &answer);
+    }
+    Codes AskTimes(int times) {
+        Codes codes;
+        for (int i = 0; i < times; ++i) {
+            codes.push_back(Ask(a));
+        }
+        return codes;
+    }
+
+    ComPtr<abi::IApiInformationStatics> types;
+    String a;
+    String b;
+    abi::boolean answer = 0;
+};
+
+using Faults = Asking;
+
+TEST_F(Faults, StrikeTheNextCall) {
+    ASSERT_TRUE(dialsim_fail(kOperation, kFault, 1, 1));
+    EXPECT_EQ(AskTimes(3), (Codes{kFault, S_OK, S_OK}));
+}
+
+TEST_F(Faults, StrikeFromALaterCallOnSomeTimes) {
+    ASSERT_TRUE(dialsim_fail(kOperation, kFault, 3, 2));
+    EXPECT_EQ(AskTimes(6), (Codes{S_OK, S_OK, kFault, kFault, S_OK, S_OK}));
+}
+
+TEST_F(Faults, StrikeForEver) {
+    ASSERT_TRUE(dialsim_fail(kOperation, kFault, 2, 0));
+    EXPECT_EQ(AskTimes(5), (Codes{S_OK, kFault, kFault, kFault, kFault}));
+}
+
+TEST_F(Faults, CountFromWhenTheyAreSet) {
+    AskTimes(3);
+    ASSERT_TRUE(dialsim_fail(kOperation, kFault, 2, 1));
+    EXPECT_EQ(AskTimes(3), (Codes{S_OK, kFault, S_OK}));
+}
+
+TEST_F(Faults, OutliveTheJournal) {
+    ASSERT_TRUE(dialsim_fail(kOperation, kFault, 2, 1));
+    Ask(a);
+    dialsim_clear_journal();
+    EXPECT_EQ(AskTimes(2), (Codes{kFault, S_OK}));
+}
+
+TEST_F(Faults, OfACallWithArgumentsCountAndStrikeThatCallOnly) {
+    ASSERT_TRUE(dialsim_fail(kOfA, kFault, 2, 1));
+    EXPECT_EQ((Codes{Ask(b), Ask(b), Ask(a), Ask(b), Ask(a), Ask(a)}),
+              (Codes{S_OK, S_OK, S_OK, S_OK, kFault, S_OK}));
+}
+
+TEST_F(Faults, OfAnotherOperationDoNotStrike) {
+    ASSERT_TRUE(dialsim_fail(kCreate, kFault, 1, 0));
+    EXPECT_EQ(AskTimes(1), (Codes{S_OK}));
+}
+
+TEST_F(Faults, TheFirstOfSeveralThatStrikesDecides) {
+    ASSERT_TRUE(dialsim_fail(kOperation, kFault, 2, 1));
+    ASSERT_TRUE(dialsim_fail(kOperation, kOtherFault, 1, 3));
+    EXPECT_EQ(AskTimes(4), (Codes{kOtherFault, kFault, kOtherFault, S_OK}));
+}
+
+TEST_F(Faults, InTurnAreSetByCall) {
+    ASSERT_TRUE(dialsim_fail(kOperation, kFault, 1, 1));
+    ASSERT_TRUE(dialsim_fail(kOperation, kOtherFault, 2, 1));
+    EXPECT_EQ(AskTimes(3), (Codes{kFault, kOtherFault, S_OK}));
+}
+
+TEST_F(Faults, MayBeSuccesses) {
+    ASSERT_TRUE(dialsim_fail(kOperation, S_FALSE, 1, 1));
+    EXPECT_EQ(Ask(a), S_FALSE);
+}
+
+TEST_F(Faults, LeaveAValueAlone) {
+    ASSERT_TRUE(dialsim_fail(kOperation, kFault, 1, 1));
+    Ask(a);
+    EXPECT_EQ(answer, 7);
+}
+
+TEST_F(Faults, ThatStrikeLateHandTheResultOut) {
+    ASSERT_TRUE(dialsim_fail_late(kOperation, kFault, 1, 1));
+    EXPECT_EQ(Ask(a), kFault);
+    EXPECT_EQ(answer, 1);
+}
+
+TEST_F(Faults, MayYieldNothing) {
+    ASSERT_TRUE(dialsim_yield_null(kOperation, 1, 1));
+    EXPECT_EQ(Ask(a), S_OK);
+    EXPECT_EQ(answer, 0);
+}
+
+// What the creation of a controller answers and yields.
+std::pair<HRESULT, bool> Create() {
+    ComPtr<abi::IRadialControllerInterop> factory;
+    EXPECT_EQ(GetFactory<abi::RadialController>(factory), S_OK);
+    ComPtr<abi::IRadialController> controller;
+    const HRESULT code = factory->CreateForWindow(nullptr, abi::IRadialController::Iid,
+                                                  reinterpret_cast<void**>(controller.Put()));
+    return {code, static_cast<bool>(controller)};
+}
+
+TEST_F(Faults, OfAnObjectsMakingMakeNone) {
+    ASSERT_TRUE(dialsim_fail(kCreate, kFault, 1, 1));
+    EXPECT_EQ(Create(), std::pair(kFault, false));
+    EXPECT_EQ(dialsim_calls("end of RadialController"), 0u);
+}
+
+TEST_F(Faults, ThatStrikeLateMakeTheObject) {
+    ASSERT_TRUE(dialsim_fail_late(kCreate, kFault, 1, 1));
+    EXPECT_EQ(Create(), std::pair(kFault, true));
+}
+
+TEST_F(Faults, ThatYieldNullMakeNoObject) {
+    ASSERT_TRUE(dialsim_yield_null(kCreate, 1, 1));
+    EXPECT_EQ(Create(), std::pair(S_OK, false));
+}
+
+TEST_F(Faults, StrikeQueriesForAnInterface) {
+    ASSERT_TRUE(dialsim_fail("QueryInterface(IPropertyValue)", kFault, 1, 1));
+    ComPtr<abi::IPropertyValueStatics> values;
+    ASSERT_EQ(GetFactory<abi::PropertyValue>(values), S_OK);
+    ComPtr<abi::IInspectable> number;
+    ASSERT_EQ(values->CreateUInt32(1, number.Put()), S_OK);
+    ComPtr<abi::IPropertyValue> value;
+    EXPECT_EQ(Query(number.Get(), value), kFault);
+    EXPECT_FALSE(value);
+    EXPECT_EQ(Query(number.Get(), value), S_OK);
+}
+
+TEST_F(Faults, StrikeTheFlatFunctions) {
+    ASSERT_TRUE(dialsim_fail("WindowsCreateStringReference", kFault, 1, 1));
+    StringReference reference;
+    EXPECT_EQ(reference.Create(WIDE("dial")), kFault);
+    EXPECT_EQ(reference.Get(), nullptr);
+}
+
+TEST_F(Faults, OfNoOperationAreRefused) {
+    for (const char* name :
+         {"", "(A)", "IsTypePresent", "IApiInformationStatics::IsTypePresen",
+          "IApiInformationStatics::IsTypePresents", "IApiInformationStatics::IsMagic(A)"}) {
+        EXPECT_FALSE(dialsim_fail(name, kFault, 1, 1)) << name;
+        EXPECT_FALSE(dialsim_fail_late(name, kFault, 1, 1)) << name;
+        EXPECT_FALSE(dialsim_yield_null(name, 1, 1)) << name;
+    }
+}
+
+TEST_F(Faults, CannotStrikeAPromotionLate) {
+    EXPECT_FALSE(dialsim_fail_late("WindowsPromoteStringBuffer", kFault, 1, 1));
+    EXPECT_TRUE(dialsim_fail("WindowsPromoteStringBuffer", kFault, 9, 1));
+}
+
+TEST_F(Faults, AreGoneAfterAReset) {
+    const String kept = ToPlatformString("A");
+    ASSERT_TRUE(dialsim_fail(kOperation, kFault, 1, 0));
+    dialsim_reset();
+    EXPECT_EQ(AskTimes(1), (Codes{S_OK}));
+}
+
+TEST_F(Faults, CanBeSetOnEveryOperationListed) {
+    std::set<std::string> names;
+    for (std::uint32_t i = 0; const char* name = dialsim_operation(i); ++i) {
+        EXPECT_TRUE(dialsim_fail(name, kFault, 1000, 1)) << name;
+        EXPECT_TRUE(names.insert(name).second) << name << " is listed twice";
+    }
+    EXPECT_TRUE(names.contains("RoInitialize"));
+    EXPECT_TRUE(names.contains(kOperation));
+    EXPECT_EQ(dialsim_operation(static_cast<std::uint32_t>(names.size()) + 1), nullptr);
+    EXPECT_EQ(dialsim_operation(0xFFFFFFFF), nullptr);
+}
+
+using TheJournal = Asking;
+
+TEST_F(TheJournal, HasALineACallInOrder) {
+    Ask(b);
+    Ask(a);
+    EXPECT_EQ(Journal(),
+              "IApiInformationStatics::IsTypePresent(B)\n"
+              "IApiInformationStatics::IsTypePresent(A)\n");
+}
+
+TEST_F(TheJournal, TellsCodesOtherThanZeroInHexadecimal) {
+    dialsim_fail(kOperation, Code(0x8007000E), 1, 1);
+    dialsim_fail(kOperation, S_FALSE, 2, 1);
+    dialsim_yield_null(kOperation, 3, 1);
+    AskTimes(3);
+    EXPECT_EQ(Journal(),
+              "IApiInformationStatics::IsTypePresent(A) = 8007000e\n"
+              "IApiInformationStatics::IsTypePresent(A) = 1\n"
+              "IApiInformationStatics::IsTypePresent(A)\n");
+}
+
+TEST_F(TheJournal, TellsWhatThePlatformItselfRefused) {
+    EXPECT_EQ(types->IsTypePresent(nullptr, nullptr), Code(0x80004003));
+    EXPECT_EQ(Journal(), "IApiInformationStatics::IsTypePresent() = 80004003\n");
+}
+
+TEST_F(TheJournal, CountsCallsByNameOrByNameAndArguments) {
+    Ask(a);
+    Ask(b);
+    Ask(b);
+    EXPECT_EQ(dialsim_calls(kOperation), 3u);
+    EXPECT_EQ(dialsim_calls(kOfA), 1u);
+    EXPECT_EQ(dialsim_calls("IApiInformationStatics::IsTypePresent(C)"), 0u);
+    EXPECT_EQ(dialsim_calls("IApiInformationStatics::IsType"), 0u);
+    EXPECT_EQ(dialsim_calls(""), 0u);
+}
+
+TEST_F(TheJournal, CountsCallsThatFailedToo) {
+    dialsim_fail(kOperation, kFault, 1, 1);
+    AskTimes(2);
+    EXPECT_EQ(dialsim_calls(kOperation), 2u);
+}
+
+TEST_F(TheJournal, BeginsAnewWhenItIsCleared) {
+    Ask(a);
+    dialsim_clear_journal();
+    EXPECT_EQ(Journal(), "");
+    EXPECT_EQ(dialsim_calls(kOperation), 0u);
+    Ask(b);
+    EXPECT_EQ(Journal(), "IApiInformationStatics::IsTypePresent(B)\n");
+}
+
+TEST_F(TheJournal, IsEmptyAfterAReset) {
+    Ask(a);
+    dialsim_reset();
+    EXPECT_EQ(Journal(), "");
+}
+
+TEST_F(TheJournal, IsCopiedAsFarAsItFitsAndAlwaysTerminated) {
+    Ask(a);
+    const std::size_t whole = std::string(kOfA).size() + 2;  // the end of the line and the terminator
+    char buffer[8] = "xxxxxxx";
+    EXPECT_EQ(dialsim_journal(buffer, 4), whole);
+    EXPECT_STREQ(buffer, "IAp");
+    EXPECT_EQ(buffer[4], 'x');
+    EXPECT_EQ(dialsim_journal(buffer, 1), whole);
+    EXPECT_STREQ(buffer, "");
+}
+
+TEST_F(TheJournal, TellsItsSizeWithoutABuffer) {
+    char untouched = 'x';
+    EXPECT_EQ(dialsim_journal(nullptr, 0), 1u);
+    Ask(a);
+    EXPECT_EQ(dialsim_journal(&untouched, 0), std::string(kOfA).size() + 2);
+    EXPECT_EQ(untouched, 'x');
+}
+
+// Writes down what each platform call looks like from inside it.
+struct CallWatch {
+    static void OnCall(void* context, const char* call) {
+        auto& watch = *static_cast<CallWatch*>(context);
+        watch.calls += std::string(call) + "\n";
+        watch.journal = Journal();
+        if (const auto inside = std::exchange(watch.inside, nullptr)) {
+            inside();
+        }
+    }
+
+    std::string calls;
+    std::string journal;
+    std::function<void()> inside;
+};
+
+class CallHook : public Asking {
+protected:
+    void SetUp() override {
+        Asking::SetUp();
+        dialsim_on_call(CallWatch::OnCall, &watch);
+    }
+    void TearDown() override {
+        dialsim_on_call(nullptr, nullptr);
+        Asking::TearDown();
+    }
+
+    CallWatch watch;
+};
+
+TEST_F(CallHook, IsCalledInsideACallThatTheJournalHasAlready) {
+    Ask(a);
+    EXPECT_EQ(watch.calls, "IApiInformationStatics::IsTypePresent(A)\n");
+    EXPECT_EQ(watch.journal, watch.calls);
+}
+
+TEST_F(CallHook, IsCalledBeforeTheCallDoesItsWork) {
+    watch.inside = [] { dialsim_set_type_present("A", false); };
+    EXPECT_EQ(Ask(a), S_OK);
+    EXPECT_EQ(answer, 0);
+}
+
+TEST_F(CallHook, IsCalledInACallThatFailsToo) {
+    dialsim_fail(kOperation, kFault, 1, 1);
+    EXPECT_EQ(Ask(a), kFault);
+    EXPECT_EQ(watch.calls, "IApiInformationStatics::IsTypePresent(A)\n");
+}
+
+TEST_F(CallHook, IsCalledForTheCallsThatItLeadsTo) {
+    watch.inside = [this] { Ask(b); };
+    Ask(a);
+    EXPECT_EQ(watch.calls,
+              "IApiInformationStatics::IsTypePresent(A)\n"
+              "IApiInformationStatics::IsTypePresent(B)\n");
+}
+
+TEST_F(CallHook, EndsWithNull) {
+    dialsim_on_call(nullptr, nullptr);
+    Ask(a);
+    EXPECT_EQ(watch.calls, "");
+}
+
+TEST_F(CallHook, EndsWithAReset) {
+    dialsim_reset();
+    Ask(a);
+    EXPECT_EQ(watch.calls, "");
+}
+
+}  // namespace
+}  // namespace brindle

@@ -1,0 +1,34 @@
+// A recording of the dial in a file of its own.
+#pragma once
+
+#include <cstdio>
+#include <string>
+
+#include "support/simulator_fixture.h"
+#include "support/stores_folder.h"
+
+namespace brindle {
+
+class RecordedDial : public SimulatedApartment {
+protected:
+    void TearDown() override {
+        dialsim_record(nullptr);
+        std::remove(Path().c_str());
+        SimulatedApartment::TearDown();
+    }
+
+    std::string Path() const { return folder_.PathOf("session.dial"); }
+    void Record() const { ASSERT_TRUE(dialsim_record(Path().c_str())); }
+    // What stands in the file by now.
+    std::string Recording() const { return folder_.Read("session.dial").value_or("no file"); }
+
+    static void Play(const std::string& script) {
+        char error[200] = "";
+        EXPECT_TRUE(dialsim_play(script.c_str(), 0, error, sizeof error)) << error;
+    }
+
+private:
+    const StoresFolder folder_;
+};
+
+}  // namespace brindle

@@ -1,0 +1,208 @@
+// Recordings where the simulator owns the clock: the times are exact.
+#include <brindle.h>
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <cstdio>
+#include <random>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "event_recorder.h"
+#include "platform/interfaces/devices.h"
+#include "recorded_dial.h"
+
+namespace brindle {
+namespace {
+
+// The lines after the heading.
+std::string Body(const std::string& recording) { return recording.substr(recording.find('\n') + 1); }
+
+using RecordedTimes = RecordedDial;
+
+TEST_F(RecordedTimes, AreThoseBetweenMovements) {
+    const auto controller = MakeController(16);
+    Record();
+    dialsim_wait(40);
+    dialsim_wait(60);
+    dialsim_turn(16, 1);
+    dialsim_turn(16, 2);
+    dialsim_wait(7);
+    dialsim_hold(true);
+    EXPECT_EQ(Body(Recording()), "wait 100\nwindow @1\nturn 1\nturn 2\nwait 7\nhold\n");
+}
+
+TEST_F(RecordedTimes, LeaveOutWhatHandlersTake) {
+    const auto controller = MakeController(16);
+    const auto slow = MakeDelegate<
+        abi::TypedEventHandler<abi::RadialController, abi::RadialControllerButtonClickedEventArgs>>(
+        [](auto*, auto*) {
+            dialsim_wait(30);
+            return S_OK;
+        });
+    EventRegistrationToken token{};
+    ASSERT_EQ(controller->add_ButtonClicked(slow.Get(), &token), S_OK);
+    Record();
+    dialsim_click(16);
+    dialsim_wait(5);
+    dialsim_click(16);
+    EXPECT_EQ(Body(Recording()), "window @1\nclick\nwait 5\nclick\n");
+}
+
+TEST_F(RecordedTimes, LeaveOutWhatIsWaitedForAnyway) {
+    ComPtr<abi::IDeviceInformationStatics> devices;
+    ASSERT_EQ(GetFactory<abi::DeviceInformation>(devices), S_OK);
+    StringReference query;
+    ASSERT_EQ(query.Create(WIDE("System.Devices.InterfaceEnabled:=System.StructuredQueryType.Boolean#True")),
+              S_OK);
+    ComPtr<abi::IAsyncOperation<abi::DeviceInformationCollection>> enumeration;
+    ASSERT_EQ(devices->FindAllAsyncAqsFilter(query.Get(), enumeration.Put()), S_OK);
+    const auto ignore = MakeDelegate<abi::AsyncOperationCompletedHandler<abi::DeviceInformationCollection>>(
+        [](auto*, auto) { return S_OK; });
+    dialsim_async_delay(25);
+    ASSERT_EQ(enumeration->put_Completed(ignore.Get()), S_OK);
+    const std::uint64_t before = dialsim_now();
+    Record();
+    dialsim_wait_for_async();
+    EXPECT_EQ(dialsim_now() - before, 25U);
+    dialsim_wait(5);
+    dialsim_hold(true);
+    EXPECT_EQ(Body(Recording()), "settle\nwait 5\nhold\n");
+}
+
+TEST_F(RecordedTimes, AreNoneWhereTheClockIsSetBack) {
+    Record();
+    dialsim_set_clock(dialsim_now() - 10);
+    dialsim_hold(true);
+    dialsim_set_clock(dialsim_now() + 0x1'0000'0005);
+    dialsim_hold(false);
+    EXPECT_EQ(Body(Recording()), "hold\nwait 4294967295\nrelease\n");
+}
+
+// Writes down all that its window's listener tells, every bit of it, with the time since the session's start.
+class Diarist final : public IDialHost {
+public:
+    Diarist(std::uint64_t window, const char* name, std::vector<std::string>& diary)
+        : window_(window), name_(name), diary_(diary) {}
+
+    std::uint64_t GetWindowHandle() override { return window_; }
+    void OnRotation(void*, const DialRotationInfo* turn) override {
+        Write("turn", turn->contact, turn->deltaDegrees, turn->acceleration, turn->selectedItemTag,
+              turn->buttonPressed);
+    }
+    void OnButtonClicked(void*, const DialContactRect* rect) override {
+        Write("click", *rect, 0.0, 0.0, 0, false);
+    }
+
+private:
+    void Write(const char* event, const DialContactRect& rect, double degrees, double acceleration,
+               std::uint32_t item, bool pressed) {
+        char entry[200];
+        std::snprintf(entry, sizeof entry, "%s at %llu: %s %a factor %a item %u %s (%d, %d, %d, %d)", name_,
+                      static_cast<unsigned long long>(dialsim_now() - start_), event, degrees, acceleration,
+                      item, pressed ? "pressed" : "", rect.left, rect.top, rect.right, rect.bottom);
+        diary_.emplace_back(entry);
+    }
+
+    const std::uint64_t window_;
+    const char* const name_;
+    std::vector<std::string>& diary_;
+    const std::uint64_t start_ = dialsim_now();
+};
+
+// A hand that does anything at all, over two windows.
+class RandomHand {
+public:
+    RandomHand(std::uint64_t first, std::uint64_t second) : windows_{first, second} {}
+
+    void Act() {
+        const std::uint64_t window = windows_[Below(2)];
+        switch (Below(14)) {
+            case 0:
+                dialsim_click(window);
+                break;
+            case 1:
+                dialsim_hold(Below(2) == 0);
+                break;
+            case 2:
+                dialsim_touch(window, Place(), Place(), Place(), Place());
+                break;
+            case 3:
+                dialsim_move(window, Place(), Place(), Place(), Place());
+                break;
+            case 4:
+                dialsim_lift(window);
+                break;
+            case 5:
+                dialsim_choose(window, Below(3));
+                break;
+            case 6:
+                dialsim_acquire(window);
+                break;
+            case 7:
+                dialsim_lose(window);
+                break;
+            default:
+                dialsim_turn(window, std::uniform_real_distribution(-30.0, 40.0)(random_));
+        }
+        dialsim_wait(Below(3) == 0 ? Below(150) : Below(40));
+    }
+
+private:
+    std::uint32_t Below(std::uint32_t end) {
+        return std::uniform_int_distribution<std::uint32_t>(0, end - 1)(random_);
+    }
+    float Place() { return std::uniform_real_distribution(-2000.0F, 4000.0F)(random_); }
+
+    std::mt19937 random_{2026};
+    const std::uint64_t windows_[2];
+};
+
+// What two windows of a fresh program are told while `act` moves the dial.
+template <class Act>
+std::vector<std::string> DiaryOf(std::uint64_t first_window, std::uint64_t second_window, Act act) {
+    EXPECT_EQ(initialize(), 0);
+    std::vector<std::string> diary;
+    Diarist first(first_window, "first", diary);
+    Diarist second(second_window, "second", diary);
+    EXPECT_TRUE(init_dial_listener(&first));
+    EXPECT_TRUE(init_dial_listener(&second));
+    const MenuItemDescription items[] = {
+        {MenuItemKind::KnownIcon, WIDE("One"), 1, 0, {.number = 1}, {}, {}},
+        {MenuItemKind::KnownIcon, WIDE("Two"), 2, 1, {.number = 2}, {}, {}},
+        {MenuItemKind::KnownIcon, WIDE("Three"), 3, 0, {.number = 3}, {}, {}},
+    };
+    EXPECT_TRUE(add_custom_menu(first_window, items, 3));
+    EXPECT_TRUE(add_custom_menu(second_window, items, 3));
+    act();
+    uninit();
+    dialsim_reset();  // a click on the screen keeps its contact
+    return diary;
+}
+
+TEST_F(RecordedTimes, ReplaysTellHostsTheSameAtTheSameTimes) {
+    constexpr std::uint32_t kPause = 1000;  // ends what the library remembers of earlier turns
+    // The first turn of a process is never accelerated; it must be neither the played nor the replayed one.
+    DiaryOf(16, 17, [] { dialsim_turn(16, 0.0); });
+    const auto played = DiaryOf(16, 17, [this] {
+        Record();
+        dialsim_wait(kPause);
+        RandomHand hand(16, 17);
+        for (int i = 0; i < 500; ++i) {
+            hand.Act();
+        }
+    });
+    const std::string script = Recording();
+    EXPECT_EQ(script.find("window 1"), std::string::npos) << "a handle of this run";
+    const auto replayed = DiaryOf(5, 4, [&] {
+        Record();
+        Play(script);
+    });
+    EXPECT_GT(played.size(), 200U);
+    EXPECT_EQ(replayed, played);
+    EXPECT_EQ(Recording(), script);
+}
+
+}  // namespace
+}  // namespace brindle

@@ -1,0 +1,332 @@
+// Scripts: every command, and every way not to be understood.
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "event_recorder.h"
+#include "platform/interfaces/metadata.h"
+#include "platform/text.h"
+
+namespace brindle {
+namespace {
+
+constexpr char kGetContact[] = "IRadialControllerButtonClickedEventArgs::get_Contact";
+
+class Scripts : public SimulatedApartment {
+protected:
+    static std::string ErrorOf(const std::string& script) {
+        char error[200] = "not written";
+        const bool played = dialsim_play(script.c_str(), 0, error, sizeof error);
+        EXPECT_EQ(played, error[0] == '\0') << error;
+        return error;
+    }
+    static void Play(const std::string& script) { EXPECT_EQ(ErrorOf(script), ""); }
+
+    // What the platform answers to the click arguments' reading of the contact, called from an event.
+    static HRESULT ContactCode(ComPtr<abi::IRadialControllerScreenContact>& contact) {
+        const auto controller = MakeController(99);
+        HRESULT code = S_OK;
+        const auto handler = MakeDelegate<
+            abi::TypedEventHandler<abi::RadialController, abi::RadialControllerButtonClickedEventArgs>>(
+            [&](auto*, auto* args) {
+                code = args->get_Contact(contact.Put());
+                return S_OK;
+            });
+        EventRegistrationToken token{};
+        EXPECT_EQ(controller->add_ButtonClicked(handler.Get(), &token), S_OK);
+        dialsim_click(99);
+        return code;
+    }
+    static HRESULT ContactCode() {
+        ComPtr<abi::IRadialControllerScreenContact> contact;
+        return ContactCode(contact);
+    }
+};
+
+TEST_F(Scripts, TurnAndClick) {
+    ControllerEar ear(1);
+    Play("turn 5\nturn -0.5\nclick\n");
+    EXPECT_EQ(ear.Heard(), "turn 5; turn -0.5; click; ");
+}
+
+TEST_F(Scripts, HoldAndReleaseTheButton) {
+    ControllerEar ear(1);
+    Play("hold\nturn 1\nrelease\nturn 2");
+    EXPECT_EQ(ear.Heard(), "turn 1 held; turn 2; ");
+}
+
+TEST_F(Scripts, TouchMoveAndLift) {
+    ControllerEar ear(1);
+    Play("touch 1.5 2 3 4\nmove -5 6 7 8\nturn 1\nlift\nturn 2");
+    EXPECT_EQ(ear.Heard(), "touch at 1.5 2 3 4; move at -5 6 7 8; turn 1 at -5 6 7 8; lift; turn 2; ");
+}
+
+TEST_F(Scripts, AcquireAndLoseControl) {
+    ControllerEar ear(1);
+    Play("acquire\nlose");
+    EXPECT_EQ(ear.Heard(), "acquire; lose; ");
+}
+
+TEST_F(Scripts, ChooseAnItem) {
+    const auto controller = MakeController(1);
+    ComPtr<abi::IRadialControllerMenu> menu;
+    ASSERT_EQ(controller->get_Menu(menu.Put()), S_OK);
+    ComPtr<abi::IRadialControllerMenuItemStatics> items;
+    ASSERT_EQ(GetFactory<abi::RadialControllerMenuItem>(items), S_OK);
+    ComPtr<abi::IRadialControllerMenuItem> item;
+    ASSERT_EQ(items->CreateFromKnownIcon(nullptr, abi::RadialControllerMenuKnownIcon::Zoom, item.Put()),
+              S_OK);
+    ComPtr<abi::IVector<abi::RadialControllerMenuItem>> list;
+    ASSERT_EQ(menu->get_Items(list.Put()), S_OK);
+    ASSERT_EQ(list->Append(item.Get()), S_OK);
+    Play("choose 0");
+    ComPtr<abi::IRadialControllerMenuItem> selected;
+    EXPECT_EQ(menu->GetSelectedMenuItem(selected.Put()), S_OK);
+    EXPECT_EQ(selected.Get(), item.Get());
+}
+
+TEST_F(Scripts, TheMenuIsOpenedAndClosed) {
+    ControllerEar ear(1);
+    dialsim_append_item(1, "UInt32", 7);
+    Play("menu\nturn 10\nclose\nturn 20\nmenu\nclick\nclick");
+    EXPECT_EQ(ear.Heard(), "turn 20; click; ");
+}
+
+TEST_F(Scripts, WhatCannotBeDoneIsToldAndNoError) {
+    testing::internal::CaptureStderr();
+    Play("menu\nmouse 10 20 down\nmouse 10 20 move\nmouse 10 20 up\nshot nowhere/shot.png");
+    EXPECT_EQ(testing::internal::GetCapturedStderr(),
+              "dial script: there is no menu to open\n"
+              "dial script: there is no window for the mouse\n"
+              "dial script: there is no window for the mouse\n"
+              "dial script: there is no window for the mouse\n"
+              "dial script: the screen cannot be written to 'nowhere/shot.png'\n");
+}
+
+TEST_F(Scripts, BeginWithTheNewestWindowAndDirectWhatFollows) {
+    ControllerEar older(16);
+    ControllerEar newest(17);
+    Play("turn 1\nwindow 16\nturn 2\nwindow 0x11\nturn 3\nwindow 16\nclick\nwindow 0\nclick");
+    EXPECT_EQ(older.Heard(), "turn 2; click; ");
+    EXPECT_EQ(newest.Heard(), "turn 1; turn 3; click; ");
+}
+
+TEST_F(Scripts, NameAWindowByItsPlaceInTheOrderOfFirstControllers) {
+    ControllerEar first(16);
+    ControllerEar first_again(16);
+    ControllerEar second(9);
+    Play("window @2\nturn 2\nwindow @1\nturn 1");
+    EXPECT_EQ(second.Heard(), "turn 2; ");
+    EXPECT_EQ(first.Heard(), "turn 1; ");
+}
+
+TEST_F(Scripts, KeepTheWindowsPlaceWhenItsControllerEnds) {
+    { ControllerEar gone(16); }
+    ControllerEar second(9);
+    Play("window @2\nclick");
+    EXPECT_EQ(second.Heard(), "click; ");
+}
+
+TEST_F(Scripts, APlaceWithoutAWindowIsNobodys) {
+    ControllerEar ear(16);
+    testing::internal::CaptureStderr();
+    Play("window @2\nclick\nwindow @0\nclick");
+    EXPECT_EQ(testing::internal::GetCapturedStderr(),
+              "dial script, line 2: no window listens\ndial script, line 4: no window listens\n");
+    EXPECT_EQ(ear.Heard(), "");
+}
+
+TEST_F(Scripts, CountWindowsAnewAfterAReset) {
+    { ControllerEar before(16); }
+    dialsim_reset();
+    ControllerEar ear(17);
+    Play("window @1\nclick");
+    EXPECT_EQ(ear.Heard(), "click; ");
+}
+
+TEST_F(Scripts, EachBeginsWithTheNewestWindowAgain) {
+    ControllerEar older(16);
+    ControllerEar newest(17);
+    Play("window 16");
+    Play("turn 1");
+    EXPECT_EQ(newest.Heard(), "turn 1; ");
+}
+
+TEST_F(Scripts, HapticsListWaveforms) {
+    const auto controller = MakeController(1);
+    std::uint32_t count = 99;
+    const auto handler = MakeDelegate<
+        abi::TypedEventHandler<abi::RadialController, abi::RadialControllerRotationChangedEventArgs>>(
+        [&](auto*, auto* args) {
+            ComPtr<abi::IRadialControllerRotationChangedEventArgs2> more;
+            Query(args, more);
+            ComPtr<abi::ISimpleHapticsController> haptics;
+            more->get_SimpleHapticsController(haptics.Put());
+            ComPtr<abi::IVectorView<abi::SimpleHapticsControllerFeedback>> feedback;
+            haptics->get_SupportedFeedback(feedback.Put());
+            return feedback->get_Size(&count);
+        });
+    EventRegistrationToken token{};
+    ASSERT_EQ(controller->add_RotationChanged(handler.Get(), &token), S_OK);
+    Play("haptics 4099 0x1004 7\nturn 1");
+    EXPECT_EQ(count, 3u);
+    Play("haptics\nturn 1");
+    EXPECT_EQ(count, 0u);
+}
+
+TEST_F(Scripts, FailSetsAFault) {
+    Play(std::string("fail ") + kGetContact + " 80070005 2 1");
+    EXPECT_EQ(ContactCode(), S_OK);
+    EXPECT_EQ(ContactCode(), Code(0x80070005));
+    EXPECT_EQ(ContactCode(), S_OK);
+}
+
+TEST_F(Scripts, AFaultWithoutCountsStrikesAtOnceAndForEver) {
+    Play(std::string("fail ") + kGetContact + " 0x80070005");
+    EXPECT_EQ(ContactCode(), Code(0x80070005));
+    EXPECT_EQ(ContactCode(), Code(0x80070005));
+}
+
+TEST_F(Scripts, AFaultWithoutTimesStrikesForEver) {
+    Play(std::string("fail ") + kGetContact + " 80070005 2");
+    EXPECT_EQ(ContactCode(), S_OK);
+    EXPECT_EQ(ContactCode(), Code(0x80070005));
+    EXPECT_EQ(ContactCode(), Code(0x80070005));
+}
+
+TEST_F(Scripts, FailLateHandsTheResultOut) {
+    Play(std::string("fail-late ") + kGetContact + " 80070005 1 1");
+    dialsim_touch(0, 1, 2, 3, 4);
+    ComPtr<abi::IRadialControllerScreenContact> contact;
+    EXPECT_EQ(ContactCode(contact), Code(0x80070005));
+    EXPECT_TRUE(contact);
+}
+
+TEST_F(Scripts, NullYieldsNothing) {
+    Play(std::string("null ") + kGetContact + " 1 1");
+    dialsim_touch(0, 1, 2, 3, 4);
+    ComPtr<abi::IRadialControllerScreenContact> contact;
+    EXPECT_EQ(ContactCode(contact), S_OK);
+    EXPECT_FALSE(contact);
+    EXPECT_EQ(ContactCode(contact), S_OK);
+    EXPECT_TRUE(contact);
+}
+
+TEST_F(Scripts, ShowPrintsTheJournal) {
+    dialsim_fail("WindowsCreateStringReference", E_FAIL, 1, 1);
+    StringReference reference;
+    reference.Create(WIDE("dial"));
+    testing::internal::CaptureStdout();
+    Play("show journal");
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "WindowsCreateStringReference(dial) = 80004005\n");
+}
+
+TEST_F(Scripts, ShowPrintsTheAccounts) {
+    const auto controller = MakeController(1);
+    const std::string accounts = OpenAccounts();
+    testing::internal::CaptureStdout();
+    Play("show accounts");
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), accounts);
+}
+
+TEST_F(Scripts, MayHaveEmptyLinesCommentsAndSpaces) {
+    ControllerEar ear(1);
+    Play("# a demonstration\n\n  turn   5   # slowly\n\t\nclick\r\n#turn 7");
+    EXPECT_EQ(ear.Heard(), "turn 5; click; ");
+}
+
+TEST_F(Scripts, MayBeEmpty) { Play(""); }
+
+TEST_F(Scripts, PlayOnWhereAHandlerFails) {
+    ControllerEar ear(1);
+    ear.answer = E_FAIL;
+    testing::internal::CaptureStderr();
+    Play("turn 1\nturn 2");
+    testing::internal::GetCapturedStderr();
+    EXPECT_EQ(ear.Heard(), "turn 1; turn 2; ");
+}
+
+TEST_F(Scripts, ALineThatCannotBeUnderstoodIsTold) {
+    const struct {
+        const char* line;
+        const char* reason;
+    } rows[] = {
+        {"spin 5", "'spin'"},
+        {"Turn 5", "'Turn'"},
+        {"turn", "'turn'"},
+        {"turn 1 2", "'turn'"},
+        {"turn five", "'five'"},
+        {"turn 5x", "'5x'"},
+        {"click 1", "'click'"},
+        {"hold on", "'hold'"},
+        {"touch 1 2 3", "'touch'"},
+        {"touch 1 2 3 4 5", "'touch'"},
+        {"move 1 2 3 d", "'d'"},
+        {"choose", "'choose'"},
+        {"choose -1", "'-1'"},
+        {"menu 1", "'menu'"},
+        {"mouse 1 2", "'mouse'"},
+        {"mouse 1 x down", "'x'"},
+        {"mouse 1 2 drag", "'drag'"},
+        {"shot", "'shot'"},
+        {"wait -1", "'-1'"},
+        {"wait 1.5", "'1.5'"},
+        {"wait 4294967296", "'4294967296'"},
+        {"window x", "'x'"},
+        {"window 0x", "'0x'"},
+        {"window @", "''"},
+        {"window @first", "'first'"},
+        {"window 0x10000000000000000", "'0x10000000000000000'"},
+        {"haptics 4099 70000", "'70000'"},
+        {"thread other", "'other'"},
+        {"thread", "'thread'"},
+        {"show", "'show'"},
+        {"show everything", "'everything'"},
+        {"fail", "'fail'"},
+        {"fail IRadialController::add_RotationChanged", "'fail'"},
+        {"fail IRadialController::add_Rotation 80004005", "'IRadialController::add_Rotation'"},
+        {"fail IRadialController::add_RotationChanged zz", "zz'"},
+        {"fail IRadialController::add_RotationChanged 80004005 one", "'one'"},
+        {"fail IRadialController::add_RotationChanged 80004005 1 -1", "'-1'"},
+        {"fail IRadialController::add_RotationChanged 80004005 1 1 1", "'fail'"},
+        {"fail-late IRadialController::add_RotationChanged", "'fail-late'"},
+        {"fail-late NoSuch 80004005", "'NoSuch'"},
+        {"fail-late WindowsPromoteStringBuffer 80004005", "'WindowsPromoteStringBuffer'"},
+        {"null NoSuch", "'NoSuch'"},
+        {"null IRadialController::add_RotationChanged one", "'one'"},
+    };
+    for (const auto& row : rows) {
+        const std::string error = ErrorOf(std::string("# comment\n\nwait 0\n") + row.line + "\nwait 0\n");
+        EXPECT_EQ(error.find("line 4:"), 0u) << row.line << " -> " << error;
+        EXPECT_NE(error.find(row.reason), std::string::npos) << row.line << " -> " << error;
+    }
+}
+
+TEST_F(Scripts, TheFirstLineNotUnderstoodIsTold) {
+    EXPECT_EQ(ErrorOf("spin 5\nspin 6").find("line 1:"), 0u);
+    EXPECT_EQ(ErrorOf("wait 0\r\nspin 6").find("line 2:"), 0u);
+}
+
+TEST_F(Scripts, NothingIsPlayedOfAScriptNotUnderstood) {
+    ControllerEar ear(1);
+    ErrorOf("turn 1\nhold\nfail RoInitialize 80004005\nspin 5\n");
+    EXPECT_EQ(ear.Heard(), "");
+    EXPECT_EQ(RoInitialize(RO_INIT_SINGLETHREADED), S_FALSE);
+    RoUninitialize();
+    dialsim_turn(1, 1);
+    EXPECT_EQ(ear.Heard(), "turn 1; ");
+}
+
+TEST_F(Scripts, TheReasonIsCutToItsBuffer) {
+    char error[8] = "xxxxxxx";
+    EXPECT_FALSE(dialsim_play("spin 5", 0, error, sizeof error));
+    EXPECT_STREQ(error, "line 1:");
+}
+
+TEST_F(Scripts, NeedNoPlaceForTheReason) {
+    EXPECT_FALSE(dialsim_play("spin 5", 0, nullptr, 0));
+    EXPECT_TRUE(dialsim_play("wait 0", 0, nullptr, 0));
+}
+
+}  // namespace
+}  // namespace brindle

@@ -1,0 +1,228 @@
+// A long life leaves nothing behind: what the process holds after the first rounds is what it holds at the
+// end. Usage: long_runs CYCLES ROTATIONS WRITES, each a number of rounds.
+#include <brindle.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <functional>
+#include <iterator>
+#include <numeric>
+#include <string>
+
+#ifdef _WIN32
+#include <windows.h>
+// after windows.h
+#include <roapi.h>
+#include <winstring.h>
+#else
+#include <malloc.h>
+
+#include <filesystem>
+
+// There where a sanitizer's allocator stands in for the system's.
+extern "C" [[gnu::weak]] std::size_t __sanitizer_get_current_allocated_bytes();
+#endif
+
+#include "simulator/dialsim.h"
+#include "support/stores_folder.h"
+#include "support/utf16.h"
+
+namespace {
+
+constexpr std::uint64_t kWindow = 7;
+
+class SilentHost final : public IDialHost {
+public:
+    void OnRotation(void*, const DialRotationInfo* info) override {
+        ++events;
+        info->hapticRequest = &kBuzz;
+    }
+    std::uint64_t GetWindowHandle() override { return kWindow; }
+    void OnButtonClicked(void*, const DialContactRect*) override { ++events; }
+
+    std::uint64_t events = 0;
+
+private:
+    static constexpr std::uint32_t kBuzz = 1;
+};
+
+// What the process holds.
+struct Holdings {
+    std::uint64_t bytes;       // in use on its heaps
+    std::uint64_t handles;     // of the system's
+    std::uint32_t references;  // to objects of the platform's
+    std::uint32_t strings;
+};
+
+#ifdef _WIN32
+
+std::uint64_t BytesOn(HANDLE heap) {
+    std::uint64_t bytes = 0;
+    HeapLock(heap);
+    PROCESS_HEAP_ENTRY entry{};
+    while (HeapWalk(heap, &entry)) {
+        bytes += (entry.wFlags & PROCESS_HEAP_ENTRY_BUSY) != 0 ? entry.cbData : 0;
+    }
+    HeapUnlock(heap);
+    return bytes;
+}
+
+std::uint64_t BytesInUse() {
+    HANDLE heaps[64];
+    const DWORD count = std::min<DWORD>(GetProcessHeaps(64, heaps), 64);
+    return std::accumulate(heaps, heaps + count, std::uint64_t{0},
+                           [](std::uint64_t sum, HANDLE heap) { return sum + BytesOn(heap); });
+}
+
+// Asked number by number: Wine does not tell how many there are.
+std::uint64_t HandlesInUse() {
+    constexpr std::uintptr_t kStep = 4;
+    constexpr std::uintptr_t kHighest = 1 << 18;
+    std::uint64_t handles = 0;
+    for (std::uintptr_t number = kStep; number <= kHighest; number += kStep) {
+        DWORD flags = 0;
+        handles += GetHandleInformation(reinterpret_cast<HANDLE>(number), &flags) ? 1U : 0U;
+    }
+    return handles;
+}
+
+// Wine loses handles of its registry with every activation, whoever asks for it; Windows does not.
+std::uint64_t HandlesLostToAnActivation() {
+    constexpr wchar_t kClass[] = L"Windows.Foundation.PropertyValue";
+    RoInitialize(RO_INIT_SINGLETHREADED);
+    HSTRING name = nullptr;
+    WindowsCreateString(kClass, std::size(kClass) - 1, &name);
+    const std::uint64_t before = HandlesInUse();
+    IUnknown* factory = nullptr;
+    if (RoGetActivationFactory(name, IID_IUnknown, reinterpret_cast<void**>(&factory)) >= 0) {
+        factory->Release();
+    }
+    const std::uint64_t after = HandlesInUse();
+    WindowsDeleteString(name);
+    RoUninitialize();
+    return after - before;
+}
+
+#else
+
+std::uint64_t HandlesLostToAnActivation() { return 0; }
+
+std::uint64_t BytesInUse() {
+    return __sanitizer_get_current_allocated_bytes != nullptr ? __sanitizer_get_current_allocated_bytes()
+                                                              : mallinfo2().uordblks;
+}
+
+std::uint64_t HandlesInUse() {
+    const std::filesystem::directory_iterator open("/proc/self/fd");
+    return static_cast<std::uint64_t>(std::distance(begin(open), end(open)));
+}
+
+#endif
+
+Holdings HoldNow() { return {BytesInUse(), HandlesInUse(), dialsim_references(nullptr), dialsim_strings()}; }
+
+// A measure that shows nothing would show no growth either.
+bool IsFlat(const Holdings& early, const Holdings& late) {
+    constexpr std::uint64_t kSlackBytes = 8192;
+    return early.bytes > 0 && early.handles > 0 && late.bytes <= early.bytes + kSlackBytes &&
+           late.handles <= early.handles && late.references == early.references &&
+           late.strings == early.strings;
+}
+
+std::uint64_t activations = 0;
+
+// The journal is the simulator's own and would grow with every call.
+void ClearJournal() {
+    activations += dialsim_calls("RoGetActivationFactory");
+    dialsim_clear_journal();
+}
+
+void Repeat(std::uint64_t rounds, const std::function<void(std::uint64_t)>& round) {
+    constexpr std::uint64_t kRoundsOfJournal = 16;
+    for (std::uint64_t i = 0; i < rounds; ++i) {
+        round(i);
+        if (i % kRoundsOfJournal == 0) {
+            ClearJournal();
+        }
+    }
+    ClearJournal();
+}
+
+// A tenth of the rounds first, and not too few, so that what is only made once has been made.
+bool StaysFlat(const char* what, std::uint64_t rounds, const std::function<void(std::uint64_t)>& round) {
+    constexpr std::uint64_t kFewest = 200;
+    Repeat(std::max(rounds / 10, kFewest), round);
+    static_cast<void>(HoldNow());  // measuring, too, makes what is only made once
+    static const std::uint64_t lost = HandlesLostToAnActivation();
+    const Holdings early = HoldNow();
+    const std::uint64_t activations_before = activations;
+    Repeat(rounds, round);
+    Holdings late = HoldNow();
+    late.handles -= lost * (activations - activations_before);
+    const bool flat = IsFlat(early, late);
+    std::printf(
+        "%-10s %8llu rounds: %s, bytes %llu then %llu, handles %llu then %llu, references %u then %u\n", what,
+        static_cast<unsigned long long>(rounds), flat ? "flat" : "GREW",
+        static_cast<unsigned long long>(early.bytes), static_cast<unsigned long long>(late.bytes),
+        static_cast<unsigned long long>(early.handles), static_cast<unsigned long long>(late.handles),
+        static_cast<unsigned>(early.references), static_cast<unsigned>(late.references));
+    std::fflush(stdout);
+    return flat;
+}
+
+// Ends with a reset: the simulator remembers each asynchronous operation until then.
+void LiveOnce(SilentHost& host) {
+    const MenuItemDescription item{MenuItemKind::KnownIcon, UTF16("Volume"), 1, 1, {}, {}, {}};
+    initialize();
+    init_dial_listener(&host);
+    add_custom_menu(kWindow, &item, 1);
+    dialsim_choose(kWindow, 0);
+    dialsim_turn(kWindow, 3.0);
+    dialsim_click(kWindow);
+    is_dial_present(kWindow);
+    uninit();
+    ClearJournal();
+    dialsim_reset();
+    dialsim_async(DIALSIM_AT_ONCE);
+}
+
+void Write(std::uint64_t i) {
+    const std::basic_string<BrindleChar> text(100, static_cast<BrindleChar>('a' + i % 26));
+    set_string_in_storage(UTF16("long run"), UTF16("text"), text.c_str());
+    set_int_in_storage(UTF16("long run"), UTF16("number"), static_cast<std::int32_t>(i));
+    std::free(get_string_from_storage(UTF16("long run"), UTF16("text")));
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    if (argc != 4 || !dialsim_watch("brindle.dll")) {
+        std::fprintf(stderr, "usage: long_runs CYCLES ROTATIONS WRITES\n");
+        return EXIT_FAILURE;
+    }
+    const StoresFolder stores;
+    dialsim_async(DIALSIM_AT_ONCE);
+    SilentHost host;
+    bool flat =
+        StaysFlat("cycles", std::strtoull(argv[1], nullptr, 10), [&](std::uint64_t) { LiveOnce(host); });
+
+    dialsim_set_packaged(true);
+    initialize();
+    init_dial_listener(&host);
+    host.events = 0;
+    std::uint64_t turned = 0;
+    flat = StaysFlat("rotations", std::strtoull(argv[2], nullptr, 10),
+                     [&](std::uint64_t i) {
+                         dialsim_turn(kWindow, i % 2 == 0 ? 1.0 : -1.0);
+                         ++turned;
+                     }) &&
+           flat;
+    const bool heard = host.events == turned;
+    flat = StaysFlat("writes", std::strtoull(argv[3], nullptr, 10), Write) && flat;
+    const std::int32_t last = get_int_from_storage(UTF16("long run"), UTF16("number"));
+    std::printf("every rotation heard: %s; last number written: %d\n", heard ? "yes" : "NO", last);
+    uninit();
+    return flat && heard ? EXIT_SUCCESS : EXIT_FAILURE;
+}
