@@ -47,16 +47,16 @@ namespace {
 constexpr std::size_t kWindows = 1'000;
 constexpr std::uint32_t kItems = 10'000;
 
-std::size_t AllocationsOf(bench::Work& work) {
+std::size_t AllocationsOf(bench::Workload& work) {
     work.Run();
     const std::size_t before = allocations;
     work.Run();
     return allocations - before;
 }
 
-void PrintAllocations(const bench::Pair& pair) {
-    std::printf("{\"allocations\": \"%s\", \"library\": %zu, \"by_hand\": %zu}\n", pair.name.c_str(),
-                AllocationsOf(*pair.library()), AllocationsOf(*pair.by_hand()));
+void PrintAllocations(const bench::Comparison& pair) {
+    std::printf("{\"allocations\": \"%s\", \"library\": %zu, \"baseline\": %zu}\n", pair.name.c_str(),
+                AllocationsOf(*pair.library()), AllocationsOf(*pair.baseline()));
 }
 
 void PrintMemory(const char* what, std::size_t bytes, std::size_t number, std::size_t fields) {
@@ -79,9 +79,9 @@ void PrintWindowMemory() {
     }
     using Listener = brindle::DialListener;
     constexpr std::size_t kEvents = 7 * (kDelegate + sizeof(Listener*));
-    constexpr std::size_t kFiled = sizeof(std::uint64_t) + sizeof(Listener*);
+    constexpr std::size_t kRegistryEntry = sizeof(std::uint64_t) + sizeof(Listener*);
     PrintMemory("window", held_bytes - before, kWindows,
-                sizeof(Listener) + kEvents + kFiled + sizeof(std::int32_t));
+                sizeof(Listener) + kEvents + kRegistryEntry + sizeof(std::int32_t));
     uninit();
 }
 
@@ -104,7 +104,7 @@ void PrintItemMemory() {
 }  // namespace
 
 int main() {
-    for (const bench::Pair& pair : bench::Pairs()) {
+    for (const bench::Comparison& pair : bench::Comparisons()) {
         PrintAllocations(pair);
     }
     PrintWindowMemory();

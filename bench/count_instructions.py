@@ -11,7 +11,7 @@ import subprocess
 import tempfile
 
 ROOT = pathlib.Path(__file__).resolve().parents[1]
-FOLDERS = {"library": ROOT / "src", "by-hand": ROOT / "bench" / "baseline"}
+FOLDERS = {"library": ROOT / "src", "baseline": ROOT / "bench" / "baseline"}
 SHORT, LONG = 100, 1100
 
 # The pair whose count is kept in data/instructions_per_rotation.txt.

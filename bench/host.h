@@ -11,24 +11,27 @@ inline constexpr std::uint64_t kWindow = 0x20316;
 // Adds up what it is told.
 class Host final : public IDialHost {
 public:
-    explicit Host(std::uint64_t window = kWindow, bool shakes = false) : window_(window), shakes_(shakes) {}
+    explicit Host(std::uint64_t window = kWindow, bool plays_haptics = false)
+        : window_(window), plays_haptics_(plays_haptics) {}
 
     void OnRotation(void*, const DialRotationInfo* turn) override {
-        static constexpr std::uint32_t kShake = 1;
-        told_ += turn->selectedItemTag;
-        told_ += turn->contact.left + turn->contact.right + turn->buttonPressed;
-        told_ += static_cast<std::int64_t>(turn->deltaDegrees);
-        turn->hapticRequest = shakes_ ? &kShake : nullptr;
+        static constexpr std::uint32_t kHapticRequest = 1;
+        checksum_ += turn->selectedItemTag;
+        checksum_ += turn->contact.left + turn->contact.right + turn->buttonPressed;
+        checksum_ += static_cast<std::int64_t>(turn->deltaDegrees);
+        turn->hapticRequest = plays_haptics_ ? &kHapticRequest : nullptr;
     }
     std::uint64_t GetWindowHandle() override { return window_; }
-    void OnButtonClicked(void*, const DialContactRect* rect) override { told_ += rect->left + rect->right; }
+    void OnButtonClicked(void*, const DialContactRect* rect) override {
+        checksum_ += rect->left + rect->right;
+    }
 
-    std::int64_t told() const { return told_; }
+    std::int64_t checksum() const { return checksum_; }
 
 private:
     const std::uint64_t window_;
-    const bool shakes_;
-    std::int64_t told_ = 0;
+    const bool plays_haptics_;
+    std::int64_t checksum_ = 0;
 };
 
 }  // namespace bench

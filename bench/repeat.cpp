@@ -1,5 +1,5 @@
 // One side's work of one pair, so many times and nothing else: its instructions are counted.
-// Usage: bench_repeat PAIR library|by-hand NUMBER
+// Usage: bench_repeat PAIR library|baseline NUMBER
 #include <algorithm>
 #include <cstdlib>
 
@@ -9,14 +9,15 @@ int main(int argc, char** argv) {
     if (argc != 4) {
         return 2;
     }
-    const auto pairs = bench::Pairs();
-    const auto pair = std::find_if(pairs.begin(), pairs.end(),
-                                   [&](const bench::Pair& candidate) { return candidate.name == argv[1]; });
+    const auto pairs = bench::Comparisons();
+    const auto pair = std::find_if(pairs.begin(), pairs.end(), [&](const bench::Comparison& candidate) {
+        return candidate.name == argv[1];
+    });
     if (pair == pairs.end()) {
         return 2;
     }
     const std::string side = argv[2];
-    const auto work = side == "library" ? pair->library() : pair->by_hand();
+    const auto work = side == "library" ? pair->library() : pair->baseline();
     for (long i = std::atol(argv[3]); i > 0; --i) {
         work->Run();
     }

@@ -15,34 +15,34 @@ struct Done {
 };
 
 // The third run: what the first ones find is new to them.
-Done CallsOf(bench::Work& work) {
+Done CallsOf(bench::Workload& work) {
     work.Run();
     work.Run();
-    lean::TakeCalls();
+    stub::TakeCalls();
     const std::int64_t result = work.Run();
-    return {lean::TakeCalls(), result};
+    return {stub::TakeCalls(), result};
 }
 
-void PrintDifference(const Calls& library, const Calls& by_hand) {
+void PrintDifference(const Calls& library, const Calls& baseline) {
     std::size_t i = 0;
-    while (i < library.size() && i < by_hand.size() && library[i] == by_hand[i]) {
+    while (i < library.size() && i < baseline.size() && library[i] == baseline[i]) {
         ++i;
     }
     const auto at = [i](const Calls& calls) { return i < calls.size() ? calls[i].c_str() : "(the end)"; };
-    std::printf("  call %zu\n  library  %s\n  by hand  %s\n", i, at(library), at(by_hand));
+    std::printf("  call %zu\n  library  %s\n  by hand  %s\n", i, at(library), at(baseline));
 }
 
-bool Compare(const bench::Pair& pair) {
+bool Compare(const bench::Comparison& pair) {
     const Done library = CallsOf(*pair.library());
-    const Done by_hand = CallsOf(*pair.by_hand());
-    const bool same = library.calls == by_hand.calls && library.result == by_hand.result;
+    const Done baseline = CallsOf(*pair.baseline());
+    const bool same = library.calls == baseline.calls && library.result == baseline.result;
     const bool empty = library.calls.empty() == pair.makes_calls;
     std::printf("%-40s %zu calls, %s\n", pair.name.c_str(), library.calls.size(),
                 same && !empty ? "the same" : "NOT THE SAME");
     if (!same) {
-        PrintDifference(library.calls, by_hand.calls);
+        PrintDifference(library.calls, baseline.calls);
         std::printf("  results  %lld and %lld\n", static_cast<long long>(library.result),
-                    static_cast<long long>(by_hand.result));
+                    static_cast<long long>(baseline.result));
     }
     return same && !empty;
 }
@@ -51,7 +51,7 @@ bool Compare(const bench::Pair& pair) {
 
 int main() {
     bool all_same = true;
-    for (const bench::Pair& pair : bench::Pairs()) {
+    for (const bench::Comparison& pair : bench::Comparisons()) {
         all_same &= Compare(pair);
     }
     return all_same ? 0 : 1;

@@ -1,5 +1,5 @@
-// The times, with Google Benchmark: each pair as Library/... and ByHand/..., one right after the other.
-// Usage: bench_speed library-first|by-hand-first [OPTION OF GOOGLE BENCHMARK...]
+// The times, with Google Benchmark: each pair as Library/... and Baseline/..., one right after the other.
+// Usage: bench_speed library-first|baseline-first [OPTION OF GOOGLE BENCHMARK...]
 #include <benchmark/benchmark.h>
 
 #include <string_view>
@@ -9,7 +9,7 @@
 namespace {
 
 void Register(const std::string& name, std::int64_t runs,
-              const std::function<std::unique_ptr<bench::Work>()>& make) {
+              const std::function<std::unique_ptr<bench::Workload>()>& make) {
     auto* registered = benchmark::RegisterBenchmark(name.c_str(), [make](benchmark::State& state) {
         const auto work = make();
         for (auto _ : state) {
@@ -21,10 +21,10 @@ void Register(const std::string& name, std::int64_t runs,
     }
 }
 
-void RegisterBoth(const bench::Pair& pair, bool by_hand_first) {
-    for (const bool by_hand : {by_hand_first, !by_hand_first}) {
-        Register((by_hand ? "ByHand/" : "Library/") + pair.name, pair.runs,
-                 by_hand ? pair.by_hand : pair.library);
+void RegisterBoth(const bench::Comparison& pair, bool baseline_first) {
+    for (const bool baseline : {baseline_first, !baseline_first}) {
+        Register((baseline ? "Baseline/" : "Library/") + pair.name, pair.runs,
+                 baseline ? pair.baseline : pair.library);
     }
 }
 
@@ -32,11 +32,11 @@ void RegisterBoth(const bench::Pair& pair, bool by_hand_first) {
 
 int main(int argc, char** argv) {
     const std::string_view order = argc > 1 ? argv[1] : "";
-    if (order != "library-first" && order != "by-hand-first") {
+    if (order != "library-first" && order != "baseline-first") {
         return 2;
     }
-    for (const bench::Pair& pair : bench::Pairs()) {
-        RegisterBoth(pair, order == "by-hand-first");
+    for (const bench::Comparison& pair : bench::Comparisons()) {
+        RegisterBoth(pair, order == "baseline-first");
     }
     int options = argc - 1;
     benchmark::Initialize(&options, argv + 1);

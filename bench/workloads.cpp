@@ -17,7 +17,7 @@ namespace {
 constexpr char16_t kResource[] = u"Example Paint";
 constexpr char16_t kKey[] = u"Example Paint/last brush";
 
-// The library behind the names of by_hand.h.
+// The library behind the names of baseline.h.
 class LibraryDial {
 public:
     explicit LibraryDial(IDialHost& host) {
@@ -52,13 +52,14 @@ std::vector<MenuItemDescription> KnownIcons(std::uint32_t count) {
 struct Turn {
     std::uint32_t menu_items = 0;
     bool contact = false;
-    bool shakes = false;
+    bool plays_haptics = false;
 };
 
 template <class Dial>
-class Rotation final : public Work {
+class Rotation final : public Workload {
 public:
-    explicit Rotation(const Turn& turn) : host_(kWindow, turn.shakes), event_{turn.contact}, dial_(host_) {
+    explicit Rotation(const Turn& turn)
+        : host_(kWindow, turn.plays_haptics), event_{turn.contact}, dial_(host_) {
         if (turn.menu_items > 0) {
             const auto items = KnownIcons(turn.menu_items);
             dial_.FillMenu(items.data(), turn.menu_items);
@@ -66,23 +67,23 @@ public:
         }
     }
     std::int64_t Run() override {
-        lean::RaiseRotation(event_);
-        return host_.told();
+        stub::RaiseRotation(event_);
+        return host_.checksum();
     }
 
 private:
     Host host_;
-    lean::Event event_;
+    stub::Event event_;
     Dial dial_;
 };
 
 template <class Dial>
-class Click final : public Work {
+class Click final : public Workload {
 public:
     Click() : dial_(host_) {}
     std::int64_t Run() override {
-        lean::RaiseClick({.contact = true});
-        return host_.told();
+        stub::RaiseClick({.contact = true});
+        return host_.checksum();
     }
 
 private:
@@ -91,7 +92,7 @@ private:
 };
 
 template <class Dial>
-class Filling final : public Work {
+class Filling final : public Workload {
 public:
     explicit Filling(std::uint32_t count) : items_(KnownIcons(count)), dial_(host_) {}
     std::int64_t Run() override {
@@ -105,7 +106,7 @@ private:
 };
 
 template <class Dial>
-class Selecting final : public Work {
+class Selecting final : public Workload {
 public:
     explicit Selecting(std::uint32_t count) : last_(count), dial_(host_) {
         const auto items = KnownIcons(count);
@@ -130,7 +131,7 @@ std::vector<std::uint64_t> UnknownWindows(std::size_t count) {
     return windows;
 }
 
-class LookUp : public Work {
+class LookUp : public Workload {
 public:
     explicit LookUp(std::size_t count) : unknown_(UnknownWindows(count)) {
         for (std::size_t i = 0; i < count; ++i) {
@@ -173,7 +174,7 @@ public:
     std::int64_t Run() override { return windows_.Select(NextUnknown(), 0) >= 0; }
 
 private:
-    by_hand::Windows windows_;
+    baseline::Windows windows_;
 };
 
 struct LibraryStores {
@@ -183,19 +184,19 @@ struct LibraryStores {
     static std::int32_t GetNumber() { return get_int_from_storage(kResource, kKey); }
 };
 
-struct ByHandStores {
-    static std::int32_t SetText(const char16_t* text) { return by_hand::SetText(kResource, kKey, text); }
-    static char16_t* GetText() { return by_hand::GetText(kResource, kKey); }
-    static std::int32_t SetNumber(std::int32_t number) { return by_hand::SetNumber(kKey, number); }
-    static std::int32_t GetNumber() { return by_hand::GetNumber(kResource, kKey); }
+struct BaselineStores {
+    static std::int32_t SetText(const char16_t* text) { return baseline::SetText(kResource, kKey, text); }
+    static char16_t* GetText() { return baseline::GetText(kResource, kKey); }
+    static std::int32_t SetNumber(std::int32_t number) { return baseline::SetNumber(kKey, number); }
+    static std::int32_t GetNumber() { return baseline::GetNumber(kResource, kKey); }
 };
 
 // Between two texts of one length, or the same one again.
 template <class Stores>
-class TextSetting final : public Work {
+class TextSetting final : public Workload {
 public:
     TextSetting(bool changes, bool package_identity) : changes_(changes) {
-        lean::ClearStores(package_identity);
+        stub::ClearStores(package_identity);
         Stores::SetText(u"charcoal");
     }
     std::int64_t Run() override {
@@ -209,10 +210,10 @@ private:
 };
 
 template <class Stores>
-class NumberSetting final : public Work {
+class NumberSetting final : public Workload {
 public:
     explicit NumberSetting(bool changes) : changes_(changes) {
-        lean::ClearStores(true);
+        stub::ClearStores(true);
         Stores::SetNumber(7);
     }
     std::int64_t Run() override {
@@ -227,10 +228,10 @@ private:
 
 // From the roaming settings, or without package identity from the vault.
 template <class Stores>
-class TextReading final : public Work {
+class TextReading final : public Workload {
 public:
     explicit TextReading(bool package_identity) {
-        lean::ClearStores(package_identity);
+        stub::ClearStores(package_identity);
         Stores::SetText(u"charcoal");
     }
     std::int64_t Run() override {
@@ -242,10 +243,10 @@ public:
 };
 
 template <class Stores>
-class NumberReading final : public Work {
+class NumberReading final : public Workload {
 public:
     explicit NumberReading(bool package_identity) {
-        lean::ClearStores(package_identity);
+        stub::ClearStores(package_identity);
         if (package_identity) {
             Stores::SetNumber(7);
         } else {
@@ -264,18 +265,18 @@ private:
     LibraryDial dial_{host_};
 };
 
-class ByHandPresence {
+class BaselinePresence {
 public:
-    bool IsDialPresent() { return by_hand::IsDialPresent(); }
+    bool IsDialPresent() { return baseline::IsDialPresent(); }
 };
 
 template <class Side>
-class Presence final : public Work {
+class Presence final : public Workload {
 public:
-    explicit Presence(int milliseconds) { lean::SetEnumerationTime(std::chrono::milliseconds(milliseconds)); }
+    explicit Presence(int milliseconds) { stub::SetEnumerationTime(std::chrono::milliseconds(milliseconds)); }
     std::int64_t Run() override {
         const bool present = side_.IsDialPresent();
-        lean::WaitForEnumeration();
+        stub::WaitForEnumeration();
         return present;
     }
 
@@ -283,37 +284,40 @@ private:
     Side side_;
 };
 
-template <class Library, class ByHand, class... Arguments>
-Pair MakePair(std::string name, std::int64_t runs, Arguments... arguments) {
+template <class Library, class Baseline, class... Arguments>
+Comparison MakeComparison(std::string name, std::int64_t runs, Arguments... arguments) {
     return {std::move(name), runs, [=] { return std::make_unique<Library>(arguments...); },
-            [=] { return std::make_unique<ByHand>(arguments...); }};
+            [=] { return std::make_unique<Baseline>(arguments...); }};
 }
 
 template <template <class> class Measured, class... Arguments>
-Pair OfDials(std::string name, std::int64_t runs, Arguments... arguments) {
-    return MakePair<Measured<LibraryDial>, Measured<by_hand::Dial>>(std::move(name), runs, arguments...);
+Comparison OfDials(std::string name, std::int64_t runs, Arguments... arguments) {
+    return MakeComparison<Measured<LibraryDial>, Measured<baseline::Dial>>(std::move(name), runs,
+                                                                           arguments...);
 }
 
 template <template <class> class Measured, class... Arguments>
-Pair OfStores(std::string name, Arguments... arguments) {
-    return MakePair<Measured<LibraryStores>, Measured<ByHandStores>>(std::move(name), 0, arguments...);
+Comparison OfStores(std::string name, Arguments... arguments) {
+    return MakeComparison<Measured<LibraryStores>, Measured<BaselineStores>>(std::move(name), 0,
+                                                                             arguments...);
 }
 
-Pair OfLookUps(std::size_t windows) {
-    Pair pair = MakePair<LibraryLookUp, MapLookUp>("lookup/" + std::to_string(windows), 0, windows);
+Comparison OfLookUps(std::size_t windows) {
+    Comparison pair =
+        MakeComparison<LibraryLookUp, MapLookUp>("lookup/" + std::to_string(windows), 0, windows);
     pair.makes_calls = false;
     return pair;
 }
 
 }  // namespace
 
-std::vector<Pair> Pairs() {
+std::vector<Comparison> Comparisons() {
     return {
         OfDials<Rotation>("rotation/no menu", 0, Turn{}),
         OfDials<Rotation>("rotation/menu and selection", 0, Turn{.menu_items = 7}),
         OfDials<Rotation>("rotation/contact", 0, Turn{.contact = true}),
         OfDials<Rotation>("rotation/menu, selection and contact", 0, Turn{.menu_items = 7, .contact = true}),
-        OfDials<Rotation>("rotation/haptics", 0, Turn{.shakes = true}),
+        OfDials<Rotation>("rotation/haptics", 0, Turn{.plays_haptics = true}),
         OfDials<Click>("click", 0),
         OfDials<Filling>("menu/1", 20'000, 1U),
         OfDials<Filling>("menu/7", 4'000, 7U),
@@ -334,8 +338,8 @@ std::vector<Pair> Pairs() {
         OfStores<TextReading>("get_string/vault", false),
         OfStores<NumberReading>("get_int/settings", true),
         OfStores<NumberReading>("get_int/vault", false),
-        MakePair<Presence<LibraryPresence>, Presence<ByHandPresence>>("presence/at once", 0, 0),
-        MakePair<Presence<LibraryPresence>, Presence<ByHandPresence>>("presence/after 5 ms", 2, 5),
+        MakeComparison<Presence<LibraryPresence>, Presence<BaselinePresence>>("presence/at once", 0, 0),
+        MakeComparison<Presence<LibraryPresence>, Presence<BaselinePresence>>("presence/after 5 ms", 2, 5),
     };
 }
 

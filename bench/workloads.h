@@ -10,24 +10,24 @@
 namespace bench {
 
 // Made ready by its constructor, which nobody measures.
-class Work {
+class Workload {
 public:
-    virtual ~Work() = default;
+    virtual ~Workload() = default;
     // Once; what came of it, the same on both sides.
     virtual std::int64_t Run() = 0;
 };
 
-struct Pair {
+struct Comparison {
     std::string name;
     // How often in one measurement; 0: as often as the time allows. Set where every run leaves something
     // behind.
     std::int64_t runs;
-    std::function<std::unique_ptr<Work>()> library;
-    std::function<std::unique_ptr<Work>()> by_hand;
+    std::function<std::unique_ptr<Workload>()> library;
+    std::function<std::unique_ptr<Workload>()> baseline;
     // Whether both make the same calls; looking a window up makes none.
     bool makes_calls = true;
 };
 
-std::vector<Pair> Pairs();
+std::vector<Comparison> Comparisons();
 
 }  // namespace bench

@@ -1,10 +1,10 @@
-# What a library needs to leave the house: `ship` makes it a package, and installs that as a component of its own name.
+# What a library needs to leave the house: `add_package` makes it a package, and installs that as a component of its own name.
 include(CMakePackageConfigHelpers)
 
 # For the code of the libraries that are given away: symbols that do not tell in what folder they were made.
-add_library(shipped_code INTERFACE)
+add_library(package_flags INTERFACE)
 if(WIN32)
-    target_compile_options(shipped_code INTERFACE $<$<COMPILE_LANGUAGE:CXX>:
+    target_compile_options(package_flags INTERFACE $<$<COMPILE_LANGUAGE:CXX>:
         -ffile-prefix-map=${PROJECT_SOURCE_DIR}=. -ffile-prefix-map=${CMAKE_BINARY_DIR}=.>)
     find_program(LLVM_DLLTOOL llvm-dlltool)
     if(NOT LLVM_DLLTOOL)
@@ -25,7 +25,7 @@ endfunction()
 
 # The symbols go into a file beside the DLL, where debuggers look for them by the name that the DLL keeps. Without the
 # word to preserve dates, the time of day would get into the headers.
-function(separate_symbols package)
+function(split_debug_symbols package)
     set(dll $<TARGET_FILE:${package}>)
     add_custom_command(TARGET ${package} POST_BUILD
         COMMAND ${CMAKE_OBJCOPY} --preserve-dates --only-keep-debug ${dll} ${dll}.debug
@@ -35,21 +35,21 @@ function(separate_symbols package)
 endfunction()
 
 # The parts of a package that only Windows has.
-function(finish_dll package description definition)
+function(configure_dll package description definition)
     set(resource ${CMAKE_CURRENT_BINARY_DIR}/package/version.rc)
     configure_file(${CMAKE_CURRENT_FUNCTION_LIST_DIR}/package/version.rc.in ${resource} @ONLY)
     target_sources(${package} PRIVATE ${resource} ${definition})
     set_target_properties(${package} PROPERTIES PREFIX "")
     # Of the compiler's libraries only what is called; and two builds of one source are the same.
     target_link_options(${package} PRIVATE -Wl,--gc-sections,--no-insert-timestamp)
-    separate_symbols(${package})
+    split_debug_symbols(${package})
     if(LLVM_DLLTOOL)
         add_msvc_import_library(${package} ${definition})
     endif()
 endfunction()
 
 # What finds the package: CMake's find_package, and pkg-config.
-function(make_findable package description dependency)
+function(install_package_config package description dependency)
     set(templates ${CMAKE_CURRENT_FUNCTION_LIST_DIR}/package)
     set(made ${CMAKE_CURRENT_BINARY_DIR}/package)
     install(EXPORT ${package} FILE ${package}Targets.cmake NAMESPACE ${package}:: DESTINATION lib/cmake/${package}
@@ -66,18 +66,18 @@ endfunction()
 
 # ship(<target> DESCRIPTION <a line> HEADER <file>
 #      DEFINITION <module definition, for Windows> DEPENDENCY <package that the native library needs>)
-function(ship package)
-    cmake_parse_arguments(PARSE_ARGV 1 ship "" "DESCRIPTION;HEADER;DEFINITION;DEPENDENCY" "")
+function(add_package package)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "DESCRIPTION;HEADER;DEFINITION;DEPENDENCY" "")
     if(WIN32)
-        finish_dll(${package} ${ship_DESCRIPTION} ${ship_DEFINITION})
+        configure_dll(${package} ${arg_DESCRIPTION} ${arg_DEFINITION})
     else()
         set_target_properties(${package} PROPERTIES INSTALL_RPATH $ORIGIN)
     endif()
     add_library(${package}::${package} ALIAS ${package})
     target_include_directories(${package} INTERFACE $<INSTALL_INTERFACE:include>)
     install(TARGETS ${package} EXPORT ${package} COMPONENT ${package})
-    install(FILES ${ship_HEADER} DESTINATION include COMPONENT ${package})
-    make_findable(${package} ${ship_DESCRIPTION} ${ship_DEPENDENCY})
+    install(FILES ${arg_HEADER} DESTINATION include COMPONENT ${package})
+    install_package_config(${package} ${arg_DESCRIPTION} ${arg_DEPENDENCY})
     install(FILES ${PROJECT_SOURCE_DIR}/LICENSE ${CMAKE_CURRENT_FUNCTION_LIST_DIR}/package/THIRD-PARTY.txt
         DESTINATION share/doc/${package} COMPONENT ${package})
 endfunction()

@@ -116,7 +116,7 @@ struct Memory {
 
 const BrindleChar* const kResource = TEXT16("Brindle sample host");
 
-Memory Recall() {
+Memory LoadSettings() {
     Memory memory;
     // The text is ours to free.
     const std::unique_ptr<BrindleChar, decltype(&std::free)> item(
@@ -129,12 +129,12 @@ Memory Recall() {
     return memory;
 }
 
-void Remember(const Memory& memory) {
+void SaveSettings(const Memory& memory) {
     set_string_in_storage(kResource, TEXT16("item"), memory.item.c_str());
     set_int_in_storage(kResource, TEXT16("turns"), memory.turns);
 }
 
-void PrintRecalled(const Memory& memory) {
+void PrintSettings(const Memory& memory) {
     std::printf("remembered: item %s (%s), %d turns (%s)\n",
                 memory.item.empty() ? "none" : ToUtf8(memory.item).c_str(),
                 DialDriver::PlaceOf("item").c_str(), memory.turns, DialDriver::PlaceOf("turns").c_str());
@@ -165,8 +165,8 @@ int main(int argc, char** argv) {
     }
 
     DialDriver driver(argv[1]);
-    Memory memory = Recall();
-    PrintRecalled(memory);
+    Memory memory = LoadSettings();
+    PrintSettings(memory);
 
     const std::vector<Text> arguments = Arguments(argc, argv);
     if (!is_dial_present(window.Handle())) {
@@ -183,7 +183,7 @@ int main(int argc, char** argv) {
         memory.item = kLabels[host.LastItem()];
     }
     memory.turns += host.Turns();
-    Remember(memory);
+    SaveSettings(memory);
     uninit();
     return driver.Failed() ? Fail(driver.Error()) : 0;
 }

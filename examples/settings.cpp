@@ -17,7 +17,7 @@
 
 namespace {
 
-enum Status { kDone = 0, kAbsent = 1, kMisunderstood = 2 };
+enum Status { kDone = 0, kAbsent = 1, kUsageError = 2 };
 
 int Absent() {
     std::fputs("settings: there is no such setting\n", stderr);
@@ -44,13 +44,13 @@ int GetInt(const Text& resource, const Text& key) {
     return kDone;
 }
 
-int Misunderstood() {
+int UsageError() {
     std::fputs(
         "usage: settings get-text|get-int RESOURCE KEY\n"
         "       settings set-text RESOURCE KEY TEXT\n"
         "       settings set-int RESOURCE KEY NUMBER\n",
         stderr);
-    return kMisunderstood;
+    return kUsageError;
 }
 
 int SetInt(const Text& resource, const Text& key, const Text& value) {
@@ -58,7 +58,7 @@ int SetInt(const Text& resource, const Text& key, const Text& value) {
     int32_t number = 0;
     const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), number);
     if (error != std::errc() || end != digits.data() + digits.size()) {
-        return Misunderstood();
+        return UsageError();
     }
     // Negative when the library could not even try; whether it was kept shows in reading it.
     return set_int_in_storage(resource.c_str(), key.c_str(), number) < 0 ? kAbsent : kDone;
@@ -82,7 +82,7 @@ int Obey(const std::vector<Text>& words) {
     if (words.size() == 5 && command == "set-int") {
         return SetInt(words[2], words[3], words[4]);
     }
-    return Misunderstood();
+    return UsageError();
 }
 
 }  // namespace
@@ -90,7 +90,7 @@ int Obey(const std::vector<Text>& words) {
 int main(int argc, char** argv) {
     if (initialize() == 1) {
         std::fputs("settings: this system has no Windows Runtime\n", stderr);
-        return kMisunderstood;
+        return kUsageError;
     }
     const int status = Obey(Arguments(argc, argv));
     uninit();

@@ -39,7 +39,7 @@ std::size_t CopyOut(const std::string& text, char* buffer, std::size_t size) {
 }
 
 bool AddFault(const Fault& fault) {
-    if (!CanStrike(fault)) {
+    if (!IsApplicable(fault)) {
         return false;
     }
     TheJournal().Add(fault);
@@ -56,7 +56,7 @@ Ref<Controller> NewestOf(std::uint64_t window) {
 // The simulator's own hand in the menu is not journaled.
 bool AppendItem(std::uint64_t window, abi::IRadialControllerMenuItem* item) {
     const Ref<Controller> controller = NewestOf(window);
-    const Unobserved own_hand;
+    const JournalPause no_journal;
     return controller && controller->menu().items().Append(item) >= 0;
 }
 
@@ -93,7 +93,7 @@ size_t dialsim_menu(uint64_t window, char* buffer, size_t size) {
     return CopyOut(MenuText(window), buffer, size);
 }
 size_t dialsim_menu_svg(uint64_t window, char* buffer, size_t size) {
-    return CopyOut(MenuPicture(window), buffer, size);
+    return CopyOut(MenuSvg(window), buffer, size);
 }
 
 uint32_t dialsim_system_items(uint64_t window, int32_t* kinds, uint32_t capacity) {
@@ -102,8 +102,8 @@ uint32_t dialsim_system_items(uint64_t window, int32_t* kinds, uint32_t capacity
     std::copy_n(shown.begin(), std::min<std::size_t>(shown.size(), capacity), kinds);
     return static_cast<uint32_t>(shown.size());
 }
-void dialsim_keep_sequences(bool keep) { KeepSequences(keep); }
-int32_t dialsim_use_kept_sequence() { return UseKeptSequence(); }
+void dialsim_keep_sequences(bool keep) { RetainSequences(keep); }
+int32_t dialsim_use_kept_sequence() { return UseRetainedSequence(); }
 
 bool dialsim_append_null_item(uint64_t window) { return AppendItem(window, nullptr); }
 bool dialsim_append_item(uint64_t window, const char* tag_kind, uint32_t value) {
@@ -129,21 +129,21 @@ bool dialsim_shrink_menu_after(uint64_t window, uint32_t calls) {
 }
 
 void dialsim_async(dialsim_async_mode mode) {
-    TheOperations().SetMode(mode == DIALSIM_AT_ONCE ? AsyncMode::AtOnce
-                            : mode == DIALSIM_HELD  ? AsyncMode::Held
-                                                    : AsyncMode::OwnThread);
+    TheAsyncOperations().SetMode(mode == DIALSIM_AT_ONCE ? AsyncMode::AtOnce
+                                 : mode == DIALSIM_HELD  ? AsyncMode::Held
+                                                         : AsyncMode::OwnThread);
 }
-int32_t dialsim_complete(uint32_t index) { return TheOperations().Complete(index, {}); }
-int32_t dialsim_complete_all() { return TheOperations().CompleteAll(); }
+int32_t dialsim_complete(uint32_t index) { return TheAsyncOperations().Complete(index, {}); }
+int32_t dialsim_complete_all() { return TheAsyncOperations().CompleteAll(); }
 int32_t dialsim_complete_as(uint32_t index, int32_t status) {
-    return TheOperations().Complete(index, static_cast<abi::AsyncStatus>(status));
+    return TheAsyncOperations().Complete(index, static_cast<abi::AsyncStatus>(status));
 }
-uint32_t dialsim_pending() { return TheOperations().Pending(); }
-int32_t dialsim_completion_code(uint32_t index) { return TheOperations().CompletionCode(index); }
-bool dialsim_completion_marshals(uint32_t index) { return TheOperations().MarshalsFreeThreaded(index); }
-void dialsim_abandon_pending() { TheOperations().Abandon(); }
+uint32_t dialsim_pending() { return TheAsyncOperations().Pending(); }
+int32_t dialsim_completion_code(uint32_t index) { return TheAsyncOperations().CompletionCode(index); }
+bool dialsim_completion_marshals(uint32_t index) { return TheAsyncOperations().MarshalsFreeThreaded(index); }
+void dialsim_abandon_pending() { TheAsyncOperations().Abandon(); }
 void dialsim_wait_for_async() { Settle(); }
-void dialsim_async_delay(uint32_t milliseconds) { TheOperations().SetDelay(milliseconds); }
+void dialsim_async_delay(uint32_t milliseconds) { TheAsyncOperations().SetDelay(milliseconds); }
 
 void dialsim_add_device(const char* id, const char* interface_class, bool enabled) {
     TheDevices().Add(id, interface_class, enabled);
@@ -221,7 +221,7 @@ bool dialsim_fail_late(const char* operation, int32_t code, uint32_t from, uint3
 bool dialsim_yield_null(const char* operation, uint32_t from, uint32_t times) {
     return AddFault({operation, Fault::Kind::YieldNull, S_OK, from, times});
 }
-const char* dialsim_operation(uint32_t index) { return Operation(index); }
+const char* dialsim_operation(uint32_t index) { return OperationName(index); }
 
 size_t dialsim_journal(char* buffer, size_t size) { return CopyOut(TheJournal().Text(), buffer, size); }
 void dialsim_clear_journal() { TheJournal().Clear(); }
@@ -231,20 +231,20 @@ void dialsim_on_call(void (*hook)(void* context, const char* call), void* contex
 uint32_t dialsim_calls(const char* operation) { return TheJournal().Count(operation); }
 
 uint32_t dialsim_objects(const char* class_name) {
-    return TheAccounts().Objects(NameOrAll(class_name)).objects;
+    return TheLeakTracker().Objects(NameOrAll(class_name)).objects;
 }
 uint32_t dialsim_references(const char* class_name) {
-    return TheAccounts().Objects(NameOrAll(class_name)).references;
+    return TheLeakTracker().Objects(NameOrAll(class_name)).references;
 }
-uint32_t dialsim_strings() { return TheAccounts().Strings(); }
-uint32_t dialsim_blocks() { return TheAccounts().Blocks(); }
-uint32_t dialsim_handlers() { return TheAccounts().Handlers(); }
-size_t dialsim_accounts(char* buffer, size_t size) { return CopyOut(TheAccounts().Text(), buffer, size); }
+uint32_t dialsim_strings() { return TheLeakTracker().Strings(); }
+uint32_t dialsim_blocks() { return TheLeakTracker().Blocks(); }
+uint32_t dialsim_handlers() { return TheLeakTracker().Handlers(); }
+size_t dialsim_accounts(char* buffer, size_t size) { return CopyOut(TheLeakTracker().Text(), buffer, size); }
 
 void dialsim_reset() {
     EndRecording();
     CloseMenu();
-    TheOperations().Reset();
+    TheAsyncOperations().Reset();
     ResetConfigurations();
     ResetResources();
     ResetFiles();
@@ -252,6 +252,6 @@ void dialsim_reset() {
     SkipSleeps(false);
     ResetPackaged();
     TheJournal().Reset();
-    TheAccounts().Reset();
+    TheLeakTracker().Reset();
     TheDial().Reset();
 }

@@ -127,8 +127,8 @@ enum dialsim_async_mode {
 /* When operations complete that start from now on. What they found out is fixed when they start. */
 void dialsim_async(enum dialsim_async_mode mode);
 
-/* Operations are counted from 0 in the order of their starts since the last reset. These complete one that
- * has not completed, or all of those in their order, on the thread that is set for events; one without a
+/* AsyncOperations are counted from 0 in the order of their starts since the last reset. These complete one
+ * that has not completed, or all of those in their order, on the thread that is set for events; one without a
  * handler calls its handler as soon as it gets one. The code is the handler's answer (the first failure of
  * several), 0 without a handler, 0x8000000B (E_BOUNDS) where nothing is there to complete. */
 int32_t dialsim_complete(uint32_t index);
@@ -317,7 +317,7 @@ bool dialsim_record(const char* path);
  * A program that does not name the simulator gets scripts and a recording from its environment:
  *
  *   DIALSIM_SETUP    a script that is played to its end before the first class of the platform is handed out,
- *                    with the program and brindle.dll watched (below): for faults, devices and identity
+ *                    with the program and brindle.dll intercepted (below): for faults, devices and identity
  *   DIALSIM_SCRIPT   a script that is played in the background, in real time, from the moment on at which the
  *                    first controller is made. It should begin with a wait: the program has to subscribe. It
  *                    ends with the program at the latest; with DIALSIM_CLOSE=1 the window is closed when all

@@ -5,7 +5,7 @@
 
 #include "platform/functions.h"
 
-namespace by_hand {
+namespace baseline {
 
 template <std::size_t N>
 consteval std::array<WCHAR, N> Wide(const char (&text)[N]) {
@@ -37,4 +37,4 @@ HRESULT Query(Object* object, Interface*& result) {
     return object->QueryInterface(Interface::Iid, reinterpret_cast<void**>(&result));
 }
 
-}  // namespace by_hand
+}  // namespace baseline

@@ -12,7 +12,7 @@
 #include "platform/functions.h"
 #include "platform/interfaces/ui_input.h"
 
-namespace by_hand {
+namespace baseline {
 
 namespace abi = brindle::abi;
 
@@ -66,4 +66,4 @@ std::int32_t GetNumber(const WCHAR* resource, const WCHAR* key);
 // The enumeration alone: the caller sleeps until the completion wakes it.
 bool IsDialPresent();
 
-}  // namespace by_hand
+}  // namespace baseline

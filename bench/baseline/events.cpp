@@ -8,7 +8,7 @@
 #include "platform/interfaces/haptics.h"
 #include "platform/interfaces/property_value.h"
 
-namespace by_hand {
+namespace baseline {
 
 namespace {
 
@@ -146,7 +146,7 @@ void Play(abi::ISimpleHapticsController* haptics) {
     waveforms->Release();
 }
 
-void Shake(Rotation* args) {
+void PlayHaptics(Rotation* args) {
     Rotation2* more = nullptr;
     if (Query(args, more) < 0) {
         return;
@@ -221,7 +221,7 @@ void Dial::OnRotation(abi::IRadialController* sender, Rotation* args) {
     info.acceleration = Acceleration(info.deltaDegrees);
     host_.OnRotation(sender, &info);
     if (info.hapticRequest != nullptr && (*info.hapticRequest == 1 || *info.hapticRequest == 2)) {
-        Shake(args);
+        PlayHaptics(args);
     }
     rotation->Release();
 }
@@ -243,4 +243,4 @@ void Dial::OnClick(abi::IRadialController* sender, abi::IRadialControllerButtonC
     host_.OnButtonClicked(sender, &rect);
 }
 
-}  // namespace by_hand
+}  // namespace baseline

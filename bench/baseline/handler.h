@@ -5,7 +5,7 @@
 
 #include "platform/interfaces/foundation.h"
 
-namespace by_hand {
+namespace baseline {
 
 namespace abi = brindle::abi;
 
@@ -39,4 +39,4 @@ private:
     std::atomic<std::uint32_t> references_{1};
 };
 
-}  // namespace by_hand
+}  // namespace baseline

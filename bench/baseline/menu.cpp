@@ -7,7 +7,7 @@
 #include "bench/baseline/handler.h"
 #include "platform/interfaces/property_value.h"
 
-namespace by_hand {
+namespace baseline {
 
 namespace {
 
@@ -171,4 +171,4 @@ HRESULT Dial::Select(std::uint32_t item_id) {
     return code;
 }
 
-}  // namespace by_hand
+}  // namespace baseline

@@ -5,7 +5,7 @@
 #include "bench/baseline/handler.h"
 #include "platform/interfaces/devices.h"
 
-namespace by_hand {
+namespace baseline {
 
 namespace {
 
@@ -88,4 +88,4 @@ bool IsDialPresent() {
     return found;
 }
 
-}  // namespace by_hand
+}  // namespace baseline

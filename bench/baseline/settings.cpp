@@ -8,7 +8,7 @@
 #include "platform/interfaces/property_value.h"
 #include "platform/interfaces/storage.h"
 
-namespace by_hand {
+namespace baseline {
 
 namespace {
 
@@ -150,7 +150,7 @@ abi::IPasswordVault* OpenVault() {
     return vault;
 }
 
-bool Knows(abi::IPasswordVault* vault, HSTRING user_name) {
+bool HasCredential(abi::IPasswordVault* vault, HSTRING user_name) {
     abi::IVectorView<abi::PasswordCredential>* found = nullptr;
     if (vault->FindAllByUserName(user_name, &found) < 0) {
         return false;
@@ -175,7 +175,7 @@ void AddToVault(abi::IPasswordVault* vault, HSTRING resource, HSTRING user_name,
 
 void WriteToVault(abi::IPasswordVault* vault, HSTRING resource, HSTRING user_name, const WCHAR* text) {
     abi::IPasswordCredential* old = nullptr;
-    if (Knows(vault, user_name)) {
+    if (HasCredential(vault, user_name)) {
         if (vault->Retrieve(resource, user_name, &old) < 0) {
             return;
         }
@@ -236,7 +236,7 @@ WCHAR* TextInVault(const WCHAR* resource, const WCHAR* key) {
     }
     WCHAR* text = nullptr;
     const Name user_name(key);
-    if (Knows(vault, user_name.Get())) {
+    if (HasCredential(vault, user_name.Get())) {
         abi::IPasswordCredential* credential = nullptr;
         if (vault->Retrieve(Name(resource).Get(), user_name.Get(), &credential) >= 0) {
             HSTRING password = nullptr;
@@ -298,4 +298,4 @@ std::int32_t GetNumber(const WCHAR* resource, const WCHAR* key) {
     return NumberIn(false, key);
 }
 
-}  // namespace by_hand
+}  // namespace baseline

@@ -1,6 +1,6 @@
 #include "bench/baseline/baseline.h"
 
-namespace by_hand {
+namespace baseline {
 
 void Windows::Add(IDialHost& host) { dials_[host.GetWindowHandle()] = std::make_unique<Dial>(host); }
 
@@ -9,4 +9,4 @@ HRESULT Windows::Select(std::uint64_t window, std::uint32_t item_id) {
     return dial == dials_.end() ? E_FAIL : dial->second->Select(item_id);
 }
 
-}  // namespace by_hand
+}  // namespace baseline

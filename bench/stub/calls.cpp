@@ -4,7 +4,7 @@
 
 #include "bench/stub/platform.h"
 
-namespace lean {
+namespace stub {
 
 namespace {
 
@@ -13,10 +13,10 @@ std::vector<std::string> calls;
 
 }  // namespace
 
-#ifdef LEAN_RECORDS
-void Note(const char* call) noexcept { calls.emplace_back(call); }
+#ifdef STUB_RECORDS_CALLS
+void RecordCall(const char* call) noexcept { calls.emplace_back(call); }
 #endif
 
 std::vector<std::string> TakeCalls() { return std::exchange(calls, {}); }
 
-}  // namespace lean
+}  // namespace stub

@@ -1,18 +1,18 @@
 // Which calls were made. The platform that is measured has nothing of it left.
 #pragma once
 
-#ifdef LEAN_RECORDS
+#ifdef STUB_RECORDS_CALLS
 
-namespace lean {
+namespace stub {
 
-void Note(const char* call) noexcept;
+void RecordCall(const char* call) noexcept;
 
-}  // namespace lean
+}  // namespace stub
 
-#define LEAN_NOTE() ::lean::Note(static_cast<const char*>(__PRETTY_FUNCTION__))
+#define STUB_RECORD_CALL() ::stub::RecordCall(static_cast<const char*>(__PRETTY_FUNCTION__))
 
 #else
 
-#define LEAN_NOTE() static_cast<void>(0)
+#define STUB_RECORD_CALL() static_cast<void>(0)
 
 #endif

@@ -4,29 +4,29 @@
 #include "bench/stub/platform.h"
 #include "platform/interfaces/ui_input.h"
 
-namespace lean {
+namespace stub {
 
 namespace {
 
 using RotationArgs = abi::IRadialControllerRotationChangedEventArgs;
 using RotationArgs2 = abi::IRadialControllerRotationChangedEventArgs2;
 
-class Feedback final : public Fixed<abi::ISimpleHapticsControllerFeedback> {
+class Feedback final : public StaticObject<abi::ISimpleHapticsControllerFeedback> {
 public:
     HRESULT get_Waveform(std::uint16_t*) noexcept override { return E_NOTIMPL; }
     HRESULT get_Duration(abi::TimeSpan*) noexcept override { return E_NOTIMPL; }
 };
 
-class FeedbackList final : public Fixed<abi::IVectorView<abi::SimpleHapticsControllerFeedback>> {
+class FeedbackList final : public StaticObject<abi::IVectorView<abi::SimpleHapticsControllerFeedback>> {
     using Element = abi::ISimpleHapticsControllerFeedback;
 
 public:
     HRESULT GetAt(std::uint32_t, Element** result) noexcept override {
-        LEAN_NOTE();
-        return Hand(&feedback_, result);
+        STUB_RECORD_CALL();
+        return ReturnReference(&feedback_, result);
     }
     HRESULT get_Size(std::uint32_t* result) noexcept override {
-        LEAN_NOTE();
+        STUB_RECORD_CALL();
         *result = 1;
         return S_OK;
     }
@@ -39,17 +39,17 @@ private:
     Feedback feedback_;
 };
 
-class Haptics final : public Fixed<abi::ISimpleHapticsController> {
+class Haptics final : public StaticObject<abi::ISimpleHapticsController> {
     using Waveform = abi::ISimpleHapticsControllerFeedback;
 
 public:
     HRESULT get_SupportedFeedback(
         abi::IVectorView<abi::SimpleHapticsControllerFeedback>** result) noexcept override {
-        LEAN_NOTE();
-        return Hand(&supported_, result);
+        STUB_RECORD_CALL();
+        return ReturnReference(&supported_, result);
     }
     HRESULT SendHapticFeedbackForPlayCount(Waveform*, double, std::int32_t, abi::TimeSpan) noexcept override {
-        LEAN_NOTE();
+        STUB_RECORD_CALL();
         return S_OK;
     }
 
@@ -69,15 +69,15 @@ private:
     FeedbackList supported_;
 };
 
-class Contact final : public Fixed<abi::IRadialControllerScreenContact> {
+class Contact final : public StaticObject<abi::IRadialControllerScreenContact> {
 public:
     HRESULT get_Bounds(abi::Rect* result) noexcept override {
-        LEAN_NOTE();
+        STUB_RECORD_CALL();
         *result = {10.7F, 20.2F, 300.6F, 300.4F};
         return S_OK;
     }
     HRESULT get_Position(abi::Point* result) noexcept override {
-        LEAN_NOTE();
+        STUB_RECORD_CALL();
         *result = {160.5F, 170.5F};
         return S_OK;
     }
@@ -86,44 +86,44 @@ public:
 Contact contact;
 Haptics haptics;
 
-HRESULT HandContact(const Event& event, abi::IRadialControllerScreenContact** result) noexcept {
-    return Hand(event.contact ? &contact : nullptr, result);
+HRESULT ReturnContact(const Event& event, abi::IRadialControllerScreenContact** result) noexcept {
+    return ReturnReference(event.contact ? &contact : nullptr, result);
 }
 
-class Rotation final : public Fixed<RotationArgs, RotationArgs2> {
+class Rotation final : public StaticObject<RotationArgs, RotationArgs2> {
 public:
     explicit Rotation(const Event& event) : event_(event) {}
 
     HRESULT get_RotationDeltaInDegrees(double* result) noexcept override {
-        LEAN_NOTE();
+        STUB_RECORD_CALL();
         *result = 7.5;
         return S_OK;
     }
     HRESULT get_Contact(abi::IRadialControllerScreenContact** result) noexcept override {
-        LEAN_NOTE();
-        return HandContact(event_, result);
+        STUB_RECORD_CALL();
+        return ReturnContact(event_, result);
     }
     HRESULT get_IsButtonPressed(abi::boolean* result) noexcept override {
-        LEAN_NOTE();
+        STUB_RECORD_CALL();
         *result = 1;
         return S_OK;
     }
     HRESULT get_SimpleHapticsController(abi::ISimpleHapticsController** result) noexcept override {
-        LEAN_NOTE();
-        return Hand(&haptics, result);
+        STUB_RECORD_CALL();
+        return ReturnReference(&haptics, result);
     }
 
 private:
     const Event& event_;
 };
 
-class Click final : public Fixed<abi::IRadialControllerButtonClickedEventArgs> {
+class Click final : public StaticObject<abi::IRadialControllerButtonClickedEventArgs> {
 public:
     explicit Click(const Event& event) : event_(event) {}
 
     HRESULT get_Contact(abi::IRadialControllerScreenContact** result) noexcept override {
-        LEAN_NOTE();
-        return HandContact(event_, result);
+        STUB_RECORD_CALL();
+        return ReturnContact(event_, result);
     }
 
 private:
@@ -139,10 +139,10 @@ public:
     Subscription() = default;
     Subscription(const Subscription&) = delete;
     Subscription& operator=(const Subscription&) = delete;
-    ~Subscription() { Keep(handler_, static_cast<Handler*>(nullptr)); }
+    ~Subscription() { StoreReference(handler_, static_cast<Handler*>(nullptr)); }
 
     HRESULT Add(Handler* handler, EventRegistrationToken* result) noexcept {
-        Keep(handler_, handler);
+        StoreReference(handler_, handler);
         result->value = 1;
         return S_OK;
     }
@@ -158,25 +158,25 @@ class Controller final : public Counted<abi::IRadialController> {
 
 public:
     HRESULT get_Menu(abi::IRadialControllerMenu** result) noexcept override {
-        LEAN_NOTE();
-        return Hand(&menu_, result);
+        STUB_RECORD_CALL();
+        return ReturnReference(&menu_, result);
     }
 
-#define LEAN_EVENT(NAME, ARGS)                                                                     \
+#define STUB_EVENT(NAME, ARGS)                                                                     \
     HRESULT add_##NAME(Handler<ARGS>* handler, EventRegistrationToken* result) noexcept override { \
-        LEAN_NOTE();                                                                               \
+        STUB_RECORD_CALL();                                                                        \
         return NAME.Add(handler, result);                                                          \
     }                                                                                              \
     HRESULT remove_##NAME(EventRegistrationToken) noexcept override { return E_NOTIMPL; }          \
     Subscription<ARGS> NAME;
-    LEAN_EVENT(ScreenContactStarted, abi::RadialControllerScreenContactStartedEventArgs)
-    LEAN_EVENT(ScreenContactEnded, abi::IInspectable)
-    LEAN_EVENT(ScreenContactContinued, abi::RadialControllerScreenContactContinuedEventArgs)
-    LEAN_EVENT(ControlLost, abi::IInspectable)
-    LEAN_EVENT(RotationChanged, abi::RadialControllerRotationChangedEventArgs)
-    LEAN_EVENT(ButtonClicked, abi::RadialControllerButtonClickedEventArgs)
-    LEAN_EVENT(ControlAcquired, abi::RadialControllerControlAcquiredEventArgs)
-#undef LEAN_EVENT
+    STUB_EVENT(ScreenContactStarted, abi::RadialControllerScreenContactStartedEventArgs)
+    STUB_EVENT(ScreenContactEnded, abi::IInspectable)
+    STUB_EVENT(ScreenContactContinued, abi::RadialControllerScreenContactContinuedEventArgs)
+    STUB_EVENT(ControlLost, abi::IInspectable)
+    STUB_EVENT(RotationChanged, abi::RadialControllerRotationChangedEventArgs)
+    STUB_EVENT(ButtonClicked, abi::RadialControllerButtonClickedEventArgs)
+    STUB_EVENT(ControlAcquired, abi::RadialControllerControlAcquiredEventArgs)
+#undef STUB_EVENT
 
     HRESULT get_RotationResolutionInDegrees(double*) noexcept override { return E_NOTIMPL; }
     HRESULT put_RotationResolutionInDegrees(double) noexcept override { return E_NOTIMPL; }
@@ -191,10 +191,10 @@ private:
 
 Controller* last_made = nullptr;  // not owned
 
-class Interop final : public Fixed<abi::IRadialControllerInterop> {
+class Interop final : public StaticObject<abi::IRadialControllerInterop> {
 public:
     HRESULT CreateForWindow(HWND, const GUID&, void** result) noexcept override {
-        LEAN_NOTE();
+        STUB_RECORD_CALL();
         last_made = new Controller;
         *result = static_cast<abi::IRadialController*>(last_made);
         return S_OK;
@@ -218,4 +218,4 @@ abi::IUnknown& ControllerInterop() {
     return interop;
 }
 
-}  // namespace lean
+}  // namespace stub

@@ -7,19 +7,19 @@
 #include "bench/stub/strings.h"
 #include "platform/interfaces/devices.h"
 
-namespace lean {
+namespace stub {
 
 namespace {
 
 using Operation = abi::IAsyncOperation<abi::DeviceInformationCollection>;
 using Handler = abi::AsyncOperationCompletedHandler<abi::DeviceInformationCollection>;
 
-class Device final : public Fixed<abi::IDeviceInformation> {
+class Device final : public StaticObject<abi::IDeviceInformation> {
 public:
     explicit Device(std::u16string_view id) : id_(id) {}
 
     HRESULT get_Id(HSTRING* result) noexcept override {
-        LEAN_NOTE();
+        STUB_RECORD_CALL();
         return WindowsCreateString(id_.data(), static_cast<UINT>(id_.size()), result);
     }
     HRESULT get_Name(HSTRING*) noexcept override { return E_NOTIMPL; }
@@ -41,14 +41,14 @@ private:
     const std::u16string_view id_;
 };
 
-class DeviceList final : public Fixed<abi::IVectorView<abi::DeviceInformation>> {
+class DeviceList final : public StaticObject<abi::IVectorView<abi::DeviceInformation>> {
 public:
     HRESULT GetAt(std::uint32_t index, abi::IDeviceInformation** result) noexcept override {
-        LEAN_NOTE();
-        return Hand(index == 0 ? &other_ : &dial_, result);
+        STUB_RECORD_CALL();
+        return ReturnReference(index == 0 ? &other_ : &dial_, result);
     }
     HRESULT get_Size(std::uint32_t* result) noexcept override {
-        LEAN_NOTE();
+        STUB_RECORD_CALL();
         *result = 2;
         return S_OK;
     }
@@ -65,10 +65,10 @@ private:
     Device dial_{u"\\\\?\\BTHLE#Dev_bc838528f72a#7&2"};
 };
 
-class Enumeration final : public Fixed<Operation> {
+class Enumeration final : public StaticObject<Operation> {
 public:
     HRESULT put_Completed(Handler* handler) noexcept override {
-        LEAN_NOTE();
+        STUB_RECORD_CALL();
         if (time_.count() == 0) {
             return handler->Invoke(this, abi::AsyncStatus::Completed);
         }
@@ -81,8 +81,8 @@ public:
         return S_OK;
     }
     HRESULT GetResults(abi::IVectorView<abi::DeviceInformation>** result) noexcept override {
-        LEAN_NOTE();
-        return Hand(&devices_, result);
+        STUB_RECORD_CALL();
+        return ReturnReference(&devices_, result);
     }
     HRESULT get_Completed(Handler**) noexcept override { return E_NOTIMPL; }
 
@@ -99,11 +99,11 @@ private:
     std::thread thread_;
 };
 
-class Statics final : public Fixed<abi::IDeviceInformationStatics> {
+class Statics final : public StaticObject<abi::IDeviceInformationStatics> {
 public:
     HRESULT FindAllAsyncAqsFilter(HSTRING, Operation** result) noexcept override {
-        LEAN_NOTE();
-        return Hand(&enumeration_, result);
+        STUB_RECORD_CALL();
+        return ReturnReference(&enumeration_, result);
     }
     HRESULT CreateFromIdAsync(HSTRING, abi::IAsyncOperation<abi::DeviceInformation>**) noexcept override {
         return E_NOTIMPL;
@@ -147,4 +147,4 @@ void WaitForEnumeration() { TheStatics().enumeration().Wait(); }
 
 abi::IUnknown& DeviceStatics() { return TheStatics(); }
 
-}  // namespace lean
+}  // namespace stub

@@ -3,7 +3,7 @@
 
 #include "bench/stub/object.h"
 
-namespace lean {
+namespace stub {
 
 abi::IUnknown& ApiInformation();        // functions.cpp
 abi::IUnknown& ControllerInterop();     // controller.cpp
@@ -14,4 +14,4 @@ abi::IUnknown& PasswordVaultFactory();  // vault.cpp
 abi::IUnknown& CredentialFactory();     // vault.cpp
 abi::IUnknown& DeviceStatics();         // devices.cpp
 
-}  // namespace lean
+}  // namespace stub

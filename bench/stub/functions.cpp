@@ -14,14 +14,14 @@
 #include "platform/interfaces/storage.h"
 #include "platform/interfaces/ui_input.h"
 
-namespace lean {
+namespace stub {
 
 namespace {
 
-class Types final : public Fixed<abi::IApiInformationStatics> {
+class Types final : public StaticObject<abi::IApiInformationStatics> {
 public:
     HRESULT IsTypePresent(HSTRING, abi::boolean* result) noexcept override {
-        LEAN_NOTE();
+        STUB_RECORD_CALL();
         *result = 1;
         return S_OK;
     }
@@ -70,19 +70,19 @@ abi::IUnknown& ApiInformation() {
     return types;
 }
 
-}  // namespace lean
+}  // namespace stub
 
 HRESULT RoInitialize(RO_INIT_TYPE) {
-    LEAN_NOTE();
+    STUB_RECORD_CALL();
     return S_OK;
 }
-void RoUninitialize() { LEAN_NOTE(); }
+void RoUninitialize() { STUB_RECORD_CALL(); }
 
 // By the interface alone: each factory has one of its own.
 HRESULT RoGetActivationFactory(HSTRING, const IID& iid, void** factory) {
-    LEAN_NOTE();
-    for (const auto& entry : lean::kFactories) {
-        if (lean::SameId(entry.iid, iid)) {
+    STUB_RECORD_CALL();
+    for (const auto& entry : stub::kFactories) {
+        if (stub::SameId(entry.iid, iid)) {
             return entry.factory().QueryInterface(iid, factory);
         }
     }
@@ -94,8 +94,8 @@ BOOL RoOriginateLanguageException(HRESULT, HSTRING, IUnknown*) { return 0; }
 
 // A clock of steps, so that every turn takes the same way through the library.
 ULONGLONG GetTickCount64() {
-    LEAN_NOTE();
-    return lean::ticks += 50;
+    STUB_RECORD_CALL();
+    return stub::ticks += 50;
 }
 
 // How a caller waits is its own affair, and not among the calls that are compared.

@@ -5,7 +5,7 @@
 #include "bench/stub/factories.h"
 #include "bench/stub/strings.h"
 
-namespace lean {
+namespace stub {
 
 namespace {
 
@@ -16,21 +16,21 @@ public:
     explicit MenuItem(HSTRING text) : text_(text) {}
 
     HRESULT get_DisplayText(HSTRING* result) noexcept override {
-        LEAN_NOTE();
-        return text_.Hand(result);
+        STUB_RECORD_CALL();
+        return text_.ReturnReference(result);
     }
     HRESULT get_Tag(abi::IInspectable** result) noexcept override {
-        LEAN_NOTE();
-        return Hand(tag_, result);
+        STUB_RECORD_CALL();
+        return ReturnReference(tag_, result);
     }
     HRESULT put_Tag(abi::IInspectable* value) noexcept override {
-        LEAN_NOTE();
-        Keep(tag_, value);
+        STUB_RECORD_CALL();
+        StoreReference(tag_, value);
         return S_OK;
     }
     HRESULT add_Invoked(Handler* handler, EventRegistrationToken* result) noexcept override {
-        LEAN_NOTE();
-        Keep(invoked_, handler);
+        STUB_RECORD_CALL();
+        StoreReference(invoked_, handler);
         result->value = 1;
         return S_OK;
     }
@@ -38,8 +38,8 @@ public:
 
 private:
     ~MenuItem() override {
-        Keep(tag_, decltype(tag_){});
-        Keep(invoked_, decltype(invoked_){});
+        StoreReference(tag_, decltype(tag_){});
+        StoreReference(invoked_, decltype(invoked_){});
     }
 
     const Text text_;
@@ -47,7 +47,7 @@ private:
     Handler* invoked_ = nullptr;
 };
 
-class Statics final : public Fixed<abi::IRadialControllerMenuItemStatics> {
+class Statics final : public StaticObject<abi::IRadialControllerMenuItemStatics> {
 public:
     HRESULT CreateFromIcon(HSTRING, abi::IRandomAccessStreamReference*,
                            abi::IRadialControllerMenuItem**) noexcept override {
@@ -55,7 +55,7 @@ public:
     }
     HRESULT CreateFromKnownIcon(HSTRING text, abi::RadialControllerMenuKnownIcon,
                                 abi::IRadialControllerMenuItem** result) noexcept override {
-        LEAN_NOTE();
+        STUB_RECORD_CALL();
         *result = new MenuItem(text);
         return S_OK;
     }
@@ -64,25 +64,25 @@ public:
 }  // namespace
 
 HRESULT ItemList::GetAt(std::uint32_t index, Item** result) noexcept {
-    LEAN_NOTE();
-    return index < items_.size() ? Hand(items_[index], result) : kOutOfBounds;
+    STUB_RECORD_CALL();
+    return index < items_.size() ? ReturnReference(items_[index], result) : kOutOfBounds;
 }
 
 HRESULT ItemList::get_Size(std::uint32_t* result) noexcept {
-    LEAN_NOTE();
+    STUB_RECORD_CALL();
     *result = static_cast<std::uint32_t>(items_.size());
     return S_OK;
 }
 
 HRESULT ItemList::Append(Item* item) noexcept {
-    LEAN_NOTE();
+    STUB_RECORD_CALL();
     item->AddRef();
     items_.push_back(item);
     return S_OK;
 }
 
 HRESULT ItemList::Clear() noexcept {
-    LEAN_NOTE();
+    STUB_RECORD_CALL();
     ReleaseAll();
     return S_OK;
 }
@@ -95,17 +95,17 @@ void ItemList::ReleaseAll() {
 }
 
 HRESULT Menu::get_Items(abi::IVector<abi::RadialControllerMenuItem>** result) noexcept {
-    LEAN_NOTE();
-    return Hand(&items_, result);
+    STUB_RECORD_CALL();
+    return ReturnReference(&items_, result);
 }
 
 HRESULT Menu::GetSelectedMenuItem(abi::IRadialControllerMenuItem** result) noexcept {
-    LEAN_NOTE();
-    return Hand(selected_, result);
+    STUB_RECORD_CALL();
+    return ReturnReference(selected_, result);
 }
 
 HRESULT Menu::SelectMenuItem(abi::IRadialControllerMenuItem* item) noexcept {
-    LEAN_NOTE();
+    STUB_RECORD_CALL();
     selected_ = item;
     return S_OK;
 }
@@ -115,4 +115,4 @@ abi::IUnknown& MenuItemStatics() {
     return statics;
 }
 
-}  // namespace lean
+}  // namespace stub

@@ -7,10 +7,10 @@
 #include "bench/stub/object.h"
 #include "platform/interfaces/ui_input_menu.h"
 
-namespace lean {
+namespace stub {
 
 // Part of its menu. Appended to and cleared, as the library does.
-class ItemList final : public Fixed<abi::IVector<abi::RadialControllerMenuItem>> {
+class ItemList final : public StaticObject<abi::IVector<abi::RadialControllerMenuItem>> {
     using Item = abi::IRadialControllerMenuItem;
 
 public:
@@ -39,7 +39,7 @@ private:
 };
 
 // Part of its controller. Remembers no more than which item is selected.
-class Menu final : public Fixed<abi::IRadialControllerMenu> {
+class Menu final : public StaticObject<abi::IRadialControllerMenu> {
 public:
     HRESULT get_Items(abi::IVector<abi::RadialControllerMenuItem>** result) noexcept override;
     HRESULT GetSelectedMenuItem(abi::IRadialControllerMenuItem** result) noexcept override;
@@ -54,4 +54,4 @@ private:
     abi::IRadialControllerMenuItem* selected_ = nullptr;  // one of the list's
 };
 
-}  // namespace lean
+}  // namespace stub

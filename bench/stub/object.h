@@ -7,7 +7,7 @@
 #include "bench/stub/calls.h"
 #include "platform/interfaces/foundation.h"
 
-namespace lean {
+namespace stub {
 
 namespace abi = brindle::abi;
 
@@ -21,11 +21,11 @@ inline bool SameId(const GUID& left, const GUID& right) noexcept {
 }
 
 template <class Default, class... More>
-class Rooted : public Default, public More... {
+class ObjectBase : public Default, public More... {
 public:
-    Rooted() = default;
-    Rooted(const Rooted&) = delete;
-    Rooted& operator=(const Rooted&) = delete;
+    ObjectBase() = default;
+    ObjectBase(const ObjectBase&) = delete;
+    ObjectBase& operator=(const ObjectBase&) = delete;
 
     HRESULT QueryInterface(const GUID& iid, void** object) noexcept final {
         if (Answers<Default>(iid, object) || (Answers<More>(iid, object) || ...)) {
@@ -40,7 +40,7 @@ public:
     HRESULT GetTrustLevel(abi::TrustLevel*) noexcept final { return E_NOTIMPL; }
 
 protected:
-    ~Rooted() = default;
+    ~ObjectBase() = default;
 
 private:
     template <class Interface>
@@ -48,7 +48,7 @@ private:
         if (!SameId(iid, Interface::Iid)) {
             return false;
         }
-        LEAN_NOTE();
+        STUB_RECORD_CALL();
         static_cast<Default*>(this)->AddRef();
         *object = static_cast<Interface*>(this);
         return true;
@@ -57,31 +57,31 @@ private:
 
 // There as long as the program, or as long as what it is a part of: nobody counts.
 template <class Default, class... More>
-class Fixed : public Rooted<Default, More...> {
+class StaticObject : public ObjectBase<Default, More...> {
 public:
     std::uint32_t AddRef() noexcept final {
-        LEAN_NOTE();
+        STUB_RECORD_CALL();
         return 2;
     }
     std::uint32_t Release() noexcept final {
-        LEAN_NOTE();
+        STUB_RECORD_CALL();
         return 1;
     }
 
 protected:
-    ~Fixed() = default;
+    ~StaticObject() = default;
 };
 
 // Made with one reference.
 template <class Default, class... More>
-class Counted : public Rooted<Default, More...> {
+class Counted : public ObjectBase<Default, More...> {
 public:
     std::uint32_t AddRef() noexcept final {
-        LEAN_NOTE();
+        STUB_RECORD_CALL();
         return ++references_;
     }
     std::uint32_t Release() noexcept final {
-        LEAN_NOTE();
+        STUB_RECORD_CALL();
         const std::uint32_t left = --references_;
         if (left == 0) {
             delete this;
@@ -98,7 +98,7 @@ private:
 
 // Hands a reference to the caller.
 template <class Object, class Interface>
-HRESULT Hand(Object* object, Interface** result) noexcept {
+HRESULT ReturnReference(Object* object, Interface** result) noexcept {
     if (object != nullptr) {
         object->AddRef();
     }
@@ -108,7 +108,7 @@ HRESULT Hand(Object* object, Interface** result) noexcept {
 
 // Keeps a reference to the new one in place of the old one.
 template <class Interface>
-void Keep(Interface*& place, Interface* object) noexcept {
+void StoreReference(Interface*& place, Interface* object) noexcept {
     if (object != nullptr) {
         object->AddRef();
     }
@@ -118,4 +118,4 @@ void Keep(Interface*& place, Interface* object) noexcept {
     place = object;
 }
 
-}  // namespace lean
+}  // namespace stub

@@ -2,7 +2,7 @@
 // of a kind, no journal, no locks, plain counts. What a measured piece of work costs here, it costs both
 // sides. Whatever no measured work asks for is answered with E_NOTIMPL.
 //
-// Built twice: lean_platform to be measured, recording_platform to compare the calls of both sides. Used on
+// Built twice: stub_platform to be measured, recording_platform to compare the calls of both sides. Used on
 // one thread; only an enumeration that takes its time completes on another, while its caller waits.
 #pragma once
 
@@ -12,7 +12,7 @@
 #include <string>
 #include <vector>
 
-namespace lean {
+namespace stub {
 
 // What the next events carry.
 struct Event {
@@ -36,4 +36,4 @@ void ClearStores(bool package_identity);
 // The calls since the last time, in order; empty but for the platform that records.
 std::vector<std::string> TakeCalls();
 
-}  // namespace lean
+}  // namespace stub

@@ -5,7 +5,7 @@
 #include "bench/stub/strings.h"
 
 // The types that no measured work boxes, and those of arrays.
-#define LEAN_OTHERS(ROW)         \
+#define STUB_OTHERS(ROW)         \
     ROW(UInt8, std::uint8_t)     \
     ROW(Int16, std::int16_t)     \
     ROW(UInt16, std::uint16_t)   \
@@ -21,14 +21,14 @@
     ROW(Point, abi::Point)       \
     ROW(Size, abi::Size)         \
     ROW(Rect, abi::Rect)
-#define LEAN_ARRAYS(ROW)       \
-    LEAN_OTHERS(ROW)           \
+#define STUB_ARRAYS(ROW)       \
+    STUB_OTHERS(ROW)           \
     ROW(Int32, std::int32_t)   \
     ROW(UInt32, std::uint32_t) \
     ROW(String, HSTRING)       \
     ROW(Inspectable, abi::IInspectable*)
 
-namespace lean {
+namespace stub {
 
 namespace {
 
@@ -40,14 +40,14 @@ public:
     HRESULT GetUInt32(std::uint32_t*) noexcept override { return kTypeMismatch; }
     HRESULT GetString(HSTRING*) noexcept override { return kTypeMismatch; }
 
-#define LEAN_GETTER(NAME, TYPE) \
+#define STUB_GETTER(NAME, TYPE) \
     HRESULT Get##NAME(TYPE*) noexcept override { return kTypeMismatch; }
-    LEAN_OTHERS(LEAN_GETTER)
-#undef LEAN_GETTER
-#define LEAN_ARRAY_GETTER(NAME, TYPE) \
+    STUB_OTHERS(STUB_GETTER)
+#undef STUB_GETTER
+#define STUB_ARRAY_GETTER(NAME, TYPE) \
     HRESULT Get##NAME##Array(std::uint32_t*, TYPE**) noexcept override { return kTypeMismatch; }
-    LEAN_ARRAYS(LEAN_ARRAY_GETTER)
-#undef LEAN_ARRAY_GETTER
+    STUB_ARRAYS(STUB_ARRAY_GETTER)
+#undef STUB_ARRAY_GETTER
 };
 
 class UInt32Value final : public Value {
@@ -55,7 +55,7 @@ public:
     explicit UInt32Value(std::uint32_t value) : value_(value) {}
 
     HRESULT GetUInt32(std::uint32_t* result) noexcept override {
-        LEAN_NOTE();
+        STUB_RECORD_CALL();
         *result = value_;
         return S_OK;
     }
@@ -69,7 +69,7 @@ public:
     explicit Int32Value(std::int32_t value) : value_(value) {}
 
     HRESULT GetInt32(std::int32_t* result) noexcept override {
-        LEAN_NOTE();
+        STUB_RECORD_CALL();
         *result = value_;
         return S_OK;
     }
@@ -83,44 +83,44 @@ public:
     explicit TextValue(HSTRING value) : value_(value) {}
 
     HRESULT GetString(HSTRING* result) noexcept override {
-        LEAN_NOTE();
-        return value_.Hand(result);
+        STUB_RECORD_CALL();
+        return value_.ReturnReference(result);
     }
 
 private:
     const Text value_;
 };
 
-class Statics final : public Fixed<abi::IPropertyValueStatics> {
+class Statics final : public StaticObject<abi::IPropertyValueStatics> {
 public:
     HRESULT CreateUInt32(std::uint32_t value, abi::IInspectable** result) noexcept override {
-        LEAN_NOTE();
+        STUB_RECORD_CALL();
         *result = new UInt32Value(value);
         return S_OK;
     }
     HRESULT CreateInt32(std::int32_t value, abi::IInspectable** result) noexcept override {
-        LEAN_NOTE();
+        STUB_RECORD_CALL();
         *result = new Int32Value(value);
         return S_OK;
     }
     HRESULT CreateString(HSTRING value, abi::IInspectable** result) noexcept override {
-        LEAN_NOTE();
+        STUB_RECORD_CALL();
         *result = new TextValue(value);
         return S_OK;
     }
     HRESULT CreateEmpty(abi::IInspectable**) noexcept override { return E_NOTIMPL; }
     HRESULT CreateInspectable(abi::IInspectable*, abi::IInspectable**) noexcept override { return E_NOTIMPL; }
 
-#define LEAN_FACTORY(NAME, TYPE) \
+#define STUB_FACTORY(NAME, TYPE) \
     HRESULT Create##NAME(TYPE, abi::IInspectable**) noexcept override { return E_NOTIMPL; }
-    LEAN_OTHERS(LEAN_FACTORY)
-#undef LEAN_FACTORY
-#define LEAN_ARRAY_FACTORY(NAME, TYPE)                                                         \
+    STUB_OTHERS(STUB_FACTORY)
+#undef STUB_FACTORY
+#define STUB_ARRAY_FACTORY(NAME, TYPE)                                                         \
     HRESULT Create##NAME##Array(std::uint32_t, TYPE*, abi::IInspectable**) noexcept override { \
         return E_NOTIMPL;                                                                      \
     }
-    LEAN_ARRAYS(LEAN_ARRAY_FACTORY)
-#undef LEAN_ARRAY_FACTORY
+    STUB_ARRAYS(STUB_ARRAY_FACTORY)
+#undef STUB_ARRAY_FACTORY
 };
 
 }  // namespace
@@ -130,4 +130,4 @@ abi::IUnknown& PropertyValueStatics() {
     return statics;
 }
 
-}  // namespace lean
+}  // namespace stub

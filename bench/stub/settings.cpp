@@ -8,28 +8,28 @@
 #include "bench/stub/vault.h"
 #include "platform/interfaces/storage.h"
 
-namespace lean {
+namespace stub {
 
 namespace {
 
-class Values final : public Fixed<abi::IPropertySet, abi::IMap<HSTRING, abi::IInspectable>> {
+class Values final : public StaticObject<abi::IPropertySet, abi::IMap<HSTRING, abi::IInspectable>> {
 public:
     ~Values() { Empty(); }
 
     HRESULT Lookup(HSTRING key, abi::IInspectable** result) noexcept override {
-        LEAN_NOTE();
+        STUB_RECORD_CALL();
         const auto entry = values_.find(View(key));
-        return entry == values_.end() ? kOutOfBounds : Hand(entry->second, result);
+        return entry == values_.end() ? kOutOfBounds : ReturnReference(entry->second, result);
     }
     HRESULT Insert(HSTRING key, abi::IInspectable* value, abi::boolean* replaced) noexcept override {
-        LEAN_NOTE();
+        STUB_RECORD_CALL();
         const auto [entry, added] = values_.try_emplace(std::u16string(View(key)), nullptr);
-        Keep(entry->second, value);
+        StoreReference(entry->second, value);
         *replaced = !added;
         return S_OK;
     }
     HRESULT Remove(HSTRING key) noexcept override {
-        LEAN_NOTE();
+        STUB_RECORD_CALL();
         const auto entry = values_.find(View(key));
         if (entry == values_.end()) {
             return kOutOfBounds;
@@ -55,11 +55,11 @@ private:
     std::map<std::u16string, abi::IInspectable*, std::less<>> values_;
 };
 
-class Container final : public Fixed<abi::IApplicationDataContainer> {
+class Container final : public StaticObject<abi::IApplicationDataContainer> {
 public:
     HRESULT get_Values(abi::IPropertySet** result) noexcept override {
-        LEAN_NOTE();
-        return Hand(&values_, result);
+        STUB_RECORD_CALL();
+        return ReturnReference(&values_, result);
     }
     HRESULT get_Name(HSTRING*) noexcept override { return E_NOTIMPL; }
     HRESULT get_Locality(abi::ApplicationDataLocality*) noexcept override { return E_NOTIMPL; }
@@ -78,15 +78,15 @@ private:
     Values values_;
 };
 
-class Data final : public Fixed<abi::IApplicationData> {
+class Data final : public StaticObject<abi::IApplicationData> {
 public:
     HRESULT get_LocalSettings(abi::IApplicationDataContainer** result) noexcept override {
-        LEAN_NOTE();
-        return Hand(&local_, result);
+        STUB_RECORD_CALL();
+        return ReturnReference(&local_, result);
     }
     HRESULT get_RoamingSettings(abi::IApplicationDataContainer** result) noexcept override {
-        LEAN_NOTE();
-        return Hand(&roaming_, result);
+        STUB_RECORD_CALL();
+        return ReturnReference(&roaming_, result);
     }
     HRESULT get_Version(std::uint32_t*) noexcept override { return E_NOTIMPL; }
     HRESULT SetVersionAsync(std::uint32_t, abi::ApplicationDataSetVersionHandler*,
@@ -118,13 +118,13 @@ private:
     Container roaming_;
 };
 
-class Statics final : public Fixed<abi::IApplicationDataStatics> {
+class Statics final : public StaticObject<abi::IApplicationDataStatics> {
 public:
     static constexpr HRESULT kNoPackage = static_cast<HRESULT>(0x80073D54);  // APPMODEL_ERROR_NO_PACKAGE
 
     HRESULT get_Current(abi::IApplicationData** result) noexcept override {
-        LEAN_NOTE();
-        return package_identity_ ? Hand(&data_, result) : kNoPackage;
+        STUB_RECORD_CALL();
+        return package_identity_ ? ReturnReference(&data_, result) : kNoPackage;
     }
 
     void Restart(bool package_identity) {
@@ -151,4 +151,4 @@ void ClearStores(bool package_identity) {
 
 abi::IUnknown& ApplicationData() { return TheStatics(); }
 
-}  // namespace lean
+}  // namespace stub

@@ -15,7 +15,7 @@ struct HSTRING__ {
     const WCHAR* characters;
 };
 
-namespace lean {
+namespace stub {
 
 namespace {
 
@@ -31,7 +31,7 @@ HRESULT NewString(const WCHAR* text, UINT length, HSTRING* string) noexcept {
     return S_OK;
 }
 
-WCHAR Folded(WCHAR unit) {
+WCHAR FoldCase(WCHAR unit) {
     return unit >= u'A' && unit <= u'Z' ? static_cast<WCHAR>(unit - u'A' + u'a') : unit;
 }
 
@@ -42,35 +42,35 @@ std::u16string_view View(HSTRING string) noexcept {
                              : std::u16string_view(string->characters, string->length);
 }
 
-}  // namespace lean
+}  // namespace stub
 
 HRESULT WindowsCreateString(const WCHAR* text, UINT length, HSTRING* string) {
-    LEAN_NOTE();
-    return lean::NewString(text, length, string);
+    STUB_RECORD_CALL();
+    return stub::NewString(text, length, string);
 }
 
 HRESULT WindowsCreateStringReference(const WCHAR* text, UINT length, HSTRING_HEADER* header,
                                      HSTRING* string) {
-    LEAN_NOTE();
+    STUB_RECORD_CALL();
     *string = length == 0 ? nullptr : new (header) HSTRING__{0, length, text};
     return S_OK;
 }
 
 HRESULT WindowsDuplicateString(HSTRING string, HSTRING* copy) {
-    LEAN_NOTE();
+    STUB_RECORD_CALL();
     *copy = string;
     if (string == nullptr) {
         return S_OK;
     }
     if (string->references == 0) {
-        return lean::NewString(string->characters, string->length, copy);
+        return stub::NewString(string->characters, string->length, copy);
     }
     ++string->references;
     return S_OK;
 }
 
 HRESULT WindowsDeleteString(HSTRING string) {
-    LEAN_NOTE();
+    STUB_RECORD_CALL();
     if (string != nullptr && string->references != 0 && --string->references == 0) {
         std::free(string);
     }
@@ -78,8 +78,8 @@ HRESULT WindowsDeleteString(HSTRING string) {
 }
 
 const WCHAR* WindowsGetStringRawBuffer(HSTRING string, UINT* length) {
-    LEAN_NOTE();
-    const std::u16string_view view = lean::View(string);
+    STUB_RECORD_CALL();
+    const std::u16string_view view = stub::View(string);
     if (length != nullptr) {
         *length = static_cast<UINT>(view.size());
     }
@@ -87,13 +87,13 @@ const WCHAR* WindowsGetStringRawBuffer(HSTRING string, UINT* length) {
 }
 
 UINT WindowsGetStringLen(HSTRING string) {
-    LEAN_NOTE();
-    return static_cast<UINT>(lean::View(string).size());
+    STUB_RECORD_CALL();
+    return static_cast<UINT>(stub::View(string).size());
 }
 
 // %s alone: no other conversion is measured.
 int _vsnwprintf(WCHAR* buffer, std::size_t size, const WCHAR* format, std::va_list arguments) {
-    LEAN_NOTE();
+    STUB_RECORD_CALL();
     std::size_t written = 0;
     for (; *format != 0 && written < size; ++format) {
         if (*format != u'%') {
@@ -115,9 +115,9 @@ int _vsnwprintf(WCHAR* buffer, std::size_t size, const WCHAR* format, std::va_li
 }
 
 int _wcsnicmp(const WCHAR* a, const WCHAR* b, std::size_t count) {
-    LEAN_NOTE();
+    STUB_RECORD_CALL();
     for (; count > 0; --count, ++a, ++b) {
-        const int difference = lean::Folded(*a) - lean::Folded(*b);
+        const int difference = stub::FoldCase(*a) - stub::FoldCase(*b);
         if (difference != 0 || *a == 0) {
             return difference;
         }
@@ -126,7 +126,7 @@ int _wcsnicmp(const WCHAR* a, const WCHAR* b, std::size_t count) {
 }
 
 int wcscpy_s(WCHAR* copy, std::size_t size, const WCHAR* text) {
-    LEAN_NOTE();
+    STUB_RECORD_CALL();
     const std::u16string_view view(text);
     if (view.size() >= size) {
         *copy = 0;
@@ -138,7 +138,7 @@ int wcscpy_s(WCHAR* copy, std::size_t size, const WCHAR* text) {
 
 // Of decimal digits and a sign.
 LONG wcstol(const WCHAR* text, WCHAR**, int) {
-    LEAN_NOTE();
+    STUB_RECORD_CALL();
     const bool negative = *text == u'-';
     LONG number = 0;
     for (text += negative ? 1 : 0; *text >= u'0' && *text <= u'9'; ++text) {

@@ -4,7 +4,7 @@
 
 #include "platform/functions.h"
 
-namespace lean {
+namespace stub {
 
 std::u16string_view View(HSTRING string) noexcept;
 
@@ -16,11 +16,13 @@ public:
     Text& operator=(const Text&) = delete;
     ~Text() { WindowsDeleteString(string_); }
 
-    HRESULT Hand(HSTRING* result) const noexcept { return WindowsDuplicateString(string_, result); }
-    std::u16string_view View() const noexcept { return lean::View(string_); }
+    HRESULT ReturnReference(HSTRING* result) const noexcept {
+        return WindowsDuplicateString(string_, result);
+    }
+    std::u16string_view View() const noexcept { return stub::View(string_); }
 
 private:
     HSTRING string_ = nullptr;
 };
 
-}  // namespace lean
+}  // namespace stub

@@ -8,7 +8,7 @@
 #include "bench/stub/strings.h"
 #include "platform/interfaces/credentials.h"
 
-namespace lean {
+namespace stub {
 
 namespace {
 
@@ -18,8 +18,8 @@ public:
         : resource_(resource), user_name_(user_name), password_(password) {}
 
     HRESULT get_Password(HSTRING* result) noexcept override {
-        LEAN_NOTE();
-        return password_.Hand(result);
+        STUB_RECORD_CALL();
+        return password_.ReturnReference(result);
     }
     HRESULT get_Resource(HSTRING*) noexcept override { return E_NOTIMPL; }
     HRESULT put_Resource(HSTRING) noexcept override { return E_NOTIMPL; }
@@ -39,10 +39,10 @@ private:
 };
 
 // What a search has found: one, or the search fails.
-class Found final : public Fixed<abi::IVectorView<abi::PasswordCredential>> {
+class Found final : public StaticObject<abi::IVectorView<abi::PasswordCredential>> {
 public:
     HRESULT get_Size(std::uint32_t* result) noexcept override {
-        LEAN_NOTE();
+        STUB_RECORD_CALL();
         *result = 1;
         return S_OK;
     }
@@ -56,18 +56,18 @@ public:
     }
 };
 
-class Vault final : public Fixed<abi::IPasswordVault> {
+class Vault final : public StaticObject<abi::IPasswordVault> {
 public:
     ~Vault() { Empty(); }
 
     HRESULT Add(abi::IPasswordCredential* credential) noexcept override {
-        LEAN_NOTE();
+        STUB_RECORD_CALL();
         auto* added = static_cast<Credential*>(credential);
-        Keep(credentials_[std::u16string(added->user_name().View())], added);
+        StoreReference(credentials_[std::u16string(added->user_name().View())], added);
         return S_OK;
     }
     HRESULT Remove(abi::IPasswordCredential* credential) noexcept override {
-        LEAN_NOTE();
+        STUB_RECORD_CALL();
         const auto entry = credentials_.find(static_cast<Credential*>(credential)->user_name().View());
         if (entry == credentials_.end()) {
             return kNotFound;
@@ -78,17 +78,18 @@ public:
     }
     HRESULT Retrieve(HSTRING resource, HSTRING user_name,
                      abi::IPasswordCredential** result) noexcept override {
-        LEAN_NOTE();
+        STUB_RECORD_CALL();
         const auto entry = credentials_.find(View(user_name));
         if (entry == credentials_.end() || entry->second->resource().View() != View(resource)) {
             return kNotFound;
         }
-        return Hand(entry->second, result);
+        return ReturnReference(entry->second, result);
     }
     HRESULT FindAllByUserName(HSTRING user_name,
                               abi::IVectorView<abi::PasswordCredential>** result) noexcept override {
-        LEAN_NOTE();
-        return credentials_.find(View(user_name)) == credentials_.end() ? kNotFound : Hand(&found_, result);
+        STUB_RECORD_CALL();
+        return credentials_.find(View(user_name)) == credentials_.end() ? kNotFound
+                                                                        : ReturnReference(&found_, result);
     }
     HRESULT FindAllByResource(HSTRING, abi::IVectorView<abi::PasswordCredential>**) noexcept override {
         return E_NOTIMPL;
@@ -112,19 +113,19 @@ Vault& TheVault() {
     return vault;
 }
 
-class VaultFactory final : public Fixed<abi::IActivationFactory> {
+class VaultFactory final : public StaticObject<abi::IActivationFactory> {
 public:
     HRESULT ActivateInstance(abi::IInspectable** instance) noexcept override {
-        LEAN_NOTE();
-        return Hand(&TheVault(), instance);
+        STUB_RECORD_CALL();
+        return ReturnReference(&TheVault(), instance);
     }
 };
 
-class Credentials final : public Fixed<abi::ICredentialFactory> {
+class Credentials final : public StaticObject<abi::ICredentialFactory> {
 public:
     HRESULT CreatePasswordCredential(HSTRING resource, HSTRING user_name, HSTRING password,
                                      abi::IPasswordCredential** result) noexcept override {
-        LEAN_NOTE();
+        STUB_RECORD_CALL();
         *result = new Credential(resource, user_name, password);
         return S_OK;
     }
@@ -144,4 +145,4 @@ abi::IUnknown& CredentialFactory() {
     return factory;
 }
 
-}  // namespace lean
+}  // namespace stub

@@ -1,7 +1,7 @@
 #pragma once
 
-namespace lean {
+namespace stub {
 
 void ClearVault();
 
-}  // namespace lean
+}  // namespace stub

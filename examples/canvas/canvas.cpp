@@ -50,16 +50,16 @@ constexpr wchar_t kResource[] = L"Brindle canvas";
 std::wstring KeyOf(const std::wstring& setting) { return std::wstring(kResource) + L'/' + setting; }
 
 // As a text, numbers too: a program without package identity keeps nothing else.
-void Remember(const std::wstring& setting, const std::wstring& value) {
+void SaveSetting(const std::wstring& setting, const std::wstring& value) {
     set_string_in_storage(kResource, KeyOf(setting).c_str(), value.c_str());
 }
 
-int Recall(const std::wstring& setting, int least, int most, int otherwise) {
+int LoadSetting(const std::wstring& setting, int least, int most, int otherwise) {
     const int32_t value = get_int_from_storage(kResource, KeyOf(setting).c_str());
     return value < least || value > most ? otherwise : value;
 }
 
-uint32_t RecallTool() {
+uint32_t LoadTool() {
     wchar_t* name = get_string_from_storage(kResource, KeyOf(L"Tool").c_str());
     const auto* scale = std::find_if(std::begin(kScales) + kSize, std::end(kScales), [&](const Scale& one) {
         return name != nullptr && std::wstring(one.name) == name;
@@ -159,10 +159,10 @@ public:
     explicit Canvas(HWND window) : window_(window) {
         for (uint32_t tool = kSize; tool <= kPetals; ++tool) {
             const Scale& scale = kScales[tool];
-            values_[tool] = Recall(scale.name, scale.least, scale.most, scale.start);
+            values_[tool] = LoadSetting(scale.name, scale.least, scale.most, scale.start);
         }
-        tool_ = RecallTool();
-        LookForDial();
+        tool_ = LoadTool();
+        CheckForDial();
         SetTimer(window_, kSelectionTimer, 50, nullptr);
     }
     Canvas(const Canvas&) = delete;
@@ -182,7 +182,7 @@ public:
                 Redraw();
                 return 0;
             case WM_DEVICECHANGE:
-                LookForDial();
+                CheckForDial();
                 return TRUE;
             case WM_TIMER:
                 SelectTool();
@@ -211,7 +211,7 @@ public:
                 PaintWindow(window_, [this](HDC context, const RECT& client) { DrawAll(context, client); });
                 return 0;
             case WM_DESTROY:
-                RememberAll();
+                SaveSettings();
                 PostQuitMessage(0);
                 return 0;
             default:
@@ -230,7 +230,7 @@ private:
         tool_ = selected;
         const Scale& scale = kScales[tool_];
         if (tool_ == kUndo) {
-            GoThroughStrokes(degrees * scale.per_degree);
+            StepThroughHistory(degrees * scale.per_degree);
         } else {
             const double value = values_[tool_] + degrees * scale.per_degree;
             const double circle = scale.most + 1;
@@ -241,7 +241,7 @@ private:
     }
 
     // To the left they go, to the right they come back.
-    void GoThroughStrokes(double strokes) {
+    void StepThroughHistory(double strokes) {
         undoing_ += strokes;
         for (; undoing_ <= -1; undoing_ += 1) {
             painting_.Undo();
@@ -259,16 +259,16 @@ private:
         }
     }
 
-    void LookForDial() {
+    void CheckForDial() {
         dial_present_ = is_dial_present(reinterpret_cast<uint64_t>(window_));
         Redraw();
     }
 
-    void RememberAll() const {
+    void SaveSettings() const {
         for (uint32_t tool = kSize; tool <= kPetals; ++tool) {
-            Remember(kScales[tool].name, std::to_wstring(Value(tool)));
+            SaveSetting(kScales[tool].name, std::to_wstring(Value(tool)));
         }
-        Remember(L"Tool", kScales[tool_].name);
+        SaveSetting(L"Tool", kScales[tool_].name);
     }
 
     int Value(uint32_t tool) const {

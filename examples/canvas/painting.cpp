@@ -84,7 +84,7 @@ void Painting::End() {
     }
     // The stroke is taken out of the picture and then done once more, as any other that was undone.
     pixels_.swap(before_);
-    Change stroke{painted_, Cut(before_, painted_)};
+    Change stroke{painted_, CopyArea(before_, painted_)};
     before_.clear();
     Swap(stroke);
     undone_.clear();
@@ -117,7 +117,7 @@ void Painting::Swap(Change& change) {
     }
 }
 
-std::vector<Color> Painting::Cut(const std::vector<Color>& picture, const Area& area) const {
+std::vector<Color> Painting::CopyArea(const std::vector<Color>& picture, const Area& area) const {
     std::vector<Color> cut;
     for (int y = area.top; y < area.bottom; ++y) {
         const auto row = picture.begin() + std::ptrdiff_t{y} * width_;

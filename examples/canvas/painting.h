@@ -59,7 +59,7 @@ private:
 
     void PaintLine(Point from, Point to);
     Area AreaOf(Point from, Point to) const;
-    std::vector<Color> Cut(const std::vector<Color>& picture, const Area& area) const;
+    std::vector<Color> CopyArea(const std::vector<Color>& picture, const Area& area) const;
     void Swap(Change& change);
     bool Move(std::vector<Change>& from, std::vector<Change>& to);
 

@@ -21,7 +21,7 @@
 
 namespace {
 
-enum Status { kWorks = 0, kMissing = 1, kNoTurn = 2, kMisunderstood = 3 };
+enum Status { kWorks = 0, kMissing = 1, kNoTurn = 2, kUsageError = 3 };
 
 constexpr char kUsage[] =
     "usage: dialcheck [--wait SECONDS]\n"
@@ -43,7 +43,7 @@ struct Findings {
 };
 
 // At once, also into a file: what has been said is there whatever comes next.
-void Say(const std::string& what, const std::string& answer) {
+void Report(const std::string& what, const std::string& answer) {
     std::printf("%s: %s\n", what.c_str(), answer.c_str());
     std::fflush(stdout);
 }
@@ -83,7 +83,7 @@ bool CheckClasses() {
     bool all = true;
     for (const Need& need : kNeeds) {
         const int32_t code = Find(need);
-        Say(std::string(need.class_name) + ", " + need.interface_name, FoundOrNot(code));
+        Report(std::string(need.class_name) + ", " + need.interface_name, FoundOrNot(code));
         all = all && code >= 0;
     }
     return all;
@@ -105,36 +105,39 @@ int32_t FindApplicationData() {
 }
 
 void CheckSettings() {
-    Say("package", PackageName());
+    Report("package", PackageName());
     const int32_t code = FindApplicationData();
-    Say("application data", FoundOrNot(code));
-    Say("settings", code < 0 ? "texts in the vault only, numbers nowhere"
-                             : "texts in the roaming settings, the vault and the local settings, numbers in "
-                               "the roaming and the local settings");
+    Report("application data", FoundOrNot(code));
+    Report("settings", code < 0
+                           ? "texts in the vault only, numbers nowhere"
+                           : "texts in the roaming settings, the vault and the local settings, numbers in "
+                             "the roaming and the local settings");
 }
 
 bool CheckElevation() {
     const std::optional<bool> elevated = IsElevated();
-    Say("elevated", !elevated ? "not known" : *elevated ? "yes, turns are known not to arrive then" : "no");
+    Report("elevated", !elevated   ? "not known"
+                       : *elevated ? "yes, turns are known not to arrive then"
+                                   : "no");
     return elevated.value_or(false);
 }
 
 // Says what arrives, at once.
-class Ear final : public IDialHost {
+class ProbeHost final : public IDialHost {
 public:
-    explicit Ear(ProbeWindow& window) : window_(window) {}
+    explicit ProbeHost(ProbeWindow& window) : window_(window) {}
 
     uint64_t GetWindowHandle() override { return window_.Handle(); }
 
     void OnRotation(void* /*sender*/, const DialRotationInfo* turn) override {
         char degrees[48];
         std::snprintf(degrees, sizeof degrees, "arrived, %+.1f degrees", turn->deltaDegrees);
-        Say("turn", degrees);
+        Report("turn", degrees);
         turned_ = true;
         window_.Wake();
     }
     void OnButtonClicked(void* /*sender*/, const DialContactRect* /*rect*/) override {
-        Say("click", "arrived");
+        Report("click", "arrived");
     }
 
     bool Turned() const { return turned_; }
@@ -147,35 +150,35 @@ private:
 // Where events come on a thread of their own, one is not under way any more when this has passed.
 constexpr std::chrono::milliseconds kRestOfAMovement(300);
 
-void CheckTurn(ProbeWindow& window, const Ear& ear, std::chrono::seconds wait) {
-    Say("turn", "turn the dial now; waiting for " + std::to_string(wait.count()) + " seconds");
-    window.HandleMessages(wait, [&] { return ear.Turned(); });
-    if (!ear.Turned()) {
-        Say("turn", "none arrived");
+void CheckTurn(ProbeWindow& window, const ProbeHost& host, std::chrono::seconds wait) {
+    Report("turn", "turn the dial now; waiting for " + std::to_string(wait.count()) + " seconds");
+    window.HandleMessages(wait, [&] { return host.Turned(); });
+    if (!host.Turned()) {
+        Report("turn", "none arrived");
     }
     window.HandleMessages(kRestOfAMovement, [] { return false; });
 }
 
 void CheckWindow(std::chrono::seconds wait, Findings& found) {
     ProbeWindow window("Turn the dial now");
-    Say("window", window.Handle() != 0 ? "made" : "cannot be made");
-    Ear ear(window);
-    found.listening = window.Handle() != 0 && init_dial_listener(&ear);
-    Say("listener", found.listening ? "registered" : "refused");
+    Report("window", window.Handle() != 0 ? "made" : "cannot be made");
+    ProbeHost host(window);
+    found.listening = window.Handle() != 0 && init_dial_listener(&host);
+    Report("listener", found.listening ? "registered" : "refused");
     if (found.listening) {
         found.dial = is_dial_present(window.Handle());
-        Say("dial", found.dial ? "there" : "not there");
-        CheckTurn(window, ear, wait);
-        found.turned = ear.Turned();
+        Report("dial", found.dial ? "there" : "not there");
+        CheckTurn(window, host, wait);
+        found.turned = host.Turned();
     }
-    uninit();  // before the window and the ear go
+    uninit();  // before the window and the host go
 }
 
 void CheckLibrary(std::chrono::seconds wait, Findings& found) {
     const int32_t started = initialize();
-    Say("library", started == 0   ? "ready"
-                   : started == 1 ? "finds no Windows Runtime"
-                                  : "finds this Windows too old");
+    Report("library", started == 0   ? "ready"
+                      : started == 1 ? "finds no Windows Runtime"
+                                     : "finds this Windows too old");
     found.platform = found.platform && started == 0;
     if (started == 0) {
         CheckWindow(wait, found);
@@ -187,7 +190,7 @@ void CheckLibrary(std::chrono::seconds wait, Findings& found) {
 Findings Check(std::chrono::seconds wait) {
     Findings found;
     const int32_t runtime = StartRuntime();
-    Say("Windows Runtime", FoundOrNot(runtime));
+    Report("Windows Runtime", FoundOrNot(runtime));
     found.platform = CheckClasses();
     CheckSettings();
     found.elevated = CheckElevation();
@@ -198,27 +201,28 @@ Findings Check(std::chrono::seconds wait) {
     return found;
 }
 
-Status Judge(const Findings& found) {
+Status ReportVerdict(const Findings& found) {
     if (!found.platform) {
-        Say("verdict", "Windows lacks something that the dial needs, see above; install its updates");
+        Report("verdict", "Windows lacks something that the dial needs, see above; install its updates");
         return kMissing;
     }
     if (!found.listening) {
-        Say("verdict", "the dial cannot be listened to; send all these lines to whoever supports you");
+        Report("verdict", "the dial cannot be listened to; send all these lines to whoever supports you");
         return kMissing;
     }
     if (!found.dial) {
-        Say("verdict", found.turned ? "a dial turns, but it is not the one that the library knows"
-                                    : "Windows does not know the dial; pair it in the Bluetooth settings");
+        Report("verdict", found.turned ? "a dial turns, but it is not the one that the library knows"
+                                       : "Windows does not know the dial; pair it in the Bluetooth settings");
         return kMissing;
     }
     if (!found.turned) {
-        Say("verdict", found.elevated
-                           ? "no turn arrived; run the program without administrator rights"
-                           : "no turn arrived; wake the dial, check its batteries, keep the window in front");
+        Report("verdict",
+               found.elevated
+                   ? "no turn arrived; run the program without administrator rights"
+                   : "no turn arrived; wake the dial, check its batteries, keep the window in front");
         return kNoTurn;
     }
-    Say("verdict", "the dial works");
+    Report("verdict", "the dial works");
     return kWorks;
 }
 
@@ -245,7 +249,7 @@ int main(int argc, char** argv) {
     const auto wait = WaitIn(argc, argv);
     if (!wait) {
         std::fputs(kUsage, stderr);
-        return kMisunderstood;
+        return kUsageError;
     }
-    return Judge(Check(*wait));
+    return ReportVerdict(Check(*wait));
 }

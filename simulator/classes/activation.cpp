@@ -43,7 +43,7 @@ constexpr ActivatableClassEntry kClasses[] = {
 }  // namespace
 
 HRESULT GetClassFactory(HSTRING class_name, const IID& iid, void** factory) {
-    BeforeTheFirstClass();
+    OnFirstActivation();
     *factory = nullptr;
     const std::string wanted = Narrow(View(class_name));
     for (const ActivatableClassEntry& entry : kClasses) {

@@ -59,6 +59,6 @@ private:
 
 }  // namespace
 
-Ref<abi::IInspectable> MakeApiInformation() { return Ref<abi::IInspectable>::Adopt(new ApiInformation); }
+Ref<abi::IInspectable> MakeApiInformation() { return Ref<abi::IInspectable>::Attach(new ApiInformation); }
 
 }  // namespace dialsim

@@ -24,7 +24,7 @@ public:
 };
 
 Ref<abi::IInspectable> ObjectOf(const Setting& setting) {
-    return setting ? Box(*setting) : Ref<abi::IInspectable>::Adopt(new CompositeValue);
+    return setting ? Box(*setting) : Ref<abi::IInspectable>::Attach(new CompositeValue);
 }
 
 HRESULT ToSetting(abi::IInspectable* value, Setting& setting) {
@@ -220,7 +220,7 @@ public:
 }  // namespace
 
 Ref<abi::IInspectable> MakeApplicationDataStatics() {
-    return Ref<abi::IInspectable>::Adopt(new ApplicationDataStatics);
+    return Ref<abi::IInspectable>::Attach(new ApplicationDataStatics);
 }
 
 void SetPackaged(bool now) { packaged = now; }

@@ -13,26 +13,26 @@ namespace dialsim {
 namespace {
 
 // The platform's threads belong to its multithreaded apartment; one of somebody else's keeps its own.
-class InApartment {
+class ApartmentScope {
 public:
-    InApartment() = default;
-    InApartment(const InApartment&) = delete;
-    InApartment& operator=(const InApartment&) = delete;
-    ~InApartment() {
+    ApartmentScope() = default;
+    ApartmentScope(const ApartmentScope&) = delete;
+    ApartmentScope& operator=(const ApartmentScope&) = delete;
+    ~ApartmentScope() {
         if (entered_) {
-            underlying::RoUninitialize();
+            real::RoUninitialize();
         }
     }
 
 private:
-    const bool entered_ = underlying::RoInitialize(RO_INIT_MULTITHREADED) >= 0;
+    const bool entered_ = real::RoInitialize(RO_INIT_MULTITHREADED) >= 0;
 };
 
 }  // namespace
 
-Operations& TheOperations() {
+AsyncOperations& TheAsyncOperations() {
     // Never destroyed: operations may complete after the end of main.
-    static Operations& operations = *new Operations;
+    static AsyncOperations& operations = *new AsyncOperations;
     return operations;
 }
 
@@ -44,26 +44,26 @@ HRESULT CodeOf(const Outcome& outcome) {
     return outcome.code;
 }
 
-AsyncMode Operations::Enter(Completable* operation) {
+AsyncMode AsyncOperations::Register(Completable* operation) {
     const std::lock_guard guard(mutex_);
     slots_.push_back({operation, mode_, false, mode_ == AsyncMode::AtOnce, kPending});
     return mode_;
 }
 
-void Operations::Leave(Completable* operation) {
+void AsyncOperations::Unregister(Completable* operation) {
     const std::lock_guard guard(mutex_);
     if (Slot* slot = Find(operation)) {
         slot->operation = nullptr;
     }
 }
 
-void Operations::Attached(Completable* operation) {
+void AsyncOperations::OnHandlerAttached(Completable* operation) {
     const std::lock_guard guard(mutex_);
     Slot* slot = Find(operation);
     if (slot == nullptr || slot->completed) {
         return;
     }
-    slot->kept = operation->TryHold();
+    slot->kept = operation->TryAddReference();
     if (slot->mode == AsyncMode::OwnThread) {
         const auto index = static_cast<std::uint32_t>(slot - slots_.data());
         RunAfter(delay_, [this, operation, index] { CompleteOnOwnThread(operation, index); });
@@ -71,65 +71,65 @@ void Operations::Attached(Completable* operation) {
 }
 
 // It may have been completed otherwise or abandoned in the meantime.
-void Operations::CompleteOnOwnThread(Completable* operation, std::uint32_t index) {
-    Completable* taken = nullptr;
+void AsyncOperations::CompleteOnOwnThread(Completable* operation, std::uint32_t index) {
+    Completable* claimed = nullptr;
     {
         const std::lock_guard guard(mutex_);
         const bool here = index < slots_.size() && slots_[index].operation == operation;
-        taken = here ? Take(slots_[index]) : nullptr;
+        claimed = here ? Claim(slots_[index]) : nullptr;
     }
-    if (taken != nullptr) {
-        const InApartment apartment;
-        taken->Complete({});
-        taken->LetGo();
+    if (claimed != nullptr) {
+        const ApartmentScope apartment;
+        claimed->Complete({});
+        claimed->ReleaseReference();
     }
 }
 
-void Operations::Answered(Completable* operation, HRESULT code) {
+void AsyncOperations::OnHandlerReturned(Completable* operation, HRESULT code) {
     const std::lock_guard guard(mutex_);
     if (Slot* slot = Find(operation)) {
         slot->code = code;
     }
 }
 
-void Operations::SetMode(AsyncMode mode) {
+void AsyncOperations::SetMode(AsyncMode mode) {
     const std::lock_guard guard(mutex_);
     mode_ = mode;
 }
 
-void Operations::SetDelay(std::uint32_t milliseconds) {
+void AsyncOperations::SetDelay(std::uint32_t milliseconds) {
     const std::lock_guard guard(mutex_);
     delay_ = milliseconds;
 }
 
-std::uint32_t Operations::Pending() {
+std::uint32_t AsyncOperations::Pending() {
     const std::lock_guard guard(mutex_);
     return static_cast<std::uint32_t>(std::count_if(slots_.begin(), slots_.end(), [](const Slot& slot) {
         return slot.operation != nullptr && !slot.completed;
     }));
 }
 
-HRESULT Operations::Complete(std::uint32_t index, std::optional<abi::AsyncStatus> status) {
-    Completable* taken = nullptr;
+HRESULT AsyncOperations::Complete(std::uint32_t index, std::optional<abi::AsyncStatus> status) {
+    Completable* claimed = nullptr;
     {
         const std::lock_guard guard(mutex_);
-        taken = index < slots_.size() ? Take(slots_[index]) : nullptr;
+        claimed = index < slots_.size() ? Claim(slots_[index]) : nullptr;
     }
-    if (taken == nullptr) {
+    if (claimed == nullptr) {
         return kOutOfBounds;
     }
     HRESULT code = S_OK;
-    OnEventThread([&] {
-        const InApartment apartment;
-        if (const auto outcome = taken->Complete(status)) {
+    RunOnEventThread([&] {
+        const ApartmentScope apartment;
+        if (const auto outcome = claimed->Complete(status)) {
             code = CodeOf(*outcome);
         }
-        taken->LetGo();
+        claimed->ReleaseReference();
     });
     return code;
 }
 
-HRESULT Operations::CompleteAll() {
+HRESULT AsyncOperations::CompleteAll() {
     std::size_t count = 0;
     {
         const std::lock_guard guard(mutex_);
@@ -145,27 +145,27 @@ HRESULT Operations::CompleteAll() {
     return first_failure;
 }
 
-HRESULT Operations::CompletionCode(std::uint32_t index) {
+HRESULT AsyncOperations::CompletionCode(std::uint32_t index) {
     const std::lock_guard guard(mutex_);
     return index < slots_.size() ? slots_[index].code : kOutOfBounds;
 }
 
-bool Operations::MarshalsFreeThreaded(std::uint32_t index) {
-    Completable* held = nullptr;
+bool AsyncOperations::MarshalsFreeThreaded(std::uint32_t index) {
+    Completable* referenced = nullptr;
     {
         const std::lock_guard guard(mutex_);
         const bool there = index < slots_.size() && slots_[index].operation != nullptr;
-        held = there && slots_[index].operation->TryHold() ? slots_[index].operation : nullptr;
+        referenced = there && slots_[index].operation->TryAddReference() ? slots_[index].operation : nullptr;
     }
-    if (held == nullptr) {
+    if (referenced == nullptr) {
         return false;
     }
-    const bool answer = held->MarshalsFreeThreaded();
-    held->LetGo();
+    const bool answer = referenced->MarshalsFreeThreaded();
+    referenced->ReleaseReference();
     return answer;
 }
 
-void Operations::Abandon() {
+void AsyncOperations::Abandon() {
     std::vector<Completable*> kept;
     {
         const std::lock_guard guard(mutex_);
@@ -176,11 +176,11 @@ void Operations::Abandon() {
         }
     }
     for (Completable* operation : kept) {
-        operation->LetGo();
+        operation->ReleaseReference();
     }
 }
 
-void Operations::Reset() {
+void AsyncOperations::Reset() {
     WaitForActions();
     Abandon();
     const std::lock_guard guard(mutex_);
@@ -189,17 +189,17 @@ void Operations::Reset() {
     delay_ = 0;
 }
 
-Operations::Slot* Operations::Find(Completable* operation) {
+AsyncOperations::Slot* AsyncOperations::Find(Completable* operation) {
     const auto found = std::find_if(slots_.begin(), slots_.end(),
                                     [&](const Slot& slot) { return slot.operation == operation; });
     return found == slots_.end() ? nullptr : &*found;
 }
 
-Completable* Operations::Take(Slot& slot) {
+Completable* AsyncOperations::Claim(Slot& slot) {
     if (slot.operation == nullptr || slot.completed) {
         return nullptr;
     }
-    if (!slot.kept && !slot.operation->TryHold()) {
+    if (!slot.kept && !slot.operation->TryAddReference()) {
         return nullptr;
     }
     slot.kept = false;

@@ -34,21 +34,21 @@ public:
     virtual std::optional<Outcome> Complete(std::optional<abi::AsyncStatus> status) = 0;
     // Whether its handler does, as long as it has one.
     virtual bool MarshalsFreeThreaded() = 0;
-    virtual bool TryHold() = 0;
-    virtual void LetGo() = 0;
+    virtual bool TryAddReference() = 0;
+    virtual void ReleaseReference() = 0;
 
 protected:
     ~Completable() = default;
 };
 
 // Every operation since the last reset, in the order of their starts.
-class Operations {
+class AsyncOperations {
 public:
-    AsyncMode Enter(Completable* operation);
-    void Leave(Completable* operation);
+    AsyncMode Register(Completable* operation);
+    void Unregister(Completable* operation);
     // Somebody listens.
-    void Attached(Completable* operation);
-    void Answered(Completable* operation, HRESULT code);
+    void OnHandlerAttached(Completable* operation);
+    void OnHandlerReturned(Completable* operation, HRESULT code);
 
     void SetMode(AsyncMode mode);
     // How long those on threads of their own take.
@@ -74,7 +74,7 @@ private:
     void CompleteOnOwnThread(Completable* operation, std::uint32_t index);
     Slot* Find(Completable* operation);
     // Marks it completed, and takes over or gets a reference; null when it cannot be completed.
-    Completable* Take(Slot& slot);
+    Completable* Claim(Slot& slot);
 
     Mutex mutex_;
     AsyncMode mode_ = AsyncMode::OwnThread;
@@ -82,7 +82,7 @@ private:
     std::vector<Slot> slots_;
 };
 
-Operations& TheOperations();
+AsyncOperations& TheAsyncOperations();
 
 // How the handler's answer stands in the journal and in the list.
 HRESULT CodeOf(const Outcome& outcome);
@@ -98,7 +98,7 @@ public:
     // It will have failed with `code`, or yield the value.
     AsyncOperation(HRESULT code, Ref<Value> value)
         : Object<Interface, abi::IAsyncInfo>(TypeName<Interface>()), code_(code), value_(std::move(value)) {
-        if (TheOperations().Enter(this) == AsyncMode::AtOnce) {
+        if (TheAsyncOperations().Register(this) == AsyncMode::AtOnce) {
             status_ = OwnStatus();
             completed_ = true;
         }
@@ -122,7 +122,7 @@ public:
             if (completed) {
                 Call();
             } else {
-                TheOperations().Attached(this);
+                TheAsyncOperations().OnHandlerAttached(this);
             }
             return S_OK;
         });
@@ -192,11 +192,11 @@ public:
         }
         return handler != nullptr && handler->MarshalsFreeThreaded();
     }
-    bool TryHold() override { return this->TryAddRef(); }
-    void LetGo() override { this->Release(); }
+    bool TryAddReference() override { return this->TryAddRef(); }
+    void ReleaseReference() override { this->Release(); }
 
 private:
-    ~AsyncOperation() override { TheOperations().Leave(this); }
+    ~AsyncOperation() override { TheAsyncOperations().Unregister(this); }
 
     abi::AsyncStatus OwnStatus() const {
         return code_ < 0 ? abi::AsyncStatus::Error : abi::AsyncStatus::Completed;
@@ -222,7 +222,7 @@ private:
                                                         std::to_string(static_cast<std::int32_t>(status)));
         const Outcome outcome = handler->Call(static_cast<Interface*>(this), status);
         TheJournal().End(entry, CodeOf(outcome));
-        TheOperations().Answered(this, CodeOf(outcome));
+        TheAsyncOperations().OnHandlerReturned(this, CodeOf(outcome));
         return outcome;
     }
 
@@ -237,7 +237,7 @@ private:
 
 template <class Result>
 Ref<abi::IAsyncOperation<Result>> StartOperation(HRESULT code, Ref<typename Result::Default> value) {
-    return Ref<abi::IAsyncOperation<Result>>::Adopt(new AsyncOperation<Result>(code, std::move(value)));
+    return Ref<abi::IAsyncOperation<Result>>::Attach(new AsyncOperation<Result>(code, std::move(value)));
 }
 
 }  // namespace dialsim

@@ -21,7 +21,7 @@ constexpr HRESULT kUnexpected = static_cast<HRESULT>(0x8000FFFF);  // E_UNEXPECT
 
 const Kinds kAll = {0, 1, 2, 3, 4};
 
-bool Exists(std::int32_t kind) { return std::find(kAll.begin(), kAll.end(), kind) != kAll.end(); }
+bool IsSystemItemKind(std::int32_t kind) { return std::find(kAll.begin(), kAll.end(), kind) != kAll.end(); }
 
 std::uint64_t Number(HWND window) { return reinterpret_cast<std::uintptr_t>(window); }
 
@@ -32,9 +32,9 @@ struct Configurations {
     Mutex mutex;
     std::map<std::uint64_t, Kinds> kinds;
     std::map<std::uint64_t, Configuration*> objects;
-    bool keep_sequences = false;
-    Ref<Sequence> kept_sequence;
-    Ref<Iterator> kept_iterator;
+    bool retain_sequences = false;
+    Ref<Sequence> retained_sequence;
+    Ref<Iterator> retained_iterator;
 };
 
 Configurations& TheConfigurations() {
@@ -68,7 +68,7 @@ Ref<Iterator> First(Sequence& sequence, HRESULT& code) {
     if (code >= 0 && iterator == nullptr) {
         code = kUnexpected;
     }
-    return Ref<Iterator>::Adopt(code < 0 ? nullptr : iterator);
+    return Ref<Iterator>::Attach(code < 0 ? nullptr : iterator);
 }
 
 class Configuration final : public Object<abi::IRadialControllerConfiguration> {
@@ -88,13 +88,13 @@ public:
             Kinds kinds;
             if (iterator) {
                 code = ReadAll(*iterator.get(), kinds);
-                Keep(Ref(buttons), iterator);
+                Retain(Ref(buttons), iterator);
             }
             if (code < 0) {
                 return code;
             }
             TheJournal().Note("system items", Text(kinds));
-            if (!std::all_of(kinds.begin(), kinds.end(), Exists)) {
+            if (!std::all_of(kinds.begin(), kinds.end(), IsSystemItemKind)) {
                 return E_INVALIDARG;
             }
             SetKinds(window_, std::move(kinds));
@@ -126,11 +126,11 @@ private:
         }
     }
 
-    static void Keep(Ref<Sequence> sequence, Ref<Iterator> iterator) {
+    static void Retain(Ref<Sequence> sequence, Ref<Iterator> iterator) {
         const std::lock_guard guard(TheConfigurations().mutex);
-        if (TheConfigurations().keep_sequences) {
-            std::swap(TheConfigurations().kept_sequence, sequence);
-            std::swap(TheConfigurations().kept_iterator, iterator);
+        if (TheConfigurations().retain_sequences) {
+            std::swap(TheConfigurations().retained_sequence, sequence);
+            std::swap(TheConfigurations().retained_iterator, iterator);
         }
     }
     static std::string Text(const Kinds& kinds) {
@@ -148,7 +148,7 @@ Ref<Configuration> ConfigurationOf(std::uint64_t window) {
     const std::lock_guard guard(TheConfigurations().mutex);
     Configuration*& known = TheConfigurations().objects[window];
     if (known != nullptr && known->TryAddRef()) {
-        return Ref<Configuration>::Adopt(known);
+        return Ref<Configuration>::Attach(known);
     }
     auto made = Make<Configuration>(window);
     known = made.get();
@@ -169,7 +169,7 @@ public:
     }
     HRESULT GetForWindow(HWND window, const GUID& iid, void** result) noexcept override {
         return PerformInto(MethodName<Interop>("GetForWindow"), std::to_string(Number(window)), result, [&] {
-            const Unobserved platforms_own;
+            const JournalPause no_journal;
             return ConfigurationOf(Number(window))->QueryInterface(iid, result);
         });
     }
@@ -178,7 +178,7 @@ public:
 }  // namespace
 
 Ref<abi::IInspectable> MakeConfigurationFactory() {
-    return Ref<abi::IInspectable>::Adopt(static_cast<abi::IActivationFactory*>(new ConfigurationFactory));
+    return Ref<abi::IInspectable>::Attach(static_cast<abi::IActivationFactory*>(new ConfigurationFactory));
 }
 
 std::vector<std::int32_t> SystemItems(std::uint64_t window) {
@@ -187,20 +187,22 @@ std::vector<std::int32_t> SystemItems(std::uint64_t window) {
     return found == TheConfigurations().kinds.end() ? kAll : found->second;
 }
 
-std::string SystemItemName(std::int32_t kind) { return Exists(kind) ? kNames[kind] : std::to_string(kind); }
-
-void KeepSequences(bool keep) {
-    const std::lock_guard guard(TheConfigurations().mutex);
-    TheConfigurations().keep_sequences = keep;
+std::string SystemItemName(std::int32_t kind) {
+    return IsSystemItemKind(kind) ? kNames[kind] : std::to_string(kind);
 }
 
-HRESULT UseKeptSequence() {
+void RetainSequences(bool keep) {
+    const std::lock_guard guard(TheConfigurations().mutex);
+    TheConfigurations().retain_sequences = keep;
+}
+
+HRESULT UseRetainedSequence() {
     Ref<Sequence> sequence;
     Ref<Iterator> iterator;
     {
         const std::lock_guard guard(TheConfigurations().mutex);
-        std::swap(sequence, TheConfigurations().kept_sequence);
-        std::swap(iterator, TheConfigurations().kept_iterator);
+        std::swap(sequence, TheConfigurations().retained_sequence);
+        std::swap(iterator, TheConfigurations().retained_iterator);
     }
     if (!sequence) {
         return S_FALSE;
@@ -226,9 +228,9 @@ void ResetConfigurations() {
     Ref<Sequence> sequence;
     Ref<Iterator> iterator;
     const std::lock_guard guard(TheConfigurations().mutex);
-    std::swap(sequence, TheConfigurations().kept_sequence);
-    std::swap(iterator, TheConfigurations().kept_iterator);
-    TheConfigurations().keep_sequences = false;
+    std::swap(sequence, TheConfigurations().retained_sequence);
+    std::swap(iterator, TheConfigurations().retained_iterator);
+    TheConfigurations().retain_sequences = false;
     TheConfigurations().kinds.clear();
     TheConfigurations().objects.clear();
 }

@@ -18,8 +18,8 @@ std::string SystemItemName(std::int32_t kind);
 
 // Sequences handed over are normally let go of with the call; kept ones can be used once more later. The code
 // of that: not negative if anything of the sequence still worked, S_FALSE when none is kept.
-void KeepSequences(bool keep);
-HRESULT UseKeptSequence();
+void RetainSequences(bool keep);
+HRESULT UseRetainedSequence();
 
 void ResetConfigurations();
 

@@ -21,7 +21,7 @@ std::string WindowText(HWND window) { return std::to_string(reinterpret_cast<std
 
 template <class Args>
 Ref<typename Args::Default> MakeContactArgs(const DialState& dial) {
-    return Ref<typename Args::Default>::Adopt(new ContactArgs<Args>(dial));
+    return Ref<typename Args::Default>::Attach(new ContactArgs<Args>(dial));
 }
 
 }  // namespace
@@ -30,11 +30,11 @@ Controller::Controller(HWND window)
     : Object(abi::RadialController::Name),
       window_(reinterpret_cast<std::uint64_t>(window)),
       menu_(Make<RadialMenu>()) {
-    TheDial().Enter(this);
+    TheDial().AddController(this);
 }
 
 Controller::~Controller() {
-    TheDial().Leave(this);
+    TheDial().RemoveController(this);
     TheJournal().Note("end of RadialController", std::to_string(window_));
 }
 
@@ -182,10 +182,10 @@ public:
 
     HRESULT CreateForWindow(HWND window, const GUID& iid, void** result) noexcept override {
         return PerformInto(MethodName<Interface>("CreateForWindow"), WindowText(window), result, [&] {
-            const Unobserved platforms_own;
+            const JournalPause no_journal;
             const auto controller = Make<Controller>(window);
             const HRESULT code = controller->QueryInterface(iid, result);
-            AtTheFirstController(controller->window());
+            OnFirstController(controller->window());
             return code;
         });
     }
@@ -194,7 +194,7 @@ public:
 }  // namespace
 
 Ref<abi::IInspectable> MakeControllerFactory() {
-    return Ref<abi::IInspectable>::Adopt(new ControllerFactory);
+    return Ref<abi::IInspectable>::Attach(new ControllerFactory);
 }
 
 }  // namespace dialsim

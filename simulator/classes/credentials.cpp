@@ -93,7 +93,7 @@ private:
 };
 
 Ref<abi::IPasswordCredential> MakeCredential(WideView resource, WideView user_name, WideView password) {
-    return Ref<abi::IPasswordCredential>::Adopt(
+    return Ref<abi::IPasswordCredential>::Attach(
         new Credential({WideString(resource), WideString(user_name), WideString(password)}));
 }
 
@@ -200,9 +200,9 @@ public:
 
 }  // namespace
 
-Ref<abi::IInspectable> MakeVaultFactory() { return Ref<abi::IInspectable>::Adopt(new VaultFactory); }
+Ref<abi::IInspectable> MakeVaultFactory() { return Ref<abi::IInspectable>::Attach(new VaultFactory); }
 Ref<abi::IInspectable> MakeCredentialFactory() {
-    return Ref<abi::IInspectable>::Adopt(new CredentialFactory);
+    return Ref<abi::IInspectable>::Attach(new CredentialFactory);
 }
 
 }  // namespace dialsim

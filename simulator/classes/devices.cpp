@@ -20,7 +20,7 @@ struct Filter {
     std::string interface_class;  // empty: any
     std::optional<bool> enabled;
 
-    bool LetsThrough(const Devices::Entry& entry) const {
+    bool Matches(const Devices::Entry& entry) const {
         return entry.is_null || ((interface_class.empty() || entry.interface_class == interface_class) &&
                                  (!enabled || entry.enabled == *enabled));
     }
@@ -41,7 +41,7 @@ std::vector<std::string> TermsOf(const std::string& query) {
 }
 
 // The two properties that device interfaces have here, in the platform's query syntax.
-bool Understand(const std::string& term, Filter& filter) {
+bool ParseTerm(const std::string& term, Filter& filter) {
     static const std::string of_class = "System.Devices.InterfaceClassGuid:=\"";
     static const std::string of_enabled =
         "System.Devices.InterfaceEnabled:=System.StructuredQueryType.Boolean#";
@@ -56,10 +56,10 @@ bool Understand(const std::string& term, Filter& filter) {
     return false;
 }
 
-std::optional<Filter> Understand(const std::string& query) {
+std::optional<Filter> ParseFilter(const std::string& query) {
     Filter filter;
     for (const std::string& term : TermsOf(query)) {
-        if (!Understand(term, filter)) {
+        if (!ParseTerm(term, filter)) {
             return std::nullopt;
         }
     }
@@ -131,7 +131,7 @@ public:
     HRESULT FindAllAsyncAqsFilter(HSTRING query, Operation** result) noexcept override {
         const std::string text = Narrow(View(query));
         return PerformInto(MethodName<Interface>("FindAllAsyncAqsFilter"), text, result, [&] {
-            const std::optional<Filter> filter = Understand(text);
+            const std::optional<Filter> filter = ParseFilter(text);
             return filter ? StartEnumeration(*filter).CopyTo(result) : E_INVALIDARG;
         });
     }
@@ -173,16 +173,16 @@ private:
     static Ref<Operation> StartEnumeration(const Filter& filter) {
         std::vector<Ref<abi::IDeviceInformation>> found;
         for (const Devices::Entry& entry : TheDevices().All()) {
-            if (filter.LetsThrough(entry)) {
+            if (filter.Matches(entry)) {
                 found.push_back(entry.is_null
                                     ? Ref<abi::IDeviceInformation>()
-                                    : Ref<abi::IDeviceInformation>::Adopt(new DeviceInformation(entry)));
+                                    : Ref<abi::IDeviceInformation>::Attach(new DeviceInformation(entry)));
             }
         }
         using Collection = VectorView<abi::DeviceInformation>;
         return StartOperation<abi::DeviceInformationCollection>(
             TheDevices().Failure(),
-            Ref<abi::IVectorView<abi::DeviceInformation>>::Adopt(new Collection(std::move(found))));
+            Ref<abi::IVectorView<abi::DeviceInformation>>::Attach(new Collection(std::move(found))));
     }
     template <class Result>
     static HRESULT Refuse(std::string_view method, Result** result) {
@@ -233,7 +233,7 @@ HRESULT Devices::Failure() {
 }
 
 Ref<abi::IInspectable> MakeDeviceInformationStatics() {
-    return Ref<abi::IInspectable>::Adopt(new DeviceInformationStatics);
+    return Ref<abi::IInspectable>::Attach(new DeviceInformationStatics);
 }
 
 }  // namespace dialsim

@@ -35,17 +35,17 @@ template <class Handler>
 class HeldHandler {
 public:
     explicit HeldHandler(Handler* handler) : handler_(handler), agile_(IsAgile(handler)) {
-        TheAccounts().HandlerTaken(handler);
+        TheLeakTracker().TrackHandler(handler);
     }
     HeldHandler(const HeldHandler&) = delete;
     HeldHandler& operator=(const HeldHandler&) = delete;
-    ~HeldHandler() { TheAccounts().HandlerReleased(handler_.get()); }
+    ~HeldHandler() { TheLeakTracker().UntrackHandler(handler_.get()); }
 
     // Nothing stands above the platform: what a handler raises stops here and is reported. One that is not
     // agile belongs to the thread that subscribed it.
     template <class... Arguments>
     Outcome Call(Arguments... arguments) const {
-        if (!agile_ && home_ != CurrentThread()) {
+        if (!agile_ && thread_ != CurrentThread()) {
             return {kWrongThread, false, {}};
         }
         try {
@@ -84,7 +84,7 @@ private:
 
     const Ref<Handler> handler_;
     const bool agile_;
-    const std::uint64_t home_ = CurrentThread();
+    const std::uint64_t thread_ = CurrentThread();
 };
 
 template <class Handler>

@@ -52,7 +52,8 @@ public:
         return PerformInto(MethodName<Interface>("get_SupportedFeedback"), "", result, [&] {
             std::vector<Ref<abi::ISimpleHapticsControllerFeedback>> feedback;
             for (const std::uint16_t waveform : waveforms_) {
-                feedback.push_back(Ref<abi::ISimpleHapticsControllerFeedback>::Adopt(new Feedback(waveform)));
+                feedback.push_back(
+                    Ref<abi::ISimpleHapticsControllerFeedback>::Attach(new Feedback(waveform)));
             }
             return Make<List>(std::move(feedback)).CopyTo(result);
         });
@@ -117,7 +118,7 @@ private:
 }  // namespace
 
 Ref<abi::ISimpleHapticsController> MakeHapticsController(const DialState& state) {
-    return Ref<abi::ISimpleHapticsController>::Adopt(new HapticsController(state.waveforms));
+    return Ref<abi::ISimpleHapticsController>::Attach(new HapticsController(state.waveforms));
 }
 
 }  // namespace dialsim

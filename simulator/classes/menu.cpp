@@ -13,7 +13,7 @@ namespace {
 
 // Whatever is removed is released outside the lock: an item's end may run code of others.
 template <class Body>
-HRESULT Locked(Mutex& mutex, Body body) {
+HRESULT WithLock(Mutex& mutex, Body body) {
     const std::lock_guard guard(mutex);
     return body();
 }
@@ -30,13 +30,13 @@ HRESULT MenuItem::get_DisplayText(HSTRING* result) noexcept {
 
 HRESULT MenuItem::get_Tag(abi::IInspectable** result) noexcept {
     return PerformInto(MethodName<Interface>("get_Tag"), "", result,
-                       [&] { return Locked(mutex_, [&] { return tag_.CopyTo(result); }); });
+                       [&] { return WithLock(mutex_, [&] { return tag_.CopyTo(result); }); });
 }
 
 HRESULT MenuItem::put_Tag(abi::IInspectable* value) noexcept {
     return Perform(MethodName<Interface>("put_Tag"), "", [&] {
         Ref<abi::IInspectable> tag(value);
-        return Locked(mutex_, [&] {
+        return WithLock(mutex_, [&] {
             std::swap(tag_, tag);
             return S_OK;
         });
@@ -61,7 +61,7 @@ Outcome MenuItem::Invoke() {
 HRESULT MenuItems::GetAt(std::uint32_t index, Element** result) noexcept {
     return PerformInto(MethodName<Interface>("GetAt"), std::to_string(index), result, [&] {
         Ref<Element> removed;
-        return Locked(mutex_, [&] {
+        return WithLock(mutex_, [&] {
             const HRESULT code = index < items_.size() ? items_[index].CopyTo(result) : kOutOfBounds;
             if (calls_until_shrinking_ && --*calls_until_shrinking_ == 0) {
                 calls_until_shrinking_.reset();
@@ -77,7 +77,7 @@ HRESULT MenuItems::GetAt(std::uint32_t index, Element** result) noexcept {
 
 HRESULT MenuItems::get_Size(std::uint32_t* result) noexcept {
     return PerformInto(MethodName<Interface>("get_Size"), "", result, [&] {
-        return Locked(mutex_, [&] {
+        return WithLock(mutex_, [&] {
             *result = static_cast<std::uint32_t>(items_.size());
             return S_OK;
         });
@@ -92,7 +92,7 @@ HRESULT MenuItems::GetView(abi::IVectorView<abi::RadialControllerMenuItem>** res
 
 HRESULT MenuItems::IndexOf(Element* value, std::uint32_t* index, abi::boolean* result) noexcept {
     return PerformInto(MethodName<Interface>("IndexOf"), "", result, [&] {
-        return Locked(mutex_, [&] {
+        return WithLock(mutex_, [&] {
             const auto found = std::find_if(items_.begin(), items_.end(),
                                             [&](const auto& item) { return item.get() == value; });
             *index = static_cast<std::uint32_t>(found == items_.end() ? 0 : found - items_.begin());
@@ -105,7 +105,7 @@ HRESULT MenuItems::IndexOf(Element* value, std::uint32_t* index, abi::boolean* r
 HRESULT MenuItems::SetAt(std::uint32_t index, Element* value) noexcept {
     return Perform(MethodName<Interface>("SetAt"), std::to_string(index), [&] {
         Ref<Element> item(value);
-        return Locked(mutex_, [&] {
+        return WithLock(mutex_, [&] {
             if (index >= items_.size()) {
                 return kOutOfBounds;
             }
@@ -117,7 +117,7 @@ HRESULT MenuItems::SetAt(std::uint32_t index, Element* value) noexcept {
 
 HRESULT MenuItems::InsertAt(std::uint32_t index, Element* value) noexcept {
     return Perform(MethodName<Interface>("InsertAt"), std::to_string(index), [&] {
-        return Locked(mutex_, [&] {
+        return WithLock(mutex_, [&] {
             if (index > items_.size()) {
                 return kOutOfBounds;
             }
@@ -130,7 +130,7 @@ HRESULT MenuItems::InsertAt(std::uint32_t index, Element* value) noexcept {
 HRESULT MenuItems::RemoveAt(std::uint32_t index) noexcept {
     return Perform(MethodName<Interface>("RemoveAt"), std::to_string(index), [&] {
         Ref<Element> removed;
-        return Locked(mutex_, [&] {
+        return WithLock(mutex_, [&] {
             if (index >= items_.size()) {
                 return kOutOfBounds;
             }
@@ -143,7 +143,7 @@ HRESULT MenuItems::RemoveAt(std::uint32_t index) noexcept {
 
 HRESULT MenuItems::Append(Element* value) noexcept {
     return Perform(MethodName<Interface>("Append"), "", [&] {
-        return Locked(mutex_, [&] {
+        return WithLock(mutex_, [&] {
             items_.emplace_back(value);
             return S_OK;
         });
@@ -153,7 +153,7 @@ HRESULT MenuItems::Append(Element* value) noexcept {
 HRESULT MenuItems::RemoveAtEnd() noexcept {
     return Perform(MethodName<Interface>("RemoveAtEnd"), "", [&] {
         Ref<Element> removed;
-        return Locked(mutex_, [&] {
+        return WithLock(mutex_, [&] {
             if (items_.empty()) {
                 return kOutOfBounds;
             }
@@ -167,7 +167,7 @@ HRESULT MenuItems::RemoveAtEnd() noexcept {
 HRESULT MenuItems::Clear() noexcept {
     return Perform(MethodName<Interface>("Clear"), "", [&] {
         std::vector<Ref<Element>> removed;
-        return Locked(mutex_, [&] {
+        return WithLock(mutex_, [&] {
             removed.swap(items_);
             return S_OK;
         });
@@ -177,7 +177,7 @@ HRESULT MenuItems::Clear() noexcept {
 HRESULT MenuItems::GetMany(std::uint32_t start, std::uint32_t count, Element** items,
                            std::uint32_t* result) noexcept {
     return PerformInto(MethodName<Interface>("GetMany"), "", result, [&] {
-        return Locked(mutex_, [&] {
+        return WithLock(mutex_, [&] {
             *result = 0;
             while (*result < count && start + *result < items_.size()) {
                 items_[start + *result].CopyTo(&items[*result]);
@@ -194,7 +194,7 @@ HRESULT MenuItems::ReplaceAll(std::uint32_t count, Element** items) noexcept {
         for (std::uint32_t i = 0; i < count; ++i) {
             replaced.emplace_back(items[i]);
         }
-        return Locked(mutex_, [&] {
+        return WithLock(mutex_, [&] {
             replaced.swap(items_);
             return S_OK;
         });
@@ -225,7 +225,7 @@ HRESULT RadialMenu::get_Items(abi::IVector<abi::RadialControllerMenuItem>** resu
 
 HRESULT RadialMenu::get_IsEnabled(abi::boolean* result) noexcept {
     return PerformInto(MethodName<Interface>("get_IsEnabled"), "", result, [&] {
-        return Locked(mutex_, [&] {
+        return WithLock(mutex_, [&] {
             *result = enabled_;
             return S_OK;
         });
@@ -234,7 +234,7 @@ HRESULT RadialMenu::get_IsEnabled(abi::boolean* result) noexcept {
 
 HRESULT RadialMenu::put_IsEnabled(abi::boolean value) noexcept {
     return Perform(MethodName<Interface>("put_IsEnabled"), std::to_string(value), [&] {
-        return Locked(mutex_, [&] {
+        return WithLock(mutex_, [&] {
             enabled_ = value != 0;
             return S_OK;
         });
@@ -243,12 +243,12 @@ HRESULT RadialMenu::put_IsEnabled(abi::boolean value) noexcept {
 
 HRESULT RadialMenu::GetSelectedMenuItem(abi::IRadialControllerMenuItem** result) noexcept {
     return PerformInto(MethodName<Interface>("GetSelectedMenuItem"), "", result,
-                       [&] { return StillThere(Selected()).CopyTo(result); });
+                       [&] { return IfInMenu(Selected()).CopyTo(result); });
 }
 
 HRESULT RadialMenu::SelectMenuItem(abi::IRadialControllerMenuItem* item) noexcept {
     return Perform(MethodName<Interface>("SelectMenuItem"), "", [&] {
-        Ref<abi::IRadialControllerMenuItem> wanted = StillThere(Ref(item));
+        Ref<abi::IRadialControllerMenuItem> wanted = IfInMenu(Ref(item));
         if (!wanted) {
             return E_INVALIDARG;
         }
@@ -260,11 +260,11 @@ HRESULT RadialMenu::SelectMenuItem(abi::IRadialControllerMenuItem* item) noexcep
 HRESULT RadialMenu::TrySelectPreviouslySelectedMenuItem(abi::boolean* result) noexcept {
     return PerformInto(MethodName<Interface>("TrySelectPreviouslySelectedMenuItem"), "", result, [&] {
         Ref<abi::IRadialControllerMenuItem> previous;
-        Locked(mutex_, [&] {
+        WithLock(mutex_, [&] {
             previous = previous_;
             return S_OK;
         });
-        previous = StillThere(previous);
+        previous = IfInMenu(previous);
         *result = static_cast<bool>(previous);
         if (previous) {
             Select(std::move(previous));
@@ -288,7 +288,7 @@ Ref<abi::IRadialControllerMenuItem> RadialMenu::Selected() {
     return selected_;
 }
 
-Ref<abi::IRadialControllerMenuItem> RadialMenu::StillThere(const Ref<abi::IRadialControllerMenuItem>& item) {
+Ref<abi::IRadialControllerMenuItem> RadialMenu::IfInMenu(const Ref<abi::IRadialControllerMenuItem>& item) {
     for (const auto& present : items_->Snapshot()) {
         if (item && present.get() == item.get()) {
             return item;
@@ -298,9 +298,9 @@ Ref<abi::IRadialControllerMenuItem> RadialMenu::StillThere(const Ref<abi::IRadia
 }
 
 void RadialMenu::Select(Ref<abi::IRadialControllerMenuItem> item) {
-    Ref<abi::IRadialControllerMenuItem> forgotten;
+    Ref<abi::IRadialControllerMenuItem> released;
     const std::lock_guard guard(mutex_);
-    forgotten = std::exchange(previous_, std::exchange(selected_, std::move(item)));
+    released = std::exchange(previous_, std::exchange(selected_, std::move(item)));
 }
 
 namespace {
@@ -310,12 +310,12 @@ constexpr std::array<const char*, 9> kIconNames = {
     "Ruler",  "InkColor", "InkThickness", "PenType"};
 
 // Icons are small; of what is longer, nothing can be drawn.
-constexpr std::size_t kLongestPng = 65536;
+constexpr std::size_t kMaxPngBytes = 65536;
 
 // "PNG file 32x32"
 Picture PictureOf(abi::IRandomAccessStreamReference* icon) {
-    const Unobserved platforms_own;
-    Picture picture{"broken picture", Ref(icon), ReadBeginning(icon, kLongestPng)};
+    const JournalPause no_journal;
+    Picture picture{"broken picture", Ref(icon), ReadPrefix(icon, kMaxPngBytes)};
     if (const auto size = SizeOfPng(picture.png)) {
         picture.source = "PNG " + KindOfReference(icon) + " " + std::to_string(size->width) + "x" +
                          std::to_string(size->height);
@@ -383,13 +383,13 @@ private:
 }  // namespace
 
 Ref<abi::IInspectable> MakeMenuItemStatics() {
-    return Ref<abi::IInspectable>::Adopt(
+    return Ref<abi::IInspectable>::Attach(
         static_cast<abi::IRadialControllerMenuItemStatics*>(new MenuItemStatics));
 }
 
 Ref<abi::IRadialControllerMenuItem> MakeItem(const std::string& label, abi::IInspectable* tag) {
     auto item = Make<MenuItem>(Widen(label), Picture{"no picture"});
-    const Unobserved platforms_own;
+    const JournalPause no_journal;
     item->put_Tag(tag);
     return Ref<abi::IRadialControllerMenuItem>(item.get());
 }

@@ -101,7 +101,7 @@ public:
 
 private:
     // Null unless the item is still in the menu.
-    Ref<abi::IRadialControllerMenuItem> StillThere(const Ref<abi::IRadialControllerMenuItem>& item);
+    Ref<abi::IRadialControllerMenuItem> IfInMenu(const Ref<abi::IRadialControllerMenuItem>& item);
     void Select(Ref<abi::IRadialControllerMenuItem> item);
 
     Mutex mutex_;

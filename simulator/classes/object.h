@@ -39,7 +39,7 @@ public:
     }
 
     // Takes over a reference.
-    static Ref Adopt(T* object) {
+    static Ref Attach(T* object) {
         Ref ref;
         ref.object_ = object;
         return ref;
@@ -65,7 +65,7 @@ private:
 
 template <class T, class... Arguments>
 Ref<T> Make(Arguments&&... arguments) {
-    return Ref<T>::Adopt(new T(std::forward<Arguments>(arguments)...));
+    return Ref<T>::Attach(new T(std::forward<Arguments>(arguments)...));
 }
 
 // An object of a runtime class with its default interface first. Made with one reference. Every query for one
@@ -75,7 +75,7 @@ template <class Default, class... More>
 class Object : public Default, public More... {
 public:
     explicit Object(std::string_view class_name) : class_name_(class_name) {
-        TheAccounts().Made(this, class_name, references_);
+        TheLeakTracker().TrackObject(this, class_name, references_);
     }
     Object(const Object&) = delete;
     Object& operator=(const Object&) = delete;
@@ -124,7 +124,7 @@ public:
 
 protected:
     // Every path of deletion is Release.
-    virtual ~Object() { TheAccounts().Gone(this); }
+    virtual ~Object() { TheLeakTracker().UntrackObject(this); }
 
 private:
     template <class Interface>

@@ -30,15 +30,15 @@ std::uint32_t Crc(std::string_view bytes) {
 
 }  // namespace
 
-std::optional<PictureSize> SizeOfPng(std::string_view beginning) {
-    if (beginning.size() < kPngBeginning || !beginning.starts_with(kSignature) ||
-        beginning.substr(kSignature.size(), kHeaderChunk.size()) != kHeaderChunk) {
+std::optional<PictureSize> SizeOfPng(std::string_view prefix) {
+    if (prefix.size() < kPngHeaderBytes || !prefix.starts_with(kSignature) ||
+        prefix.substr(kSignature.size(), kHeaderChunk.size()) != kHeaderChunk) {
         return {};
     }
     // The checksum covers the chunk's name and what it holds.
-    const std::string_view checked = beginning.substr(12, 4 + kHeaderSize);
-    const PictureSize size{Number(beginning, 16), Number(beginning, 20)};
-    if (Crc(checked) != Number(beginning, 29) || size.width == 0 || size.height == 0) {
+    const std::string_view checked = prefix.substr(12, 4 + kHeaderSize);
+    const PictureSize size{Number(prefix, 16), Number(prefix, 20)};
+    if (Crc(checked) != Number(prefix, 29) || size.width == 0 || size.height == 0) {
         return {};
     }
     return size;

@@ -12,10 +12,10 @@ struct PictureSize {
     std::uint32_t height;
 };
 
-// As much of a PNG's beginning as has to be read to know its size.
-inline constexpr std::size_t kPngBeginning = 33;
+// As much of a PNG's prefix as has to be read to know its size.
+inline constexpr std::size_t kPngHeaderBytes = 33;
 
 // Empty for what is no PNG.
-std::optional<PictureSize> SizeOfPng(std::string_view beginning);
+std::optional<PictureSize> SizeOfPng(std::string_view prefix);
 
 }  // namespace dialsim

@@ -163,12 +163,12 @@ private:
 }  // namespace
 
 Ref<abi::IInspectable> MakePropertyValueStatics() {
-    return Ref<abi::IInspectable>::Adopt(new PropertyValueStatics);
+    return Ref<abi::IInspectable>::Attach(new PropertyValueStatics);
 }
 
 Ref<abi::IInspectable> Box(const Scalar& scalar) {
     const auto value = [](const auto& held) { return ToValue(held); };
-    return Ref<abi::IInspectable>::Adopt(new BoxedValue(std::visit(value, scalar)));
+    return Ref<abi::IInspectable>::Attach(new BoxedValue(std::visit(value, scalar)));
 }
 
 std::optional<Scalar> Unbox(abi::IInspectable* object) {

@@ -57,13 +57,13 @@ public:
 private:
     // Whether there is a file is found out at once, and told when the operation completes.
     static Ref<Operation> StartOpening(const WideString& path) {
-        if (!IsRooted(path)) {
+        if (!IsAbsolutePath(path)) {
             return StartOperation<abi::StorageFile>(E_INVALIDARG, {});
         }
         if (!IsFile(path)) {
             return StartOperation<abi::StorageFile>(kFileNotFound, {});
         }
-        return StartOperation<abi::StorageFile>(S_OK, Ref<abi::IStorageFile>::Adopt(new StorageFile(path)));
+        return StartOperation<abi::StorageFile>(S_OK, Ref<abi::IStorageFile>::Attach(new StorageFile(path)));
     }
     static HRESULT Refuse(std::string_view method, Operation** result) {
         return PerformInto(MethodName<Interface>(method), "", result, [] { return E_NOTIMPL; });
@@ -73,7 +73,7 @@ private:
 }  // namespace
 
 Ref<abi::IInspectable> MakeStorageFileStatics() {
-    return Ref<abi::IInspectable>::Adopt(new StorageFileStatics);
+    return Ref<abi::IInspectable>::Attach(new StorageFileStatics);
 }
 
 WideString PathOf(abi::IStorageFile* file) {

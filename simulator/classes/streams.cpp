@@ -11,12 +11,12 @@ namespace {
 constexpr std::uint32_t kSeekFromHere = 1;
 constexpr std::uint32_t kSeekFromEnd = 2;
 
-class WatchedStream final : public ClassicStream {
+class JournaledStream final : public ClassicStream {
     using Interface = abi::IStream;
 
 public:
-    explicit WatchedStream(Ref<abi::IStream> stream) : stream_(std::move(stream)) {
-        TheAccounts().Made(this, "IStream", references_);
+    explicit JournaledStream(Ref<abi::IStream> stream) : stream_(std::move(stream)) {
+        TheLeakTracker().TrackObject(this, "IStream", references_);
     }
 
     HRESULT Read(void* bytes, std::uint32_t count, std::uint32_t* read) noexcept override {
@@ -63,7 +63,7 @@ public:
     }
 
 private:
-    ~WatchedStream() override { TheAccounts().Gone(this); }
+    ~JournaledStream() override { TheLeakTracker().UntrackObject(this); }
 
     // Who moves bytes may not want to hear how many. What yields nothing moves none.
     template <class Body>
@@ -88,7 +88,7 @@ public:
 
     HRESULT get_Size(std::uint64_t* result) noexcept override {
         return PerformInto(MethodName<Interface>("get_Size"), "", result, [&] {
-            const Unobserved platforms_own;
+            const JournalPause no_journal;
             std::uint64_t here = 0;
             if (const HRESULT code = stream_->Seek(0, kSeekFromHere, &here); code < 0) {
                 return code;
@@ -101,7 +101,7 @@ public:
     }
     HRESULT put_Size(std::uint64_t value) noexcept override {
         return Perform(MethodName<Interface>("put_Size"), std::to_string(value), [&] {
-            const Unobserved platforms_own;
+            const JournalPause no_journal;
             return stream_->SetSize(value);
         });
     }
@@ -113,13 +113,13 @@ public:
     }
     HRESULT get_Position(std::uint64_t* result) noexcept override {
         return PerformInto(MethodName<Interface>("get_Position"), "", result, [&] {
-            const Unobserved platforms_own;
+            const JournalPause no_journal;
             return stream_->Seek(0, kSeekFromHere, result);
         });
     }
     HRESULT Seek(std::uint64_t position) noexcept override {
         return Perform(MethodName<Interface>("Seek"), std::to_string(position), [&] {
-            const Unobserved platforms_own;
+            const JournalPause no_journal;
             return stream_->Seek(static_cast<std::int64_t>(position), abi::kSeekFromStart, nullptr);
         });
     }
@@ -130,8 +130,8 @@ public:
     HRESULT get_CanWrite(abi::boolean* result) noexcept override { return Can("get_CanWrite", result); }
 
     // From the stream's beginning; it stands behind what was read afterwards.
-    std::string ReadBeginning(std::size_t count) {
-        const Unobserved platforms_own;
+    std::string ReadPrefix(std::size_t count) {
+        const JournalPause no_journal;
         std::string bytes(count, '\0');
         std::uint32_t read = 0;
         const bool done = stream_->Seek(0, abi::kSeekFromStart, nullptr) >= 0 &&
@@ -166,12 +166,12 @@ public:
         return PerformInto(MethodName<Interface>("OpenReadAsync"), "", result, [] { return E_NOTIMPL; });
     }
 
-    std::string ReadBeginning(std::size_t count) const {
+    std::string ReadPrefix(std::size_t count) const {
         if (!stream_) {
-            return dialsim::ReadBeginning(path_, count);
+            return dialsim::ReadPrefix(path_, count);
         }
         auto* stream = dynamic_cast<StreamOverStream*>(stream_.get());
-        return stream == nullptr ? std::string() : stream->ReadBeginning(count);
+        return stream == nullptr ? std::string() : stream->ReadPrefix(count);
     }
     bool to_file() const { return !stream_; }
 
@@ -207,23 +207,23 @@ public:
 
 }  // namespace
 
-::IStream* WatchStream(::IStream* stream) {
-    auto taken = Ref<abi::IStream>::Adopt(reinterpret_cast<abi::IStream*>(stream));
-    return reinterpret_cast<::IStream*>(static_cast<abi::IStream*>(new WatchedStream(std::move(taken))));
+::IStream* JournalStream(::IStream* stream) {
+    auto taken = Ref<abi::IStream>::Attach(reinterpret_cast<abi::IStream*>(stream));
+    return reinterpret_cast<::IStream*>(static_cast<abi::IStream*>(new JournaledStream(std::move(taken))));
 }
 
 Ref<abi::IRandomAccessStream> MakeStreamOverStream(::IStream* stream) {
-    return Ref<abi::IRandomAccessStream>::Adopt(
+    return Ref<abi::IRandomAccessStream>::Attach(
         new StreamOverStream(reinterpret_cast<abi::IStream*>(stream)));
 }
 
 Ref<abi::IInspectable> MakeStreamReferenceStatics() {
-    return Ref<abi::IInspectable>::Adopt(new StreamReferenceStatics);
+    return Ref<abi::IInspectable>::Attach(new StreamReferenceStatics);
 }
 
-std::string ReadBeginning(abi::IRandomAccessStreamReference* reference, std::size_t count) {
+std::string ReadPrefix(abi::IRandomAccessStreamReference* reference, std::size_t count) {
     const auto* ours = dynamic_cast<StreamReference*>(reference);
-    return ours == nullptr ? std::string() : ours->ReadBeginning(count);
+    return ours == nullptr ? std::string() : ours->ReadPrefix(count);
 }
 
 std::string KindOfReference(abi::IRandomAccessStreamReference* reference) {

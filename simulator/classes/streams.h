@@ -11,14 +11,14 @@
 namespace dialsim {
 
 // Takes over a stream and gives one in its place that is journaled, counted and open to faults.
-::IStream* WatchStream(::IStream* stream);
+::IStream* JournalStream(::IStream* stream);
 
 Ref<abi::IRandomAccessStream> MakeStreamOverStream(::IStream* stream);
 
 Ref<abi::IInspectable> MakeStreamReferenceStatics();
 
 // At most `count` bytes from the beginning of what is referred to; empty when it cannot be read.
-std::string ReadBeginning(abi::IRandomAccessStreamReference* reference, std::size_t count);
+std::string ReadPrefix(abi::IRandomAccessStreamReference* reference, std::size_t count);
 
 // "file" or "image"; empty for a reference of others.
 std::string KindOfReference(abi::IRandomAccessStreamReference* reference);

@@ -55,7 +55,7 @@ std::string MakeAbsolute(WideView given) {
     if (HasScheme(text)) {
         return Escaped(text, false);
     }
-    if (!IsDosPath(text) && !IsRooted(given)) {
+    if (!IsDosPath(text) && !IsAbsolutePath(given)) {
         return {};
     }
     std::string path = Escaped(text, true);
@@ -75,8 +75,12 @@ public:
 
     const std::string& absolute() const { return absolute_; }
 
-    HRESULT get_AbsoluteUri(HSTRING* result) noexcept override { return Tell("get_AbsoluteUri", result); }
-    HRESULT get_DisplayUri(HSTRING* result) noexcept override { return Tell("get_DisplayUri", result); }
+    HRESULT get_AbsoluteUri(HSTRING* result) noexcept override {
+        return ReturnAbsoluteUri("get_AbsoluteUri", result);
+    }
+    HRESULT get_DisplayUri(HSTRING* result) noexcept override {
+        return ReturnAbsoluteUri("get_DisplayUri", result);
+    }
     HRESULT get_Domain(HSTRING* result) noexcept override { return Refuse("get_Domain", result); }
     HRESULT get_Extension(HSTRING* result) noexcept override { return Refuse("get_Extension", result); }
     HRESULT get_Fragment(HSTRING* result) noexcept override { return Refuse("get_Fragment", result); }
@@ -105,7 +109,7 @@ public:
     }
 
 private:
-    HRESULT Tell(std::string_view method, HSTRING* result) {
+    HRESULT ReturnAbsoluteUri(std::string_view method, HSTRING* result) {
         return PerformInto(MethodName<Interface>(method), "", result,
                            [&] { return NewString(Widen(absolute_), result); });
     }
@@ -138,7 +142,7 @@ public:
 
 }  // namespace
 
-Ref<abi::IInspectable> MakeUriFactory() { return Ref<abi::IInspectable>::Adopt(new UriFactory); }
+Ref<abi::IInspectable> MakeUriFactory() { return Ref<abi::IInspectable>::Attach(new UriFactory); }
 
 std::string AbsoluteUri(abi::IUriRuntimeClass* uri) {
     const auto* ours = dynamic_cast<Uri*>(uri);

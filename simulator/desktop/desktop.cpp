@@ -19,7 +19,7 @@ namespace dialsim {
 namespace {
 
 constexpr int kMargin = 24;  // around what a screenshot shows
-constexpr std::uint32_t kDesk = 0xC9D3DF;
+constexpr std::uint32_t kBackdrop = 0xC9D3DF;
 
 // The encoder of PNG files, as the system names it.
 constexpr CLSID kPngEncoder = {0x557CF406, 0x1A04, 0x11D3, {0x9A, 0x73, 0x00, 0x00, 0xF8, 0x1E, 0xF3, 0x2E}};
@@ -30,11 +30,11 @@ HWND HandleOf(std::uint64_t window) {
 }
 
 // What is on the screen at the places, on a plain ground.
-void Shoot(const Sheet& sheet, const std::vector<RECT>& places, POINT corner) {
-    sheet.Fill({0, 0}, sheet.width() + sheet.height(), {kDesk}, [](Spot) { return -1.0; });
+void CaptureScreen(const Surface& surface, const std::vector<RECT>& places, POINT corner) {
+    surface.Fill({0, 0}, surface.width() + surface.height(), {kBackdrop}, [](Point) { return -1.0; });
     const HDC screen = GetDC(nullptr);
     for (const RECT& place : places) {
-        BitBlt(sheet.context(), place.left - corner.x, place.top - corner.y, place.right - place.left,
+        BitBlt(surface.context(), place.left - corner.x, place.top - corner.y, place.right - place.left,
                place.bottom - place.top, screen, place.left, place.top, SRCCOPY);
     }
     ReleaseDC(nullptr, screen);
@@ -42,21 +42,21 @@ void Shoot(const Sheet& sheet, const std::vector<RECT>& places, POINT corner) {
 }
 
 // Soft edges are full of colours that nobody could tell apart, and that fill the file.
-void RoundColors(const Sheet& sheet) {
-    for (int y = 0; y < sheet.height(); ++y) {
-        for (int x = 0; x < sheet.width(); ++x) {
-            std::uint32_t& pixel = sheet.At(x, y);
+void QuantizeColors(const Surface& surface) {
+    for (int y = 0; y < surface.height(); ++y) {
+        for (int x = 0; x < surface.width(); ++x) {
+            std::uint32_t& pixel = surface.At(x, y);
             pixel = (pixel & 0xFCFCFC) | (pixel >> 6 & 0x030303);
         }
     }
 }
 
-bool WritePng(const Sheet& sheet, const std::string& path) {
+bool WritePng(const Surface& surface, const std::string& path) {
     const GdiplusSession session;
-    Gdiplus::Bitmap bitmap(sheet.width(), sheet.height(), 4 * sheet.width(), PixelFormat32bppRGB,
-                           reinterpret_cast<BYTE*>(&sheet.At(0, 0)));
+    Gdiplus::Bitmap bitmap(surface.width(), surface.height(), 4 * surface.width(), PixelFormat32bppRGB,
+                           reinterpret_cast<BYTE*>(&surface.At(0, 0)));
     const std::unique_ptr<Gdiplus::Bitmap> opaque(
-        bitmap.Clone(0, 0, sheet.width(), sheet.height(), PixelFormat24bppRGB));
+        bitmap.Clone(0, 0, surface.width(), surface.height(), PixelFormat24bppRGB));
     return opaque->Save(Widen(path).c_str(), &kPngEncoder, nullptr) == Gdiplus::Ok;
 }
 
@@ -66,7 +66,7 @@ void OpenDial(std::uint64_t window) { OpenDialWindow(window); }
 
 void CloseWindow(std::uint64_t window) { PostMessageW(reinterpret_cast<HWND>(window), WM_CLOSE, 0, 0); }
 
-void ShowChanges() { ShowChangesInDialWindow(); }
+void UpdateDisplay() { RedrawDialWindow(); }
 
 bool SendMouse(std::uint64_t window, MouseAction action, int x, int y) {
     const UINT message = action == MouseAction::Down   ? WM_LBUTTONDOWN
@@ -79,9 +79,9 @@ bool SendMouse(std::uint64_t window, MouseAction action, int x, int y) {
 }
 
 bool WriteScreenshot(std::uint64_t window, const std::string& path) {
-    std::vector<RECT> places = {ClientPlaceOf(HandleOf(window))};
+    std::vector<RECT> places = {ClientScreenRect(HandleOf(window))};
     if (const HWND dial = TheDialWindow()) {
-        places.push_back(ClientPlaceOf(dial));
+        places.push_back(ClientScreenRect(dial));
     }
     RECT all{};
     for (const RECT& place : places) {
@@ -90,10 +90,10 @@ bool WriteScreenshot(std::uint64_t window, const std::string& path) {
     if (IsRectEmpty(&all)) {
         return false;
     }
-    const Sheet sheet(all.right - all.left + 2 * kMargin, all.bottom - all.top + 2 * kMargin);
-    Shoot(sheet, places, {all.left - kMargin, all.top - kMargin});
-    RoundColors(sheet);
-    return WritePng(sheet, path);
+    const Surface surface(all.right - all.left + 2 * kMargin, all.bottom - all.top + 2 * kMargin);
+    CaptureScreen(surface, places, {all.left - kMargin, all.top - kMargin});
+    QuantizeColors(surface);
+    return WritePng(surface, path);
 }
 
 }  // namespace dialsim

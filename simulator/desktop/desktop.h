@@ -14,7 +14,7 @@ void OpenDial(std::uint64_t window);
 void CloseWindow(std::uint64_t window);
 
 // Returns when what there is to see shows the dial and its menu as they are now.
-void ShowChanges();
+void UpdateDisplay();
 
 enum class MouseAction { Down, Move, Up };
 

@@ -16,7 +16,7 @@ namespace {
 constexpr wchar_t kClassName[] = L"DialsimDial";
 constexpr int kWidth = 220;
 constexpr int kHeight = 264;
-constexpr Spot kMiddle{kWidth / 2.0, 106};
+constexpr Point kMiddle{kWidth / 2.0, 106};
 constexpr double kBody = 88;
 constexpr double kTop = 62;
 const double kHalfTurn = std::acos(-1.0);
@@ -29,7 +29,7 @@ constexpr std::uint32_t kText = 0x57606A;
 
 constexpr double kDegreesForNotch = 10;
 constexpr int kGap = 20;  // from what the host's window shows to the dial, in pixels
-constexpr UINT kShowChanges = WM_APP;
+constexpr UINT kUpdateDisplay = WM_APP;
 constexpr UINT_PTR kHoldTimer = 1;
 constexpr UINT kHoldMs = 500;
 constexpr UINT_PTR kFollowTimer = 2;
@@ -37,45 +37,46 @@ constexpr UINT kFollowMs = 100;
 
 std::atomic<HWND> dial_window = nullptr;
 
-void DrawBody(const Sheet& sheet) {
+void DrawBody(const Surface& surface) {
     for (int i = 10; i > 0; --i) {
-        sheet.Disc({kMiddle.x, kMiddle.y + 5}, kBody + i, {0, 0.02});
+        surface.Disc({kMiddle.x, kMiddle.y + 5}, kBody + i, {0, 0.02});
     }
-    sheet.Disc(kMiddle, kBody, {kDark});
-    sheet.Circle(kMiddle, kBody - 1.5, 3, {0x444C56});
+    surface.Disc(kMiddle, kBody, {kDark});
+    surface.Circle(kMiddle, kBody - 1.5, 3, {0x444C56});
 }
 
 // Turns with the dial; one mark is its pointer.
-void DrawMarks(const Sheet& sheet, double degrees) {
+void DrawMarks(const Surface& surface, double degrees) {
     const double turned = degrees / 180 * kHalfTurn - kHalfTurn / 2;
     for (int i = 1; i < 36; ++i) {
         const double angle = turned + i * kHalfTurn / 18;
-        sheet.Line(OnCircle(kMiddle, kBody - 14, angle), OnCircle(kMiddle, kBody - 8, angle), 1.5,
-                   {kTick, 0.8});
+        surface.Line(PointOnCircle(kMiddle, kBody - 14, angle), PointOnCircle(kMiddle, kBody - 8, angle), 1.5,
+                     {kTick, 0.8});
     }
-    sheet.Line(OnCircle(kMiddle, kBody - 20, turned), OnCircle(kMiddle, kBody - 8, turned), 5, {kAccent});
+    surface.Line(PointOnCircle(kMiddle, kBody - 20, turned), PointOnCircle(kMiddle, kBody - 8, turned), 5,
+                 {kAccent});
 }
 
-void DrawTop(const Sheet& sheet, bool pressed) {
+void DrawTop(const Surface& surface, bool pressed) {
     const double radius = pressed ? kTop - 3 : kTop;
-    sheet.Disc(kMiddle, kTop + 2, {0x1C2128});
+    surface.Disc(kMiddle, kTop + 2, {0x1C2128});
     for (int i = 0; i < 16; ++i) {
-        sheet.Disc({kMiddle.x, kMiddle.y - i}, radius - i * 1.5, {0xADBAC7, pressed ? 0.012 : 0.025});
+        surface.Disc({kMiddle.x, kMiddle.y - i}, radius - i * 1.5, {0xADBAC7, pressed ? 0.012 : 0.025});
     }
-    sheet.Circle(kMiddle, radius, 1.5, {0x545D68});
+    surface.Circle(kMiddle, radius, 1.5, {0x545D68});
 }
 
-void DrawDial(const Sheet& sheet, const DialState& state) {
+void DrawDial(const Surface& surface, const DialState& state) {
     const RECT all{0, 0, kWidth, kHeight};
-    SetDCBrushColor(sheet.context(), RGB(kBackground >> 16, kBackground >> 8 & 0xFF, kBackground & 0xFF));
-    FillRect(sheet.context(), &all, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
-    FrameRect(sheet.context(), &all, static_cast<HBRUSH>(GetStockObject(LTGRAY_BRUSH)));
+    SetDCBrushColor(surface.context(), RGB(kBackground >> 16, kBackground >> 8 & 0xFF, kBackground & 0xFF));
+    FillRect(surface.context(), &all, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
+    FrameRect(surface.context(), &all, static_cast<HBRUSH>(GetStockObject(LTGRAY_BRUSH)));
     GdiFlush();
-    DrawBody(sheet);
-    DrawMarks(sheet, state.angle);
-    DrawTop(sheet, state.button_down);
-    sheet.Text({kMiddle.x, 222}, 12, FW_NORMAL, kText, L"wheel or arrow keys: turn");
-    sheet.Text({kMiddle.x, 242}, 12, FW_NORMAL, kText, L"click or space: press, hold: menu");
+    DrawBody(surface);
+    DrawMarks(surface, state.angle);
+    DrawTop(surface, state.button_down);
+    surface.Text({kMiddle.x, 222}, 12, FW_NORMAL, kText, L"wheel or arrow keys: turn");
+    surface.Text({kMiddle.x, 242}, 12, FW_NORMAL, kText, L"click or space: press, hold: menu");
 }
 
 // On Windows the process would end here.
@@ -97,24 +98,24 @@ private:
     void OnTimer(HWND window, UINT_PTR timer);
     void OnKeyDown(HWND window, WPARAM key);
     void Press(HWND window);
-    void LetGo(HWND window);
+    void ReleaseButton(HWND window);
     void TurnBy(HWND window, double degrees);
     void Follow(HWND window);
 
     std::uint64_t Host() const { return reinterpret_cast<std::uint64_t>(host_); }
 
     const HWND host_;
-    const Sheet sheet_{kWidth, kHeight};
+    const Surface surface_{kWidth, kHeight};
     RingWindow ring_;
-    RECT hosts_place_{};
+    RECT host_rect_{};
     bool pressed_ = false;
-    bool done_ = false;  // the press has become a turn or has opened the menu: it is no click
+    bool press_handled_ = false;  // the press has become a turn or has opened the menu: it is no click
 };
 
 bool DialWindow::OnMessage(HWND window, UINT message, WPARAM wparam) {
     switch (message) {
-        case kShowChanges:
-            ring_.ShowChanges();
+        case kUpdateDisplay:
+            ring_.UpdateDisplay();
             RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
             return true;
         case WM_PAINT:
@@ -131,11 +132,11 @@ bool DialWindow::OnMessage(HWND window, UINT message, WPARAM wparam) {
             ReleaseCapture();
             return true;
         case WM_CAPTURECHANGED:
-            LetGo(window);
+            ReleaseButton(window);
             return true;
         case WM_KEYUP:
             if (wparam == VK_SPACE || wparam == VK_RETURN) {
-                LetGo(window);
+                ReleaseButton(window);
             }
             return true;
         case WM_KEYDOWN:
@@ -150,10 +151,10 @@ bool DialWindow::OnMessage(HWND window, UINT message, WPARAM wparam) {
 }
 
 void DialWindow::Paint(HWND window) {
-    DrawDial(sheet_, TheDial().State());
+    DrawDial(surface_, TheDial().State());
     PAINTSTRUCT paint;
     const HDC context = BeginPaint(window, &paint);
-    BitBlt(context, 0, 0, kWidth, kHeight, sheet_.context(), 0, 0, SRCCOPY);
+    BitBlt(context, 0, 0, kWidth, kHeight, surface_.context(), 0, 0, SRCCOPY);
     EndPaint(window, &paint);
 }
 
@@ -163,7 +164,7 @@ void DialWindow::OnTimer(HWND window, UINT_PTR timer) {
         return;
     }
     KillTimer(window, kHoldTimer);
-    done_ = true;
+    press_handled_ = true;
     if (TheOpenMenu()) {
         CloseMenu();
     } else {
@@ -200,26 +201,26 @@ void DialWindow::Press(HWND window) {
         return;
     }
     pressed_ = true;
-    done_ = false;
+    press_handled_ = false;
     Hold(true);
     SetTimer(window, kHoldTimer, kHoldMs, nullptr);
 }
 
-void DialWindow::LetGo(HWND window) {
+void DialWindow::ReleaseButton(HWND window) {
     if (!pressed_) {
         return;
     }
     pressed_ = false;
     KillTimer(window, kHoldTimer);
     Hold(false);
-    if (!done_) {
+    if (!press_handled_) {
         Report(Click(Host()));
     }
 }
 
 void DialWindow::TurnBy(HWND window, double degrees) {
     KillTimer(window, kHoldTimer);
-    done_ = true;
+    press_handled_ = true;
     Report(Turn(Host(), degrees));
 }
 
@@ -229,9 +230,9 @@ void DialWindow::Follow(HWND window) {
         ShowWindow(window, SW_HIDE);
         return;
     }
-    const RECT place = ClientPlaceOf(host_);
-    if (!EqualRect(&place, &hosts_place_)) {
-        hosts_place_ = place;
+    const RECT place = ClientScreenRect(host_);
+    if (!EqualRect(&place, &host_rect_)) {
+        host_rect_ = place;
         const int most = GetSystemMetrics(SM_CXSCREEN) - kWidth;
         SetWindowPos(window, HWND_TOPMOST, std::min(static_cast<int>(place.right) + kGap, most), place.top, 0,
                      0, SWP_NOSIZE | SWP_NOACTIVATE);
@@ -271,7 +272,7 @@ void RunDial(HWND host, HANDLE ready) {
 
 }  // namespace
 
-RECT ClientPlaceOf(HWND window) {
+RECT ClientScreenRect(HWND window) {
     RECT place{};
     GetClientRect(window, &place);
     MapWindowPoints(window, nullptr, reinterpret_cast<POINT*>(&place), 2);
@@ -288,9 +289,9 @@ void OpenDialWindow(std::uint64_t host) {
 
 HWND TheDialWindow() { return dial_window; }
 
-void ShowChangesInDialWindow() {
+void RedrawDialWindow() {
     if (const HWND window = dial_window) {
-        SendMessageW(window, kShowChanges, 0, 0);
+        SendMessageW(window, kUpdateDisplay, 0, 0);
     }
 }
 

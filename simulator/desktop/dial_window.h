@@ -12,12 +12,12 @@ namespace dialsim {
 void OpenDialWindow(std::uint64_t host);
 
 // What a window shows between its borders, on the screen.
-RECT ClientPlaceOf(HWND window);
+RECT ClientScreenRect(HWND window);
 
 // Null while there is none.
 HWND TheDialWindow();
 
 // Returns when dial and ring show what is so now.
-void ShowChangesInDialWindow();
+void RedrawDialWindow();
 
 }  // namespace dialsim

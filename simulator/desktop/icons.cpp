@@ -16,50 +16,50 @@ constexpr double kIconSquare = 24;
 constexpr double kPen = 2;
 const double kHalfTurn = std::acos(-1.0);
 
-class IconPen {
+class IconPainter {
 public:
-    IconPen(const Sheet& sheet, Spot middle, double size, Ink ink)
-        : sheet_(sheet), middle_(middle), scale_(size / kIconSquare), ink_(ink) {}
+    IconPainter(const Surface& surface, Point middle, double size, Paint paint)
+        : surface_(surface), middle_(middle), scale_(size / kIconSquare), paint_(paint) {}
 
-    void Line(Spot from, Spot to, double width = kPen) const {
-        sheet_.Line(Place(from), Place(to), width * scale_, ink_);
+    void Line(Point from, Point to, double width = kPen) const {
+        surface_.Line(Place(from), Place(to), width * scale_, paint_);
     }
     // Two lines that meet at the tip, `back` and, across, `side` behind it.
-    void Tip(Spot tip, Spot back, Spot side) const {
+    void Tip(Point tip, Point back, Point side) const {
         Line({tip.x + back.x + side.x, tip.y + back.y + side.y}, tip);
         Line({tip.x + back.x - side.x, tip.y + back.y - side.y}, tip);
     }
-    void Arc(Spot middle, double radius, double from, double to) const {
-        sheet_.Arc(Place(middle), radius * scale_, from * kHalfTurn, to * kHalfTurn, kPen * scale_, ink_);
+    void Arc(Point middle, double radius, double from, double to) const {
+        surface_.Arc(Place(middle), radius * scale_, from * kHalfTurn, to * kHalfTurn, kPen * scale_, paint_);
     }
-    void Circle(Spot middle, double radius) const {
-        sheet_.Circle(Place(middle), radius * scale_, kPen * scale_, ink_);
+    void Circle(Point middle, double radius) const {
+        surface_.Circle(Place(middle), radius * scale_, kPen * scale_, paint_);
     }
-    void Disc(Spot middle, double radius) const { sheet_.Disc(Place(middle), radius * scale_, ink_); }
+    void Disc(Point middle, double radius) const { surface_.Disc(Place(middle), radius * scale_, paint_); }
 
 private:
-    Spot Place(Spot spot) const { return {middle_.x + spot.x * scale_, middle_.y + spot.y * scale_}; }
+    Point Place(Point point) const { return {middle_.x + point.x * scale_, middle_.y + point.y * scale_}; }
 
-    const Sheet& sheet_;
-    const Spot middle_;
+    const Surface& surface_;
+    const Point middle_;
     const double scale_;
-    const Ink ink_;
+    const Paint paint_;
 };
 
-void DrawScroll(const IconPen& pen) {
+void DrawScroll(const IconPainter& pen) {
     pen.Line({0, -9}, {0, 9});
     pen.Tip({0, -10}, {0, 4}, {4, 0});
     pen.Tip({0, 10}, {0, -4}, {4, 0});
 }
 
-void DrawZoom(const IconPen& pen) {
+void DrawZoom(const IconPainter& pen) {
     pen.Circle({-2, -2}, 7);
     pen.Line({3.5, 3.5}, {9, 9}, 3);
     pen.Line({-5, -2}, {1, -2});
     pen.Line({-2, -5}, {-2, 1});
 }
 
-void DrawUndoRedo(const IconPen& pen) {
+void DrawUndoRedo(const IconPainter& pen) {
     pen.Arc({0, 5}, 10, 1.1, 1.9);
     for (const double side : {-1.0, 1.0}) {
         pen.Line({side * 9.5, 2}, {side * 9, -5});
@@ -67,7 +67,7 @@ void DrawUndoRedo(const IconPen& pen) {
     }
 }
 
-void DrawVolume(const IconPen& pen) {
+void DrawVolume(const IconPainter& pen) {
     pen.Line({-9, -3}, {-9, 3}, 3);
     pen.Line({-9, -3}, {-5, -3});
     pen.Line({-9, 3}, {-5, 3});
@@ -78,14 +78,14 @@ void DrawVolume(const IconPen& pen) {
     pen.Arc({1, 0}, 8.5, -0.25, 0.25);
 }
 
-void DrawNextPrevious(const IconPen& pen) {
+void DrawNextPrevious(const IconPainter& pen) {
     pen.Line({-9, -6}, {-9, 6});
     pen.Tip({-8, 0}, {6, 0}, {0, 6});
     pen.Line({9, -6}, {9, 6});
     pen.Tip({8, 0}, {-6, 0}, {0, 6});
 }
 
-void DrawRuler(const IconPen& pen) {
+void DrawRuler(const IconPainter& pen) {
     pen.Line({-10, -4}, {10, -4});
     pen.Line({10, -4}, {10, 5});
     pen.Line({10, 5}, {-10, 5});
@@ -95,25 +95,25 @@ void DrawRuler(const IconPen& pen) {
     }
 }
 
-void DrawInkColor(const IconPen& pen) {
+void DrawInkColor(const IconPainter& pen) {
     pen.Arc({0, 3}, 6.5, -0.2, 1.2);
     pen.Line({-5.3, -0.8}, {0, -10});
     pen.Line({5.3, -0.8}, {0, -10});
     pen.Disc({0, 4}, 3.5);
 }
 
-void DrawInkThickness(const IconPen& pen) {
+void DrawInkThickness(const IconPainter& pen) {
     pen.Line({-9, -8}, {9, -8}, 1.5);
     pen.Line({-9, -2}, {9, -2}, 3);
     pen.Line({-9, 6}, {9, 6}, 6);
 }
 
-void DrawPenType(const IconPen& pen) {
+void DrawPenType(const IconPainter& pen) {
     pen.Line({-4, 4}, {7, -7}, 6);
     pen.Line({-9, 9}, {-5, 5}, 2.5);
 }
 
-using DrawIcon = void (*)(const IconPen&);
+using DrawIcon = void (*)(const IconPainter&);
 constexpr DrawIcon kKnownIcons[] = {DrawScroll, DrawZoom,     DrawUndoRedo,     DrawVolume, DrawNextPrevious,
                                     DrawRuler,  DrawInkColor, DrawInkThickness, DrawPenType};
 
@@ -140,17 +140,18 @@ private:
     const std::wstring path_;
 };
 
-void DrawGlyph(const Sheet& sheet, Spot middle, double size, std::uint32_t color, const Picture& picture) {
+void DrawGlyph(const Surface& surface, Point middle, double size, std::uint32_t color,
+               const Picture& picture) {
     const FontFile file(picture.font_file);
     const int side = static_cast<int>(size);
     // White on black: how light a pixel is tells how much of it the glyph covers.
-    const Sheet mask(2 * side, 2 * side);
+    const Surface mask(2 * side, 2 * side);
     mask.Text({size, size}, side, FW_NORMAL, 0xFFFFFF, picture.glyph.c_str(), picture.font_family.c_str());
     for (int y = 0; y < mask.height(); ++y) {
         for (int x = 0; x < mask.width(); ++x) {
             const double covered = (mask.At(x, y) & 0xFF) / 255.0;
-            sheet.Blend(static_cast<int>(middle.x) - side + x, static_cast<int>(middle.y) - side + y,
-                        {color, covered});
+            surface.Blend(static_cast<int>(middle.x) - side + x, static_cast<int>(middle.y) - side + y,
+                          {color, covered});
         }
     }
 }
@@ -158,7 +159,7 @@ void DrawGlyph(const Sheet& sheet, Spot middle, double size, std::uint32_t color
 // --- pictures
 
 // The part of the picture that a pixel of the drawing stands for, its colour and how much of it covers.
-Ink AverageOf(Gdiplus::Bitmap& bitmap, double left, double top, double step) {
+Paint AverageOf(Gdiplus::Bitmap& bitmap, double left, double top, double step) {
     constexpr int kSamples = 4;
     double parts[4] = {};
     for (int i = 0; i < kSamples * kSamples; ++i) {
@@ -178,42 +179,44 @@ Ink AverageOf(Gdiplus::Bitmap& bitmap, double left, double top, double step) {
     return {part(0) << 16 | part(1) << 8 | part(2), parts[3] / (255.0 * kSamples * kSamples)};
 }
 
-void DrawBitmap(const Sheet& sheet, Spot middle, double size, Gdiplus::Bitmap& bitmap) {
+void DrawBitmap(const Surface& surface, Point middle, double size, Gdiplus::Bitmap& bitmap) {
     const double step = std::max(bitmap.GetWidth(), bitmap.GetHeight()) / size;
     const int side = static_cast<int>(size);
     for (int y = 0; y < side; ++y) {
         for (int x = 0; x < side; ++x) {
-            sheet.Blend(static_cast<int>(middle.x) - side / 2 + x, static_cast<int>(middle.y) - side / 2 + y,
-                        AverageOf(bitmap, x * step, y * step, step));
+            surface.Blend(static_cast<int>(middle.x) - side / 2 + x,
+                          static_cast<int>(middle.y) - side / 2 + y,
+                          AverageOf(bitmap, x * step, y * step, step));
         }
     }
 }
 
 // What is no picture leaves its item without one.
-void DrawPng(const Sheet& sheet, Spot middle, double size, const std::string& png) {
+void DrawPng(const Surface& surface, Point middle, double size, const std::string& png) {
     const GdiplusSession session;
     IStream* stream =
         SHCreateMemStream(reinterpret_cast<const BYTE*>(png.data()), static_cast<UINT>(png.size()));
     if (Gdiplus::Bitmap bitmap(stream); bitmap.GetLastStatus() == Gdiplus::Ok) {
-        DrawBitmap(sheet, middle, size, bitmap);
+        DrawBitmap(surface, middle, size, bitmap);
     }
     stream->Release();
 }
 
 }  // namespace
 
-void DrawPicture(const Sheet& sheet, Spot middle, double size, std::uint32_t color, const Picture& picture) {
+void DrawPicture(const Surface& surface, Point middle, double size, std::uint32_t color,
+                 const Picture& picture) {
     if (picture.known_icon) {
-        DrawKnownIcon(sheet, middle, size, {color}, *picture.known_icon);
+        DrawKnownIcon(surface, middle, size, {color}, *picture.known_icon);
     } else if (!picture.glyph.empty()) {
-        DrawGlyph(sheet, middle, size, color, picture);
+        DrawGlyph(surface, middle, size, color, picture);
     } else if (!picture.png.empty()) {
-        DrawPng(sheet, middle, size, picture.png);
+        DrawPng(surface, middle, size, picture.png);
     }
 }
 
-void DrawKnownIcon(const Sheet& sheet, Spot middle, double size, Ink ink, std::uint32_t icon) {
-    kKnownIcons[icon](IconPen(sheet, middle, size, ink));
+void DrawKnownIcon(const Surface& surface, Point middle, double size, Paint paint, std::uint32_t icon) {
+    kKnownIcons[icon](IconPainter(surface, middle, size, paint));
 }
 
 }  // namespace dialsim

@@ -9,9 +9,10 @@
 namespace dialsim {
 
 // In a square of the size; nothing where the picture cannot be had.
-void DrawPicture(const Sheet& sheet, Spot middle, double size, std::uint32_t color, const Picture& picture);
+void DrawPicture(const Surface& surface, Point middle, double size, std::uint32_t color,
+                 const Picture& picture);
 
 // One of the platform's own, 0 scroll ... 8 pen type.
-void DrawKnownIcon(const Sheet& sheet, Spot middle, double size, Ink ink, std::uint32_t icon);
+void DrawKnownIcon(const Surface& surface, Point middle, double size, Paint paint, std::uint32_t icon);
 
 }  // namespace dialsim

@@ -10,7 +10,7 @@ namespace {
 
 constexpr wchar_t kClassName[] = L"DialsimRing";
 constexpr int kSide = 360;
-constexpr Spot kMiddle{kSide / 2.0, kSide / 2.0};
+constexpr Point kMiddle{kSide / 2.0, kSide / 2.0};
 constexpr double kInner = 80;
 constexpr double kOuter = 172;
 constexpr double kBand = (kInner + kOuter) / 2;
@@ -25,10 +25,10 @@ constexpr std::uint32_t kFaint = 0x6E7681;
 constexpr std::uint32_t kSystems = 0x7D8590;
 
 // A piece of the ring around an angle, with straight sides.
-void DrawPiece(const Sheet& sheet, double angle, double half_angle, Ink ink) {
-    sheet.Fill(kMiddle, kOuter, ink, [=](Spot spot) {
-        const double x = spot.x - kMiddle.x;
-        const double y = spot.y - kMiddle.y;
+void DrawSector(const Surface& surface, double angle, double half_angle, Paint paint) {
+    surface.Fill(kMiddle, kOuter, paint, [=](Point point) {
+        const double x = point.x - kMiddle.x;
+        const double y = point.y - kMiddle.y;
         const double along = x * std::cos(angle) + y * std::sin(angle);
         const double across = std::abs(y * std::cos(angle) - x * std::sin(angle));
         const double beyond_side = across * std::cos(half_angle) - along * std::sin(half_angle);
@@ -36,31 +36,32 @@ void DrawPiece(const Sheet& sheet, double angle, double half_angle, Ink ink) {
     });
 }
 
-void DrawMiddle(const Sheet& sheet, const ShownItem& item) {
-    sheet.Disc(kMiddle, kInner + 0.5, {kWhite, 0.97});
-    sheet.Text({kMiddle.x, kMiddle.y - 4}, 22, FW_SEMIBOLD, kLabel, Widen(item.label).c_str());
-    sheet.Text({kMiddle.x, kMiddle.y + 24}, 12, FW_NORMAL, kFaint, L"click to choose");
+void DrawMiddle(const Surface& surface, const MenuModelItem& item) {
+    surface.Disc(kMiddle, kInner + 0.5, {kWhite, 0.97});
+    surface.Text({kMiddle.x, kMiddle.y - 4}, 22, FW_SEMIBOLD, kLabel, Widen(item.label).c_str());
+    surface.Text({kMiddle.x, kMiddle.y + 24}, 12, FW_NORMAL, kFaint, L"click to choose");
 }
 
-void DrawMenu(const Sheet& sheet, const ShownMenu& menu, std::uint32_t highlighted) {
+void DrawMenu(const Surface& surface, const MenuModel& menu, std::uint32_t highlighted) {
     const std::size_t count = menu.items.size() + menu.system_items.size();
     const double half_angle = std::acos(-1.0) / static_cast<double>(count);
-    sheet.Circle(kMiddle, kBand, kOuter - kInner, {kRing, 0.93});
-    DrawPiece(sheet, AngleInRing(highlighted, count), half_angle, {kAccent});
+    surface.Circle(kMiddle, kBand, kOuter - kInner, {kRing, 0.93});
+    DrawSector(surface, AngleInRing(highlighted, count), half_angle, {kAccent});
     for (std::size_t i = 0; i < menu.items.size(); ++i) {
         const double angle = AngleInRing(i, count);
-        DrawPicture(sheet, OnCircle(kMiddle, kBand, angle), kPictureSize, kWhite, menu.items[i].picture);
+        DrawPicture(surface, PointOnCircle(kMiddle, kBand, angle), kPictureSize, kWhite,
+                    menu.items[i].picture);
         if (menu.items[i].selected) {
-            sheet.Arc(kMiddle, kOuter - 7, angle - half_angle / 3, angle + half_angle / 3, 4, {kWhite});
+            surface.Arc(kMiddle, kOuter - 7, angle - half_angle / 3, angle + half_angle / 3, 4, {kWhite});
         }
     }
     for (std::size_t i = 0; i < menu.system_items.size(); ++i) {
-        const Spot place = OnCircle(kMiddle, kBand, AngleInRing(menu.items.size() + i, count));
+        const Point place = PointOnCircle(kMiddle, kBand, AngleInRing(menu.items.size() + i, count));
         // The system's entries have the first of the known icons, in the same order.
-        DrawKnownIcon(sheet, place, kPictureSize, {kSystems},
+        DrawKnownIcon(surface, place, kPictureSize, {kSystems},
                       static_cast<std::uint32_t>(menu.system_items[i]));
     }
-    DrawMiddle(sheet, menu.items[highlighted]);
+    DrawMiddle(surface, menu.items[highlighted]);
 }
 
 HWND MakeWindow(WNDPROC procedure) {
@@ -80,15 +81,15 @@ HWND MakeWindow(WNDPROC procedure) {
 }  // namespace
 
 RingWindow::RingWindow()
-    : window_(MakeWindow(&RingWindow::OnMessage)), sheet_(std::make_unique<Sheet>(kSide, kSide)) {
-    SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(sheet_.get()));
+    : window_(MakeWindow(&RingWindow::OnMessage)), surface_(std::make_unique<Surface>(kSide, kSide)) {
+    SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(surface_.get()));
 }
 
 RingWindow::~RingWindow() { DestroyWindow(window_); }
 
-void RingWindow::ShowChanges() {
+void RingWindow::UpdateDisplay() {
     const auto open = TheOpenMenu();
-    const auto menu = open ? LookAtMenu(open->window) : std::nullopt;
+    const auto menu = open ? ReadMenu(open->window) : std::nullopt;
     if (!menu || open->highlighted >= menu->items.size()) {
         ShowWindow(window_, SW_HIDE);
         background_.reset();
@@ -97,9 +98,9 @@ void RingWindow::ShowChanges() {
     if (!background_) {
         PlaceOver(reinterpret_cast<HWND>(open->window));
     }
-    BitBlt(sheet_->context(), 0, 0, kSide, kSide, background_->context(), 0, 0, SRCCOPY);
+    BitBlt(surface_->context(), 0, 0, kSide, kSide, background_->context(), 0, 0, SRCCOPY);
     GdiFlush();
-    DrawMenu(*sheet_, *menu, open->highlighted);
+    DrawMenu(*surface_, *menu, open->highlighted);
     ShowWindow(window_, SW_SHOWNOACTIVATE);
     RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
 }
@@ -110,7 +111,7 @@ void RingWindow::PlaceOver(HWND host) {
     GetClientRect(host, &client);
     POINT corner{(client.right - kSide) / 2, (client.bottom - kSide) / 2};
     ClientToScreen(host, &corner);
-    background_ = std::make_unique<Sheet>(kSide, kSide);
+    background_ = std::make_unique<Surface>(kSide, kSide);
     const HDC screen = GetDC(nullptr);
     BitBlt(background_->context(), 0, 0, kSide, kSide, screen, corner.x, corner.y, SRCCOPY);
     ReleaseDC(nullptr, screen);
@@ -127,8 +128,8 @@ LRESULT CALLBACK RingWindow::OnMessage(HWND window, UINT message, WPARAM wparam,
     }
     PAINTSTRUCT paint;
     const HDC context = BeginPaint(window, &paint);
-    const auto* sheet = reinterpret_cast<const Sheet*>(GetWindowLongPtrW(window, GWLP_USERDATA));
-    BitBlt(context, 0, 0, kSide, kSide, sheet->context(), 0, 0, SRCCOPY);
+    const auto* surface = reinterpret_cast<const Surface*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+    BitBlt(context, 0, 0, kSide, kSide, surface->context(), 0, 0, SRCCOPY);
     EndPaint(window, &paint);
     return 0;
 }

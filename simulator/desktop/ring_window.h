@@ -18,7 +18,7 @@ public:
     ~RingWindow();
 
     // Appears, changes or goes, as the open menu is now.
-    void ShowChanges();
+    void UpdateDisplay();
 
 private:
     static LRESULT CALLBACK OnMessage(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
@@ -26,8 +26,8 @@ private:
 
     const HWND window_;
     // What it covers; there while it is shown.
-    std::unique_ptr<Sheet> background_;
-    const std::unique_ptr<Sheet> sheet_;
+    std::unique_ptr<Surface> background_;
+    const std::unique_ptr<Surface> surface_;
 };
 
 }  // namespace dialsim

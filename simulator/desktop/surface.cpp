@@ -4,15 +4,15 @@ namespace dialsim {
 
 namespace {
 
-double DistanceBetween(Spot a, Spot b) { return std::hypot(a.x - b.x, a.y - b.y); }
+double DistanceBetween(Point a, Point b) { return std::hypot(a.x - b.x, a.y - b.y); }
 
-double DistanceToLine(Spot spot, Spot from, Spot to) {
-    const Spot way{to.x - from.x, to.y - from.y};
+double DistanceToLine(Point point, Point from, Point to) {
+    const Point way{to.x - from.x, to.y - from.y};
     const double length_squared = way.x * way.x + way.y * way.y;
     const double along =
-        length_squared == 0 ? 0 : ((spot.x - from.x) * way.x + (spot.y - from.y) * way.y) / length_squared;
+        length_squared == 0 ? 0 : ((point.x - from.x) * way.x + (point.y - from.y) * way.y) / length_squared;
     const double nearest = std::clamp(along, 0.0, 1.0);
-    return DistanceBetween(spot, {from.x + nearest * way.x, from.y + nearest * way.y});
+    return DistanceBetween(point, {from.x + nearest * way.x, from.y + nearest * way.y});
 }
 
 std::uint32_t MixPart(std::uint32_t below, std::uint32_t above, int shift, double amount) {
@@ -23,7 +23,8 @@ std::uint32_t MixPart(std::uint32_t below, std::uint32_t above, int shift, doubl
 
 }  // namespace
 
-Sheet::Sheet(int width, int height) : width_(width), height_(height), context_(CreateCompatibleDC(nullptr)) {
+Surface::Surface(int width, int height)
+    : width_(width), height_(height), context_(CreateCompatibleDC(nullptr)) {
     const BITMAPINFO format{{sizeof(BITMAPINFOHEADER), width, -height, 1, 32, BI_RGB, 0, 0, 0, 0, 0}, {}};
     void* pixels = nullptr;
     bitmap_ = CreateDIBSection(context_, &format, DIB_RGB_COLORS, &pixels, nullptr, 0);
@@ -32,50 +33,50 @@ Sheet::Sheet(int width, int height) : width_(width), height_(height), context_(C
     SetBkMode(context_, TRANSPARENT);
 }
 
-Sheet::~Sheet() {
+Surface::~Surface() {
     SelectObject(context_, former_);
     DeleteObject(bitmap_);
     DeleteDC(context_);
 }
 
-void Sheet::Blend(int x, int y, Ink ink) const {
+void Surface::Blend(int x, int y, Paint paint) const {
     std::uint32_t& pixel = At(x, y);
-    pixel = MixPart(pixel, ink.color, 16, ink.opacity) | MixPart(pixel, ink.color, 8, ink.opacity) |
-            MixPart(pixel, ink.color, 0, ink.opacity);
+    pixel = MixPart(pixel, paint.color, 16, paint.opacity) | MixPart(pixel, paint.color, 8, paint.opacity) |
+            MixPart(pixel, paint.color, 0, paint.opacity);
 }
 
-void Sheet::Disc(Spot middle, double radius, Ink ink) const {
-    Fill(middle, radius, ink, [=](Spot spot) { return DistanceBetween(spot, middle) - radius; });
+void Surface::Disc(Point middle, double radius, Paint paint) const {
+    Fill(middle, radius, paint, [=](Point point) { return DistanceBetween(point, middle) - radius; });
 }
 
-void Sheet::Circle(Spot middle, double radius, double width, Ink ink) const {
-    Fill(middle, radius + width / 2, ink,
-         [=](Spot spot) { return std::abs(DistanceBetween(spot, middle) - radius) - width / 2; });
+void Surface::Circle(Point middle, double radius, double width, Paint paint) const {
+    Fill(middle, radius + width / 2, paint,
+         [=](Point point) { return std::abs(DistanceBetween(point, middle) - radius) - width / 2; });
 }
 
-void Sheet::Line(Spot from, Spot to, double width, Ink ink) const {
-    const Spot middle{(from.x + to.x) / 2, (from.y + to.y) / 2};
-    Fill(middle, DistanceBetween(from, to) / 2 + width / 2, ink,
-         [=](Spot spot) { return DistanceToLine(spot, from, to) - width / 2; });
+void Surface::Line(Point from, Point to, double width, Paint paint) const {
+    const Point middle{(from.x + to.x) / 2, (from.y + to.y) / 2};
+    Fill(middle, DistanceBetween(from, to) / 2 + width / 2, paint,
+         [=](Point point) { return DistanceToLine(point, from, to) - width / 2; });
 }
 
-void Sheet::Arc(Spot middle, double radius, double from, double to, double width, Ink ink) const {
+void Surface::Arc(Point middle, double radius, double from, double to, double width, Paint paint) const {
     const double half = (to - from) / 2;
     const double turned = from + half;
-    const Spot end = OnCircle({0, 0}, radius, half);
+    const Point end = PointOnCircle({0, 0}, radius, half);
     // Seen from the arc's middle, both halves are alike.
-    Fill(middle, radius + width / 2, ink, [=](Spot spot) {
-        const double x = spot.x - middle.x;
-        const double y = spot.y - middle.y;
-        const Spot seen{x * std::cos(turned) + y * std::sin(turned),
-                        std::abs(y * std::cos(turned) - x * std::sin(turned))};
+    Fill(middle, radius + width / 2, paint, [=](Point point) {
+        const double x = point.x - middle.x;
+        const double y = point.y - middle.y;
+        const Point seen{x * std::cos(turned) + y * std::sin(turned),
+                         std::abs(y * std::cos(turned) - x * std::sin(turned))};
         const bool beside = std::atan2(seen.y, seen.x) <= half;
         return (beside ? std::abs(std::hypot(x, y) - radius) : DistanceBetween(seen, end)) - width / 2;
     });
 }
 
-void Sheet::Text(Spot middle, int size, int weight, std::uint32_t color, const wchar_t* text,
-                 const wchar_t* family) const {
+void Surface::Text(Point middle, int size, int weight, std::uint32_t color, const wchar_t* text,
+                   const wchar_t* family) const {
     const HFONT font =
         CreateFontW(-size, 0, 0, 0, weight, FALSE, FALSE, FALSE, DEFAULT_CHARSET, OUT_DEFAULT_PRECIS,
                     CLIP_DEFAULT_PRECIS, ANTIALIASED_QUALITY, DEFAULT_PITCH | FF_SWISS, family);

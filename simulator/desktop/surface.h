@@ -9,23 +9,23 @@
 
 namespace dialsim {
 
-struct Spot {
+struct Point {
     double x;
     double y;
 };
 
-struct Ink {
+struct Paint {
     std::uint32_t color;  // 0x00RRGGBB
     double opacity = 1;
 };
 
 // A picture in memory that the system's functions and this one's draw on alike.
-class Sheet {
+class Surface {
 public:
-    Sheet(int width, int height);
-    Sheet(const Sheet&) = delete;
-    Sheet& operator=(const Sheet&) = delete;
-    ~Sheet();
+    Surface(int width, int height);
+    Surface(const Surface&) = delete;
+    Surface& operator=(const Surface&) = delete;
+    ~Surface();
 
     HDC context() const { return context_; }
     HBITMAP bitmap() const { return bitmap_; }
@@ -34,12 +34,12 @@ public:
     // 0x00RRGGBB, rows from the top.
     std::uint32_t& At(int x, int y) const { return pixels_[y * width_ + x]; }
 
-    void Blend(int x, int y, Ink ink) const;
+    void Blend(int x, int y, Paint paint) const;
 
     // Covers what is inside the shape: `distance` answers, in pixels, how far outside of it a place is, and a
     // negative number inside. Only the square around the middle is looked at.
     template <class Distance>
-    void Fill(Spot middle, double reach, Ink ink, Distance distance) const {
+    void Fill(Point middle, double reach, Paint paint, Distance distance) const {
         const auto within = [](double place, int size) {
             return static_cast<int>(std::clamp(place, 0.0, size * 1.0));
         };
@@ -47,21 +47,21 @@ public:
         const int bottom = within(middle.y + reach + 2, height_);
         for (int y = within(middle.y - reach - 1, height_); y < bottom; ++y) {
             for (int x = within(middle.x - reach - 1, width_); x < right; ++x) {
-                const double covered = std::clamp(0.5 - distance(Spot{x + 0.5, y + 0.5}), 0.0, 1.0);
-                Blend(x, y, {ink.color, ink.opacity * covered});
+                const double covered = std::clamp(0.5 - distance(Point{x + 0.5, y + 0.5}), 0.0, 1.0);
+                Blend(x, y, {paint.color, paint.opacity * covered});
             }
         }
     }
 
-    void Disc(Spot middle, double radius, Ink ink) const;
+    void Disc(Point middle, double radius, Paint paint) const;
     // A circle's line, of the width.
-    void Circle(Spot middle, double radius, double width, Ink ink) const;
-    void Line(Spot from, Spot to, double width, Ink ink) const;
+    void Circle(Point middle, double radius, double width, Paint paint) const;
+    void Line(Point from, Point to, double width, Paint paint) const;
     // Part of a circle, clockwise between two angles in radians.
-    void Arc(Spot middle, double radius, double from, double to, double width, Ink ink) const;
+    void Arc(Point middle, double radius, double from, double to, double width, Paint paint) const;
 
     // One line, its middle there, in pixels.
-    void Text(Spot middle, int size, int weight, std::uint32_t color, const wchar_t* text,
+    void Text(Point middle, int size, int weight, std::uint32_t color, const wchar_t* text,
               const wchar_t* family = L"Segoe UI") const;
 
 private:
@@ -74,7 +74,7 @@ private:
 };
 
 // The place on a circle, the angle in radians clockwise from the right.
-inline Spot OnCircle(Spot middle, double radius, double angle) {
+inline Point PointOnCircle(Point middle, double radius, double angle) {
     return {middle.x + radius * std::cos(angle), middle.y + radius * std::sin(angle)};
 }
 

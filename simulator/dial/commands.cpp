@@ -20,7 +20,7 @@ HRESULT RaiseAt(std::uint64_t window, RaiseOne raise_one) {
         return DIALSIM_NO_CONTROLLER;
     }
     Outcome outcome;
-    OnEventThread([&] {
+    RunOnEventThread([&] {
         const DialState state = TheDial().State();
         for (const auto& controller : controllers) {
             outcome.Join(raise_one(*controller.get(), state));
@@ -29,7 +29,7 @@ HRESULT RaiseAt(std::uint64_t window, RaiseOne raise_one) {
     return CodeOf(outcome);
 }
 
-std::string Placed(const char* action, const abi::Rect& bounds) {
+std::string CommandWithRect(const char* action, const abi::Rect& bounds) {
     return Command(action, bounds.X, bounds.Y, bounds.Width, bounds.Height);
 }
 
@@ -37,19 +37,19 @@ std::string Placed(const char* action, const abi::Rect& bounds) {
 
 // With the menu open, turns and clicks are the menu's, and the window hears nothing of them.
 HRESULT Turn(std::uint64_t window, double degrees) {
-    const Recorded action(window, Command("turn", degrees));
+    const RecordingScope action(window, Command("turn", degrees));
     TheDial().Update([=](DialState& state) { state.angle += degrees; });
     if (MoveHighlight(degrees)) {
         return S_OK;
     }
-    ShowChanges();
+    UpdateDisplay();
     return RaiseAt(window, [=](Controller& controller, const DialState& state) {
         return controller.RaiseRotation(state, degrees);
     });
 }
 
 HRESULT Click(std::uint64_t window) {
-    const Recorded action(window, "click");
+    const RecordingScope action(window, "click");
     if (const auto menu = TheOpenMenu()) {
         CloseMenu();
         return Choose(menu->window, menu->highlighted);
@@ -59,13 +59,13 @@ HRESULT Click(std::uint64_t window) {
 }
 
 void Hold(bool down) {
-    const Recorded action(down ? "hold" : "release");
+    const RecordingScope action(down ? "hold" : "release");
     TheDial().Update([=](DialState& state) { state.button_down = down; });
-    ShowChanges();
+    UpdateDisplay();
 }
 
 HRESULT Touch(std::uint64_t window, const abi::Rect& bounds) {
-    const Recorded action(window, Placed("touch", bounds));
+    const RecordingScope action(window, CommandWithRect("touch", bounds));
     TheDial().Update([&](DialState& state) { state.contact = bounds; });
     return RaiseAt(window, [](Controller& controller, const DialState& state) {
         return controller.RaiseContactStarted(state);
@@ -73,7 +73,7 @@ HRESULT Touch(std::uint64_t window, const abi::Rect& bounds) {
 }
 
 HRESULT Move(std::uint64_t window, const abi::Rect& bounds) {
-    const Recorded action(window, Placed("move", bounds));
+    const RecordingScope action(window, CommandWithRect("move", bounds));
     TheDial().Update([&](DialState& state) { state.contact = bounds; });
     return RaiseAt(window, [](Controller& controller, const DialState& state) {
         return controller.RaiseContactContinued(state);
@@ -81,39 +81,39 @@ HRESULT Move(std::uint64_t window, const abi::Rect& bounds) {
 }
 
 HRESULT Lift(std::uint64_t window) {
-    const Recorded action(window, "lift");
+    const RecordingScope action(window, "lift");
     TheDial().Update([](DialState& state) { state.contact.reset(); });
     return RaiseAt(window,
                    [](Controller& controller, const DialState&) { return controller.RaiseContactEnded(); });
 }
 
 HRESULT Acquire(std::uint64_t window) {
-    const Recorded action(window, "acquire");
+    const RecordingScope action(window, "acquire");
     return RaiseAt(window, [](Controller& controller, const DialState& state) {
         return controller.RaiseControlAcquired(state);
     });
 }
 
 HRESULT Lose(std::uint64_t window) {
-    const Recorded action(window, "lose");
+    const RecordingScope action(window, "lose");
     return RaiseAt(window,
                    [](Controller& controller, const DialState&) { return controller.RaiseControlLost(); });
 }
 
 HRESULT Choose(std::uint64_t window, std::uint32_t item) {
-    const Recorded action(window, Command("choose", item));
+    const RecordingScope action(window, Command("choose", item));
     return RaiseAt(window,
                    [=](Controller& controller, const DialState&) { return controller.menu().Choose(item); });
 }
 
 bool UseMouse(std::uint64_t window, MouseAction button, int x, int y) {
     constexpr const char* kNames[] = {" down", " move", " up"};
-    const Recorded action(window, Command("mouse", x, y) + kNames[static_cast<int>(button)]);
+    const RecordingScope action(window, Command("mouse", x, y) + kNames[static_cast<int>(button)]);
     return SendMouse(window, button, x, y);
 }
 
 void Settle() {
-    const Recorded action("settle");
+    const RecordingScope action("settle");
     WaitForActions();
 }
 

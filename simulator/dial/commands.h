@@ -13,7 +13,7 @@ namespace dialsim {
 
 // On the thread that is set for what the platform raises; returns when it is done.
 template <class Body>
-void OnEventThread(Body body) {
+void RunOnEventThread(Body body) {
     if (TheDial().OwnThread()) {
         Thread own = StartThread(body);
         Join(own);

@@ -12,7 +12,7 @@ Dial& TheDial() {
     return dial;
 }
 
-void Dial::Enter(Controller* controller) {
+void Dial::AddController(Controller* controller) {
     const std::lock_guard guard(mutex_);
     controllers_.push_back(controller);
     if (std::find(windows_.begin(), windows_.end(), controller->window()) == windows_.end()) {
@@ -20,7 +20,7 @@ void Dial::Enter(Controller* controller) {
     }
 }
 
-void Dial::Leave(Controller* controller) {
+void Dial::RemoveController(Controller* controller) {
     const std::lock_guard guard(mutex_);
     std::erase(controllers_, controller);
 }
@@ -35,13 +35,13 @@ std::vector<Ref<Controller>> Dial::ControllersOf(std::uint64_t window) {
     std::vector<Ref<Controller>> found;
     for (Controller* controller : controllers_) {
         if (controller->window() == window && controller->TryAddRef()) {
-            found.push_back(Ref<Controller>::Adopt(controller));
+            found.push_back(Ref<Controller>::Attach(controller));
         }
     }
     return found;
 }
 
-std::size_t Dial::PlaceOf(std::uint64_t window) {
+std::size_t Dial::WindowNumber(std::uint64_t window) {
     const std::lock_guard guard(mutex_);
     const auto found = std::find(windows_.begin(), windows_.end(), Resolve(window));
     return found == windows_.end() ? 0 : static_cast<std::size_t>(found - windows_.begin()) + 1;

@@ -30,15 +30,15 @@ inline constexpr std::uint64_t kNoWindow = ~std::uint64_t{0};
 class Dial {
 public:
     // Controllers enter when they are made and leave when they end.
-    void Enter(Controller* controller);
-    void Leave(Controller* controller);
+    void AddController(Controller* controller);
+    void RemoveController(Controller* controller);
 
     // References to the window's controllers, oldest first; window 0 is that of the controller made last.
     std::vector<Ref<Controller>> ControllersOf(std::uint64_t window);
 
     // A window's place in the order in which windows got their first controller, from 1; 0 for one that never
     // got any.
-    std::size_t PlaceOf(std::uint64_t window);
+    std::size_t WindowNumber(std::uint64_t window);
     // The window at that place, or kNoWindow.
     std::uint64_t WindowAt(std::size_t place);
 

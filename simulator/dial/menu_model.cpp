@@ -15,7 +15,7 @@ namespace dialsim {
 namespace {
 
 // What a line of text cannot show becomes a space.
-std::string InOneLine(std::string text) {
+std::string SingleLine(std::string text) {
     for (char& c : text) {
         if (static_cast<unsigned char>(c) < 0x20 || c == 0x7F) {
             c = ' ';
@@ -30,15 +30,15 @@ std::string LabelOf(abi::IRadialControllerMenuItem& item) {
         return {};
     }
     const std::string text = Narrow(View(label));
-    TheAccounts().StringReturned(label);
-    underlying::WindowsDeleteString(label);
-    return InOneLine(text);
+    TheLeakTracker().UntrackString(label);
+    real::WindowsDeleteString(label);
+    return SingleLine(text);
 }
 
 std::string TagOf(abi::IRadialControllerMenuItem& item) {
     abi::IInspectable* result = nullptr;
     item.get_Tag(&result);
-    const auto tag = Ref<abi::IInspectable>::Adopt(result);
+    const auto tag = Ref<abi::IInspectable>::Attach(result);
     const auto value = Unbox(tag.get());
     const auto* number = value ? std::get_if<std::uint32_t>(&*value) : nullptr;
     return !tag ? "-" : number ? std::to_string(*number) : "not a number";
@@ -50,20 +50,20 @@ Picture PictureOf(abi::IRadialControllerMenuItem& item) {
     return ours == nullptr ? Picture{"unknown picture"} : ours->picture();
 }
 
-std::string HapticsText(const ShownMenu& menu) {
+std::string HapticsText(const MenuModel& menu) {
     return std::string("automatic haptics: ") + (menu.automatic_haptics ? "on" : "off");
 }
 
 }  // namespace
 
-std::optional<ShownMenu> LookAtMenu(std::uint64_t window) {
+std::optional<MenuModel> ReadMenu(std::uint64_t window) {
     const auto controllers = TheDial().ControllersOf(window);
     if (controllers.empty()) {
         return {};
     }
-    const Unobserved own_eyes;
+    const JournalPause no_journal;
     Controller& controller = *controllers.back().get();
-    ShownMenu menu{controller.window()};
+    MenuModel menu{controller.window()};
     const auto selected = controller.menu().Selected();
     for (const auto& item : controller.menu().items().Snapshot()) {
         if (item) {
@@ -79,16 +79,16 @@ std::optional<ShownMenu> LookAtMenu(std::uint64_t window) {
 }
 
 std::string MenuText(std::uint64_t window) {
-    const auto menu = LookAtMenu(window);
+    const auto menu = ReadMenu(window);
     if (!menu) {
         return {};
     }
     std::string text;
     for (std::size_t i = 0; i < menu->items.size(); ++i) {
-        const ShownItem& item = menu->items[i];
+        const MenuModelItem& item = menu->items[i];
         text += std::to_string(i) + (item.selected ? " * " : "   ");
         text += item.present
-                    ? "\"" + item.label + "\" " + InOneLine(item.picture.source) + ", tag " + item.tag
+                    ? "\"" + item.label + "\" " + SingleLine(item.picture.source) + ", tag " + item.tag
                     : "no item";
         text += "\n";
     }
@@ -105,8 +105,8 @@ constexpr double kWidth = 900;
 constexpr double kHeight = 720;
 constexpr double kRing = 250;
 // In characters.
-constexpr std::size_t kLongestText = 30;
-constexpr std::size_t kLongestInMiddle = 16;
+constexpr std::size_t kMaxTextCharacters = 30;
+constexpr std::size_t kMaxCenterCharacters = 16;
 
 // Text as XML may have it.
 std::string Escaped(const std::string& text) {
@@ -140,7 +140,7 @@ std::string Escaped(const std::string& text) {
 }
 
 // Whole characters of the beginning, where all of it is too much.
-std::string Shortened(const std::string& text, std::size_t longest) {
+std::string Abbreviated(const std::string& text, std::size_t longest) {
     std::size_t characters = 0;
     for (std::size_t i = 0; i < text.size(); ++i) {
         const bool begins = (static_cast<unsigned char>(text[i]) & 0xC0) != 0x80;
@@ -157,46 +157,46 @@ std::string Number(double number) {
     return text;
 }
 
-struct Place {
+struct Point {
     double x;
     double y;
 };
 
-Place OnRing(std::size_t index, std::size_t count) {
+Point PointOnRing(std::size_t index, std::size_t count) {
     const double angle = AngleInRing(index, count);
     return {kWidth / 2 + kRing * 1.2 * std::cos(angle), kHeight / 2 - 20 + kRing * std::sin(angle)};
 }
 
-std::string Text(Place place, double size, const char* color, const std::string& text) {
-    return "<text x=\"" + Number(place.x) + "\" y=\"" + Number(place.y) + "\" font-size=\"" + Number(size) +
-           "\" fill=\"" + color + "\">" + Escaped(Shortened(text, kLongestText)) + "</text>\n";
+std::string Text(Point point, double size, const char* color, const std::string& text) {
+    return "<text x=\"" + Number(point.x) + "\" y=\"" + Number(point.y) + "\" font-size=\"" + Number(size) +
+           "\" fill=\"" + color + "\">" + Escaped(Abbreviated(text, kMaxTextCharacters)) + "</text>\n";
 }
 
-std::string Circle(Place place, double radius, const char* fill, const char* stroke) {
-    return "<circle cx=\"" + Number(place.x) + "\" cy=\"" + Number(place.y) + "\" r=\"" + Number(radius) +
+std::string Circle(Point point, double radius, const char* fill, const char* stroke) {
+    return "<circle cx=\"" + Number(point.x) + "\" cy=\"" + Number(point.y) + "\" r=\"" + Number(radius) +
            "\" fill=\"" + fill + "\" stroke=\"" + stroke + "\" stroke-width=\"3\"/>\n";
 }
 
-std::string Draw(const ShownItem& item, Place place) {
+std::string Draw(const MenuModelItem& item, Point point) {
     const char* fill = item.selected ? "#1f6feb" : item.present ? "#ffffff" : "#f4d6d6";
     const char* color = item.selected ? "#ffffff" : "#1c2128";
-    std::string drawn = "<g>\n" + Circle(place, 44, fill, item.selected ? "#0b3d91" : "#8b949e");
+    std::string drawn = "<g>\n" + Circle(point, 44, fill, item.selected ? "#0b3d91" : "#8b949e");
     if (!item.present) {
-        return drawn + Text({place.x, place.y + 5}, 13, color, "no item") + "</g>\n";
+        return drawn + Text({point.x, point.y + 5}, 13, color, "no item") + "</g>\n";
     }
     const std::string tag = item.tag == "-"              ? "no tag"
                             : item.tag == "not a number" ? "odd tag"
                                                          : "tag " + item.tag;
-    drawn += Text({place.x, place.y + 5}, 12, color, tag);
-    drawn += Text({place.x, place.y + 62}, 15, "#1c2128", item.label);
-    drawn += Text({place.x, place.y + 79}, 11, "#57606a", InOneLine(item.picture.source));
+    drawn += Text({point.x, point.y + 5}, 12, color, tag);
+    drawn += Text({point.x, point.y + 62}, 15, "#1c2128", item.label);
+    drawn += Text({point.x, point.y + 79}, 11, "#57606a", SingleLine(item.picture.source));
     return drawn + "</g>\n";
 }
 
-std::string DrawSystemItem(const std::string& name, Place place) {
-    return "<g>\n" + Circle(place, 30, "#eaeef2", "#c0c7cf") +
-           Text({place.x, place.y + 4}, 12, "#57606a", "system") +
-           Text({place.x, place.y + 48}, 13, "#57606a", name) + "</g>\n";
+std::string DrawSystemItem(const std::string& name, Point point) {
+    return "<g>\n" + Circle(point, 30, "#eaeef2", "#c0c7cf") +
+           Text({point.x, point.y + 4}, 12, "#57606a", "system") +
+           Text({point.x, point.y + 48}, 13, "#57606a", name) + "</g>\n";
 }
 
 }  // namespace
@@ -205,13 +205,13 @@ double AngleInRing(std::size_t index, std::size_t count) {
     return 2 * std::acos(-1.0) * static_cast<double>(index) / static_cast<double>(count) - std::acos(0.0);
 }
 
-std::string MenuPicture(std::uint64_t window) {
-    const auto menu = LookAtMenu(window);
+std::string MenuSvg(std::uint64_t window) {
+    const auto menu = ReadMenu(window);
     if (!menu) {
         return {};
     }
     const std::string size = "width=\"" + Number(kWidth) + "\" height=\"" + Number(kHeight) + "\"";
-    const Place middle{kWidth / 2, kHeight / 2 - 20};
+    const Point middle{kWidth / 2, kHeight / 2 - 20};
     std::string picture =
         "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<svg xmlns=\"http://www.w3.org/2000/svg\" " + size +
         " viewBox=\"0 0 " + Number(kWidth) + " " + Number(kHeight) +
@@ -223,14 +223,14 @@ std::string MenuPicture(std::uint64_t window) {
     std::string selected = "nothing chosen";
     const std::size_t count = menu->items.size() + menu->system_items.size();
     for (std::size_t i = 0; i < menu->items.size(); ++i) {
-        picture += Draw(menu->items[i], OnRing(i, count));
+        picture += Draw(menu->items[i], PointOnRing(i, count));
         if (menu->items[i].selected) {
-            selected = Shortened(menu->items[i].label, kLongestInMiddle);
+            selected = Abbreviated(menu->items[i].label, kMaxCenterCharacters);
         }
     }
     for (std::size_t i = 0; i < menu->system_items.size(); ++i) {
         picture +=
-            DrawSystemItem(SystemItemName(menu->system_items[i]), OnRing(menu->items.size() + i, count));
+            DrawSystemItem(SystemItemName(menu->system_items[i]), PointOnRing(menu->items.size() + i, count));
     }
     picture += Text({middle.x, middle.y}, 18, "#ffffff", selected);
     picture += Text({middle.x, middle.y + 24}, 12, "#c9d1d9", HapticsText(*menu));

@@ -10,7 +10,7 @@
 
 namespace dialsim {
 
-struct ShownItem {
+struct MenuModelItem {
     bool present = false;
     bool selected = false;
     std::string label = {};
@@ -18,21 +18,21 @@ struct ShownItem {
     std::string tag = {};
 };
 
-struct ShownMenu {
+struct MenuModel {
     std::uint64_t window = 0;
-    std::vector<ShownItem> items = {};
+    std::vector<MenuModelItem> items = {};
     std::vector<std::int32_t> system_items = {};
     bool automatic_haptics = false;
 };
 
 // Nothing when no controller exists for the window.
-std::optional<ShownMenu> LookAtMenu(std::uint64_t window);
+std::optional<MenuModel> ReadMenu(std::uint64_t window);
 
 // The angle of a place in the ring, in radians clockwise from the right; the first place is at the top.
 double AngleInRing(std::size_t index, std::size_t count);
 
 // Both empty when no controller exists for the window.
 std::string MenuText(std::uint64_t window);
-std::string MenuPicture(std::uint64_t window);
+std::string MenuSvg(std::uint64_t window);
 
 }  // namespace dialsim

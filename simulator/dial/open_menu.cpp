@@ -14,53 +14,53 @@ namespace {
 
 constexpr double kDegreesForItem = 10;
 
-struct Place {
+struct State {
     Mutex mutex;
     std::optional<OpenMenu> menu;
 };
 
-Place& ThePlace() {
-    static Place& place = *new Place;
+State& TheState() {
+    static State& place = *new State;
     return place;
 }
 
-void Put(std::optional<OpenMenu> menu) {
+void SetOpenMenu(std::optional<OpenMenu> menu) {
     {
-        const std::lock_guard guard(ThePlace().mutex);
-        ThePlace().menu = menu;
+        const std::lock_guard guard(TheState().mutex);
+        TheState().menu = menu;
     }
-    ShowChanges();
+    UpdateDisplay();
 }
 
-std::int64_t ItemsOf(std::uint64_t window) {
-    const auto shown = LookAtMenu(window);
+std::int64_t ItemCount(std::uint64_t window) {
+    const auto shown = ReadMenu(window);
     return shown ? static_cast<std::int64_t>(shown->items.size()) : 0;
 }
 
 }  // namespace
 
 std::optional<OpenMenu> TheOpenMenu() {
-    const std::lock_guard guard(ThePlace().mutex);
-    return ThePlace().menu;
+    const std::lock_guard guard(TheState().mutex);
+    return TheState().menu;
 }
 
 bool OpenMenuOf(std::uint64_t window) {
-    const auto shown = LookAtMenu(window);
+    const auto shown = ReadMenu(window);
     if (!shown || shown->items.empty()) {
         return false;
     }
-    const Recorded action(window, "menu");
+    const RecordingScope action(window, "menu");
     OpenMenu menu{shown->window, 0};
     for (std::uint32_t i = 0; i < shown->items.size(); ++i) {
         menu.highlighted = shown->items[i].selected ? i : menu.highlighted;
     }
-    Put(menu);
+    SetOpenMenu(menu);
     return true;
 }
 
 void CloseMenu() {
-    const Recorded action("close");
-    Put({});
+    const RecordingScope action("close");
+    SetOpenMenu({});
 }
 
 bool MoveHighlight(double degrees) {
@@ -68,14 +68,14 @@ bool MoveHighlight(double degrees) {
     if (!menu) {
         return false;
     }
-    const std::int64_t count = ItemsOf(menu->window);
+    const std::int64_t count = ItemCount(menu->window);
     if (count == 0) {
         CloseMenu();  // its items or its window have gone meanwhile
         return false;
     }
     const std::int64_t place = menu->highlighted + std::llround(degrees / kDegreesForItem);
     menu->highlighted = static_cast<std::uint32_t>((place % count + count) % count);
-    Put(menu);
+    SetOpenMenu(menu);
     return true;
 }
 

@@ -18,11 +18,11 @@ constexpr char kHeading[] = "# What the dial did: angles in degrees, times in mi
 
 Mutex mutex;
 std::FILE* file = nullptr;
-std::string& directed_to = *new std::string;  // the window that the script has named last
+std::string& current_window = *new std::string;  // the window that the script has named last
 std::uint64_t idle_since_ms = 0;
 
 // Commands within a command come again with it: a click that chooses, a handler that moves the dial.
-thread_local int under_way = 0;
+thread_local int command_depth = 0;
 
 void WriteLine(const std::string& line) {
     std::fprintf(file, "%s\n", line.c_str());
@@ -30,8 +30,8 @@ void WriteLine(const std::string& line) {
 }
 
 // Its place in the order of their first controllers: handles differ from run to run.
-std::string NameOf(std::uint64_t window) {
-    const std::size_t place = TheDial().PlaceOf(window);
+std::string WindowName(std::uint64_t window) {
+    const std::size_t place = TheDial().WindowNumber(window);
     std::string name = place == 0 ? "" : "@";
     name += std::to_string(place == 0 ? window : place);
     return name;
@@ -54,9 +54,9 @@ void Write(const std::string& command, const std::string& window) {
         return;
     }
     WriteWait();
-    if (!window.empty() && window != directed_to) {
+    if (!window.empty() && window != current_window) {
         WriteLine("window " + window);
-        directed_to = window;
+        current_window = window;
     }
     WriteLine(command);
     idle_since_ms = ClockNow();
@@ -79,7 +79,7 @@ bool StartRecording(const std::string& path) {
         return false;
     }
     WriteLine(kHeading);
-    directed_to.clear();
+    current_window.clear();
     idle_since_ms = ClockNow();
     return true;
 }
@@ -89,20 +89,20 @@ void EndRecording() {
     Close();
 }
 
-Recorded::Recorded(const std::string& command) {
-    if (under_way++ == 0) {
+RecordingScope::RecordingScope(const std::string& command) {
+    if (command_depth++ == 0) {
         Write(command, "");
     }
 }
 
-Recorded::Recorded(std::uint64_t window, const std::string& command) {
-    if (under_way++ == 0) {
-        Write(command, NameOf(window));
+RecordingScope::RecordingScope(std::uint64_t window, const std::string& command) {
+    if (command_depth++ == 0) {
+        Write(command, WindowName(window));
     }
 }
 
-Recorded::~Recorded() {
-    if (--under_way == 0) {
+RecordingScope::~RecordingScope() {
+    if (--command_depth == 0) {
         const std::lock_guard guard(mutex);
         idle_since_ms = ClockNow();
     }

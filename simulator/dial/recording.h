@@ -22,13 +22,13 @@ void EndRecording();
 
 // The command is carried out while one of these lives. What passes between them is recorded as waits; what
 // passes meanwhile is the handlers' own time.
-class Recorded {
+class RecordingScope {
 public:
-    explicit Recorded(const std::string& command);
-    Recorded(std::uint64_t window, const std::string& command);
-    Recorded(const Recorded&) = delete;
-    Recorded& operator=(const Recorded&) = delete;
-    ~Recorded();
+    explicit RecordingScope(const std::string& command);
+    RecordingScope(std::uint64_t window, const std::string& command);
+    RecordingScope(const RecordingScope&) = delete;
+    RecordingScope& operator=(const RecordingScope&) = delete;
+    ~RecordingScope();
 };
 
 }  // namespace dialsim

@@ -39,7 +39,7 @@ using Action = std::function<HRESULT(Player&)>;
 using Words = std::vector<std::string>;
 
 // Why a line cannot be understood.
-class Misunderstood : public std::runtime_error {
+class ParseError : public std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
@@ -56,7 +56,7 @@ Number Parse(const std::string& word) {
         result = std::from_chars(word.data() + (hexadecimal ? 2 : 0), end, number, hexadecimal ? 16 : 10);
     }
     if (result.ec != std::errc() || result.ptr != end) {
-        throw Misunderstood("'" + word + "' is no number that fits here");
+        throw ParseError("'" + word + "' is no number that fits here");
     }
     return number;
 }
@@ -67,7 +67,7 @@ abi::Rect ParseRect(const Words& words) {
 
 bool ParseChoice(const std::string& word, const char* yes, const char* no) {
     if (word != yes && word != no) {
-        throw Misunderstood("'" + word + "' is neither '" + yes + "' nor '" + no + "'");
+        throw ParseError("'" + word + "' is neither '" + yes + "' nor '" + no + "'");
     }
     return word == yes;
 }
@@ -78,8 +78,8 @@ Fault ParseFault(const Words& words, std::size_t counts, Fault::Kind kind, HRESU
         return i < words.size() ? Parse<std::uint32_t>(words[i]) : absent;
     };
     Fault fault{words[1], kind, code, count(counts, 1), count(counts + 1, 0)};
-    if (!CanStrike(fault)) {
-        throw Misunderstood("there is no operation '" + words[1] + "' to do that to");
+    if (!IsApplicable(fault)) {
+        throw ParseError("there is no operation '" + words[1] + "' to do that to");
     }
     return fault;
 }
@@ -89,25 +89,25 @@ HRESULT ParseCode(const std::string& word) {
 }
 
 // A command that raises no event.
-Action Quiet(std::function<void(Player&)> action) {
+Action WithoutResult(std::function<void(Player&)> action) {
     return [action = std::move(action)](Player& player) {
         action(player);
         return S_OK;
     };
 }
 
-Action Strike(const Fault& fault) {
-    return Quiet([fault](Player&) { TheJournal().Add(fault); });
+Action InjectFault(const Fault& fault) {
+    return WithoutResult([fault](Player&) { TheJournal().Add(fault); });
 }
 
-AsyncMode ParseMode(const std::string& word) {
+AsyncMode ParseAsyncMode(const std::string& word) {
     if (word == "at-once") {
         return AsyncMode::AtOnce;
     }
     return ParseChoice(word, "held", "own-thread") ? AsyncMode::Held : AsyncMode::OwnThread;
 }
 
-MouseAction ParseMouse(const std::string& word) {
+MouseAction ParseMouseAction(const std::string& word) {
     if (word == "move") {
         return MouseAction::Move;
     }
@@ -115,7 +115,7 @@ MouseAction ParseMouse(const std::string& word) {
 }
 
 // For what does not always work; it is no error of the script.
-void Complain(bool worked, const std::string& what) {
+void ReportIfFailed(bool worked, const std::string& what) {
     if (!worked) {
         std::fprintf(stderr, "dial script: %s\n", what.c_str());
     }
@@ -123,15 +123,15 @@ void Complain(bool worked, const std::string& what) {
 
 void Print(const std::string& text) { std::fputs(text.c_str(), stdout); }
 
-Action ParseShown(const std::string& word) {
+Action ParseShow(const std::string& word) {
     if (word == "menu") {
-        return Quiet([](Player& player) { Print(MenuText(player.window)); });
+        return WithoutResult([](Player& player) { Print(MenuText(player.window)); });
     }
     if (word == "stores") {
-        return Quiet([](Player&) { Print(AllStoresText()); });
+        return WithoutResult([](Player&) { Print(AllStoresText()); });
     }
-    return Quiet([journal = ParseChoice(word, "journal", "accounts")](Player&) {
-        Print(journal ? TheJournal().Text() : TheAccounts().Text());
+    return WithoutResult([journal = ParseChoice(word, "journal", "leaks")](Player&) {
+        Print(journal ? TheJournal().Text() : TheLeakTracker().Text());
     });
 }
 
@@ -139,10 +139,10 @@ struct Command {
     const char* name;
     std::size_t least_words;  // with the name
     std::size_t most_words;
-    Action (*understand)(const Words& words);
+    Action (*parse)(const Words& words);
 };
 
-constexpr std::size_t kAnyNumber = 64;
+constexpr std::size_t kUnlimited = 64;
 
 const Command kCommands[] = {
     {"turn", 2, 2,
@@ -151,8 +151,8 @@ const Command kCommands[] = {
      }},
     {"click", 1, 1,
      [](const Words&) -> Action { return [](Player& player) { return Click(player.window); }; }},
-    {"hold", 1, 1, [](const Words&) -> Action { return Quiet([](Player&) { Hold(true); }); }},
-    {"release", 1, 1, [](const Words&) -> Action { return Quiet([](Player&) { Hold(false); }); }},
+    {"hold", 1, 1, [](const Words&) -> Action { return WithoutResult([](Player&) { Hold(true); }); }},
+    {"release", 1, 1, [](const Words&) -> Action { return WithoutResult([](Player&) { Hold(false); }); }},
     {"touch", 5, 5,
      [](const Words& words) -> Action {
          return [bounds = ParseRect(words)](Player& player) { return Touch(player.window, bounds); };
@@ -168,21 +168,22 @@ const Command kCommands[] = {
      }},
     {"menu", 1, 1,
      [](const Words&) -> Action {
-         return Quiet(
-             [](Player& player) { Complain(OpenMenuOf(player.window), "there is no menu to open"); });
+         return WithoutResult(
+             [](Player& player) { ReportIfFailed(OpenMenuOf(player.window), "there is no menu to open"); });
      }},
-    {"close", 1, 1, [](const Words&) -> Action { return Quiet([](Player&) { CloseMenu(); }); }},
+    {"close", 1, 1, [](const Words&) -> Action { return WithoutResult([](Player&) { CloseMenu(); }); }},
     {"mouse", 4, 4,
      [](const Words& words) -> Action {
-         return Quiet([x = Parse<int>(words[1]), y = Parse<int>(words[2]),
-                       action = ParseMouse(words[3])](Player& player) {
-             Complain(UseMouse(player.window, action, x, y), "there is no window for the mouse");
+         return WithoutResult([x = Parse<int>(words[1]), y = Parse<int>(words[2]),
+                               action = ParseMouseAction(words[3])](Player& player) {
+             ReportIfFailed(UseMouse(player.window, action, x, y), "there is no window for the mouse");
          });
      }},
     {"shot", 2, 2,
      [](const Words& words) -> Action {
-         return Quiet([file = words[1]](Player& player) {
-             Complain(WriteScreenshot(player.window, file), "the screen cannot be written to '" + file + "'");
+         return WithoutResult([file = words[1]](Player& player) {
+             ReportIfFailed(WriteScreenshot(player.window, file),
+                            "the screen cannot be written to '" + file + "'");
          });
      }},
     {"lift", 1, 1, [](const Words&) -> Action { return [](Player& player) { return Lift(player.window); }; }},
@@ -191,80 +192,87 @@ const Command kCommands[] = {
     {"lose", 1, 1, [](const Words&) -> Action { return [](Player& player) { return Lose(player.window); }; }},
     {"wait", 2, 2,
      [](const Words& words) -> Action {
-         return Quiet(
+         return WithoutResult(
              [time = Parse<std::uint32_t>(words[1])](Player& player) { Wait(time, player.real_time); });
      }},
     {"window", 2, 2,
      [](const Words& words) -> Action {
          if (words[1].starts_with('@')) {
-             return Quiet([place = Parse<std::uint32_t>(words[1].substr(1))](Player& player) {
+             return WithoutResult([place = Parse<std::uint32_t>(words[1].substr(1))](Player& player) {
                  player.window = TheDial().WindowAt(place);
              });
          }
-         return Quiet([window = Parse<std::uint64_t>(words[1])](Player& player) { player.window = window; });
+         return WithoutResult(
+             [window = Parse<std::uint64_t>(words[1])](Player& player) { player.window = window; });
      }},
-    {"haptics", 1, kAnyNumber,
+    {"haptics", 1, kUnlimited,
      [](const Words& words) -> Action {
          std::vector<std::uint16_t> waveforms;
          for (std::size_t i = 1; i < words.size(); ++i) {
              waveforms.push_back(Parse<std::uint16_t>(words[i]));
          }
-         return Quiet([waveforms](Player&) { SetHaptics(true, waveforms); });
+         return WithoutResult([waveforms](Player&) { SetHaptics(true, waveforms); });
      }},
     {"thread", 2, 2,
      [](const Words& words) -> Action {
-         return Quiet(
+         return WithoutResult(
              [own = ParseChoice(words[1], "own", "caller")](Player&) { TheDial().SetOwnThread(own); });
      }},
     {"fail", 3, 5,
      [](const Words& words) -> Action {
-         return Strike(ParseFault(words, 3, Fault::Kind::Fail, ParseCode(words[2])));
+         return InjectFault(ParseFault(words, 3, Fault::Kind::Fail, ParseCode(words[2])));
      }},
     {"fail-late", 3, 5,
      [](const Words& words) -> Action {
-         return Strike(ParseFault(words, 3, Fault::Kind::FailLate, ParseCode(words[2])));
+         return InjectFault(ParseFault(words, 3, Fault::Kind::FailLate, ParseCode(words[2])));
      }},
     {"null", 2, 4,
-     [](const Words& words) -> Action { return Strike(ParseFault(words, 2, Fault::Kind::YieldNull, S_OK)); }},
+     [](const Words& words) -> Action {
+         return InjectFault(ParseFault(words, 2, Fault::Kind::YieldNull, S_OK));
+     }},
     {"async", 2, 2,
      [](const Words& words) -> Action {
-         return Quiet([mode = ParseMode(words[1])](Player&) { TheOperations().SetMode(mode); });
+         return WithoutResult(
+             [mode = ParseAsyncMode(words[1])](Player&) { TheAsyncOperations().SetMode(mode); });
      }},
     {"delay", 2, 2,
      [](const Words& words) -> Action {
-         return Quiet([time = Parse<std::uint32_t>(words[1])](Player&) { TheOperations().SetDelay(time); });
+         return WithoutResult(
+             [time = Parse<std::uint32_t>(words[1])](Player&) { TheAsyncOperations().SetDelay(time); });
      }},
     {"complete", 2, 2,
      [](const Words& words) -> Action {
          if (words[1] == "all") {
-             return [](Player&) { return TheOperations().CompleteAll(); };
+             return [](Player&) { return TheAsyncOperations().CompleteAll(); };
          }
          return [index = Parse<std::uint32_t>(words[1])](Player&) {
-             return TheOperations().Complete(index, {});
+             return TheAsyncOperations().Complete(index, {});
          };
      }},
-    {"settle", 1, 1, [](const Words&) -> Action { return Quiet([](Player&) { Settle(); }); }},
+    {"settle", 1, 1, [](const Words&) -> Action { return WithoutResult([](Player&) { Settle(); }); }},
     {"no-devices", 1, 1,
-     [](const Words&) -> Action { return Quiet([](Player&) { TheDevices().RemoveAll(); }); }},
+     [](const Words&) -> Action { return WithoutResult([](Player&) { TheDevices().RemoveAll(); }); }},
     {"device", 2, 3,
      [](const Words& words) -> Action {
          if (words.size() == 3 && words[2] != "disabled") {
-             throw Misunderstood("'" + words[2] + "' is not 'disabled'");
+             throw ParseError("'" + words[2] + "' is not 'disabled'");
          }
-         return Quiet([id = words[1], enabled = words.size() == 2](Player&) {
+         return WithoutResult([id = words[1], enabled = words.size() == 2](Player&) {
              TheDevices().Add(id.c_str(), nullptr, enabled);
          });
      }},
-    {"packaged", 1, 1, [](const Words&) -> Action { return Quiet([](Player&) { SetPackaged(true); }); }},
-    {"unpackaged", 1, 1, [](const Words&) -> Action { return Quiet([](Player&) { SetPackaged(false); }); }},
-    {"show", 2, 2, [](const Words& words) -> Action { return ParseShown(words[1]); }},
+    {"packaged", 1, 1,
+     [](const Words&) -> Action { return WithoutResult([](Player&) { SetPackaged(true); }); }},
+    {"unpackaged", 1, 1,
+     [](const Words&) -> Action { return WithoutResult([](Player&) { SetPackaged(false); }); }},
+    {"show", 2, 2, [](const Words& words) -> Action { return ParseShow(words[1]); }},
     {"draw", 3, 3,
      [](const Words& words) -> Action {
          if (words[1] != "menu") {
-             throw Misunderstood("'" + words[1] + "' cannot be drawn");
+             throw ParseError("'" + words[1] + "' cannot be drawn");
          }
-         return Quiet([file = words[2]](Player& player) {
-             Complain(WriteFile(file, MenuPicture(player.window)), "'" + file + "' cannot be written");
+         return WithoutResult([file = words[2]](Player& player) {
+             ReportIfFailed(WriteFile(file, MenuSvg(player.window)), "'" + file + "' cannot be written");
          });
      }},
 };
@@ -279,18 +287,18 @@ Words Split(std::string line) {
     return words;
 }
 
-Action Understand(const Words& words) {
+Action ParseCommand(const Words& words) {
     for (const Command& command : kCommands) {
         if (words[0] != command.name) {
             continue;
         }
         if (words.size() < command.least_words || words.size() > command.most_words) {
-            throw Misunderstood("'" + words[0] + "' does not go with " + std::to_string(words.size() - 1) +
-                                " arguments");
+            throw ParseError("'" + words[0] + "' does not go with " + std::to_string(words.size() - 1) +
+                             " arguments");
         }
-        return command.understand(words);
+        return command.parse(words);
     }
-    throw Misunderstood("there is no command '" + words[0] + "'");
+    throw ParseError("there is no command '" + words[0] + "'");
 }
 
 struct Line {
@@ -298,20 +306,20 @@ struct Line {
     Action action;
 };
 
-std::vector<Line> Understand(const std::string& script) {
-    std::vector<Line> understood;
+std::vector<Line> ParseLines(const std::string& script) {
+    std::vector<Line> parsed;
     std::istringstream lines(script);
     std::string line;
     for (int number = 1; std::getline(lines, line); ++number) {
         try {
             if (const Words words = Split(line); !words.empty()) {
-                understood.push_back({number, Understand(words)});
+                parsed.push_back({number, ParseCommand(words)});
             }
-        } catch (const Misunderstood& reason) {
-            throw Misunderstood("line " + std::to_string(number) + ": " + reason.what());
+        } catch (const ParseError& reason) {
+            throw ParseError("line " + std::to_string(number) + ": " + reason.what());
         }
     }
-    return understood;
+    return parsed;
 }
 
 // An event that came to nothing is no error of the script, but its author wants to know.
@@ -333,11 +341,11 @@ std::string PlayScript(const std::string& script, bool real_time) {
     try {
         Player player;
         player.real_time = real_time;
-        for (const Line& line : Understand(script)) {
+        for (const Line& line : ParseLines(script)) {
             Report(line.number, line.action(player));
         }
         return {};
-    } catch (const Misunderstood& reason) {
+    } catch (const ParseError& reason) {
         return reason.what();
     }
 }

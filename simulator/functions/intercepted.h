@@ -3,7 +3,7 @@
 
 #include "platform/functions.h"
 
-namespace dialsim::watched {
+namespace dialsim::intercepted {
 
 HRESULT RoInitialize(RO_INIT_TYPE type);
 void RoUninitialize();
@@ -47,4 +47,4 @@ HRESULT CreateStreamOnHGlobal(HGLOBAL block, BOOL delete_on_release, ::IStream**
 HRESULT CreateRandomAccessStreamOverStream(::IStream* stream, BSOS_OPTIONS options, const IID& iid,
                                            void** result);
 
-}  // namespace dialsim::watched
+}  // namespace dialsim::intercepted

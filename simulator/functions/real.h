@@ -4,7 +4,7 @@
 
 #include "platform/functions.h"
 
-namespace dialsim::underlying {
+namespace dialsim::real {
 
 HRESULT RoInitialize(RO_INIT_TYPE type);
 void RoUninitialize();
@@ -46,4 +46,4 @@ BOOL GlobalUnlock(HGLOBAL block);
 HGLOBAL GlobalFree(HGLOBAL block);
 HRESULT CreateStreamOnHGlobal(HGLOBAL block, BOOL delete_on_release, ::IStream** stream);
 
-}  // namespace dialsim::underlying
+}  // namespace dialsim::real

@@ -6,16 +6,16 @@
 namespace dialsim {
 
 HRESULT NewString(WideView text, HSTRING* string) {
-    const HRESULT code = underlying::WindowsCreateString(text.data(), static_cast<UINT>(text.size()), string);
+    const HRESULT code = real::WindowsCreateString(text.data(), static_cast<UINT>(text.size()), string);
     if (code >= 0) {
-        TheAccounts().StringTaken(*string);
+        TheLeakTracker().TrackString(*string);
     }
     return code;
 }
 
 WideView View(HSTRING string) {
     UINT length = 0;
-    const WCHAR* characters = underlying::WindowsGetStringRawBuffer(string, &length);
+    const WCHAR* characters = real::WindowsGetStringRawBuffer(string, &length);
     return {characters, length};
 }
 

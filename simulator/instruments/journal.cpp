@@ -8,7 +8,7 @@ namespace dialsim {
 
 namespace {
 
-thread_local int unobserved_depth = 0;
+thread_local int pause_depth = 0;
 
 bool Matches(std::string_view pattern, std::string_view operation, std::string_view call) {
     return pattern == operation || pattern == call;
@@ -18,8 +18,8 @@ std::string CallText(std::string_view operation, std::string_view arguments) {
     return std::string(operation) + "(" + std::string(arguments) + ")";
 }
 
-bool Strikes(Fault& fault) {
-    const std::uint32_t call = ++fault.seen;
+bool Applies(Fault& fault) {
+    const std::uint32_t call = ++fault.matching_calls;
     return call >= fault.from && (fault.times == 0 || call - fault.from < fault.times);
 }
 
@@ -53,7 +53,7 @@ Journal::Entry Journal::Write(std::string_view operation, const std::string& cal
     Entry entry{first_number_ + lines_.size(), std::nullopt};
     for (Fault& fault : faults_) {
         // Every fault counts every call, also where an earlier one has struck already.
-        if (Matches(fault.pattern, operation, call) && Strikes(fault) && !entry.fault) {
+        if (Matches(fault.pattern, operation, call) && Applies(fault) && !entry.fault) {
             entry.fault = fault;
         }
     }
@@ -113,8 +113,8 @@ void Journal::Reset() {
     hook_ = nullptr;
 }
 
-Unobserved::Unobserved() { ++unobserved_depth; }
-Unobserved::~Unobserved() { --unobserved_depth; }
-bool Unobserved::Now() { return unobserved_depth > 0; }
+JournalPause::JournalPause() { ++pause_depth; }
+JournalPause::~JournalPause() { --pause_depth; }
+bool JournalPause::IsActive() { return pause_depth > 0; }
 
 }  // namespace dialsim

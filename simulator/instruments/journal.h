@@ -27,7 +27,7 @@ struct Fault {
     HRESULT code;
     std::uint32_t from;   // the first matching call that is struck, counted from 1
     std::uint32_t times;  // 0: for ever
-    std::uint32_t seen = 0;
+    std::uint32_t matching_calls = 0;
 };
 
 class Journal {
@@ -73,20 +73,20 @@ Journal& TheJournal();
 
 // While one of these lives, what the platform does on this thread is the platform's own affair: not
 // journaled, not struck.
-class Unobserved {
+class JournalPause {
 public:
-    Unobserved();
-    Unobserved(const Unobserved&) = delete;
-    Unobserved& operator=(const Unobserved&) = delete;
-    ~Unobserved();
-    static bool Now();
+    JournalPause();
+    JournalPause(const JournalPause&) = delete;
+    JournalPause& operator=(const JournalPause&) = delete;
+    ~JournalPause();
+    static bool IsActive();
 };
 
 // One platform operation: journaled, struck by its fault if there is one, else done by `body`, which answers
 // an HRESULT.
 template <class Body>
 HRESULT Perform(std::string_view operation, std::string_view arguments, Body body) {
-    if (Unobserved::Now()) {
+    if (JournalPause::IsActive()) {
         return body();
     }
     const Journal::Entry entry = TheJournal().Begin(operation, arguments);

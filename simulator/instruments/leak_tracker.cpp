@@ -13,95 +13,95 @@ void EraseOne(std::multiset<HSTRING>& strings, HSTRING string) {
     }
 }
 
-std::string Line(std::string_view name, const Accounts::Tally& tally) {
-    char counts[64];
-    std::snprintf(counts, sizeof counts, ": %u objects, %u references\n", tally.objects, tally.references);
-    return std::string(name) + counts;
+std::string Line(std::string_view name, const LeakTracker::ClassCounts& counts) {
+    char text[64];
+    std::snprintf(text, sizeof text, ": %u objects, %u references\n", counts.objects, counts.references);
+    return std::string(name) + text;
 }
 
 }  // namespace
 
-Accounts& TheAccounts() {
+LeakTracker& TheLeakTracker() {
     // Never destroyed: objects may come back after the end of main.
-    static Accounts& accounts = *new Accounts;
-    return accounts;
+    static LeakTracker& tracker = *new LeakTracker;
+    return tracker;
 }
 
-void Accounts::Made(const void* object, std::string_view class_name,
-                    const std::atomic<std::uint32_t>& references) {
+void LeakTracker::TrackObject(const void* object, std::string_view class_name,
+                              const std::atomic<std::uint32_t>& references) {
     const std::lock_guard guard(mutex_);
     objects_.emplace(object, Entry{std::string(class_name), &references});
 }
 
-void Accounts::Gone(const void* object) {
+void LeakTracker::UntrackObject(const void* object) {
     const std::lock_guard guard(mutex_);
     objects_.erase(object);
 }
 
-void Accounts::HandlerTaken(const void* handler) {
+void LeakTracker::TrackHandler(const void* handler) {
     const std::lock_guard guard(mutex_);
     handlers_.insert(handler);
 }
 
-void Accounts::HandlerReleased(const void* handler) {
+void LeakTracker::UntrackHandler(const void* handler) {
     const std::lock_guard guard(mutex_);
     if (const auto found = handlers_.find(handler); found != handlers_.end()) {
         handlers_.erase(found);
     }
 }
 
-void Accounts::StringTaken(HSTRING string) {
+void LeakTracker::TrackString(HSTRING string) {
     if (string != nullptr) {
         const std::lock_guard guard(mutex_);
         strings_.insert(string);
     }
 }
 
-void Accounts::StringReturned(HSTRING string) {
+void LeakTracker::UntrackString(HSTRING string) {
     const std::lock_guard guard(mutex_);
     EraseOne(strings_, string);
 }
 
-void Accounts::BlockTaken(const void* block) {
+void LeakTracker::TrackBlock(const void* block) {
     if (block != nullptr) {
         const std::lock_guard guard(mutex_);
         blocks_.insert(block);
     }
 }
 
-void Accounts::BlockReturned(const void* block) {
+void LeakTracker::UntrackBlock(const void* block) {
     const std::lock_guard guard(mutex_);
     blocks_.erase(block);
 }
 
-Accounts::Tally Accounts::Objects(std::string_view class_name) {
+LeakTracker::ClassCounts LeakTracker::Objects(std::string_view class_name) {
     const std::lock_guard guard(mutex_);
-    Tally tally;
+    ClassCounts counts;
     for (const auto& [object, entry] : objects_) {
         if (class_name.empty() || entry.class_name == class_name) {
-            ++tally.objects;
-            tally.references += *entry.references;
+            ++counts.objects;
+            counts.references += *entry.references;
         }
     }
-    return tally;
+    return counts;
 }
 
-std::uint32_t Accounts::Handlers() {
+std::uint32_t LeakTracker::Handlers() {
     const std::lock_guard guard(mutex_);
     return static_cast<std::uint32_t>(handlers_.size());
 }
 
-std::uint32_t Accounts::Strings() {
+std::uint32_t LeakTracker::Strings() {
     const std::lock_guard guard(mutex_);
     return static_cast<std::uint32_t>(strings_.size());
 }
 
-std::uint32_t Accounts::Blocks() {
+std::uint32_t LeakTracker::Blocks() {
     const std::lock_guard guard(mutex_);
     return static_cast<std::uint32_t>(blocks_.size());
 }
 
-std::string Accounts::Text() {
+std::string LeakTracker::Text() {
     std::set<std::string> classes;
     {
         const std::lock_guard guard(mutex_);
@@ -125,13 +125,13 @@ std::string Accounts::Text() {
     return text;
 }
 
-void Accounts::Reset() {
+void LeakTracker::Reset() {
     const std::lock_guard guard(mutex_);
     for (const auto& [object, entry] : objects_) {
-        written_off_.push_back(object);
+        abandoned_.push_back(object);
     }
-    written_off_.insert(written_off_.end(), strings_.begin(), strings_.end());
-    written_off_.insert(written_off_.end(), blocks_.begin(), blocks_.end());
+    abandoned_.insert(abandoned_.end(), strings_.begin(), strings_.end());
+    abandoned_.insert(abandoned_.end(), blocks_.begin(), blocks_.end());
     objects_.clear();
     handlers_.clear();
     strings_.clear();

@@ -15,25 +15,26 @@
 
 namespace dialsim {
 
-class Accounts {
+class LeakTracker {
 public:
-    struct Tally {
+    struct ClassCounts {
         std::uint32_t objects = 0;
         std::uint32_t references = 0;
     };
 
     // `object` is where it begins, for leak checkers; its count may be read until it is gone.
-    void Made(const void* object, std::string_view class_name, const std::atomic<std::uint32_t>& references);
-    void Gone(const void* object);
-    void HandlerTaken(const void* handler);
-    void HandlerReleased(const void* handler);
-    void StringTaken(HSTRING string);
-    void StringReturned(HSTRING string);
-    void BlockTaken(const void* block);
-    void BlockReturned(const void* block);
+    void TrackObject(const void* object, std::string_view class_name,
+                     const std::atomic<std::uint32_t>& references);
+    void UntrackObject(const void* object);
+    void TrackHandler(const void* handler);
+    void UntrackHandler(const void* handler);
+    void TrackString(HSTRING string);
+    void UntrackString(HSTRING string);
+    void TrackBlock(const void* block);
+    void UntrackBlock(const void* block);
 
     // An empty name sums over all classes.
-    Tally Objects(std::string_view class_name);
+    ClassCounts Objects(std::string_view class_name);
     std::uint32_t Handlers();
     std::uint32_t Strings();
     std::uint32_t Blocks();
@@ -53,9 +54,9 @@ private:
     std::multiset<const void*> handlers_;
     std::multiset<HSTRING> strings_;
     std::set<const void*> blocks_;
-    std::vector<const void*> written_off_;
+    std::vector<const void*> abandoned_;
 };
 
-Accounts& TheAccounts();
+LeakTracker& TheLeakTracker();
 
 }  // namespace dialsim

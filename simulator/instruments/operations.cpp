@@ -125,7 +125,7 @@ constexpr const char* kOperations[] = {
 
 // Those that answer something else than a code: what they hand out is how they say that they succeeded. And a
 // promotion that took place and claims to have failed would have its caller give back a string as a buffer.
-constexpr const char* kNeverLate[] = {
+constexpr const char* kCannotFailLate[] = {
     "WindowsPromoteStringBuffer",
     "FindResourceW",
     "SizeofResource",
@@ -143,13 +143,13 @@ bool Contains(const char* const (&operations)[N], const std::string& operation) 
 
 }  // namespace
 
-const char* Operation(std::size_t index) {
+const char* OperationName(std::size_t index) {
     return index < std::size(kOperations) ? kOperations[index] : nullptr;
 }
 
-bool CanStrike(const Fault& fault) {
+bool IsApplicable(const Fault& fault) {
     const std::string operation = fault.pattern.substr(0, fault.pattern.find('('));
-    const bool too_late = fault.kind == Fault::Kind::FailLate && Contains(kNeverLate, operation);
+    const bool too_late = fault.kind == Fault::Kind::FailLate && Contains(kCannotFailLate, operation);
     return !too_late && Contains(kOperations, operation);
 }
 

@@ -8,9 +8,9 @@
 namespace dialsim {
 
 // By index from 0; null past the last.
-const char* Operation(std::size_t index);
+const char* OperationName(std::size_t index);
 
 // Whether the fault names an operation of the list, with or without arguments, that can be struck in its way.
-bool CanStrike(const Fault& fault);
+bool IsApplicable(const Fault& fault);
 
 }  // namespace dialsim

@@ -10,57 +10,57 @@ namespace dialsim {
 namespace detail {
 
 template <class T>
-constexpr std::string_view CompilersName() {
+constexpr std::string_view CompilerName() {
     constexpr std::string_view function = __PRETTY_FUNCTION__;
     constexpr std::size_t start = function.find("T = ") + 4;
     return function.substr(start, function.find_first_of(";]", start) - start);
 }
 
-struct ShortName {
+struct PublishedName {
     std::array<char, 128> text{};
     std::size_t length = 0;
 };
 
-struct Spelling {
-    std::string_view compilers;
-    std::string_view published;
+struct NameMapping {
+    std::string_view from;
+    std::string_view to;
 };
 
 // The first that fits counts.
-constexpr Spelling kSpellings[] = {
+constexpr NameMapping kNameMappings[] = {
     {"HSTRING__ *", "String"},
     {"HSTRING__*", "String"},
     {"brindle::abi::IInspectable", "Object"},
     {"brindle::abi::", ""},
 };
 
-consteval ShortName Published(std::string_view name) {
-    ShortName result;
+consteval PublishedName Published(std::string_view name) {
+    PublishedName result;
     while (!name.empty()) {
-        Spelling spelling{name.substr(0, 1), name.substr(0, 1)};
-        for (const Spelling& known : kSpellings) {
-            if (name.starts_with(known.compilers)) {
-                spelling = known;
+        NameMapping mapping{name.substr(0, 1), name.substr(0, 1)};
+        for (const NameMapping& known : kNameMappings) {
+            if (name.starts_with(known.from)) {
+                mapping = known;
                 break;
             }
         }
-        for (const char c : spelling.published) {
+        for (const char c : mapping.to) {
             result.text[result.length++] = c;
         }
-        name.remove_prefix(spelling.compilers.size());
+        name.remove_prefix(mapping.from.size());
     }
     return result;
 }
 
 template <class T>
-inline constexpr ShortName kShortName = Published(CompilersName<T>());
+inline constexpr PublishedName kPublishedName = Published(CompilerName<T>());
 
 }  // namespace detail
 
 // "IVectorView<SimpleHapticsControllerFeedback>", taken from the compiler's name for the type.
 template <class T>
 constexpr std::string_view TypeName() {
-    return {detail::kShortName<T>.text.data(), detail::kShortName<T>.length};
+    return {detail::kPublishedName<T>.text.data(), detail::kPublishedName<T>.length};
 }
 
 // "IRadialController::get_Menu"

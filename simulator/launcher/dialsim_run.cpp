@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr int kMisunderstood = 2;
+constexpr int kUsageError = 2;
 constexpr int kNotStarted = 125;
 
 constexpr char kHelp[] =
@@ -26,30 +26,30 @@ constexpr char kHelp[] =
     "under Wine, for the whole prefix. On Windows itself these classes are the system's,\n"
     "and nothing is replaced there: dialsim-run starts nothing, and ends with 125.\n";
 
-struct Job {
+struct Options {
     bool help = false;
     std::wstring script;
     std::vector<std::wstring> command;
 };
 
 // Without a command when the arguments make no sense.
-Job Understand(const std::vector<std::wstring>& words) {
-    Job job;
+Options ParseArguments(const std::vector<std::wstring>& words) {
+    Options options;
     std::size_t i = 1;
     for (; i < words.size() && words[i].starts_with(L"--"); ++i) {
         if (words[i] == L"--help") {
-            job.help = true;
+            options.help = true;
         } else if (words[i] == L"--script" && i + 1 < words.size()) {
-            job.script = words[++i];
+            options.script = words[++i];
         } else if (words[i] == L"--") {
             ++i;
             break;
         } else {
-            return job;
+            return options;
         }
     }
-    job.command.assign(words.begin() + static_cast<std::ptrdiff_t>(i), words.end());
-    return job;
+    options.command.assign(words.begin() + static_cast<std::ptrdiff_t>(i), words.end());
+    return options;
 }
 
 std::vector<std::wstring> OwnArguments() {
@@ -97,14 +97,14 @@ bool Register() {
     return code >= 0;
 }
 
-int Run(const Job& job) {
+int Run(const Options& options) {
     std::wstring line;
-    for (const std::wstring& word : job.command) {
+    for (const std::wstring& word : options.command) {
         line += (line.empty() ? L"" : L" ") + Quoted(word);
     }
     SetEnvironmentVariableW(L"DIALSIM_WINDOW", L"1");
-    if (!job.script.empty()) {
-        SetEnvironmentVariableW(L"DIALSIM_SCRIPT", job.script.c_str());
+    if (!options.script.empty()) {
+        SetEnvironmentVariableW(L"DIALSIM_SCRIPT", options.script.c_str());
         SetEnvironmentVariableW(L"DIALSIM_CLOSE", L"1");
     }
     STARTUPINFOW startup{};
@@ -112,7 +112,7 @@ int Run(const Job& job) {
     PROCESS_INFORMATION process{};
     if (!CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &startup,
                         &process)) {
-        std::fprintf(stderr, "dialsim-run: %ls cannot be started (error %lu)\n", job.command[0].c_str(),
+        std::fprintf(stderr, "dialsim-run: %ls cannot be started (error %lu)\n", options.command[0].c_str(),
                      GetLastError());
         return kNotStarted;
     }
@@ -127,10 +127,10 @@ int Run(const Job& job) {
 }  // namespace
 
 int main() {
-    const Job job = Understand(OwnArguments());
-    if (job.help || job.command.empty()) {
-        std::fputs(kHelp, job.help ? stdout : stderr);
-        return job.help ? 0 : kMisunderstood;
+    const Options options = ParseArguments(OwnArguments());
+    if (options.help || options.command.empty()) {
+        std::fputs(kHelp, options.help ? stdout : stderr);
+        return options.help ? 0 : kUsageError;
     }
-    return Register() ? Run(job) : kNotStarted;
+    return Register() ? Run(options) : kNotStarted;
 }

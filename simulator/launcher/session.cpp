@@ -16,10 +16,10 @@ namespace dialsim {
 
 namespace {
 
-constexpr int kMisunderstood = 2;  // the program's status when its script makes no sense
+constexpr int kUsageError = 2;  // the program's status when its script makes no sense
 
 // False when nothing was played.
-bool Play(const std::string& path, bool real_time) {
+bool PlayFile(const std::string& path, bool real_time) {
     const auto script = ReadFile(path);
     const std::string reason = script ? PlayScript(*script, real_time) : "it cannot be read";
     if (!reason.empty()) {
@@ -29,33 +29,33 @@ bool Play(const std::string& path, bool real_time) {
 }
 
 // The host does not know of the simulator: nobody else puts it in the place of what Wine lacks.
-void WatchTheHost() {
+void InterceptHost() {
     dialsim_watch(nullptr);
     dialsim_watch("brindle.dll");
 }
 
-bool SetUp() {
+bool RunSetupScript() {
     const std::string setup = Environment("DIALSIM_SETUP");
     if (!setup.empty()) {
-        WatchTheHost();
-        Play(setup, false);
+        InterceptHost();
+        PlayFile(setup, false);
     }
     return true;
 }
 
 // A program that was started for its script ends with it.
-void PlayToTheEnd(const std::string& path, std::uint64_t window) {
-    const bool played = Play(path, true);
+void PlayAndClose(const std::string& path, std::uint64_t window) {
+    const bool played = PlayFile(path, true);
     if (Environment("DIALSIM_CLOSE") != "1") {
         return;
     }
     if (!played) {
-        std::_Exit(kMisunderstood);
+        std::_Exit(kUsageError);
     }
     CloseWindow(window);
 }
 
-void StartRecordingIfAsked() {
+void StartRequestedRecording() {
     const std::string recording = Environment("DIALSIM_RECORD");
     if (!recording.empty() && !StartRecording(recording)) {
         std::fprintf(stderr, "dial recording %s: it cannot be written\n", recording.c_str());
@@ -64,17 +64,17 @@ void StartRecordingIfAsked() {
 
 // Nobody waits for the script: the program may end before it does.
 bool StartSession(std::uint64_t window) {
-    StartRecordingIfAsked();
+    StartRequestedRecording();
     const bool has_dial = Environment("DIALSIM_WINDOW") == "1";
     const std::string script = Environment("DIALSIM_SCRIPT");
     if (has_dial || !script.empty()) {
-        WatchTheHost();
+        InterceptHost();
     }
     if (has_dial) {
         OpenDial(window);
     }
     if (!script.empty()) {
-        Thread own = StartThread([=] { PlayToTheEnd(script, window); });
+        Thread own = StartThread([=] { PlayAndClose(script, window); });
         Detach(own);
     }
     return true;
@@ -82,9 +82,9 @@ bool StartSession(std::uint64_t window) {
 
 }  // namespace
 
-void BeforeTheFirstClass() { [[maybe_unused]] static const bool done = SetUp(); }
+void OnFirstActivation() { [[maybe_unused]] static const bool done = RunSetupScript(); }
 
-void AtTheFirstController(std::uint64_t window) {
+void OnFirstController(std::uint64_t window) {
     [[maybe_unused]] static const bool done = StartSession(window);
 }
 

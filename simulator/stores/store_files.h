@@ -14,7 +14,7 @@ namespace dialsim {
 std::string Environment(const char* variable);
 
 // Where the user's stores are unless the environment says something else; empty when the user has no home.
-std::string UsersFolder();
+std::string UserDataFolder();
 
 // The folder for this process alone as long as the object lives: the system takes the lock back from a
 // process that is killed. Makes the folder.

@@ -20,7 +20,7 @@ constexpr char kCredentials[] = "credentials";
 constexpr char kComposite[] = "composite";
 constexpr int kIndent = 2;
 
-class Damaged : public std::runtime_error {
+class CorruptStore : public std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
@@ -44,7 +44,7 @@ Number ReadNumber(const Json& json) {
                           ? std::in_range<Number>(json.get<std::uint64_t>())
                           : json.is_number_integer() && std::in_range<Number>(json.get<std::int64_t>());
     if (!fits) {
-        throw Damaged("there is no number of its type where one should be");
+        throw CorruptStore("there is no number of its type where one should be");
     }
     return json.get<Number>();
 }
@@ -54,7 +54,7 @@ WideString ReadText(const Json& json) {
         return Widen(json.get_ref<const std::string&>());
     }
     if (!json.is_array()) {
-        throw Damaged("there is no text where one should be");
+        throw CorruptStore("there is no text where one should be");
     }
     WideString text;
     for (const Json& unit : json) {
@@ -65,7 +65,7 @@ WideString ReadText(const Json& json) {
 
 bool ReadBoolean(const Json& json) {
     if (!json.is_boolean()) {
-        throw Damaged("there is neither true nor false where one should be");
+        throw CorruptStore("there is neither true nor false where one should be");
     }
     return json.get<bool>();
 }
@@ -98,12 +98,12 @@ std::string TypeOf(const Setting& setting) { return setting ? kTypes[setting->in
 
 Setting ReadSetting(std::string_view type, const Json& value) {
     if (type == kComposite) {
-        return value.is_null() ? Setting() : throw Damaged("there is a value where none should be");
+        return value.is_null() ? Setting() : throw CorruptStore("there is a value where none should be");
     }
     const auto* known = std::find_if(std::begin(kTypes), std::end(kTypes),
                                      [&](const Type& candidate) { return type == candidate.name; });
     if (known == std::end(kTypes)) {
-        throw Damaged("the type is none that settings have");
+        throw CorruptStore("the type is none that settings have");
     }
     return known->read(value);
 }
@@ -122,13 +122,13 @@ Json WriteValue(const Setting& setting) {
 const Json& Member(const Json& object, const char* name) {
     const auto member = object.find(name);
     if (member == object.end()) {
-        throw Damaged(std::string("there is no \"") + name + "\"");
+        throw CorruptStore(std::string("there is no \"") + name + "\"");
     }
     return *member;
 }
 
 // "line 3, column 7" of the byte that an error names, counted from 1.
-std::string Place(const std::string& text, std::size_t byte) {
+std::string Position(const std::string& text, std::size_t byte) {
     const std::string before = text.substr(0, byte - std::min<std::size_t>(byte, 1));
     const auto line = std::count(before.begin(), before.end(), '\n') + 1;
     const std::size_t column = before.size() - (before.rfind('\n') + 1) + 1;
@@ -136,7 +136,7 @@ std::string Place(const std::string& text, std::size_t byte) {
 }
 
 // Of several members of one name the parser would keep one, and the next change lose the others.
-Json ParseWithEachMemberOnce(const std::string& text) {
+Json ParseRejectingDuplicates(const std::string& text) {
     std::vector<std::set<std::string>> names;  // of the members so far, for each object that is open
     return Json::parse(text, [&names](int, Json::parse_event_t event, const Json& parsed) {
         if (event == Json::parse_event_t::object_start) {
@@ -144,7 +144,7 @@ Json ParseWithEachMemberOnce(const std::string& text) {
         } else if (event == Json::parse_event_t::object_end) {
             names.pop_back();
         } else if (event == Json::parse_event_t::key && !names.back().insert(parsed).second) {
-            throw Damaged("a member stands there twice");
+            throw CorruptStore("a member stands there twice");
         }
         return true;
     });
@@ -153,42 +153,42 @@ Json ParseWithEachMemberOnce(const std::string& text) {
 // The library's own messages quote what they stumble over, passwords too.
 Json Parse(const std::string& text) {
     try {
-        return ParseWithEachMemberOnce(text);
+        return ParseRejectingDuplicates(text);
     } catch (const Json::parse_error& error) {
-        throw Damaged(Place(text, error.byte) + ": this is not JSON, or it ends too early");
+        throw CorruptStore(Position(text, error.byte) + ": this is not JSON, or it ends too early");
     } catch (const Json::exception&) {
-        throw Damaged("there is a number that fits nowhere");
+        throw CorruptStore("there is a number that fits nowhere");
     }
 }
 
 // Exactly these members, for a file that holds more is not ours to write anew.
 void ExpectMembers(const Json& object, std::size_t count) {
     if (!object.is_object() || object.size() != count) {
-        throw Damaged("there is something else than " + std::to_string(count) + " members");
+        throw CorruptStore("there is something else than " + std::to_string(count) + " members");
     }
 }
 
-template <class Take>
-void TakeEntries(const std::string& text, const char* list, Take take) {
+template <class Handle>
+void ForEachEntry(const std::string& text, const char* list, Handle handle) {
     const Json file = Parse(text);
     ExpectMembers(file, 1);
     const Json& entries = Member(file, list);
     if (!entries.is_array()) {
-        throw Damaged(std::string("\"") + list + "\" is no list");
+        throw CorruptStore(std::string("\"") + list + "\" is no list");
     }
     for (std::size_t i = 0; i < entries.size(); ++i) {
         try {
             ExpectMembers(entries[i], 3);
-            if (!take(entries[i])) {
-                throw Damaged("it stands there twice");
+            if (!handle(entries[i])) {
+                throw CorruptStore("it stands there twice");
             }
-        } catch (const Damaged& reason) {
-            throw Damaged("entry " + std::to_string(i + 1) + ": " + reason.what());
+        } catch (const CorruptStore& reason) {
+            throw CorruptStore("entry " + std::to_string(i + 1) + ": " + reason.what());
         }
     }
 }
 
-std::string Written(const char* list, Json entries) {
+std::string Serialize(const char* list, Json entries) {
     Json file;
     file[list] = std::move(entries);
     return file.dump(kIndent) + "\n";
@@ -202,7 +202,7 @@ std::string ToJson(const Settings& settings) {
         entries.push_back(
             {{"key", WriteText(key)}, {"type", TypeOf(setting)}, {"value", WriteValue(setting)}});
     }
-    return Written(kSettings, std::move(entries));
+    return Serialize(kSettings, std::move(entries));
 }
 
 std::string ToJson(const Vault& vault) {
@@ -212,12 +212,12 @@ std::string ToJson(const Vault& vault) {
                            {"user", WriteText(names.second)},
                            {"password", WriteText(password)}});
     }
-    return Written(kCredentials, std::move(entries));
+    return Serialize(kCredentials, std::move(entries));
 }
 
 Settings SettingsFrom(const std::string& json) {
     Settings settings;
-    TakeEntries(json, kSettings, [&](const Json& entry) {
+    ForEachEntry(json, kSettings, [&](const Json& entry) {
         const std::string type = Narrow(ReadText(Member(entry, "type")));
         return settings.emplace(ReadText(Member(entry, "key")), ReadSetting(type, Member(entry, "value")))
             .second;
@@ -227,7 +227,7 @@ Settings SettingsFrom(const std::string& json) {
 
 Vault VaultFrom(const std::string& json) {
     Vault vault;
-    TakeEntries(json, kCredentials, [&](const Json& entry) {
+    ForEachEntry(json, kCredentials, [&](const Json& entry) {
         std::pair names(ReadText(Member(entry, "resource")), ReadText(Member(entry, "user")));
         return vault.emplace(std::move(names), ReadText(Member(entry, "password"))).second;
     });
@@ -261,7 +261,7 @@ bool ParseSetting(std::string_view type, const std::string& value, Setting& sett
         const bool composite = type == kComposite;
         setting = ReadSetting(type, text ? Json(value) : composite ? Json() : Parse(value));
         return true;
-    } catch (const Damaged&) {
+    } catch (const CorruptStore&) {
         return false;
     }
 }

@@ -36,14 +36,14 @@ constexpr const StoreFile* kStoreFiles[] = {&kLocal, &kRoaming, &kVault};
 
 Mutex mutex;  // held while a store is used
 std::optional<std::string>& given_folder = *new std::optional<std::string>;
-std::set<std::string>& known_damaged = *new std::set<std::string>;
+std::set<std::string>& reported_corrupt = *new std::set<std::string>;
 
 std::string FolderPath() {
     if (given_folder) {
         return *given_folder;
     }
     const std::string set = Environment("DIALSIM_STORES");
-    return set.empty() ? UsersFolder() : set;
+    return set.empty() ? UserDataFolder() : set;
 }
 
 // Does what returns an HRESULT with the folder that nobody else has meanwhile.
@@ -69,10 +69,10 @@ HRESULT Load(const StoreFolder& folder, const StoreFile& file, Content& content)
         if (json) {
             Parse(*json, content);
         }
-        known_damaged.erase(path);
+        reported_corrupt.erase(path);
         return S_OK;
     } catch (const std::runtime_error& reason) {
-        if (known_damaged.insert(path).second) {
+        if (reported_corrupt.insert(path).second) {
             std::fprintf(stderr, "dialsim: %s is damaged and left alone: %s\n", path.c_str(), reason.what());
         }
         return file.damaged;
@@ -80,7 +80,7 @@ HRESULT Load(const StoreFolder& folder, const StoreFile& file, Content& content)
 }
 
 template <class Content>
-HRESULT Use(const StoreFile& file, const std::function<HRESULT(Content&)>& use) {
+HRESULT WithStore(const StoreFile& file, const std::function<HRESULT(Content&)>& use) {
     return InFolder([&](const StoreFolder& folder) {
         Content content;
         if (const HRESULT code = Load(folder, file, content); code < 0) {
@@ -132,10 +132,10 @@ std::string VaultText() {
 }  // namespace
 
 HRESULT UseSettings(SettingsStore store, const std::function<HRESULT(Settings&)>& use) {
-    return Use(store == SettingsStore::Roaming ? kRoaming : kLocal, use);
+    return WithStore(store == SettingsStore::Roaming ? kRoaming : kLocal, use);
 }
 
-HRESULT UseVault(const std::function<HRESULT(Vault&)>& use) { return Use(kVault, use); }
+HRESULT UseVault(const std::function<HRESULT(Vault&)>& use) { return WithStore(kVault, use); }
 
 HRESULT PutSetting(SettingsStore store, const WideString& key, const Setting& setting, bool& replaced) {
     if (key.size() > kNameUnits) {

@@ -11,7 +11,7 @@
 namespace dialsim {
 
 // Whether a path says where it begins: at a drive, a share or, natively, the root.
-bool IsRooted(WideView path);
+bool IsAbsolutePath(WideView path);
 
 // Whether it leads to a file; a folder is none.
 bool IsFile(const WideString& path);
@@ -20,7 +20,7 @@ bool IsFile(const WideString& path);
 std::FILE* OpenFile(const std::string& path, const char* mode);
 
 // The file's beginning, at most `count` bytes; empty when it cannot be read.
-std::string ReadBeginning(const WideString& path, std::size_t count);
+std::string ReadPrefix(const WideString& path, std::size_t count);
 
 // Nothing where it cannot be read.
 std::optional<std::string> ReadFile(const std::string& path);

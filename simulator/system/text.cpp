@@ -36,7 +36,7 @@ Lead Classify(unsigned char byte) {
 }
 
 // Takes one character, or the longest beginning of a damaged one, off the front.
-char32_t TakeCharacter(std::string_view& utf8) {
+char32_t DecodeCharacter(std::string_view& utf8) {
     const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(utf8[i]); };
     const unsigned char first = byte(0);
     if (first < 0x80) {
@@ -83,7 +83,7 @@ void AppendUtf8(std::string& utf8, char32_t character) {
 WideString Widen(std::string_view utf8) {
     WideString wide;
     while (!utf8.empty()) {
-        const char32_t character = TakeCharacter(utf8);
+        const char32_t character = DecodeCharacter(utf8);
         if (character < 0x10000) {
             wide += static_cast<WCHAR>(character);
         } else {

@@ -108,7 +108,7 @@ private:
     std::vector<MenuEntry> menu_entries_;
     // 1 when a query's completion has finished since the last query began. Shared with that completion, which
     // may outlive the listener. One for the window, on purpose: queries that overlap end each other's wait.
-    ComPtr<SharedFlag> presence_done_ = ComPtr<SharedFlag>::Own(new SharedFlag);
+    ComPtr<SharedFlag> presence_done_ = ComPtr<SharedFlag>::Attach(new SharedFlag);
 };
 
 }  // namespace brindle

@@ -16,24 +16,24 @@ constexpr abi::TimeSpan kReplayPause{2'000'000};  // 200 ms in units of 100 ns
 
 void PlayFirstWaveform(abi::IUnknown* rotation_args) {
     ComPtr<abi::IRadialControllerRotationChangedEventArgs2> args;
-    RaiseIfFailed(Query(rotation_args, args));
+    ThrowIfFailed(Query(rotation_args, args));
     ComPtr<abi::ISimpleHapticsController> controller;
-    RaiseIfFailed(args->get_SimpleHapticsController(controller.Put()));
+    ThrowIfFailed(args->get_SimpleHapticsController(controller.Put()));
     if (!controller) {
         return;
     }
     ComPtr<abi::IVectorView<abi::SimpleHapticsControllerFeedback>> waveforms;
-    RaiseIfFailed(controller->get_SupportedFeedback(waveforms.Put()));
+    ThrowIfFailed(controller->get_SupportedFeedback(waveforms.Put()));
     std::uint32_t count = 0;
     if (waveforms) {
-        RaiseIfFailed(waveforms->get_Size(&count));
+        ThrowIfFailed(waveforms->get_Size(&count));
     }
     if (count == 0) {
         return;
     }
     ComPtr<abi::ISimpleHapticsControllerFeedback> first;
-    RaiseIfFailed(waveforms->GetAt(0, first.Put()));
-    RaiseIfFailed(
+    ThrowIfFailed(waveforms->GetAt(0, first.Put()));
+    ThrowIfFailed(
         controller->SendHapticFeedbackForPlayCount(first.Get(), kFullIntensity, kPlayCount, kReplayPause));
 }
 

@@ -9,7 +9,7 @@ namespace brindle {
 void PlayFirstWaveform(abi::IUnknown* rotation_args);
 
 // Most turns ask for nothing.
-inline void AnswerWithHaptics(const DialRotationInfo& info, abi::IUnknown* rotation_args) {
+inline void PlayRequestedHaptics(const DialRotationInfo& info, abi::IUnknown* rotation_args) {
     const std::uint32_t* request = info.hapticRequest;
     if (request != nullptr && (*request == 1 || *request == 2)) {
         PlayFirstWaveform(rotation_args);

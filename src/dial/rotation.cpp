@@ -32,9 +32,9 @@ double ReadDelta(abi::IRadialControllerRotationChangedEventArgs* args) {
 
 bool ReadButton(abi::IUnknown* args) {
     ComPtr<abi::IRadialControllerRotationChangedEventArgs2> button;
-    RaiseIfFailed(Query(args, button));
+    ThrowIfFailed(Query(args, button));
     abi::boolean pressed = 0;
-    RaiseIfFailed(button->get_IsButtonPressed(&pressed));
+    ThrowIfFailed(button->get_IsButtonPressed(&pressed));
     return pressed != 0;
 }
 
@@ -54,14 +54,14 @@ HRESULT DialListener::OnRotationChanged(abi::IRadialController* sender,
     }
     ReadContact(args, info.contact);
     ComPtr<abi::IRadialControllerRotationChangedEventArgs> rotation;
-    RaiseIfFailed(Query(args, rotation));
+    ThrowIfFailed(Query(args, rotation));
     info.deltaDegrees = ReadDelta(rotation.Get());
     info.buttonPressed = ReadButton(args);
     info.acceleration = NextAcceleration(info.deltaDegrees);
     if (host_ != nullptr) {
         host_->OnRotation(sender, &info);
     }
-    AnswerWithHaptics(info, args);
+    PlayRequestedHaptics(info, args);
     return S_OK;
 }
 

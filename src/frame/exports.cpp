@@ -22,7 +22,7 @@ ListenerRegistry registry;
 // The two names of initialize alone are made this way: where they cannot be made, nothing works.
 void CreateOrDie(StringReference& string, std::basic_string_view<WCHAR> text) {
     if (const HRESULT code = string.Create(text); code < 0) {
-        RaiseStructured(code);
+        RaiseStructuredException(code);
     }
 }
 
@@ -73,7 +73,7 @@ bool init_dial_listener(IDialHost* host) {
         return false;
     }
     // Asked a second time on purpose: the second answer is the key.
-    registry.File(host->GetWindowHandle(), std::move(listener));
+    registry.Insert(host->GetWindowHandle(), std::move(listener));
     return true;
 }
 

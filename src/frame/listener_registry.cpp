@@ -4,7 +4,7 @@
 
 namespace brindle {
 
-void ListenerRegistry::File(std::uint64_t window, std::unique_ptr<DialListener> listener) {
+void ListenerRegistry::Insert(std::uint64_t window, std::unique_ptr<DialListener> listener) {
     DialListener*& place = listeners_[window];
     place = listener.release();
 }

@@ -16,7 +16,7 @@ class ListenerRegistry {
 public:
     // Files the listener under the window. One that was filed there before is left as it is, alive and
     // subscribed, which is intended: the host of a displaced listener goes on getting its events.
-    void File(std::uint64_t window, std::unique_ptr<DialListener> listener);
+    void Insert(std::uint64_t window, std::unique_ptr<DialListener> listener);
 
     // Null when the window has none; a miss leaves the registry as it is.
     DialListener* Find(std::uint64_t window) const {

@@ -14,9 +14,9 @@ namespace {
 // Null when the window has none: the platform's own code for that is not consulted.
 ComPtr<abi::IRadialControllerConfiguration> GetConfigurationForWindow(std::uint64_t window) {
     ComPtr<abi::IActivationFactory> factory;
-    RaiseIfFailed(GetFactory<abi::RadialControllerConfiguration>(factory));
+    ThrowIfFailed(GetFactory<abi::RadialControllerConfiguration>(factory));
     ComPtr<abi::IRadialControllerConfigurationInterop> interop;
-    RaiseIfFailed(Query(factory.Get(), interop));
+    ThrowIfFailed(Query(factory.Get(), interop));
     ComPtr<abi::IRadialControllerConfiguration> configuration;
     interop->GetForWindow(reinterpret_cast<HWND>(window), abi::IRadialControllerConfiguration::Iid,
                           reinterpret_cast<void**>(configuration.Put()));
@@ -30,7 +30,7 @@ public:
         std::vector<SystemItemKind> copy(count);
         std::transform(kinds, kinds + count, copy.begin(),
                        [](std::int32_t kind) { return static_cast<SystemItemKind>(kind); });
-        sequence_ = ComPtr<KindSequence>::Own(new KindSequence(std::move(copy)));
+        sequence_ = ComPtr<KindSequence>::Attach(new KindSequence(std::move(copy)));
     }
     OpenSequence(const OpenSequence&) = delete;
     OpenSequence& operator=(const OpenSequence&) = delete;
@@ -58,7 +58,7 @@ HRESULT DialListener::SetDefaultMenu(const std::int32_t* kinds, std::uint32_t co
             return E_INVALIDARG;
         }
         const OpenSequence sequence(kinds, count);
-        RaiseIfFailed(configuration->SetDefaultMenuItems(sequence.Get()));
+        ThrowIfFailed(configuration->SetDefaultMenuItems(sequence.Get()));
         return S_OK;
     } catch (const hresult_error& error) {
         return error.code();

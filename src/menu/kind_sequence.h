@@ -87,7 +87,7 @@ inline HRESULT KindSequence::First(abi::IIterator<SystemItemKind>** result) noex
     }
     AddRef();
     // Owned before there is an iterator: without memory for it nothing of that expression would be evaluated.
-    auto self = ComPtr<KindSequence>::Own(this);
+    auto self = ComPtr<KindSequence>::Attach(this);
     *result = new (std::nothrow) KindIterator(std::move(self));
     return *result == nullptr ? E_OUTOFMEMORY : S_OK;
 }

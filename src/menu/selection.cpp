@@ -11,41 +11,41 @@ using ItemList = abi::IVector<abi::RadialControllerMenuItem>;
 
 std::uint32_t SizeOf(ItemList& list) {
     std::uint32_t size = 0;
-    RaiseIfFailed(list.get_Size(&size));
+    ThrowIfFailed(list.get_Size(&size));
     return size;
 }
 
 // A tag that is there and no number ends the search; an item without a tag is skipped.
-bool Carries(abi::IRadialControllerMenuItem& item, std::uint32_t item_id) {
+bool HasTag(abi::IRadialControllerMenuItem& item, std::uint32_t item_id) {
     ComPtr<abi::IInspectable> tag;
-    RaiseIfFailed(item.get_Tag(tag.Put()));
+    ThrowIfFailed(item.get_Tag(tag.Put()));
     if (!tag) {
         return false;
     }
     ComPtr<abi::IPropertyValue> number;
-    RaiseIfFailed(Query(tag.Get(), number));
+    ThrowIfFailed(Query(tag.Get(), number));
     std::uint32_t value = 0;
-    RaiseIfFailed(number->GetUInt32(&value));
+    ThrowIfFailed(number->GetUInt32(&value));
     return value == item_id;
 }
 
 HRESULT SelectItem(abi::IRadialController& controller, std::uint32_t item_id) {
     ComPtr<abi::IRadialControllerMenu> menu;
-    RaiseIfFailed(controller.get_Menu(menu.Put()));
+    ThrowIfFailed(controller.get_Menu(menu.Put()));
     if (!menu) {
         return E_NOINTERFACE;
     }
     ComPtr<ItemList> list;
-    RaiseIfFailed(menu->get_Items(list.Put()));
+    ThrowIfFailed(menu->get_Items(list.Put()));
     if (!list) {
         return E_NOINTERFACE;
     }
     // The list is the platform's live one: its size is asked for anew on every step.
     for (std::uint32_t i = 0; i < SizeOf(*list.Get()); ++i) {
         ComPtr<abi::IRadialControllerMenuItem> item;
-        RaiseIfFailed(list->GetAt(i, item.Put()));
-        if (item && Carries(*item.Get(), item_id)) {
-            RaiseIfFailed(menu->SelectMenuItem(item.Get()));
+        ThrowIfFailed(list->GetAt(i, item.Put()));
+        if (item && HasTag(*item.Get(), item_id)) {
+            ThrowIfFailed(menu->SelectMenuItem(item.Get()));
             return S_OK;
         }
     }
@@ -60,7 +60,7 @@ HRESULT DialListener::SetCurrentCustomMenu(std::uint32_t item_id) {
     }
     try {
         ComPtr<abi::IRadialController> controller;
-        RaiseIfFailed(Query(controller_.Get(), controller));
+        ThrowIfFailed(Query(controller_.Get(), controller));
         return SelectItem(*controller.Get(), item_id);
     } catch (const hresult_error& error) {
         return error.code();

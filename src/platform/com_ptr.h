@@ -31,7 +31,7 @@ public:
     ~ComPtr() { Reset(); }
 
     // Takes over a reference that the caller owns.
-    static ComPtr Own(Interface* pointer) noexcept {
+    static ComPtr Attach(Interface* pointer) noexcept {
         ComPtr owner;
         owner.pointer_ = pointer;
         return owner;

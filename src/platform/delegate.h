@@ -27,7 +27,7 @@ private:
 // Empty when there is no memory for it.
 template <class Handler, class Action>
 ComPtr<Handler> MakeDelegate(Action action) noexcept {
-    return ComPtr<Handler>::Own(new (std::nothrow) Delegate<Handler, Action>(std::move(action)));
+    return ComPtr<Handler>::Attach(new (std::nothrow) Delegate<Handler, Action>(std::move(action)));
 }
 
 }  // namespace brindle

@@ -26,7 +26,7 @@ hresult_error::hresult_error(HRESULT code) noexcept : code_(code), text_{} {
     std::snprintf(text_.data(), text_.size(), "platform error %x", static_cast<unsigned>(code));
 }
 
-void Raise(HRESULT code) {
+void Throw(HRESULT code) {
     switch (code) {
         case E_OUTOFMEMORY:
             throw std::bad_alloc();
@@ -79,7 +79,7 @@ HRESULT ErrorToCode() noexcept {
     }
 }
 
-void RaiseStructured(HRESULT code) {
+void RaiseStructuredException(HRESULT code) {
     RaiseException(static_cast<DWORD>(code), EXCEPTION_NONCONTINUABLE, 0, nullptr);
     __builtin_unreachable();
 }

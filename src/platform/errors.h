@@ -61,19 +61,19 @@ using hresult_canceled = hresult_error_of<kCanceled>;
 
 // Raises a negative code as its kind of hresult_error; 0x8007000E as std::bad_alloc, which a handler for
 // platform errors therefore lets pass.
-[[noreturn]] void Raise(HRESULT code);
+[[noreturn]] void Throw(HRESULT code);
 
-inline void RaiseIfFailed(HRESULT code) {
+inline void ThrowIfFailed(HRESULT code) {
     if (code < 0) {
-        Raise(code);
+        Throw(code);
     }
 }
 
 // Whether the platform refuses, where nobody minds: no exception is thrown for what is usual. 0x8007000E is
 // raised all the same.
-inline bool Refused(HRESULT code) {
+inline bool Failed(HRESULT code) {
     if (code == E_OUTOFMEMORY) {
-        Raise(code);
+        Throw(code);
     }
     return code < 0;
 }
@@ -83,6 +83,6 @@ inline bool Refused(HRESULT code) {
 HRESULT ErrorToCode() noexcept;
 
 // Raises the code as an operating-system exception that cannot be continued from; no catch block sees it.
-[[noreturn]] void RaiseStructured(HRESULT code);
+[[noreturn]] void RaiseStructuredException(HRESULT code);
 
 }  // namespace brindle

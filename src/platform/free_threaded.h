@@ -56,7 +56,8 @@ private:
 // Empty when there is no memory for it.
 template <class Handler, class Action>
 ComPtr<Handler> MakeFreeThreadedDelegate(Action action) noexcept {
-    return ComPtr<Handler>::Own(new (std::nothrow) FreeThreadedDelegate<Handler, Action>(std::move(action)));
+    return ComPtr<Handler>::Attach(new (std::nothrow)
+                                       FreeThreadedDelegate<Handler, Action>(std::move(action)));
 }
 
 }  // namespace brindle

@@ -22,12 +22,12 @@ public:
 
     WCHAR* Allocate(UINT length) {
         WCHAR* characters = nullptr;
-        RaiseIfFailed(WindowsPreallocateStringBuffer(length, &characters, &buffer_));
+        ThrowIfFailed(WindowsPreallocateStringBuffer(length, &characters, &buffer_));
         return characters;
     }
     String Promote() {
         String string;
-        RaiseIfFailed(WindowsPromoteStringBuffer(buffer_, string.Put()));
+        ThrowIfFailed(WindowsPromoteStringBuffer(buffer_, string.Put()));
         buffer_ = nullptr;
         return string;
     }
@@ -53,15 +53,15 @@ String ToPlatformString(std::string_view utf8) {
 TextReference::TextReference(const WCHAR* text) {
     const std::basic_string_view<WCHAR> characters(text);
     if (characters.size() > std::numeric_limits<UINT>::max()) {
-        Raise(kArithmeticOverflow);
+        Throw(kArithmeticOverflow);
     }
-    RaiseIfFailed(string_.Create(characters));
+    ThrowIfFailed(string_.Create(characters));
 }
 
 String CopyText(const WCHAR* text) {
     const TextReference reference(text);
     String copy;
-    RaiseIfFailed(WindowsDuplicateString(reference.Get(), copy.Put()));
+    ThrowIfFailed(WindowsDuplicateString(reference.Get(), copy.Put()));
     return copy;
 }
 

@@ -37,7 +37,7 @@ constexpr int kWaitBound = 10'000;
 template <std::size_t N>
 String MakeString(const std::array<WCHAR, N>& text) {
     String string;
-    RaiseIfFailed(WindowsCreateString(text.data(), N - 1, string.Put()));
+    ThrowIfFailed(WindowsCreateString(text.data(), N - 1, string.Put()));
     return string;
 }
 
@@ -45,7 +45,7 @@ String MakeString(const std::array<WCHAR, N>& text) {
 bool IsTheDial(abi::IDeviceInformation& device, SharedFlag& found) {
     const String prefix = MakeString(kDialPrefix);
     String id;
-    RaiseIfFailed(device.get_Id(id.Put()));
+    ThrowIfFailed(device.get_Id(id.Put()));
     const UINT length = LengthOf(prefix);
     const bool equal = _wcsnicmp(TextOf(id), TextOf(prefix), length) == 0;
     found.value = equal ? 1 : 0;
@@ -53,12 +53,12 @@ bool IsTheDial(abi::IDeviceInformation& device, SharedFlag& found) {
 }
 
 // The first match ends the scan.
-void LookForTheDial(DeviceList& devices, SharedFlag& found) {
+void FindDial(DeviceList& devices, SharedFlag& found) {
     std::uint32_t size = 0;
-    RaiseIfFailed(devices.get_Size(&size));
+    ThrowIfFailed(devices.get_Size(&size));
     for (std::uint32_t i = 0; i < size; ++i) {
         ComPtr<abi::IDeviceInformation> device;
-        RaiseIfFailed(devices.GetAt(i, device.Put()));
+        ThrowIfFailed(devices.GetAt(i, device.Put()));
         if (device && IsTheDial(*device.Get(), found)) {
             return;
         }
@@ -68,18 +68,18 @@ void LookForTheDial(DeviceList& devices, SharedFlag& found) {
 // The status is not asked for: an enumeration that failed has no results either.
 void OnPresenceQueryCompleted(Enumeration& enumeration, SharedFlag& found, SharedFlag& done) {
     ComPtr<DeviceList> devices;
-    RaiseIfFailed(enumeration.GetResults(devices.Put()));
+    ThrowIfFailed(enumeration.GetResults(devices.Put()));
     if (devices) {
-        LookForTheDial(*devices.Get(), found);
+        FindDial(*devices.Get(), found);
     }
     done.value.exchange(1);
 }
 
 ComPtr<Enumeration> StartEnumeration(const String& filter) {
     ComPtr<abi::IDeviceInformationStatics> devices;
-    RaiseIfFailed(GetFactory<abi::DeviceInformation>(devices));
+    ThrowIfFailed(GetFactory<abi::DeviceInformation>(devices));
     ComPtr<Enumeration> enumeration;
-    RaiseIfFailed(devices->FindAllAsyncAqsFilter(filter.Get(), enumeration.Put()));
+    ThrowIfFailed(devices->FindAllAsyncAqsFilter(filter.Get(), enumeration.Put()));
     return enumeration;
 }
 
@@ -113,11 +113,11 @@ void DialListener::StartPresenceQuery(const ComPtr<SharedFlag>& found, const Com
     if (!handler) {
         throw std::bad_alloc();
     }
-    RaiseIfFailed(enumeration->put_Completed(handler.Get()));
+    ThrowIfFailed(enumeration->put_Completed(handler.Get()));
 }
 
 HRESULT DialListener::IsDialPresent() {
-    const auto found = ComPtr<SharedFlag>::Own(new SharedFlag);
+    const auto found = ComPtr<SharedFlag>::Attach(new SharedFlag);
     presence_done_->value.exchange(0);
     try {
         StartPresenceQuery(found, presence_done_);

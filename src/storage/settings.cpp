@@ -15,25 +15,25 @@ using Values = abi::IMap<HSTRING, abi::IInspectable>;
 // Empty where the platform has none or refuses, as it does whenever the program has no package identity.
 ComPtr<Values> ValuesOf(Container container) {
     ComPtr<abi::IApplicationDataStatics> statics;
-    if (Refused(GetFactory<abi::ApplicationData>(statics))) {
+    if (Failed(GetFactory<abi::ApplicationData>(statics))) {
         return {};
     }
     ComPtr<abi::IApplicationData> data;
-    if (Refused(statics->get_Current(data.Put())) || !data) {
+    if (Failed(statics->get_Current(data.Put())) || !data) {
         return {};
     }
     ComPtr<abi::IApplicationDataContainer> settings;
-    if (Refused(container == Container::Roaming ? data->get_RoamingSettings(settings.Put())
-                                                : data->get_LocalSettings(settings.Put())) ||
+    if (Failed(container == Container::Roaming ? data->get_RoamingSettings(settings.Put())
+                                               : data->get_LocalSettings(settings.Put())) ||
         !settings) {
         return {};
     }
     ComPtr<abi::IPropertySet> set;
-    if (Refused(settings->get_Values(set.Put())) || !set) {
+    if (Failed(settings->get_Values(set.Put())) || !set) {
         return {};
     }
     ComPtr<Values> values;
-    if (Refused(Query(set.Get(), values))) {
+    if (Failed(Query(set.Get(), values))) {
         return {};
     }
     return values;
@@ -42,11 +42,11 @@ ComPtr<Values> ValuesOf(Container container) {
 // Empty when there is no entry, when the platform refuses to look, or when the entry is no value.
 ComPtr<abi::IPropertyValue> LookUp(Values& values, HSTRING key) {
     ComPtr<abi::IInspectable> entry;
-    if (Refused(values.Lookup(key, entry.Put())) || !entry) {
+    if (Failed(values.Lookup(key, entry.Put())) || !entry) {
         return {};
     }
     ComPtr<abi::IPropertyValue> value;
-    if (Refused(Query(entry.Get(), value))) {
+    if (Failed(Query(entry.Get(), value))) {
         return {};
     }
     return value;
@@ -54,13 +54,13 @@ ComPtr<abi::IPropertyValue> LookUp(Values& values, HSTRING key) {
 
 String TextIn(abi::IPropertyValue& value) {
     String text;
-    RaiseIfFailed(value.GetString(text.Put()));
+    ThrowIfFailed(value.GetString(text.Put()));
     return text;
 }
 
 std::int32_t NumberIn(abi::IPropertyValue& value) {
     std::int32_t number = 0;
-    RaiseIfFailed(value.GetInt32(&number));
+    ThrowIfFailed(value.GetInt32(&number));
     return number;
 }
 
@@ -89,7 +89,7 @@ bool KeepOrRemove(Values& values, HSTRING key, IsSame is_same) {
             if (is_same(*value.Get())) {
                 return true;
             }
-            RaiseIfFailed(values.Remove(key));
+            ThrowIfFailed(values.Remove(key));
         }
     } catch (const hresult_error&) {
         // intended: the write goes on
@@ -110,11 +110,11 @@ void WriteSetting(Container container, const WCHAR* key, IsSame is_same, Make ma
             return;
         }
         ComPtr<abi::IPropertyValueStatics> factory;
-        RaiseIfFailed(GetFactory<abi::PropertyValue>(factory));
+        ThrowIfFailed(GetFactory<abi::PropertyValue>(factory));
         ComPtr<abi::IInspectable> made;
-        RaiseIfFailed(make(*factory.Get(), made.Put()));
+        ThrowIfFailed(make(*factory.Get(), made.Put()));
         abi::boolean replaced = 0;
-        RaiseIfFailed(values->Insert(name.Get(), made.Get(), &replaced));
+        ThrowIfFailed(values->Insert(name.Get(), made.Get(), &replaced));
     } catch (const hresult_error&) {
         // intended: nothing is reported
     }

@@ -12,46 +12,46 @@ namespace {
 
 ComPtr<abi::IPasswordVault> MakeVault() {
     ComPtr<abi::IActivationFactory> factory;
-    RaiseIfFailed(GetFactory<abi::PasswordVault>(factory));
+    ThrowIfFailed(GetFactory<abi::PasswordVault>(factory));
     ComPtr<abi::IInspectable> instance;
-    RaiseIfFailed(factory->ActivateInstance(instance.Put()));
+    ThrowIfFailed(factory->ActivateInstance(instance.Put()));
     if (!instance) {
-        Raise(E_NOINTERFACE);
+        Throw(E_NOINTERFACE);
     }
     ComPtr<abi::IPasswordVault> vault;
-    RaiseIfFailed(Query(instance.Get(), vault));
+    ThrowIfFailed(Query(instance.Get(), vault));
     return vault;
 }
 
 // Under any resource. The platform fails a search that finds nothing; one that fails otherwise counts the
 // same.
-bool Knows(abi::IPasswordVault& vault, HSTRING key) {
+bool HasCredential(abi::IPasswordVault& vault, HSTRING key) {
     ComPtr<abi::IVectorView<abi::PasswordCredential>> found;
-    if (Refused(vault.FindAllByUserName(key, found.Put())) || !found) {
+    if (Failed(vault.FindAllByUserName(key, found.Put())) || !found) {
         return false;
     }
     std::uint32_t size = 0;
-    return !Refused(found->get_Size(&size)) && size > 0;
+    return !Failed(found->get_Size(&size)) && size > 0;
 }
 
 ComPtr<abi::IPasswordCredential> Retrieve(abi::IPasswordVault& vault, HSTRING resource, HSTRING key) {
     ComPtr<abi::IPasswordCredential> credential;
-    RaiseIfFailed(vault.Retrieve(resource, key, credential.Put()));
+    ThrowIfFailed(vault.Retrieve(resource, key, credential.Put()));
     return credential;
 }
 
 String PasswordOf(abi::IPasswordCredential& credential) {
     String password;
-    RaiseIfFailed(credential.get_Password(password.Put()));
+    ThrowIfFailed(credential.get_Password(password.Put()));
     return password;
 }
 
 ComPtr<abi::IPasswordCredential> MakeCredential(HSTRING resource, HSTRING key, const WCHAR* value) {
     ComPtr<abi::ICredentialFactory> factory;
-    RaiseIfFailed(GetFactory<abi::PasswordCredential>(factory));
+    ThrowIfFailed(GetFactory<abi::PasswordCredential>(factory));
     ComPtr<abi::IPasswordCredential> credential;
     const TextReference password(value);
-    RaiseIfFailed(factory->CreatePasswordCredential(resource, key, password.Get(), credential.Put()));
+    ThrowIfFailed(factory->CreatePasswordCredential(resource, key, password.Get(), credential.Put()));
     return credential;
 }
 
@@ -61,7 +61,7 @@ HostText StorageContext::GetStringFromVault(const WCHAR* key) const {
     try {
         const ComPtr<abi::IPasswordVault> vault = MakeVault();
         const TextReference user_name(key);
-        if (!Knows(*vault.Get(), user_name.Get())) {
+        if (!HasCredential(*vault.Get(), user_name.Get())) {
             return {};
         }
         const TextReference resource(resource_);
@@ -78,7 +78,7 @@ void StorageContext::SetStringInVault(const WCHAR* key, const WCHAR* value) cons
         const ComPtr<abi::IPasswordVault> vault = MakeVault();
         const TextReference user_name(key);
         const TextReference resource(resource_);
-        if (Knows(*vault.Get(), user_name.Get())) {
+        if (HasCredential(*vault.Get(), user_name.Get())) {
             // A key known under another resource only cannot be retrieved, and the write ends here: intended.
             const ComPtr<abi::IPasswordCredential> old =
                 Retrieve(*vault.Get(), resource.Get(), user_name.Get());
@@ -86,11 +86,11 @@ void StorageContext::SetStringInVault(const WCHAR* key, const WCHAR* value) cons
                 return;
             }
             if (old) {
-                RaiseIfFailed(vault->Remove(old.Get()));
+                ThrowIfFailed(vault->Remove(old.Get()));
             }
         }
         const ComPtr<abi::IPasswordCredential> made = MakeCredential(resource.Get(), user_name.Get(), value);
-        RaiseIfFailed(vault->Add(made.Get()));
+        ThrowIfFailed(vault->Add(made.Get()));
     } catch (const hresult_error&) {
         // intended: nothing is reported
     }

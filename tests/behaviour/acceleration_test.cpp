@@ -16,7 +16,7 @@ constexpr std::uint32_t kPauseMs = 160;  // a pause, with room
 
 double FactorFor(double degrees) { return std::sqrt(std::fabs(degrees) - 10.0) / 2.07 + 1.0; }
 
-class Acceleration : public Listening {
+class Acceleration : public ListeningTest {
 protected:
     // Starts a new sum with a turn of nothing.
     void Settle() {

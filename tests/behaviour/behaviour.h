@@ -27,7 +27,7 @@ inline constexpr char kContacts[] = "Windows.UI.Input.RadialControllerScreenCont
 
 inline constexpr std::uint64_t kWindow = 0x20316;
 
-class Unstarted : public testing::Test {
+class UninitializedTest : public testing::Test {
 protected:
     void SetUp() override {
         dialsim_reset();
@@ -37,7 +37,7 @@ protected:
         EXPECT_EQ(Printed(), "") << "lines that nothing asked for";
         testing::internal::GetCapturedStdout();
         dialsim_wait_for_async();  // a handler may be about to return
-        EXPECT_EQ(OpenAccounts(), "") << "handed out and not come back";
+        EXPECT_EQ(LeakReport(), "") << "handed out and not come back";
     }
 
     StoresFolder stores;
@@ -64,24 +64,24 @@ protected:
     }
 };
 
-class Started : public Unstarted {
+class InitializedTest : public UninitializedTest {
 protected:
     void SetUp() override {
-        Unstarted::SetUp();
+        UninitializedTest::SetUp();
         ASSERT_EQ(initialize(), 0);
         dialsim_clear_journal();
     }
     void TearDown() override {
         uninit();
-        Unstarted::TearDown();
+        UninitializedTest::TearDown();
     }
 };
 
 // A host listens at kWindow.
-class Listening : public Started {
+class ListeningTest : public InitializedTest {
 protected:
     void SetUp() override {
-        Started::SetUp();
+        InitializedTest::SetUp();
         ASSERT_TRUE(init_dial_listener(&host));
         dialsim_clear_journal();
     }

@@ -5,7 +5,7 @@
 
 namespace {
 
-class ButtonClick : public Listening {
+class ButtonClick : public ListeningTest {
 protected:
     void TearDown() override {
         uninit();
@@ -14,7 +14,7 @@ protected:
         EXPECT_EQ(dialsim_references(kContacts), kept_contacts_);
         EXPECT_EQ(dialsim_objects(nullptr), kept_contacts_);
         dialsim_reset();
-        Listening::TearDown();
+        ListeningTest::TearDown();
     }
 
     std::uint32_t kept_contacts_ = 0;
@@ -81,7 +81,7 @@ TEST_F(ButtonClick, BoundsThatFailLeaveTheRectangleEmpty) {
     kept_contacts_ = 1;
 }
 
-TEST_F(ButtonClick, AContactThatFailsIsReadThreeTimesAndTheHostHearsNothing) {
+TEST_F(ButtonClick, AContactThatFailsIsReadThreeTimesAndTheHostIsNotCalled) {
     FailInTurn(kGetContact, {kFail, kAccessDenied, kDisconnected});
     EXPECT_EQ(dialsim_click(kWindow), kDisconnected);
     EXPECT_EQ(dialsim_calls(kGetContact), 3u);

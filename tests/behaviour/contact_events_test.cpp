@@ -15,10 +15,10 @@ struct ContactEvent {
 
 void PrintTo(const ContactEvent& event, std::ostream* stream) { *stream << event.name; }
 
-class ContactEvents : public Listening, public testing::WithParamInterface<ContactEvent> {
+class ContactEvents : public ListeningTest, public testing::WithParamInterface<ContactEvent> {
 protected:
     void SetUp() override {
-        Listening::SetUp();
+        ListeningTest::SetUp();
         // The dial already stands on the screen when control is acquired.
         dialsim_touch(kWindow, 10, 20, 30, 40);
         dialsim_clear_journal();
@@ -30,7 +30,7 @@ protected:
     static std::string OuterLine(const char* code) { return Line(code, GetParam().line); }
 };
 
-TEST_P(ContactEvents, ReadTheContactOnceAndTellNobody) {
+TEST_P(ContactEvents, ReadTheContactOnceAndDoNotReachTheHost) {
     EXPECT_EQ(Raise(), 0);
     EXPECT_EQ(Journal(), std::string(GetParam().get_contact) +
                              "()\n"
@@ -110,7 +110,7 @@ INSTANTIATE_TEST_SUITE_P(
                                  "IRadialControllerControlAcquiredEventArgs::get_Contact"}),
     [](const auto& event_info) { return event_info.param.name; });
 
-class PlaceOfAContact : public Listening, public testing::WithParamInterface<ExtremePlace> {};
+class PlaceOfAContact : public ListeningTest, public testing::WithParamInterface<ExtremePlace> {};
 
 TEST_P(PlaceOfAContact, IsNoFailureOfAnyEvent) {
     EXPECT_EQ(GetParam().Touch(kWindow), 0);
@@ -122,7 +122,7 @@ TEST_P(PlaceOfAContact, IsNoFailureOfAnyEvent) {
 
 INSTANTIATE_TEST_SUITE_P(Of, PlaceOfAContact, testing::ValuesIn(kExtremePlaces), kNameOfPlace);
 
-using IgnoredEvents = Listening;
+using IgnoredEvents = ListeningTest;
 
 TEST_F(IgnoredEvents, AskThePlatformForNothingAndTellNobody) {
     dialsim_touch(kWindow, 10, 20, 30, 40);

@@ -8,7 +8,7 @@
 
 namespace {
 
-using CustomMenu = Listening;
+using CustomMenu = ListeningTest;
 
 constexpr char kItemFactories[] = "IRadialControllerMenuItemStatics";
 constexpr char kAppend[] = "IVector<RadialControllerMenuItem>::Append";
@@ -63,10 +63,10 @@ TEST_F(CustomMenu, ASecondMenuReplacesTheFirstsItemsAndKeepsItsEntries) {
     EXPECT_EQ(dialsim_strings(), 3u);  // one label an entry
 }
 
-TEST_F(CustomMenu, UninitGivesTheEntriesAndTheMenuBack) {
+TEST_F(CustomMenu, UninitReleasesTheEntriesAndTheMenu) {
     EXPECT_TRUE(SetMenu(kWindow, {KnownIcon(1), SystemFont(2)}));
     uninit();
-    EXPECT_EQ(OpenAccounts(), "");
+    EXPECT_EQ(LeakReport(), "");
 }
 
 TEST_F(CustomMenu, UnknownKindsAreSkippedSilently) {
@@ -90,7 +90,7 @@ TEST_F(CustomMenu, AListenerWithoutAControllerHasNoMenu) {
     EXPECT_EQ(Journal(), "");
 }
 
-TEST_F(CustomMenu, AMenuThatCannotBeHadIsAskedForThreeTimes) {
+TEST_F(CustomMenu, AFailingGetMenuIsEvaluatedThreeTimes) {
     FailInTurn("IRadialController::get_Menu", {kFail, kAccessDenied, kDisconnected});
     EXPECT_FALSE(SetMenu(kWindow, {KnownIcon(1)}));
     EXPECT_EQ(dialsim_calls("IRadialController::get_Menu"), 3u);
@@ -106,7 +106,7 @@ TEST_F(CustomMenu, TheMenuOfAFailedAttemptIsReleased) {
     EXPECT_EQ(dialsim_references("Windows.UI.Input.RadialControllerMenu"), before + 1);
 }
 
-TEST_F(CustomMenu, TheMenuIsFetchedAnewOnEveryCall) {
+TEST_F(CustomMenu, TheMenuIsFetchedAgainOnEveryCall) {
     EXPECT_TRUE(SetMenu(kWindow, {}));
     EXPECT_TRUE(SetMenu(kWindow, {}));
     EXPECT_EQ(dialsim_calls("IRadialController::get_Menu"), 2u);
@@ -124,7 +124,7 @@ TEST_F(CustomMenu, ATrueWithLine124Or129LeavesTheOldItems) {
     EXPECT_EQ(TagsShown(), "1\n");
 }
 
-TEST_F(CustomMenu, AMenuThatCannotBeHadKeepsItsItemsAndTurnsTellNoTag) {
+TEST_F(CustomMenu, AFailingGetMenuKeepsTheItemsAndRotationsReportNoTag) {
     ASSERT_TRUE(SetMenu(kWindow, {KnownIcon(1)}));
     ASSERT_EQ(dialsim_choose(kWindow, 0), 0);
     dialsim_fail(kGetMenu, kFail, 1, 3);
@@ -135,14 +135,14 @@ TEST_F(CustomMenu, AMenuThatCannotBeHadKeepsItsItemsAndTurnsTellNoTag) {
     EXPECT_EQ(host.LastRotation().selectedItemTag, 0u);
 }
 
-TEST_F(CustomMenu, AnItemListThatCannotBeHadIsAskedForThreeTimes) {
+TEST_F(CustomMenu, AFailingGetItemsIsEvaluatedThreeTimes) {
     dialsim_fail(kGetItems, kFail, 1, 0);
     EXPECT_FALSE(SetMenu(kWindow, {KnownIcon(1)}));
     EXPECT_EQ(dialsim_calls(kGetItems), 3u);
     EXPECT_EQ(Printed(), "failed with 80004005 at line 129\n");
 }
 
-TEST_F(CustomMenu, AListThatCannotBeClearedIsTriedTwiceAndFilledAllTheSame) {
+TEST_F(CustomMenu, AListThatCannotBeClearedIsTriedTwiceAndStillFilled) {
     ASSERT_TRUE(SetMenu(kWindow, {KnownIcon(1)}));
     dialsim_fail(kClear, kFail, 1, 0);
     dialsim_clear_journal();
@@ -196,7 +196,7 @@ TEST_F(CustomMenu, AFactoryThatComesWithTheThirdAttemptEndsTheMenuAsASuccess) {
     EXPECT_EQ(dialsim_objects(kMenuItems), 0u);
 }
 
-TEST_F(CustomMenu, TheFactoryIsFetchedAnewForEveryKnownIcon) {
+TEST_F(CustomMenu, TheFactoryIsFetchedAgainForEveryKnownIcon) {
     EXPECT_TRUE(SetMenu(kWindow, {KnownIcon(1), KnownIcon(2)}));
     EXPECT_EQ(dialsim_calls(kItemStatics), 2u);
 }
@@ -258,7 +258,7 @@ struct AddStep {
 
 void PrintTo(const AddStep& step, std::ostream* stream) { *stream << "line " << step.line; }
 
-class EveryItem : public Listening, public testing::WithParamInterface<AddStep> {};
+class EveryItem : public ListeningTest, public testing::WithParamInterface<AddStep> {};
 
 // The step's line comes from each of three evaluations of the whole adding, and that from each of two
 // builders.
@@ -297,10 +297,10 @@ TEST_F(CustomMenu, ALabelMayBeEmptyLongOrBeyondTheBasicPlane) {
     EXPECT_EQ(dialsim_objects(kMenuItems), 3u);
 }
 
-class LargeMenu : public Listening {
+class LargeMenu : public ListeningTest {
 protected:
     void SetUp() override {
-        Listening::SetUp();
+        ListeningTest::SetUp();
         std::vector<MenuItemDescription> items;
         for (std::uint32_t i = 0; i < kVeryMany; ++i) {
             items.push_back(i % 2 == 0 ? KnownIcon(IdentifierOf(i)) : SystemFont(IdentifierOf(i)));
@@ -346,7 +346,7 @@ TEST_F(CustomMenu, ACountOfMoreThanSixteenBitsIsReadToItsEnd) {
     EXPECT_TRUE(set_current_custom_menu(kWindow, 7));
 }
 
-class UnknownKind : public Listening, public testing::WithParamInterface<std::int32_t> {};
+class UnknownKind : public ListeningTest, public testing::WithParamInterface<std::int32_t> {};
 
 TEST_P(UnknownKind, IsSkippedSilently) {
     EXPECT_TRUE(SetMenu(
@@ -360,7 +360,7 @@ INSTANTIATE_TEST_SUITE_P(AtTheEdges, UnknownKind,
                                          INT32_MAX));
 
 // Nothing in the library catches what a label raises.
-TEST_F(CustomMenu, ALabelThatThePlatformRefusesIsRaisedToTheHost) {
+TEST_F(CustomMenu, ALabelThatThePlatformRefusesIsThrownToTheHost) {
     for (const char* operation : {"WindowsCreateStringReference", "WindowsDuplicateString"}) {
         for (const BrindleChar* label : {UTF16("Volume"), UTF16("")}) {
             dialsim_fail(operation, kAccessDenied, 1, 1);
@@ -381,7 +381,7 @@ TEST_F(CustomMenu, APlatformWithoutMemoryForALabelIsAnAllocationFailure) {
     EXPECT_THROW(SetMenu(kWindow, {KnownIcon(1)}), std::bad_alloc);
 }
 
-TEST_F(CustomMenu, ALabelRefusedInsideABuilderIsRaisedWithEverythingGivenBack) {
+TEST_F(CustomMenu, ALabelRefusedInsideAnItemSourceIsThrownWithoutALeak) {
     // The label's copy, the factory's name, and then the label on the item.
     dialsim_fail("WindowsCreateStringReference", kAccessDenied, 3, 1);
     EXPECT_ANY_THROW(SetMenu(kWindow, {KnownIcon(1)}));
@@ -389,7 +389,7 @@ TEST_F(CustomMenu, ALabelRefusedInsideABuilderIsRaisedWithEverythingGivenBack) {
     EXPECT_EQ(dialsim_objects(kMenuItems), 0u);
 }
 
-TEST_F(CustomMenu, ATurnTellsTheSelectedItemsIdentifier) {
+TEST_F(CustomMenu, ARotationReportsTheSelectedItemsIdentifier) {
     EXPECT_TRUE(SetMenu(kWindow, {KnownIcon(70), KnownIcon(80)}));
     EXPECT_EQ(dialsim_turn(kWindow, 1.0), 0);
     EXPECT_EQ(host.LastRotation().selectedItemTag, 0u);

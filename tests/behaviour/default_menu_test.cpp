@@ -11,7 +11,7 @@ constexpr char kFactory[] = "RoGetActivationFactory(Windows.UI.Input.RadialContr
 constexpr char kGetForWindow[] = "IRadialControllerConfigurationInterop::GetForWindow";
 constexpr char kSetItems[] = "IRadialControllerConfiguration::SetDefaultMenuItems";
 
-class DefaultMenu : public Listening {
+class DefaultMenu : public ListeningTest {
 protected:
     static bool Set(const std::vector<std::int32_t>& kinds, std::uint64_t window = kWindow) {
         return set_default_menu(window, kinds.data(), static_cast<std::uint32_t>(kinds.size()));

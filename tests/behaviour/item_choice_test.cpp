@@ -15,7 +15,7 @@ constexpr char kHapticsOff[] = "IRadialController::put_UseAutomaticHapticFeedbac
 constexpr char kSelect[] = "IRadialControllerMenu::SelectMenuItem";
 constexpr char kGetAt[] = "IVector<RadialControllerMenuItem>::GetAt";
 
-using Invocation = Listening;
+using Invocation = ListeningTest;
 
 TEST_F(Invocation, AnItemsHapticSettingBecomesTheControllers) {
     ASSERT_TRUE(SetMenu(kWindow, {WithHaptics(KnownIcon(1)), KnownIcon(2)}));
@@ -79,7 +79,7 @@ TEST_F(Invocation, ReachesAnAgileHandlerOnAnyThread) {
     EXPECT_EQ(dialsim_calls(kHapticsOn), 1u);
 }
 
-class HapticByte : public Listening, public testing::WithParamInterface<std::uint8_t> {
+class HapticByte : public ListeningTest, public testing::WithParamInterface<std::uint8_t> {
 protected:
     static MenuItemDescription WithByte(MenuItemDescription item) {
         item.haptic_feedback = GetParam();
@@ -102,7 +102,7 @@ TEST_P(HapticByte, IsOffOnlyWhenItIsZero) {
 INSTANTIATE_TEST_SUITE_P(AtTheEdges, HapticByte, testing::Values(0, 1, 2, 0x7F, 0x80, 0xFF));
 
 // Identifiers that differ in few bits.
-class SimilarItems : public Listening, public testing::WithParamInterface<SimilarNumbers> {
+class SimilarItems : public ListeningTest, public testing::WithParamInterface<SimilarNumbers> {
 protected:
     std::uint32_t ToldTag() {
         EXPECT_EQ(dialsim_turn(kWindow, 1.0), 0);
@@ -138,7 +138,7 @@ TEST_P(SimilarItems, HaveHapticSettingsOfTheirOwn) {
 
 INSTANTIATE_TEST_SUITE_P(DifferIn, SimilarItems, testing::ValuesIn(kSimilarNumbers), kNameOfPair);
 
-class Selection : public Listening {
+class Selection : public ListeningTest {
 protected:
     std::uint32_t SelectedTag() {
         EXPECT_EQ(dialsim_turn(kWindow, 1.0), 0);
@@ -180,7 +180,7 @@ TEST_F(Selection, AnEmptyMenuHasNothingToSelect) {
     EXPECT_FALSE(set_current_custom_menu(kWindow, 0));
 }
 
-TEST_F(Selection, TheSizeIsReadAnewOnEveryStep) {
+TEST_F(Selection, TheSizeIsReadAgainOnEveryStep) {
     ASSERT_TRUE(SetMenu(kWindow, {KnownIcon(1), KnownIcon(2)}));
     dialsim_clear_journal();
     EXPECT_FALSE(set_current_custom_menu(kWindow, 3));

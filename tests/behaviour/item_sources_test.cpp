@@ -14,7 +14,7 @@ constexpr char kReferences[] = "RoGetActivationFactory(Windows.Storage.Streams.R
 constexpr char kOpen[] = "IStorageFileStatics::GetFileFromPathAsync";
 constexpr char kCreateFromIcon[] = "IRadialControllerMenuItemStatics::CreateFromIcon";
 
-class ItemSource : public Listening {
+class ItemSource : public ListeningTest {
 protected:
     static bool Shows(const std::string& item) { return MenuText(kWindow).find(item) != std::string::npos; }
     static std::string Line(int line, const char* code = "80004005") {
@@ -232,7 +232,7 @@ TEST_F(PictureFile, AppearsOnlyAfterTheCall) {
     EXPECT_EQ(dialsim_strings(), 1u);
 }
 
-TEST_F(PictureFile, MayHaveBeenOpenedBeforeAnybodyListened) {
+TEST_F(PictureFile, MayHaveBeenOpenedBeforeTheHandlerIsAttached) {
     dialsim_async(DIALSIM_AT_ONCE);
     EXPECT_TRUE(SetMenu(kWindow, {FilePNG(6, picture_.Path())}));
     EXPECT_TRUE(Shows("PNG file 2x3"));
@@ -423,7 +423,7 @@ TEST_F(PictureResource, IsShownAndRecorded) {
 }
 
 // The platform may still hold the stream over it.
-TEST_F(PictureResource, IsFreedAsSoonAsItsItemIsHandedOver) {
+TEST_F(PictureResource, IsFreedAsSoonAsItsItemIsAdded) {
     EXPECT_TRUE(SetMenu(kWindow, {ResourcePNG(7, ModuleWithPng(), kPngResource)}));
     const std::string journal = Journal();
     EXPECT_LT(journal.find(kPutTag), journal.find("GlobalFree"));
@@ -453,7 +453,7 @@ TEST_F(PictureResource, ThatIsNotThereIsAFailureWithOneLine) {
     EXPECT_EQ(dialsim_strings(), 0u);
 }
 
-TEST_F(PictureResource, ThatCannotBeLoadedIsAFailureWithEverythingGivenBack) {
+TEST_F(PictureResource, ThatCannotBeLoadedIsAFailureWithoutALeak) {
     for (const char* operation : {"SizeofResource", "LoadResource", "LockResource", "GlobalAlloc",
                                   "GlobalLock", "CreateStreamOnHGlobal", "IStream::Write"}) {
         ASSERT_TRUE(dialsim_yield_null(operation, 1, 2)) << operation;
@@ -464,7 +464,7 @@ TEST_F(PictureResource, ThatCannotBeLoadedIsAFailureWithEverythingGivenBack) {
     }
 }
 
-TEST_F(PictureResource, WhoseStreamClaimsToHaveFailedIsAFailureWithItsStreamGivenBack) {
+TEST_F(PictureResource, WhoseStreamFailsLateIsAFailureThatReleasesTheStream) {
     ASSERT_TRUE(dialsim_fail_late("CreateStreamOnHGlobal", kAccessDenied, 1, 2));
     EXPECT_TRUE(SetMenu(kWindow, {ResourcePNG(7, ModuleWithPng(), kPngResource)}));
     EXPECT_EQ(Printed(), NamedLine("AddMenuItemFromResourcePNG", 203));
@@ -527,7 +527,7 @@ protected:
                 ResourcePNG(item_id, ModuleWithPng(), kPngResource), FilePNG(item_id, picture_.Path())};
     }
     // The menu's lines, one an item.
-    static std::vector<std::string> Made(const std::vector<MenuItemDescription>& items) {
+    static std::vector<std::string> RecordedCall(const std::vector<MenuItemDescription>& items) {
         dialsim_async(DIALSIM_AT_ONCE);
         EXPECT_TRUE(SetMenu(kWindow, items));
         std::vector<std::string> lines = LinesOf(MenuText(kWindow));
@@ -546,7 +546,7 @@ TEST_F(EverySource, HasItsSettingAfterFiveThousandItems) {
         item = WithHaptics(item);
         item.item_id = static_cast<std::uint32_t>(&item - items.data()) + 1;
     }
-    Made(items);
+    RecordedCall(items);
     for (std::uint32_t item = 0; item < items.size(); ++item) {
         EXPECT_EQ(dialsim_choose(kWindow, item), 0);
     }
@@ -558,7 +558,7 @@ TEST_F(EverySource, HasItsSettingAfterFiveThousandItems) {
 class IdentifierOfEverySource : public EverySource, public testing::WithParamInterface<std::uint32_t> {};
 
 TEST_P(IdentifierOfEverySource, IsTheItemsTagAndFindsItsSetting) {
-    for (const std::string& line : Made(Items(GetParam()))) {
+    for (const std::string& line : RecordedCall(Items(GetParam()))) {
         EXPECT_TRUE(line.ends_with(", tag " + std::to_string(GetParam()))) << line;
     }
     for (std::uint32_t item = 0; item < 5; ++item) {
@@ -579,7 +579,7 @@ TEST_P(LabelOfEverySource, IsShownWholeAndMayBeChosen) {
     for (MenuItemDescription& item : items) {
         item.display_text = label.c_str();
     }
-    for (const std::string& line : Made(items)) {
+    for (const std::string& line : RecordedCall(items)) {
         EXPECT_TRUE(line.ends_with(", tag 1"));
         EXPECT_NE(line.find(" \"" + LongUtf8(GetParam()) + "\" "), std::string::npos) << line.substr(0, 100);
     }

@@ -11,7 +11,7 @@
 
 namespace {
 
-using Listener = Started;
+using Listener = InitializedTest;
 
 constexpr char kRegistrationJournal[] =
     "WindowsCreateStringReference(Windows.UI.Input.RadialController)\n"
@@ -147,7 +147,7 @@ TEST_F(Listener, NothingIsEverUnsubscribed) {
     dialsim_reset();
 }
 
-TEST_F(Listener, APlatformWithoutDialSupportIsAskedThreeTimes) {
+TEST_F(Listener, AMissingControllerClassIsActivatedThreeTimes) {
     RecordingHost host(kWindow);
     dialsim_fail("RoGetActivationFactory(Windows.UI.Input.RadialController)", kClassNotRegistered, 1, 0);
     EXPECT_FALSE(init_dial_listener(&host));
@@ -192,7 +192,7 @@ TEST_F(Listener, FactoriesAndControllersOfFailedAttemptsAreReleased) {
         dialsim_fail_late(operation, kFail, 1, 3);
         EXPECT_FALSE(init_dial_listener(&host));
         EXPECT_EQ(dialsim_calls(operation), 3u);
-        EXPECT_EQ(OpenAccounts(), "") << operation;
+        EXPECT_EQ(LeakReport(), "") << operation;
     }
     Printed();
 }
@@ -230,7 +230,7 @@ struct Step {
 
 void PrintTo(const Step& step, std::ostream* stream) { *stream << "line " << step.line; }
 
-class EachStep : public Started, public testing::WithParamInterface<Step> {
+class EachStep : public InitializedTest, public testing::WithParamInterface<Step> {
 protected:
     std::string LineWith(const char* code) const {
         return "failed with " + std::string(code) + " at line " + std::to_string(GetParam().line) + "\n";
@@ -246,7 +246,7 @@ TEST_P(EachStep, FailingThriceEndsTheRegistrationWithTheThirdCode) {
     EXPECT_FALSE(Register());
     EXPECT_EQ(Attempts(), 3u);
     EXPECT_EQ(Printed(), LineWith("80070005") + "register failed with 80010108 at line 110\n");
-    EXPECT_EQ(OpenAccounts(), "");
+    EXPECT_EQ(LeakReport(), "");
 }
 
 TEST_P(EachStep, FailingTwiceAndThenWorkingEndsTheRegistrationAsASuccess) {
@@ -262,7 +262,7 @@ TEST_P(EachStep, FailingOnceAndThenAgainEndsTheRegistrationWithTheThirdCode) {
     EXPECT_FALSE(Register());
     EXPECT_EQ(Attempts(), 3u);
     EXPECT_EQ(Printed(), LineWith("0") + "register failed with 80010108 at line 110\n");
-    EXPECT_EQ(OpenAccounts(), "");
+    EXPECT_EQ(LeakReport(), "");
 }
 
 TEST_P(EachStep, FailingOnceEndsTheRegistrationAsASuccessAfterALineWithZero) {
@@ -308,7 +308,7 @@ TEST_F(Listener, ATrueWithLine487IsEachTurnTwiceAndNoClick) {
     EXPECT_TRUE(host.clicks.empty());
 }
 
-using Windows = Listening;
+using Windows = ListeningTest;
 
 TEST_F(Windows, AWindowThatWasNeverRegisteredGetsFalseAndAsksNothing) {
     EXPECT_FALSE(add_custom_menu(kWindow + 1, nullptr, 0));
@@ -326,7 +326,7 @@ TEST_F(Windows, AMissInsertsNoEntry) {
 
 using SimilarHandles = SimilarPair<std::uint64_t>;
 
-class SimilarWindows : public Started, public testing::WithParamInterface<SimilarHandles> {
+class SimilarWindows : public InitializedTest, public testing::WithParamInterface<SimilarHandles> {
 protected:
     static std::string WithHandle(const char* operation, std::uint64_t window) {
         return std::string(operation) + "(" + std::to_string(window) + ")";
@@ -398,7 +398,7 @@ INSTANTIATE_TEST_SUITE_P(
                     SimilarHandles{"TheTopBitOfAll", 0x7FFFFFFFFFFFFFFF, 0xFFFFFFFFFFFFFFFF}),
     kNameOfPair);
 
-class WindowAtTheEdge : public Started, public testing::WithParamInterface<std::uint64_t> {};
+class WindowAtTheEdge : public InitializedTest, public testing::WithParamInterface<std::uint64_t> {};
 
 TEST_P(WindowAtTheEdge, IsServedLikeAnyOther) {
     RecordingHost host(GetParam());
@@ -433,7 +433,7 @@ TEST_F(Listener, FiveThousandWindowsHaveTheirOwnHosts) {
     EXPECT_EQ(dialsim_objects(kControllers), 0u);
 }
 
-class FailureCode : public Started, public testing::WithParamInterface<std::uint32_t> {};
+class FailureCode : public InitializedTest, public testing::WithParamInterface<std::uint32_t> {};
 
 TEST_P(FailureCode, IsPrintedWithAllItsDigits) {
     RecordingHost host(kWindow);
@@ -448,7 +448,7 @@ TEST_P(FailureCode, IsPrintedWithAllItsDigits) {
 INSTANTIATE_TEST_SUITE_P(AtTheEdges, FailureCode,
                          testing::Values(0x80000000, 0x80000001, 0x8000FFFF, 0xFFFF0000, 0xFFFFFFFF));
 
-class SuccessCode : public Started, public testing::WithParamInterface<std::int32_t> {};
+class SuccessCode : public InitializedTest, public testing::WithParamInterface<std::int32_t> {};
 
 TEST_P(SuccessCode, IsNoFailure) {
     RecordingHost host(kWindow);

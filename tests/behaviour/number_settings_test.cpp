@@ -48,7 +48,7 @@ TEST_F(NumberSettings, TheLocalContainerIsTheLastResort) {
     EXPECT_EQ(GetNumber(), 7);
 }
 
-TEST_F(NumberSettings, AnEntryOfAnotherKindIsPassedOver) {
+TEST_F(NumberSettings, AnEntryOfAnotherKindIsIgnored) {
     for (const char* type : {"String", "UInt32", "Int64", "UInt8", "composite"}) {
         Put("roaming", type, "5");
         Put("local", "Int32", "7");
@@ -76,14 +76,14 @@ TEST_F(NumberSettings, ZeroAndNegativeNumbersAreFound) {
 
 // --- a text in the vault as a number
 
-struct Spelling {
+struct NumberText {
     const char* text;
     std::int32_t number;
 };
 
 TEST_F(NumberSettings, ATextInTheVaultIsReadAsTheNumberThatItsDigitsMake) {
-    for (const Spelling& spelling : {
-             Spelling{"42", 42},
+    for (const NumberText& spelling : {
+             NumberText{"42", 42},
              {"0", 0},
              {"+5", 5},
              {"-12", -12},
@@ -138,7 +138,7 @@ TEST_F(NumberSettings, ATextInTheVaultMayBeOfAnyLength) {
 }
 
 // It cannot be told from a number that is not there.
-TEST_F(NumberSettings, ATextAtOrBelowTheSmallestNumberIsPassedOver) {
+TEST_F(NumberSettings, ATextAtOrBelowTheSmallestNumberIsIgnored) {
     for (const char* text :
          {"-2147483648", " -2147483648x", "-2147483649", "-4294967296", "-99999999999999999999999"}) {
         PutInVault(text);
@@ -190,7 +190,7 @@ TEST_F(NumberSettings, NumbersOfEitherSignAreKept) {
     }
 }
 
-TEST_F(NumberSettings, AChangedNumberIsRemovedAndWrittenAnew) {
+TEST_F(NumberSettings, AChangedNumberIsRemovedAndWrittenAgain) {
     EXPECT_EQ(SetNumber(7), 0);
     dialsim_clear_journal();
     EXPECT_EQ(SetNumber(8), 0);
@@ -347,9 +347,9 @@ TEST_F(NumberSettings, NumbersOutliveTheLibrarysRun) {
 
 TEST_F(NumberSettings, NothingIsHeldOrCachedBetweenCalls) {
     EXPECT_EQ(SetNumber(7), 0);
-    EXPECT_EQ(OpenAccounts(), "");
+    EXPECT_EQ(LeakReport(), "");
     EXPECT_EQ(GetNumber(), 7);
-    EXPECT_EQ(OpenAccounts(), "");
+    EXPECT_EQ(LeakReport(), "");
     Put("roaming", "Int32", "8");
     EXPECT_EQ(GetNumber(), 8);
     dialsim_clear_journal();

@@ -44,11 +44,11 @@ void LiveThroughEverything() {
     uninit();
 }
 
-using Sweep = Unstarted;
+using Sweep = UninitializedTest;
 
 // Each operation fails from each of its calls on, in each way: the process lives, and everything comes back.
 TEST_F(Sweep, NoFailureOfThePlatformEndsTheProcessOrLeaksAnything) {
-    constexpr int kWays = 3;
+    constexpr int kFaultKinds = 3;
     constexpr std::uint32_t kCalls = 4;
     std::uint32_t i = 0;
     std::uint32_t runs = 0;
@@ -56,7 +56,7 @@ TEST_F(Sweep, NoFailureOfThePlatformEndsTheProcessOrLeaksAnything) {
         // Without a name for its first classes initialize ends the process, as it should: a test of its own.
         const bool deadly = std::string(operation) == "WindowsCreateStringReference";
         for (std::uint32_t from = deadly ? 3 : 1; from <= kCalls; ++from) {
-            for (int way = 0; way < kWays; ++way) {
+            for (int way = 0; way < kFaultKinds; ++way) {
                 dialsim_reset();
                 EXPECT_TRUE(dialsim_clear_stores());
                 if (way == 0) {
@@ -70,7 +70,7 @@ TEST_F(Sweep, NoFailureOfThePlatformEndsTheProcessOrLeaksAnything) {
                 ++runs;
                 // What cannot be given back stays out.
                 if (std::string(operation).find("Delete") == std::string::npos) {
-                    EXPECT_EQ(OpenAccounts(), "") << operation << " from call " << from << ", way " << way;
+                    EXPECT_EQ(LeakReport(), "") << operation << " from call " << from << ", way " << way;
                 }
             }
         }
@@ -79,7 +79,7 @@ TEST_F(Sweep, NoFailureOfThePlatformEndsTheProcessOrLeaksAnything) {
     std::fprintf(stderr, "sweep: the whole library: %u operations, %u runs\n", i, runs);
 }
 
-using Threads = Listening;
+using Threads = ListeningTest;
 
 TEST_F(Threads, BackgroundScriptsReachTheHostAndCanBeWaitedFor) {
     static int ended = 0;
@@ -102,7 +102,7 @@ TEST_F(Threads, TheSimulatorMayBeAskedWhileEventsRun) {
     dialsim_play_in_background(
         script.c_str(), 0, [](void*, const char*) { ++ended; }, nullptr);
     for (int i = 0; i < 50; ++i) {
-        OpenAccounts();
+        LeakReport();
         Journal();
         dialsim_references(nullptr);
         dialsim_hold(i % 2 == 0);

@@ -33,17 +33,17 @@ constexpr char kId[] = "IDeviceInformation::get_Id";
 std::string MakingOf(const char* text) { return "WindowsCreateString(" + std::string(text) + ")"; }
 
 // Unless a test says otherwise, enumerations have ended before anybody listens, and sleeps take no time.
-class Presence : public Listening {
+class Presence : public ListeningTest {
 protected:
     void SetUp() override {
-        Listening::SetUp();
+        ListeningTest::SetUp();
         dialsim_async(DIALSIM_AT_ONCE);
         dialsim_skip_sleeps(true);
     }
     void TearDown() override {
         dialsim_wait_for_async();  // a wait may end before the handler has returned
         dialsim_abandon_pending();
-        Listening::TearDown();
+        ListeningTest::TearDown();
     }
 
     // Enumerations on a thread of the simulator's: sleeps have to take their time then.
@@ -92,14 +92,14 @@ TEST_F(Presence, AQueryTakesTheseStepsInThisOrder) {
                          "IDeviceInformation::get_Id()\n");
 }
 
-TEST_F(Presence, TheFilterIsMadeFirstAndHandedOverCharacterForCharacter) {
+TEST_F(Presence, TheFilterIsCreatedFirstAndPassedUnchanged) {
     EXPECT_TRUE(is_dial_present(kWindow));
     EXPECT_EQ(dialsim_calls(MakingOf(kFilter).c_str()), 1u);
     EXPECT_EQ(dialsim_calls((std::string(kFindAll) + "(" + kFilter + ")").c_str()), 1u);
     EXPECT_LT(Journal().find(MakingOf(kFilter)), Journal().find(kStatics));
 }
 
-TEST_F(Presence, ThePrefixIsMadeAnewForEachEntryBeforeItsIdIsRead) {
+TEST_F(Presence, ThePrefixIsCreatedForEachEntryBeforeItsIdIsRead) {
     ThereAreOnly({"USB#1", "USB#2"});
     EXPECT_FALSE(is_dial_present(kWindow));
     EXPECT_EQ(dialsim_calls(MakingOf(kPrefix).c_str()), 2u);
@@ -179,7 +179,7 @@ TEST_F(Presence, TheFirstMatchEndsTheScan) {
     EXPECT_EQ(dialsim_calls(kGetAt), 1u);
 }
 
-TEST_F(Presence, TheScanPassesOverEntriesWithoutAnObjectAndOtherDevices) {
+TEST_F(Presence, TheScanSkipsNullEntriesAndOtherDevices) {
     ThereAreOnly({nullptr, "USB#1", nullptr, kPrefix, "USB#2"});
     EXPECT_TRUE(is_dial_present(kWindow));
     EXPECT_EQ(dialsim_calls(kGetAt), 4u);
@@ -237,7 +237,7 @@ TEST_F(Presence, UnitsThatAreAlikeInTheirLowByteOnlyAreNoDial) {
     }
 }
 
-TEST_F(Presence, EveryCallEnumeratesAnew) {
+TEST_F(Presence, EveryCallEnumeratesAgain) {
     EXPECT_TRUE(is_dial_present(kWindow));
     dialsim_remove_devices();
     EXPECT_FALSE(is_dial_present(kWindow));
@@ -374,7 +374,7 @@ TEST_F(Presence, ALateCompletionAfterUninitTouchesNothing) {
     EXPECT_FALSE(is_dial_present(kWindow));
     uninit();
     EXPECT_EQ(dialsim_complete(0), 0);
-    EXPECT_EQ(OpenAccounts(), "");
+    EXPECT_EQ(LeakReport(), "");
 }
 
 TEST_F(Presence, ALateFailureIsAnsweredWithItsCode) {
@@ -520,7 +520,7 @@ TEST_P(ScanningStep, WithoutMemoryIsAnsweredToThePlatformToo) {
     EXPECT_EQ(dialsim_completion_code(0), kOutOfMemory);
 }
 
-TEST_P(ScanningStep, ThatWorksAndClaimsToHaveFailedGivesBackWhatItGot) {
+TEST_P(ScanningStep, ThatFailsLateReleasesItsResult) {
     ASSERT_TRUE(dialsim_fail_late(Operation(), kFail, 1, 1));
     EXPECT_FALSE(is_dial_present(kWindow));
     EXPECT_EQ(Sleeps(), kFullWait);

@@ -30,7 +30,7 @@ private:
     }
 };
 
-using Reentrancy = Started;
+using Reentrancy = InitializedTest;
 
 TEST_F(Reentrancy, ACallbackMayCallTheWindowFunctions) {
     ReentrantHost host;
@@ -77,10 +77,10 @@ public:
 };
 
 // The dial is clicked inside a platform call, and the host answers by making the menu anew.
-class MenuMadeInACall : public Started {
+class MenuMadeInACall : public InitializedTest {
 protected:
     void SetUp() override {
-        Started::SetUp();
+        InitializedTest::SetUp();
         ASSERT_TRUE(init_dial_listener(&host_));
     }
 

@@ -10,7 +10,7 @@
 
 namespace {
 
-using Rotation = Listening;
+using Rotation = ListeningTest;
 
 TEST_F(Rotation, ReachesTheHostWithTheControllerAndTheDegrees) {
     EXPECT_EQ(dialsim_turn(kWindow, -7.25), 0);
@@ -44,7 +44,7 @@ TEST_F(Rotation, ReadsThePlatformInItsOwnOrder) {
               "IRadialControllerRotationChangedEventArgs2::get_IsButtonPressed()\n");
 }
 
-TEST_F(Rotation, TellsWhetherTheButtonIsDown) {
+TEST_F(Rotation, ReportsWhetherTheButtonIsDown) {
     EXPECT_EQ(dialsim_turn(kWindow, 1.0), 0);
     EXPECT_FALSE(host.LastRotation().buttonPressed);
     dialsim_hold(true);
@@ -55,7 +55,7 @@ TEST_F(Rotation, TellsWhetherTheButtonIsDown) {
     EXPECT_FALSE(host.LastRotation().buttonPressed);
 }
 
-class Degrees : public Listening, public testing::WithParamInterface<double> {};
+class Degrees : public ListeningTest, public testing::WithParamInterface<double> {};
 
 TEST_P(Degrees, ReachTheHostAsTheyAre) {
     EXPECT_EQ(dialsim_turn(kWindow, GetParam()), 0);
@@ -98,7 +98,7 @@ TEST_F(Rotation, CoordinatesBeyondTheRangeBecomeTheSmallestNumber) {
     EXPECT_EQ(host.LastRotation().contact, (DialContactRect{INT32_MIN, INT32_MIN, 0, INT32_MIN}));
 }
 
-class PlaceOfATurn : public Listening, public testing::WithParamInterface<ExtremePlace> {};
+class PlaceOfATurn : public ListeningTest, public testing::WithParamInterface<ExtremePlace> {};
 
 TEST_P(PlaceOfATurn, HasFarEdgesOfTheUncutNearOnes) {
     EXPECT_EQ(GetParam().Touch(kWindow), 0);
@@ -130,13 +130,13 @@ TEST_F(Rotation, BoundsThatFailLeaveTheRectangleEmpty) {
     EXPECT_EQ(host.LastRotation().contact, (DialContactRect{0, 0, 0, 0}));
 }
 
-TEST_F(Rotation, ADeltaThatFailsIsZeroAndTheHostIsStillTold) {
+TEST_F(Rotation, ADeltaThatFailsIsZeroAndTheHostIsStillCalled) {
     dialsim_fail("IRadialControllerRotationChangedEventArgs::get_RotationDeltaInDegrees", kFail, 1, 0);
     EXPECT_EQ(dialsim_turn(kWindow, 30.0), 0);
     EXPECT_EQ(host.LastRotation().deltaDegrees, 0.0);
 }
 
-TEST_F(Rotation, RequiredDataThatFailsIsRaisedOutOfTheHandler) {
+TEST_F(Rotation, RequiredDataThatFailsIsThrownOutOfTheHandler) {
     for (const char* operation : {"QueryInterface(IRadialControllerRotationChangedEventArgs)",
                                   "QueryInterface(IRadialControllerRotationChangedEventArgs2)",
                                   "IRadialControllerRotationChangedEventArgs2::get_IsButtonPressed"}) {
@@ -178,7 +178,7 @@ TEST_F(Rotation, ReachesAnAgileHandlerOnAnyThread) {
     EXPECT_EQ(host.rotations.size(), 1u);
 }
 
-class Haptics : public Listening {
+class Haptics : public ListeningTest {
 protected:
     std::int32_t TurnAsking(std::uint32_t request) {
         request_ = request;
@@ -253,7 +253,7 @@ TEST_F(Haptics, AListThatIsYieldedAsNullPlaysNothing) {
     EXPECT_EQ(Plays(), 0u);
 }
 
-TEST_F(Haptics, EveryFailureIsRaisedAfterTheHostWasTold) {
+TEST_F(Haptics, EveryFailureIsThrownAfterTheHostWasCalled) {
     for (const char* operation : {"IRadialControllerRotationChangedEventArgs2::get_SimpleHapticsController",
                                   "ISimpleHapticsController::get_SupportedFeedback",
                                   "IVectorView<SimpleHapticsControllerFeedback>::get_Size",
@@ -268,7 +268,7 @@ TEST_F(Haptics, EveryFailureIsRaisedAfterTheHostWasTold) {
 }
 
 // The arguments are queried once for the button and once more for the haptics.
-TEST_F(Haptics, ASecondQueryThatFailsIsRaisedAfterTheHostWasTold) {
+TEST_F(Haptics, ASecondQueryThatFailsIsThrownAfterTheHostWasCalled) {
     dialsim_fail("QueryInterface(IRadialControllerRotationChangedEventArgs2)", kNoInterface, 2, 1);
     EXPECT_EQ(TurnAsking(1), DIALSIM_RAISED);
     EXPECT_EQ(Raised(), "platform error 80004002");

@@ -47,10 +47,10 @@ inline constexpr char kCredentialFactory[] =
 inline constexpr char kCreateCredential[] = "ICredentialFactory::CreatePasswordCredential";
 inline constexpr char kAddCredential[] = "IPasswordVault::Add";
 
-class Settings : public Started {
+class Settings : public InitializedTest {
 protected:
     void SetUp() override {
-        Started::SetUp();
+        InitializedTest::SetUp();
         dialsim_set_packaged(true);
     }
 

@@ -31,7 +31,7 @@ TEST_F(SettingsFailures, ApplicationDataOrValuesThatAreYieldedAsNullLeaveTheVaul
     }
 }
 
-TEST_F(SettingsFailures, AMissingRoamingContainerIsPassedOver) {
+TEST_F(SettingsFailures, AMissingRoamingContainerIsIgnored) {
     EXPECT_EQ(SetText(UTF16("text")), 0);
     Put("local", "String", "local");
     ASSERT_TRUE(dialsim_yield_null(kRoamingSettings, 1, 3));
@@ -43,7 +43,7 @@ TEST_F(SettingsFailures, AMissingRoamingContainerIsPassedOver) {
     EXPECT_EQ(Store("local"), StringEntry("new"));
 }
 
-TEST_F(SettingsFailures, AMissingLocalContainerIsPassedOver) {
+TEST_F(SettingsFailures, AMissingLocalContainerIsIgnored) {
     Put("local", "String", "local");
     ASSERT_TRUE(dialsim_yield_null(kLocalSettings, 1, 2));
     EXPECT_FALSE(GetText().has_value());
@@ -69,7 +69,7 @@ TEST_F(SettingsFailures, GettersFindNothingWhereEveryPlaceFails) {
     EXPECT_EQ(GetNumber(), kAbsentNumber);
 }
 
-TEST_F(SettingsFailures, TextsThatCannotBeMadeArePassedOverToo) {
+TEST_F(SettingsFailures, StringsThatCannotBeCreatedAreIgnoredToo) {
     EXPECT_EQ(SetText(UTF16("42")), 0);
     ASSERT_TRUE(dialsim_fail("WindowsCreateString", kFail, 1, 0));
     ASSERT_TRUE(dialsim_fail("WindowsCreateStringReference", kFail, 1, 0));
@@ -224,7 +224,7 @@ TEST_F(SettingsFailures, APlatformWithoutMemoryIsAnAllocationFailure) {
         Put("roaming", "String", "old");
         ASSERT_TRUE(dialsim_fail(operation, kOutOfMemory, 1, 1)) << operation;
         EXPECT_THROW(SetText(UTF16("new")), std::bad_alloc) << operation;
-        EXPECT_EQ(OpenAccounts(), "") << operation;
+        EXPECT_EQ(LeakReport(), "") << operation;
     }
 }
 
@@ -245,7 +245,7 @@ TEST_F(SettingsFailures, WithoutMemoryReadingIsAnAllocationFailureToo) {
         EXPECT_THROW(GetText(), std::bad_alloc) << operation;
         ASSERT_TRUE(dialsim_fail(operation, kOutOfMemory, 1, 1)) << operation;
         EXPECT_THROW(GetNumber(), std::bad_alloc) << operation;
-        EXPECT_EQ(OpenAccounts(), "") << operation;
+        EXPECT_EQ(LeakReport(), "") << operation;
     }
 }
 
@@ -253,7 +253,7 @@ TEST_F(SettingsFailures, WithoutMemoryANumberIsNotWrittenOn) {
     ASSERT_TRUE(dialsim_fail(kInsertEntry, kOutOfMemory, 1, 1));
     EXPECT_THROW(SetNumber(7), std::bad_alloc);
     EXPECT_EQ(Store("roaming") + Store("local"), "");
-    EXPECT_EQ(OpenAccounts(), "");
+    EXPECT_EQ(LeakReport(), "");
 }
 
 }  // namespace

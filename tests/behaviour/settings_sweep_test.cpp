@@ -16,9 +16,9 @@ namespace {
 enum Place : std::size_t { kRoaming, kVault, kLocal };
 constexpr std::array kNamesOfPlaces = {"roaming", "vault", "local"};
 
-enum Way : std::size_t { kFails, kFailsLate, kYieldsNull, kFailsTwice, kKeepsFailing };
-constexpr Way kWays[] = {kFails, kFailsLate, kYieldsNull, kFailsTwice, kKeepsFailing};
-constexpr std::array kNamesOfWays = {"fails", "fails late", "yields null", "fails twice", "keeps failing"};
+enum FaultKind : std::size_t { kFails, kFailsLate, kYieldsNull, kFailsTwice, kKeepsFailing };
+constexpr FaultKind kFaultKinds[] = {kFails, kFailsLate, kYieldsNull, kFailsTwice, kKeepsFailing};
+constexpr std::array kFaultKindNames = {"fails", "fails late", "yields null", "fails twice", "keeps failing"};
 
 // One call of an undisturbed run.
 struct Call {
@@ -32,7 +32,7 @@ struct Call {
 };
 
 // What answers no code, or happens without being called for.
-bool CannotBeStruck(const std::string& line) {
+bool CannotFail(const std::string& line) {
     constexpr const char* kBeginnings[] = {"WindowsDeleteString", "WindowsGetString", "wcs", "end of "};
     return std::any_of(std::begin(kBeginnings), std::end(kBeginnings),
                        [&](const char* beginning) { return line.starts_with(beginning); });
@@ -41,7 +41,7 @@ bool CannotBeStruck(const std::string& line) {
 std::vector<Call> CallsIn(const std::string& journal) {
     std::vector<Call> calls;
     for (const std::string& line : LinesOf(journal)) {
-        if (!CannotBeStruck(line)) {
+        if (!CannotFail(line)) {
             const std::string text = line.substr(0, line.rfind(')') + 1);
             const auto earlier = std::count_if(calls.begin(), calls.end(),
                                                [&](const Call& call) { return call.text == text; });
@@ -82,7 +82,7 @@ bool IsMadeIn(Place place, const Call& call) {
 
 // The places in which a call fails, one attempt in each: those in which it is made when nothing fails, and
 // those that are only then visited.
-std::vector<Place> PlacesStruck(const std::vector<Call>& calls, const Call& call, Way way) {
+std::vector<Place> AffectedPlaces(const std::vector<Call>& calls, const Call& call, FaultKind way) {
     std::vector<Place> places;
     for (const Call& other : calls) {
         if (other.text == call.text && other.number >= call.number) {
@@ -177,7 +177,7 @@ struct Scenario {
 class SettingsSweep : public Settings {
 protected:
     void TearDown() override {
-        ReportSweep(operations_.size(), calls_, std::size(kWays), runs_);
+        ReportSweep(operations_.size(), calls_, std::size(kFaultKinds), runs_);
         Settings::TearDown();
     }
 
@@ -186,23 +186,24 @@ protected:
             Put(store, entry.type.c_str(), entry.value.c_str());
         }
     }
-    static Stores WhatIsStored() { return {Store("roaming"), Store("vault"), Store("local")}; }
+    static Stores StoredContent() { return {Store("roaming"), Store("vault"), Store("local")}; }
 
     // Calls `check` for each run in which a call is struck. A text that is made as an empty one would be
     // a text all the same: that is not done.
-    void StrikeEach(std::vector<Call> calls,
-                    const std::function<void(const Call&, Way, const std::vector<Place>&)>& check) {
+    void InjectEachFault(
+        std::vector<Call> calls,
+        const std::function<void(const Call&, FaultKind, const std::vector<Place>&)>& check) {
         FindPlaces(calls);
         for (const Call& call : calls) {
             operations_.insert(call.operation);
             ++calls_;
-            for (const Way way : kWays) {
+            for (const FaultKind way : kFaultKinds) {
                 if (!(way == kYieldsNull && call.MakesText())) {
                     SCOPED_TRACE(std::string(kNamesOfPlaces[call.place]) + ": " + call.text + ", call " +
-                                 std::to_string(call.number) + ", " + kNamesOfWays[way]);
+                                 std::to_string(call.number) + ", " + kFaultKindNames[way]);
                     ++runs_;
-                    check(call, way, PlacesStruck(calls, call, way));
-                    EXPECT_EQ(OpenAccounts(), "");
+                    check(call, way, AffectedPlaces(calls, call, way));
+                    EXPECT_EQ(LeakReport(), "");
                     dialsim_reset();  // what kept failing works again
                     dialsim_set_packaged(true);
                 }
@@ -210,7 +211,7 @@ protected:
         }
     }
 
-    static void Strike(const Call& call, Way way) {
+    static void InjectedCode(const Call& call, FaultKind way) {
         const char* const text = call.text.c_str();
         const std::uint32_t times = way == kKeepsFailing ? 0 : way == kFailsTwice ? 2 : 1;
         ASSERT_TRUE(way == kFailsLate    ? dialsim_fail_late(text, kFail, call.number, 1)
@@ -242,13 +243,14 @@ protected:
         const Outcomes outcomes = OutcomesOf(scenario, value);
         dialsim_clear_journal();
         EXPECT_EQ(write(), 0);
-        EXPECT_EQ(WhatIsStored(), outcomes.undisturbed);
-        StrikeEach(CallsIn(Journal()), [&](const Call& call, Way way, const std::vector<Place>& places) {
-            Prepare(scenario);
-            Strike(call, way);
-            EXPECT_EQ(write(), 0);
-            Check(call, way, places, outcomes);
-        });
+        EXPECT_EQ(StoredContent(), outcomes.undisturbed);
+        InjectEachFault(CallsIn(Journal()),
+                        [&](const Call& call, FaultKind way, const std::vector<Place>& places) {
+                            Prepare(scenario);
+                            InjectedCode(call, way);
+                            EXPECT_EQ(write(), 0);
+                            Check(call, way, places, outcomes);
+                        });
     }
 
 private:
@@ -274,7 +276,7 @@ private:
     static Outcomes OutcomesOf(const Scenario& scenario, const NewValue& value) {
         const std::string entry = "\"key\" " + std::string(value.type) + " " + value.text + "\n";
         const bool removed = scenario.container.type == value.type;
-        Outcomes outcomes{WhatIsStored(), WhatIsStored(), {entry, "", entry}, {entry, "", entry}};
+        Outcomes outcomes{StoredContent(), StoredContent(), {entry, "", entry}, {entry, "", entry}};
         if (removed) {
             outcomes.without[kRoaming] = outcomes.without[kLocal] = "";
         }
@@ -288,10 +290,11 @@ private:
     }
 
     // A place changes by what is struck there, and by nothing else.
-    static void Check(const Call& call, Way way, const std::vector<Place>& places, const Outcomes& outcomes) {
+    static void Check(const Call& call, FaultKind way, const std::vector<Place>& places,
+                      const Outcomes& outcomes) {
         const std::array<Kept, 3>* const effects = EffectsOf(call);
         ASSERT_NE(effects, nullptr) << "nothing is known of this call";
-        const Stores stored = WhatIsStored();
+        const Stores stored = StoredContent();
         Stores expected = outcomes.undisturbed;
         for (const Place place : places) {
             const Kept kept = (*effects)[way > kYieldsNull ? kFails : way];
@@ -378,18 +381,19 @@ protected:
     // is the value itself that is yielded as null, as the empty text that is.
     template <class Value>
     void Sweep(const std::function<std::optional<Value>()>& read, const Found<Value>& found) {
-        const Stores before = WhatIsStored();
+        const Stores before = StoredContent();
         dialsim_clear_journal();
         EXPECT_EQ(read(), FirstOf(found));
-        StrikeEach(CallsIn(Journal()), [&](const Call& call, Way way, const std::vector<Place>& places) {
+        InjectEachFault(CallsIn(Journal()), [&](const Call& call, FaultKind way,
+                                                const std::vector<Place>& places) {
             Found<Value> left = found;
             for (const Place place : places) {
                 left[place] = way == kYieldsNull && IsTheValue(call) ? std::optional(Value()) : std::nullopt;
             }
-            Strike(call, way);
+            InjectedCode(call, way);
             EXPECT_EQ(read(), FirstOf(left));
         });
-        EXPECT_EQ(WhatIsStored(), before);
+        EXPECT_EQ(StoredContent(), before);
     }
 
 private:

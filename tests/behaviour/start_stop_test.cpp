@@ -6,7 +6,7 @@
 
 namespace {
 
-class StartStop : public Unstarted {};
+class StartStop : public UninitializedTest {};
 
 TEST_F(StartStop, AFullPlatformIsReady) {
     EXPECT_EQ(initialize(), 0);

@@ -15,8 +15,8 @@
 namespace sweep {
 
 // One call in the journal; with its arguments where the tables have them.
-struct Made {
-    explicit Made(const std::string& line) {
+struct RecordedCall {
+    explicit RecordedCall(const std::string& line) {
         const std::size_t end = line.rfind(')') + 1;
         const std::string whole = line.substr(0, end);
         const bool told_apart = whole.starts_with("RoGetActivationFactory") ||
@@ -50,8 +50,8 @@ inline bool IsRow(const std::string& line) {
                         [&](const char* beginning) { return line.starts_with(beginning); });
 }
 
-inline std::vector<Made> MadeCalls() {
-    std::vector<Made> calls;
+inline std::vector<RecordedCall> RecordedCalls() {
+    std::vector<RecordedCall> calls;
     for (const std::string& line : LinesOf(Journal())) {
         if (IsRow(line)) {
             calls.emplace_back(line);
@@ -66,16 +66,16 @@ struct Scenario {
     Row table;
     std::function<void()> act;
     std::function<void()> prepare = [] {};
-    World start = {};
-    std::function<void(const World&)> check = [](const World&) {};
+    ExpectedState start = {};
+    std::function<void(const ExpectedState&)> check = [](const ExpectedState&) {};
     // Where the names of classes cannot be made initialize ends the process: a test of its own.
     bool texts_are_deadly = false;
 };
 
 // A host that tells what it is told.
-class TellingHost final : public IDialHost {
+class LoggingHost final : public IDialHost {
 public:
-    explicit TellingHost(std::string& seen) : seen_(seen) {}
+    explicit LoggingHost(std::string& seen) : seen_(seen) {}
 
     void OnRotation(void*, const DialRotationInfo* info) override {
         char text[96];
@@ -104,18 +104,18 @@ private:
     std::string& seen_;
 };
 
-class Sweep : public Unstarted {
+class Sweep : public UninitializedTest {
 protected:
     void TearDown() override {
-        ReportSweep(operations_.size(), calls_, std::size(kWays), runs_);
-        Unstarted::TearDown();
+        ReportSweep(operations_.size(), calls_, std::size(kFaultKinds), runs_);
+        UninitializedTest::TearDown();
     }
 
-    void StrikeEach(const Scenario& scenario) {
+    void InjectEachFault(const Scenario& scenario) {
         SCOPED_TRACE(scenario.name);
         std::vector<Fault> faults;
-        for (const Made& made : RunOnce(scenario, std::nullopt)) {
-            faults.push_back({made.call, 1, Way::FailsOnce});
+        for (const RecordedCall& made : RunOnce(scenario, std::nullopt)) {
+            faults.push_back({made.call, 1, FaultKind::FailsOnce});
             for (std::size_t earlier = 0; earlier + 1 < faults.size(); ++earlier) {
                 faults.back().number += faults.back().Matches(faults[earlier].call);
             }
@@ -126,7 +126,7 @@ protected:
             }
             ++calls_;
             operations_.insert(OperationOf(fault.call));
-            for (const Way way : kWays) {
+            for (const FaultKind way : kFaultKinds) {
                 fault.way = way;
                 RunOnce(scenario, fault);
             }
@@ -134,19 +134,19 @@ protected:
     }
 
     // What the scenario's act tells of what the library answered.
-    void Say(bool answer) { seen += answer ? "true\n" : "false\n"; }
-    void SayCode(std::int32_t code) {
+    void LogResult(bool answer) { seen += answer ? "true\n" : "false\n"; }
+    void LogCode(std::int32_t code) {
         seen += code == DIALSIM_RAISED ? "raised " + Raised() + "\n" : "answered " + Hex(code) + "\n";
     }
 
     std::string seen;
-    TellingHost host{seen};
+    LoggingHost host{seen};
 
 private:
     // The calls that were made.
-    std::vector<Made> RunOnce(const Scenario& scenario, const std::optional<Fault>& fault) {
+    std::vector<RecordedCall> RunOnce(const Scenario& scenario, const std::optional<Fault>& fault) {
         SCOPED_TRACE(fault ? fault->call + ", call " + std::to_string(fault->number) + ", " +
-                                 kNamesOfWays[static_cast<int>(fault->way)]
+                                 kFaultKindNames[static_cast<int>(fault->way)]
                            : "nothing fails");
         if (HasFailure()) {
             return {};  // one run that is not what it is to be tells enough
@@ -163,7 +163,7 @@ private:
         scenario.act();
 
         const std::string printed = Printed();
-        const std::vector<Made> made = MadeCalls();
+        const std::vector<RecordedCall> made = RecordedCalls();
 
         TableRun run(fault, scenario.start);
         run.Play(scenario.table);
@@ -172,21 +172,21 @@ private:
         EXPECT_EQ(seen, run.world.seen);
         scenario.check(run.world);
         uninit();
-        EXPECT_EQ(OpenAccounts(), KeptOnPurpose(run.world));
+        EXPECT_EQ(LeakReport(), KeptOnPurpose(run.world));
         dialsim_reset();
         return made;
     }
 
-    static std::string Joined(const std::vector<Made>& calls) {
+    static std::string Joined(const std::vector<RecordedCall>& calls) {
         std::string text;
-        for (const Made& made : calls) {
+        for (const RecordedCall& made : calls) {
             text += made.text;
         }
         return text;
     }
 
     // Contacts of clicks.
-    static std::string KeptOnPurpose(const World& world) {
+    static std::string KeptOnPurpose(const ExpectedState& world) {
         return world.contacts_kept == 0 ? ""
                                         : std::string(kContacts) + ": 1 objects, " +
                                               std::to_string(world.contacts_kept) + " references\n";

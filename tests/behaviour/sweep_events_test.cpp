@@ -18,7 +18,7 @@ Row Initializing() {
 }
 
 Row Asking() {
-    return Then([](World& world) { world.seen += "asked for the window\n"; });
+    return Then([](ExpectedState& world) { world.seen += "asked for the window\n"; });
 }
 
 Row Subscribing(int line, const char* event) {
@@ -57,36 +57,36 @@ Row LoggingTheContact(const char* args, int line) {
 // --- turning and clicking; the dial stands at 10.7, 20.2 with 20.6 by 5.9
 
 Row SelectedItem() {
-    return Guarded(847, Call("IRadialControllerMenu::GetSelectedMenuItem").Gives(&World::selected));
+    return Guarded(847, Call("IRadialControllerMenu::GetSelectedMenuItem").Gives(&ExpectedState::selected));
 }
 
 Row ReadingTheTag() {
     const Row tag = Table({Call("IRadialControllerMenuItem::get_Tag").NullEnds(0), View("IPropertyValue"),
-                           Ignored(Call("IPropertyValue::GetUInt32").Gives(&World::tag_read))});
-    return Ignored(Table({tag}).Needs(&World::selected, 0));
+                           Ignored(Call("IPropertyValue::GetUInt32").Gives(&ExpectedState::tag_read))});
+    return Ignored(Table({tag}).Needs(&ExpectedState::selected, 0));
 }
 
 Row ReadingTheBounds() {
     return Ignored(Table({Call("IRadialControllerRotationChangedEventArgs::get_Contact").NullEnds(0),
-                          Ignored(Call(kPosition)), Call(kBounds).Gives(&World::bounds_read)}));
+                          Ignored(Call(kPosition)), Call(kBounds).Gives(&ExpectedState::bounds_read)}));
 }
 
-void TellTheTurn(World& world) {
+void NotifyRotation(ExpectedState& world) {
     world.seen += std::string("turned by ") + (world.degrees_read ? "1.5" : "0") +
                   (world.button_read ? ", pressed" : ", not pressed") +
                   (world.tag_read ? ", tag 7" : ", tag 0") + ", contact " +
                   (world.bounds_read ? "10 20 31 26\n" : "0 0 0 0\n");
 }
 
-Row TellingTheTurn() {
+Row NotifyingRotation() {
     return Table({
         Thrown(View("IRadialControllerRotationChangedEventArgs")),
         Ignored(Call("IRadialControllerRotationChangedEventArgs::get_RotationDeltaInDegrees")
-                    .Gives(&World::degrees_read)),
+                    .Gives(&ExpectedState::degrees_read)),
         Thrown(View("IRadialControllerRotationChangedEventArgs2")),
         Thrown(Call("IRadialControllerRotationChangedEventArgs2::get_IsButtonPressed")
-                   .Gives(&World::button_read)),
-        Then(TellTheTurn),
+                   .Gives(&ExpectedState::button_read)),
+        Then(NotifyRotation),
     });
 }
 
@@ -96,18 +96,19 @@ Row AnsweringWithHaptics() {
         Thrown(Call("IRadialControllerRotationChangedEventArgs2::get_SimpleHapticsController").NullEnds(0)),
         Thrown(Call("ISimpleHapticsController::get_SupportedFeedback").NullEnds(0)),
         Thrown(Call("IVectorView<SimpleHapticsControllerFeedback>::get_Size").NullEnds(0)),
-        Thrown(Call("IVectorView<SimpleHapticsControllerFeedback>::GetAt").Gives(&World::waveform)),
+        Thrown(Call("IVectorView<SimpleHapticsControllerFeedback>::GetAt").Gives(&ExpectedState::waveform)),
         Thrown(Call("ISimpleHapticsController::SendHapticFeedbackForPlayCount")
-                   .Needs(&World::waveform, kInvalidArgument)),
+                   .Needs(&ExpectedState::waveform, kInvalidArgument)),
     });
 }
 
 Row Clicking() {
     return Table({Guarded(1038, Call("IRadialControllerButtonClickedEventArgs::get_Contact")
-                                    .Gives(&World::contact)
-                                    .Does([](World& world) { ++world.contacts_kept; })),
-                  Table({Ignored(Call(kBounds).Gives(&World::bounds_read))}).Needs(&World::contact, 0),
-                  Then([](World& world) {
+                                    .Gives(&ExpectedState::contact)
+                                    .Does([](ExpectedState& world) { ++world.contacts_kept; })),
+                  Table({Ignored(Call(kBounds).Gives(&ExpectedState::bounds_read))})
+                      .Needs(&ExpectedState::contact, 0),
+                  Then([](ExpectedState& world) {
                       world.seen +=
                           world.bounds_read ? "clicked, contact 10 20 30 25\n" : "clicked, contact 0 0 0 0\n";
                   })})
@@ -124,48 +125,49 @@ protected:
         Listen();
         EXPECT_EQ(dialsim_touch(kWindow, 10.7F, 20.2F, 20.6F, 5.9F), 0);
     }
-    void StrikeTurn(const char* name, Rows rows, std::function<void()> prepare) {
-        StrikeEach({.name = name,
-                    .table = Table(std::move(rows)).Answers(Answer::Code),
-                    .act = [this] { SayCode(dialsim_turn(kWindow, 1.5)); },
-                    .prepare =
-                        [prepare] {
-                            prepare();
-                            dialsim_hold(true);
-                        }});
+    void SweepRotation(const char* name, Rows rows, std::function<void()> prepare) {
+        InjectEachFault({.name = name,
+                         .table = Table(std::move(rows)).Answers(Answer::Code),
+                         .act = [this] { LogCode(dialsim_turn(kWindow, 1.5)); },
+                         .prepare =
+                             [prepare] {
+                                 prepare();
+                                 dialsim_hold(true);
+                             }});
     }
-    void StrikeContact(const char* name, const char* args, int line, std::int32_t (*raise)()) {
-        StrikeEach({.name = name,
-                    .table = LoggingTheContact(args, line),
-                    .act = [this, raise] { SayCode(raise()); },
-                    .prepare = [this] { ListenOnTheScreen(); }});
+    void SweepContact(const char* name, const char* args, int line, std::int32_t (*raise)()) {
+        InjectEachFault({.name = name,
+                         .table = LoggingTheContact(args, line),
+                         .act = [this, raise] { LogCode(raise()); },
+                         .prepare = [this] { ListenOnTheScreen(); }});
     }
 };
 
 TEST_F(EventSweep, OfStarting) {
-    StrikeEach({.name = "initialize",
-                .table = Initializing(),
-                .act = [this] { SayCode(initialize()); },
-                .texts_are_deadly = true});
+    InjectEachFault({.name = "initialize",
+                     .table = Initializing(),
+                     .act = [this] { LogCode(initialize()); },
+                     .texts_are_deadly = true});
 }
 
 TEST_F(EventSweep, OfRegistering) {
-    StrikeEach({.name = "init_dial_listener",
-                .table = Registering(),
-                .act = [this] { Say(init_dial_listener(&host)); },
-                .prepare = [] { ASSERT_EQ(initialize(), 0); }});
+    InjectEachFault({.name = "init_dial_listener",
+                     .table = Registering(),
+                     .act = [this] { LogResult(init_dial_listener(&host)); },
+                     .prepare = [] { ASSERT_EQ(initialize(), 0); }});
 }
 
 TEST_F(EventSweep, OfTurning) {
     const Row no_contact = Ignored(Call("IRadialControllerRotationChangedEventArgs::get_Contact"));
-    StrikeTurn("without a menu", {no_contact, TellingTheTurn()}, [this] { Listen(); });
-    StrikeTurn("without a selected item", {SelectedItem(), ReadingTheBounds(), TellingTheTurn()}, [this] {
-        ListenOnTheScreen();
-        ASSERT_TRUE(SetMenu(kWindow, {KnownIcon(7)}));
-    });
-    StrikeTurn(
+    SweepRotation("without a menu", {no_contact, NotifyingRotation()}, [this] { Listen(); });
+    SweepRotation("without a selected item", {SelectedItem(), ReadingTheBounds(), NotifyingRotation()},
+                  [this] {
+                      ListenOnTheScreen();
+                      ASSERT_TRUE(SetMenu(kWindow, {KnownIcon(7)}));
+                  });
+    SweepRotation(
         "with everything, answered with haptics",
-        {SelectedItem(), ReadingTheTag(), ReadingTheBounds(), TellingTheTurn(), AnsweringWithHaptics()},
+        {SelectedItem(), ReadingTheTag(), ReadingTheBounds(), NotifyingRotation(), AnsweringWithHaptics()},
         [this] {
             ListenOnTheScreen();
             ASSERT_TRUE(SetMenu(kWindow, {KnownIcon(7)}));
@@ -176,19 +178,19 @@ TEST_F(EventSweep, OfTurning) {
 }
 
 TEST_F(EventSweep, OfClicking) {
-    StrikeEach({.name = "on the screen",
-                .table = Clicking(),
-                .act = [this] { SayCode(dialsim_click(kWindow)); },
-                .prepare = [this] { ListenOnTheScreen(); }});
+    InjectEachFault({.name = "on the screen",
+                     .table = Clicking(),
+                     .act = [this] { LogCode(dialsim_click(kWindow)); },
+                     .prepare = [this] { ListenOnTheScreen(); }});
 }
 
 TEST_F(EventSweep, OfContactsAndControl) {
-    StrikeContact("started", "IRadialControllerScreenContactStartedEventArgs", 810,
-                  [] { return dialsim_touch(kWindow, 1, 2, 3, 4); });
-    StrikeContact("continued", "IRadialControllerScreenContactContinuedEventArgs", 803,
-                  [] { return dialsim_move(kWindow, 1, 2, 3, 4); });
-    StrikeContact("acquired", "IRadialControllerControlAcquiredEventArgs", 835,
-                  [] { return dialsim_acquire(kWindow); });
+    SweepContact("started", "IRadialControllerScreenContactStartedEventArgs", 810,
+                 [] { return dialsim_touch(kWindow, 1, 2, 3, 4); });
+    SweepContact("continued", "IRadialControllerScreenContactContinuedEventArgs", 803,
+                 [] { return dialsim_move(kWindow, 1, 2, 3, 4); });
+    SweepContact("acquired", "IRadialControllerControlAcquiredEventArgs", 835,
+                 [] { return dialsim_acquire(kWindow); });
 }
 
 }  // namespace

@@ -12,34 +12,37 @@ constexpr char kReferences[] = "Windows.Storage.Streams.RandomAccessStreamRefere
 
 // --- what every item goes through
 
-void Subscribe(World& world) { ++world.items.back().subscriptions; }
-void Append(World& world) { world.menu.push_back(world.items.size() - 1); }
+void Subscribe(ExpectedState& world) { ++world.items.back().subscriptions; }
+void Append(ExpectedState& world) { world.menu.push_back(world.items.size() - 1); }
 
 // A tag that was yielded as null is none.
-std::function<void(World&)> Tag(std::uint32_t item_id) {
-    return [=](World& world) {
+std::function<void(ExpectedState&)> Tag(std::uint32_t item_id) {
+    return [=](ExpectedState& world) {
         world.items.back().tag = world.tag_value ? std::optional(item_id) : std::nullopt;
     };
 }
 
 Row Adding(std::uint32_t item_id) {
-    return Table({
-                     Guarded(743, Call("IRadialControllerMenuItem::add_Invoked").Does(Subscribe)),
-                     Guarded(747, Call("IRadialControllerMenu::get_Items").NullEnds(kNoInterface)),
-                     Guarded(750, Call("IVector<RadialControllerMenuItem>::Append").Does(Append)),
-                     Guarded(754, Factory("Windows.Foundation.PropertyValue")),
-                     Guarded(758, Call("IPropertyValueStatics::CreateUInt32").Gives(&World::tag_value)),
-                     Guarded(760, Call("IRadialControllerMenuItem::put_Tag").Does(Tag(item_id))),
-                 })
-        .Needs(&World::menu_item, kNoInterface);
+    return Table(
+               {
+                   Guarded(743, Call("IRadialControllerMenuItem::add_Invoked").Does(Subscribe)),
+                   Guarded(747, Call("IRadialControllerMenu::get_Items").NullEnds(kNoInterface)),
+                   Guarded(750, Call("IVector<RadialControllerMenuItem>::Append").Does(Append)),
+                   Guarded(754, Factory("Windows.Foundation.PropertyValue")),
+                   Guarded(758, Call("IPropertyValueStatics::CreateUInt32").Gives(&ExpectedState::tag_value)),
+                   Guarded(760, Call("IRadialControllerMenuItem::put_Tag").Does(Tag(item_id))),
+               })
+        .Needs(&ExpectedState::menu_item, kNoInterface);
 }
 
 Row Making(const char* call) {
-    return Call(call).Gives(&World::menu_item).Does([](World& world) { world.items.emplace_back(); });
+    return Call(call).Gives(&ExpectedState::menu_item).Does([](ExpectedState& world) {
+        world.items.emplace_back();
+    });
 }
 
 Row Recording(std::uint32_t item_id, bool haptics) {
-    return Then([=](World& world) { world.recorded.emplace(item_id, haptics); });
+    return Then([=](ExpectedState& world) { world.recorded.emplace(item_id, haptics); });
 }
 
 // --- the five sources
@@ -52,9 +55,9 @@ Rows KnownIconRows(std::uint32_t id) {
                                   Guarded(515, Making(kCreateFromKnownIcon)),
                                   Guarded(517, Adding(id)),
                               })
-                            .Needs(&World::icon_factory, kNoInterface);
+                            .Needs(&ExpectedState::icon_factory, kNoInterface);
     // Alone of all factories, this one may be yielded as null: the item fails then, and not its step.
-    return {Guarded(151, FactoryOrNull(kMenuItems, &World::icon_factory)),
+    return {Guarded(151, FactoryOrNull(kMenuItems, &ExpectedState::icon_factory)),
             Logged("AddMenuItemFromKnownIcon", 152, builder), Recording(id, true)};
 }
 
@@ -99,7 +102,7 @@ Rows FilePNGRows(std::uint32_t) {
     const Row builder = Table({
         Guarded(586, Factory("Windows.Storage.StorageFile")),
         Guarded(589, Call("IStorageFileStatics::GetFileFromPathAsync").NullEnds(kNoInterface)),
-        Ignored(Call("IAsyncOperation<StorageFile>::put_Completed").Gives(&World::handler)),
+        Ignored(Call("IAsyncOperation<StorageFile>::put_Completed").Gives(&ExpectedState::handler)),
     });
     return {Thrown(Text()), Logged("AddMenuItemFromFilePNG", 199, builder)};
 }
@@ -108,17 +111,18 @@ Row OpeningThePicture(std::uint32_t id) {
     Rows rows = {
         Lacking(Call("IAsyncOperation<StorageFile>::GetResults").NullEnds(0)),
         Guarded(627, Factory(kReferences)),
-        Guarded(630, Call("IRandomAccessStreamReferenceStatics::CreateFromFile").Gives(&World::picture)),
+        Guarded(630,
+                Call("IRandomAccessStreamReferenceStatics::CreateFromFile").Gives(&ExpectedState::picture)),
         Guarded(639, Factory(kMenuItems)),
         Thrown(Text()),
         Guarded(642, Making("IRadialControllerMenuItemStatics::CreateFromIcon")
-                         .Needs(&World::picture, kInvalidArgument)),
+                         .Needs(&ExpectedState::picture, kInvalidArgument)),
         Thrown(Text()),
         Thrown(Call("WindowsDuplicateString")),
         Guarded(649, Adding(id)),
         Recording(id, false),
     };
-    return Table(std::move(rows)).Needs(&World::handler, 0).Answers(Answer::Completion);
+    return Table(std::move(rows)).Needs(&ExpectedState::handler, 0).Answers(Answer::Completion);
 }
 
 Row LoadingTheResource() {
@@ -142,10 +146,10 @@ Rows ResourcePNGRows(std::uint32_t id) {
         LoadingTheResource(),
         Guarded(671, Factory(kReferences)),
         Guarded(676, Factory(kMenuItems)),
-        Guarded(700, Call("CreateRandomAccessStreamOverStream").Gives(&World::stream)),
+        Guarded(700, Call("CreateRandomAccessStreamOverStream").Gives(&ExpectedState::stream)),
         Guarded(706, Call("IRandomAccessStreamReferenceStatics::CreateFromStream")
                          .NullEnds(0)
-                         .Needs(&World::stream, kInvalidArgument)),
+                         .Needs(&ExpectedState::stream, kInvalidArgument)),
         Thrown(Text()),
         Reported("CreateFromIcon", 715, Making("IRadialControllerMenuItemStatics::CreateFromIcon")),
         Reported("", 727, Adding(id)),
@@ -160,7 +164,7 @@ Row Filling(std::initializer_list<Rows> items) {
     Rows rows = {
         Guarded(124, Call("IRadialController::get_Menu").NullEnds(kNoInterface)),
         Guarded(129, Call("IRadialControllerMenu::get_Items").NullEnds(kNoInterface)),
-        Logged("clear", 132, Call("IVector<RadialControllerMenuItem>::Clear").Does([](World& world) {
+        Logged("clear", 132, Call("IVector<RadialControllerMenuItem>::Clear").Does([](ExpectedState& world) {
             world.menu.clear();
         })),
     };
@@ -175,22 +179,22 @@ Row Filling(std::initializer_list<Rows> items) {
 class MenuSweep : public Sweep {
 protected:
     // Over a menu of one item, which is gone then, and its entry is not.
-    void StrikeMenu(const char* name, Row filling, const std::vector<MenuItemDescription>& items,
-                    std::uint32_t of_the_file = 1) {
-        World start;
+    void SweepMenu(const char* name, Row filling, const std::vector<MenuItemDescription>& items,
+                   std::uint32_t of_the_file = 1) {
+        ExpectedState start;
         start.items = {{99, 1}};
         start.menu = {0};
         start.recorded = {{99, false}};
-        StrikeEach({.name = name,
-                    .table = Table({std::move(filling), OpeningThePicture(of_the_file)}),
-                    .act =
-                        [this, &items] {
-                            Fill(items);
-                            seen += "completed with " + Hex(dialsim_complete_all()) + "\n";
-                        },
-                    .prepare = [this] { ListenWithAMenu(); },
-                    .start = start,
-                    .check = [](const World& world) { CheckMenu(world); }});
+        InjectEachFault({.name = name,
+                         .table = Table({std::move(filling), OpeningThePicture(of_the_file)}),
+                         .act =
+                             [this, &items] {
+                                 Fill(items);
+                                 seen += "completed with " + Hex(dialsim_complete_all()) + "\n";
+                             },
+                         .prepare = [this] { ListenWithAMenu(); },
+                         .start = start,
+                         .check = [](const ExpectedState& world) { CheckMenu(world); }});
     }
 
     const TemporaryFile font_{"sweep font with a long name.ttf", SmallPng()};
@@ -206,14 +210,14 @@ private:
     }
     void Fill(const std::vector<MenuItemDescription>& items) {
         try {
-            Say(SetMenu(kWindow, items));
+            LogResult(SetMenu(kWindow, items));
         } catch (const std::exception& error) {
             seen += "raised " + std::string(error.what()) + "\n";
         }
     }
 
     // Each item's handlers find the first entry of its identifier, which is 0 without a tag.
-    static void CheckMenu(const World& world) {
+    static void CheckMenu(const ExpectedState& world) {
         std::string tags;
         for (std::uint32_t place = 0; place < world.menu.size(); ++place) {
             const Item& item = world.items[world.menu[place]];
@@ -232,37 +236,37 @@ private:
     }
 };
 
-TEST_F(MenuSweep, OfNoItems) { StrikeMenu("no items", Filling({}), {}); }
+TEST_F(MenuSweep, OfNoItems) { SweepMenu("no items", Filling({}), {}); }
 
 TEST_F(MenuSweep, OfAKnownIcon) {
-    StrikeMenu("a known icon", Filling({KnownIconRows(1)}), {WithHaptics(KnownIcon(1))});
+    SweepMenu("a known icon", Filling({KnownIconRows(1)}), {WithHaptics(KnownIcon(1))});
 }
 
 TEST_F(MenuSweep, OfAGlyphOfAnInstalledFont) {
-    StrikeMenu("an installed font", Filling({SystemFontRows(1)}), {WithHaptics(SystemFont(1))});
+    SweepMenu("an installed font", Filling({SystemFontRows(1)}), {WithHaptics(SystemFont(1))});
 }
 
 TEST_F(MenuSweep, OfAGlyphOfAFontFile) {
-    StrikeMenu("a font file", Filling({CustomFontRows(1)}), {WithHaptics(CustomFont(1, font_.Path()))});
+    SweepMenu("a font file", Filling({CustomFontRows(1)}), {WithHaptics(CustomFont(1, font_.Path()))});
 }
 
 TEST_F(MenuSweep, OfAPictureFile) {
-    StrikeMenu("a picture file", Filling({FilePNGRows(1)}), {WithHaptics(FilePNG(1, picture_.Path()))});
+    SweepMenu("a picture file", Filling({FilePNGRows(1)}), {WithHaptics(FilePNG(1, picture_.Path()))});
 }
 
 TEST_F(MenuSweep, OfAPictureResource) {
-    StrikeMenu("a picture resource", Filling({ResourcePNGRows(1)}),
-               {WithHaptics(ResourcePNG(1, ModuleWithPng(), kPngResource))});
+    SweepMenu("a picture resource", Filling({ResourcePNGRows(1)}),
+              {WithHaptics(ResourcePNG(1, ModuleWithPng(), kPngResource))});
 }
 
 TEST_F(MenuSweep, OfAllSourcesAtOnce) {
-    StrikeMenu("all sources",
-               Filling({ResourcePNGRows(1), CustomFontRows(2), FilePNGRows(3), SystemFontRows(4),
-                        KnownIconRows(5), KnownIconRows(6)}),
-               {WithHaptics(ResourcePNG(1, ModuleWithPng(), kPngResource)),
-                WithHaptics(CustomFont(2, font_.Path())), FilePNG(3, picture_.Path()),
-                WithHaptics(SystemFont(4)), WithHaptics(KnownIcon(5)), WithHaptics(KnownIcon(6))},
-               3);
+    SweepMenu("all sources",
+              Filling({ResourcePNGRows(1), CustomFontRows(2), FilePNGRows(3), SystemFontRows(4),
+                       KnownIconRows(5), KnownIconRows(6)}),
+              {WithHaptics(ResourcePNG(1, ModuleWithPng(), kPngResource)),
+               WithHaptics(CustomFont(2, font_.Path())), FilePNG(3, picture_.Path()),
+               WithHaptics(SystemFont(4)), WithHaptics(KnownIcon(5)), WithHaptics(KnownIcon(6))},
+              3);
 }
 
 }  // namespace

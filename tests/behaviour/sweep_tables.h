@@ -19,7 +19,7 @@ namespace sweep {
 
 inline constexpr std::int32_t kInvalidArgument = static_cast<std::int32_t>(0x80070057);
 inline constexpr std::int32_t kTypeMismatch = static_cast<std::int32_t>(0x80028CA0);
-inline constexpr std::int32_t kPassedOver = 1;  // S_FALSE
+inline constexpr std::int32_t kSkipped = 1;  // S_FALSE
 
 inline std::string Hex(std::int32_t code) {
     char text[16];
@@ -42,7 +42,7 @@ struct Item {
     int subscriptions = 0;
 };
 
-struct World {
+struct ExpectedState {
     // What rows give and need.
     bool icon_factory = false;
     bool menu_item = false;
@@ -99,13 +99,13 @@ struct Row {
     int line = 0;
     Null null = Null::GoesOn;
     std::int32_t null_code = 0;
-    bool World::*gives = nullptr;
-    bool World::*needs = nullptr;
+    bool ExpectedState::*gives = nullptr;
+    bool ExpectedState::*needs = nullptr;
     std::int32_t without = 0;
     std::optional<std::int32_t> fails_as;
     std::int32_t ends_as = 0;
     Answer answer = Answer::None;
-    std::function<void(World&)> effect;
+    std::function<void(ExpectedState&)> effect;
 
     Row NullFails() && {
         null = Null::Fails;
@@ -117,12 +117,12 @@ struct Row {
         null_code = code;
         return std::move(*this);
     }
-    Row Gives(bool World::*fact) && {
+    Row Gives(bool ExpectedState::*fact) && {
         gives = fact;
         return std::move(*this);
     }
     // A call without it is refused by the platform with the code; a table without it makes no call.
-    Row Needs(bool World::*fact, std::int32_t code) && {
+    Row Needs(bool ExpectedState::*fact, std::int32_t code) && {
         needs = fact;
         without = code;
         return std::move(*this);
@@ -144,7 +144,7 @@ struct Row {
         return std::move(*this);
     }
     // When it has taken place.
-    Row Does(std::function<void(World&)> what) && {
+    Row Does(std::function<void(ExpectedState&)> what) && {
         effect = std::move(what);
         return std::move(*this);
     }
@@ -165,7 +165,7 @@ inline Row Table(Rows rows) {
 }
 
 // Something that happens beside the platform's calls.
-inline Row Then(std::function<void(World&)> what) { return Table({}).Does(std::move(what)); }
+inline Row Then(std::function<void(ExpectedState&)> what) { return Table({}).Does(std::move(what)); }
 
 inline Row Ruled(Rule rule, Row row, int line = 0, const char* step = "") {
     row.rule = rule;
@@ -191,7 +191,7 @@ inline Row Ignored(Row row) { return Ruled(Rule::Ignored, std::move(row)); }
 inline Row Text() { return Call("WindowsCreateStringReference"); }
 
 // The name of the class is part of getting its factory.
-inline Row FactoryOrNull(const std::string& runtime_class, bool World::*fact) {
+inline Row FactoryOrNull(const std::string& runtime_class, bool ExpectedState::*fact) {
     return Table({Call("WindowsCreateStringReference(" + runtime_class + ")"),
                   Call("RoGetActivationFactory(" + runtime_class + ")").Gives(fact)});
 }
@@ -205,11 +205,12 @@ inline Row View(const std::string& name) { return Call("QueryInterface(" + name 
 
 // --- faults
 
-enum class Way { FailsOnce, FailsTwice, KeepsFailing, FailsLate, YieldsNull };
-inline constexpr Way kWays[] = {Way::FailsOnce, Way::FailsTwice, Way::KeepsFailing, Way::FailsLate,
-                                Way::YieldsNull};
-inline constexpr const char* kNamesOfWays[] = {"fails once", "fails twice", "keeps failing",
-                                               "works and claims to have failed", "yields null"};
+enum class FaultKind { FailsOnce, FailsTwice, KeepsFailing, FailsLate, YieldsNull };
+inline constexpr FaultKind kFaultKinds[] = {FaultKind::FailsOnce, FaultKind::FailsTwice,
+                                            FaultKind::KeepsFailing, FaultKind::FailsLate,
+                                            FaultKind::YieldsNull};
+inline constexpr const char* kFaultKindNames[] = {"fails once", "fails twice", "keeps failing",
+                                                  "works and claims to have failed", "yields null"};
 
 // Attempts fail with codes of their own, so that each can be told from the next.
 inline constexpr std::int32_t kCodes[] = {kClassNotRegistered, kAccessDenied, kDisconnected};
@@ -217,29 +218,31 @@ inline constexpr std::int32_t kCodes[] = {kClassNotRegistered, kAccessDenied, kD
 struct Fault {
     std::string call;      // an operation, with arguments where they tell one from another
     std::uint32_t number;  // the call that is struck first, from 1
-    Way way;
+    FaultKind way;
 
     bool Matches(const std::string& other) const { return call == other || call == OperationOf(other); }
     // False where it is no way in which such a call can be struck.
     bool Set() const {
         switch (way) {
-            case Way::FailsLate:
+            case FaultKind::FailsLate:
                 return AnswersCode() && dialsim_fail_late(call.c_str(), kCodes[0], number, 1);
-            case Way::YieldsNull:
+            case FaultKind::YieldsNull:
                 return YieldsSomething() && dialsim_yield_null(call.c_str(), number, 1);
             default:
-                return Fail(0, 1) && (way == Way::FailsOnce || Fail(1, 1)) &&
-                       (way != Way::KeepsFailing || Fail(2, 0));
+                return Fail(0, 1) && (way == FaultKind::FailsOnce || Fail(1, 1)) &&
+                       (way != FaultKind::KeepsFailing || Fail(2, 0));
         }
     }
     // What strikes the call of this number; 0 for a null.
-    std::optional<std::int32_t> Strike(std::uint32_t which) const {
+    std::optional<std::int32_t> InjectedCode(std::uint32_t which) const {
         const std::uint32_t attempt = which - number;
-        const std::uint32_t attempts = way == Way::KeepsFailing ? UINT32_MAX : way == Way::FailsTwice ? 2 : 1;
+        const std::uint32_t attempts = way == FaultKind::KeepsFailing ? UINT32_MAX
+                                       : way == FaultKind::FailsTwice ? 2
+                                                                      : 1;
         if (which < number || attempt >= attempts) {
             return std::nullopt;
         }
-        return way == Way::YieldsNull ? 0 : kCodes[std::min(attempt, 2u)];
+        return way == FaultKind::YieldsNull ? 0 : kCodes[std::min(attempt, 2u)];
     }
 
 private:
@@ -254,11 +257,12 @@ private:
 
 class TableRun {
 public:
-    TableRun(std::optional<Fault> fault, World start) : world(std::move(start)), fault_(std::move(fault)) {}
+    TableRun(std::optional<Fault> fault, ExpectedState start)
+        : world(std::move(start)), fault_(std::move(fault)) {}
 
     void Play(const Row& row) { Perform(row); }
 
-    World world;
+    ExpectedState world;
     std::string calls;
     std::string printed;
 
@@ -274,7 +278,7 @@ private:
     Outcome Perform(const Row& row) {
         const Outcome first = Evaluate(row);
         if (first.ends || first.code >= 0) {
-            return {first.code, first.ends || (row.rule == Rule::Final && first.code != kPassedOver)};
+            return {first.code, first.ends || (row.rule == Rule::Final && first.code != kSkipped)};
         }
         switch (row.rule) {
             case Rule::Guarded:
@@ -298,8 +302,8 @@ private:
     Outcome Evaluate(const Row& row) { return row.call.empty() ? Outcome{CodeOf(row), false} : Make(row); }
 
     Outcome Make(const Row& row) {
-        std::optional<std::int32_t> code = StrikeNext(row.call);
-        const bool takes_place = !code || fault_->way == Way::FailsLate;
+        std::optional<std::int32_t> code = NextFault(row.call);
+        const bool takes_place = !code || fault_->way == FaultKind::FailsLate;
         const bool refused = takes_place && row.needs != nullptr && !(world.*row.needs);
         if (refused && !code) {
             code = row.without;
@@ -331,10 +335,10 @@ private:
             return PlayTable(table);
         }
         try {
-            Tell(table.answer, PlayTable(table));
+            Report(table.answer, PlayTable(table));
         } catch (const Error& error) {
             if (table.answer == Answer::Completion) {
-                Tell(table.answer, error.code);
+                Report(table.answer, error.code);
             } else {
                 world.seen += "raised platform error " + Hex(error.code) + "\n";
             }
@@ -359,7 +363,7 @@ private:
         return code < 0 && table.fails_as ? *table.fails_as : code;
     }
 
-    void Tell(Answer answer, std::int32_t code) {
+    void Report(Answer answer, std::int32_t code) {
         switch (answer) {
             case Answer::None:
                 break;
@@ -380,8 +384,8 @@ private:
                    std::to_string(row.line) + "\n";
     }
 
-    std::optional<std::int32_t> StrikeNext(const std::string& call) {
-        return fault_ && fault_->Matches(call) ? fault_->Strike(++matches_) : std::nullopt;
+    std::optional<std::int32_t> NextFault(const std::string& call) {
+        return fault_ && fault_->Matches(call) ? fault_->InjectedCode(++matches_) : std::nullopt;
     }
 
     const std::optional<Fault> fault_;

@@ -24,11 +24,11 @@ protected:
 Row SettingTheDefaultMenu() {
     return Table(
                {
-                   Then([](World& world) { world.seen += "asked for the window\n"; }),
+                   Then([](ExpectedState& world) { world.seen += "asked for the window\n"; }),
                    Factory("Windows.UI.Input.RadialControllerConfiguration"),
                    View("IRadialControllerConfigurationInterop"),
                    Absent(Call("IRadialControllerConfigurationInterop::GetForWindow").NullEnds(kNoInterface)),
-                   Call("IRadialControllerConfiguration::SetDefaultMenuItems").Does([](World& world) {
+                   Call("IRadialControllerConfiguration::SetDefaultMenuItems").Does([](ExpectedState& world) {
                        world.system_items = {3, 2};
                    }),
                })
@@ -42,15 +42,16 @@ std::vector<std::int32_t> SystemItems() {
 }
 
 TEST_F(WindowSweep, OfTheDefaultMenu) {
-    StrikeEach({.name = "set_default_menu",
-                .table = SettingTheDefaultMenu(),
-                .act =
-                    [this] {
-                        const std::int32_t kinds[] = {3, 2};
-                        Say(set_default_menu(kWindow, kinds, 2));
-                    },
-                .prepare = [this] { Listen(); },
-                .check = [](const World& world) { EXPECT_EQ(SystemItems(), world.system_items); }});
+    InjectEachFault(
+        {.name = "set_default_menu",
+         .table = SettingTheDefaultMenu(),
+         .act =
+             [this] {
+                 const std::int32_t kinds[] = {3, 2};
+                 LogResult(set_default_menu(kWindow, kinds, 2));
+             },
+         .prepare = [this] { Listen(); },
+         .check = [](const ExpectedState& world) { EXPECT_EQ(SystemItems(), world.system_items); }});
 }
 
 // --- selecting an item
@@ -59,8 +60,8 @@ TEST_F(WindowSweep, OfTheDefaultMenu) {
 Row Size() { return Call("IVector<RadialControllerMenuItem>::get_Size").NullEnds(kFail); }
 
 Rows Looking() {
-    return {Call("IVector<RadialControllerMenuItem>::GetAt").NullEnds(kPassedOver),
-            Call("IRadialControllerMenuItem::get_Tag").NullEnds(kPassedOver), View("IPropertyValue")};
+    return {Call("IVector<RadialControllerMenuItem>::GetAt").NullEnds(kSkipped),
+            Call("IRadialControllerMenuItem::get_Tag").NullEnds(kSkipped), View("IPropertyValue")};
 }
 
 Row With(Rows rows, std::initializer_list<Row> more) {
@@ -72,13 +73,14 @@ Row AnotherItem() { return With(Looking(), {Call("IPropertyValue::GetUInt32")});
 
 // A tag of another type, unless it is read as a zero.
 Row AForeignItem() {
-    return With(Looking(), {Call("IPropertyValue::GetUInt32").Needs(&World::never, kTypeMismatch)});
+    return With(Looking(), {Call("IPropertyValue::GetUInt32").Needs(&ExpectedState::never, kTypeMismatch)});
 }
 
 Row TheItem() {
-    const Row select =
-        Call("IRadialControllerMenu::SelectMenuItem").Does([](World& world) { world.selected = true; });
-    return Final(With(Looking(), {Call("IPropertyValue::GetUInt32").NullEnds(kPassedOver), select}));
+    const Row select = Call("IRadialControllerMenu::SelectMenuItem").Does([](ExpectedState& world) {
+        world.selected = true;
+    });
+    return Final(With(Looking(), {Call("IPropertyValue::GetUInt32").NullEnds(kSkipped), select}));
 }
 
 Row Selecting(std::initializer_list<Row> search) {
@@ -93,12 +95,13 @@ Row Selecting(std::initializer_list<Row> search) {
 
 class SelectionSweep : public WindowSweep {
 protected:
-    void StrikeSelection(const char* name, Row table, std::function<void()> prepare) {
-        StrikeEach({.name = name,
-                    .table = std::move(table),
-                    .act = [this] { Say(set_current_custom_menu(kWindow, 2)); },
-                    .prepare = std::move(prepare),
-                    .check = [](const World& world) { EXPECT_EQ(SomethingIsSelected(), world.selected); }});
+    void SweepSelection(const char* name, Row table, std::function<void()> prepare) {
+        InjectEachFault(
+            {.name = name,
+             .table = std::move(table),
+             .act = [this] { LogResult(set_current_custom_menu(kWindow, 2)); },
+             .prepare = std::move(prepare),
+             .check = [](const ExpectedState& world) { EXPECT_EQ(SomethingIsSelected(), world.selected); }});
     }
 
 private:
@@ -106,19 +109,19 @@ private:
 };
 
 TEST_F(SelectionSweep, OfTheSecondItem) {
-    StrikeSelection("hit", Selecting({Size(), AnotherItem(), Size(), TheItem(), Size()}), [this] {
+    SweepSelection("hit", Selecting({Size(), AnotherItem(), Size(), TheItem(), Size()}), [this] {
         ListenWithAMenu({KnownIcon(1), KnownIcon(2)});
     });
 }
 
 TEST_F(SelectionSweep, OfNoItem) {
-    StrikeSelection("miss", Selecting({Size(), AnotherItem(), Size(), AnotherItem(), Size()}), [this] {
+    SweepSelection("miss", Selecting({Size(), AnotherItem(), Size(), AnotherItem(), Size()}), [this] {
         ListenWithAMenu({KnownIcon(1), KnownIcon(3)});
     });
 }
 
 TEST_F(SelectionSweep, OfAnItemBehindAForeignTag) {
-    StrikeSelection("foreign", Selecting({Size(), AForeignItem(), Size(), TheItem(), Size()}), [this] {
+    SweepSelection("foreign", Selecting({Size(), AForeignItem(), Size(), TheItem(), Size()}), [this] {
         ListenWithAMenu({});
         ASSERT_TRUE(dialsim_append_item(kWindow, "String", 2));
         ASSERT_TRUE(dialsim_append_item(kWindow, "UInt32", 2));
@@ -129,18 +132,18 @@ TEST_F(SelectionSweep, OfAnItemBehindAForeignTag) {
 
 Row Invoking() {
     const Row tag = Table({Call("IRadialControllerMenuItem::get_Tag").NullEnds(0), View("IPropertyValue"),
-                           Ignored(Call("IPropertyValue::GetUInt32").Gives(&World::tag_read))});
+                           Ignored(Call("IPropertyValue::GetUInt32").Gives(&ExpectedState::tag_read))});
     const Row haptics = Call("IRadialController::put_UseAutomaticHapticFeedback");
-    return Table({Ignored(tag), Table({Ignored(haptics)}).Needs(&World::tag_read, 0),
+    return Table({Ignored(tag), Table({Ignored(haptics)}).Needs(&ExpectedState::tag_read, 0),
                   Ignored(Call("IRadialControllerMenuItem::get_DisplayText"))})
         .Answers(Answer::Code);
 }
 
 TEST_F(WindowSweep, OfAChoice) {
-    StrikeEach({.name = "Invoked",
-                .table = Invoking(),
-                .act = [this] { SayCode(dialsim_choose(kWindow, 0)); },
-                .prepare = [this] { ListenWithAMenu({KnownIcon(7)}); }});
+    InjectEachFault({.name = "Invoked",
+                     .table = Invoking(),
+                     .act = [this] { LogCode(dialsim_choose(kWindow, 0)); },
+                     .prepare = [this] { ListenWithAMenu({KnownIcon(7)}); }});
 }
 
 // --- looking for the dial
@@ -151,7 +154,7 @@ constexpr char kDialId[] = R"(\\?\BTHLE#Dev_bc838528f72a#1)";
 // A device that is not the dial, or where it is.
 Row ReadingADevice(bool is_the_dial) {
     return Table({Call("IVectorView<DeviceInformation>::GetAt").NullEnds(0), Call("WindowsCreateString"),
-                  is_the_dial ? Call("IDeviceInformation::get_Id").Gives(&World::found)
+                  is_the_dial ? Call("IDeviceInformation::get_Id").Gives(&ExpectedState::found)
                               : Call("IDeviceInformation::get_Id")});
 }
 
@@ -159,7 +162,7 @@ Row Scanning(Rows devices) {
     Rows rows = {Call("IAsyncOperation<DeviceInformationCollection>::GetResults").NullEnds(0),
                  Call("IVectorView<DeviceInformation>::get_Size").NullEnds(0)};
     rows.insert(rows.end(), devices.begin(), devices.end());
-    return Table({Table(std::move(rows)), Then([](World& world) { world.scanned = true; })})
+    return Table({Table(std::move(rows)), Then([](ExpectedState& world) { world.scanned = true; })})
         .Answers(Answer::Completion);
 }
 
@@ -171,27 +174,28 @@ Row Querying(Rows devices) {
         Call("IAsyncOperation<DeviceInformationCollection>::put_Completed")
             .Contains(Scanning(std::move(devices))),
     });
-    const Row wait = Then([](World& world) { world.seen += world.scanned ? "" : "waited to the bound\n"; });
-    return Table({query, wait, Table({}).Needs(&World::found, kFail)}).Answers(Answer::Bool);
+    const Row wait =
+        Then([](ExpectedState& world) { world.seen += world.scanned ? "" : "waited to the bound\n"; });
+    return Table({query, wait, Table({}).Needs(&ExpectedState::found, kFail)}).Answers(Answer::Bool);
 }
 
 class PresenceSweep : public WindowSweep {
 protected:
     // Null stands for an entry without an object.
-    void StrikePresence(const char* name, std::initializer_list<const char*> ids, Rows devices) {
-        StrikeEach({.name = name,
-                    .table = Querying(std::move(devices)),
-                    .act = [this] { Look(); },
-                    .prepare =
-                        [this, ids] {
-                            Listen();
-                            dialsim_async(DIALSIM_AT_ONCE);
-                            dialsim_skip_sleeps(true);
-                            dialsim_remove_devices();
-                            for (const char* id : ids) {
-                                dialsim_add_device(id, nullptr, true);
-                            }
-                        }});
+    void SweepPresence(const char* name, std::initializer_list<const char*> ids, Rows devices) {
+        InjectEachFault({.name = name,
+                         .table = Querying(std::move(devices)),
+                         .act = [this] { Look(); },
+                         .prepare =
+                             [this, ids] {
+                                 Listen();
+                                 dialsim_async(DIALSIM_AT_ONCE);
+                                 dialsim_skip_sleeps(true);
+                                 dialsim_remove_devices();
+                                 for (const char* id : ids) {
+                                     dialsim_add_device(id, nullptr, true);
+                                 }
+                             }});
     }
 
 private:
@@ -206,22 +210,22 @@ private:
         const std::uint32_t sleeps = dialsim_calls("Sleep(1)");
         EXPECT_TRUE(sleeps == 0 || sleeps == kFullWait) << sleeps;
         seen += sleeps == 0 ? "" : "waited to the bound\n";
-        Say(present);
+        LogResult(present);
     }
 };
 
-TEST_F(PresenceSweep, OfTheDialAlone) { StrikePresence("the dial alone", {kDialId}, {ReadingADevice(true)}); }
+TEST_F(PresenceSweep, OfTheDialAlone) { SweepPresence("the dial alone", {kDialId}, {ReadingADevice(true)}); }
 
 TEST_F(PresenceSweep, OfTheDialBehindOthers) {
-    StrikePresence(
+    SweepPresence(
         "others first", {nullptr, "USB#1", kDialId},
         {Call("IVectorView<DeviceInformation>::GetAt"), ReadingADevice(false), ReadingADevice(true)});
 }
 
 TEST_F(PresenceSweep, OfAnotherDevice) {
-    StrikePresence("another device", {"USB#1"}, {ReadingADevice(false)});
+    SweepPresence("another device", {"USB#1"}, {ReadingADevice(false)});
 }
 
-TEST_F(PresenceSweep, OfNoDevice) { StrikePresence("no device", {}, {}); }
+TEST_F(PresenceSweep, OfNoDevice) { SweepPresence("no device", {}, {}); }
 
 }  // namespace

@@ -60,7 +60,7 @@ TEST_F(TextSettings, TheLocalContainerIsTheLastResort) {
     EXPECT_EQ(GetText(), UTF16("third"));
 }
 
-TEST_F(TextSettings, AnEntryOfAnotherKindIsPassedOver) {
+TEST_F(TextSettings, AnEntryOfAnotherKindIsIgnored) {
     for (const char* type : {"Int32", "UInt32", "UInt8", "composite"}) {
         Put("roaming", type, "1");
         PutInVault("second");
@@ -147,7 +147,7 @@ TEST_F(TextSettings, ANewTextIsWrittenToAllThreePlacesInTurn) {
     EXPECT_EQ(GetText(), UTF16("new"));
 }
 
-TEST_F(TextSettings, AChangedTextIsRemovedAndWrittenAnewEverywhere) {
+TEST_F(TextSettings, AChangedTextIsRemovedAndWrittenAgainEverywhere) {
     EXPECT_EQ(SetText(UTF16("old")), 0);
     dialsim_clear_journal();
     EXPECT_EQ(SetText(UTF16("new")), 0);
@@ -477,11 +477,11 @@ TEST_F(TextSettings, TextsOutliveTheLibrarysRun) {
 
 TEST_F(TextSettings, NothingIsHeldBetweenCalls) {
     EXPECT_EQ(SetText(UTF16("text")), 0);
-    EXPECT_EQ(OpenAccounts(), "");
+    EXPECT_EQ(LeakReport(), "");
     EXPECT_EQ(GetText(), UTF16("text"));
-    EXPECT_EQ(OpenAccounts(), "");
+    EXPECT_EQ(LeakReport(), "");
     EXPECT_EQ(SetText(UTF16("changed")), 0);
-    EXPECT_EQ(OpenAccounts(), "");
+    EXPECT_EQ(LeakReport(), "");
 }
 
 // What another program writes is seen at once.
@@ -506,7 +506,7 @@ protected:
     }
 };
 
-TEST_P(DamagedStore, IsPassedOverByReadsAndWrites) {
+TEST_P(DamagedStore, IsIgnoredByReadsAndWrites) {
     EXPECT_EQ(GetText(), UTF16("old"));
     EXPECT_EQ(SetText(UTF16("new")), 0);
     EXPECT_EQ(GetText(), UTF16("new"));

@@ -34,7 +34,7 @@ Host host(kWindow);
 Host other_host(kOtherWindow);
 const TemporaryFile picture("brindle-races.png", SmallPng());
 
-void AtOnce(const std::function<void()>& one, const std::function<void()>& other) {
+void RunConcurrently(const std::function<void()>& one, const std::function<void()>& other) {
     std::latch start(2);
     const std::jthread thread([&] {
         start.arrive_and_wait();
@@ -49,54 +49,54 @@ std::uint32_t NextPicture() {
     return count++;
 }
 
-void TwoPicturesOfOneMenu() {
+void TwoImageLoadsOfOneMenu() {
     SetMenu(kWindow, {FilePNG(1, picture.Path()), FilePNG(2, picture.Path())});
     const std::uint32_t first = NextPicture();
     const std::uint32_t second = NextPicture();
-    AtOnce([=] { dialsim_complete(first); }, [=] { dialsim_complete(second); });
+    RunConcurrently([=] { dialsim_complete(first); }, [=] { dialsim_complete(second); });
 }
 
 // The chosen item's entry is behind those of all rounds before.
-void AChoiceAndAPicture() {
+void InvocationAndImageLoad() {
     const std::uint32_t loading = NextPicture();
     SetMenu(kWindow, {KnownIcon(loading), FilePNG(loading, picture.Path())});
-    AtOnce([=] { dialsim_complete(loading); }, [] { dialsim_choose(kWindow, 0); });
+    RunConcurrently([=] { dialsim_complete(loading); }, [] { dialsim_choose(kWindow, 0); });
 }
 
-void AChoiceAndANewMenu() {
+void InvocationAndNewMenu() {
     SetMenu(kWindow, {KnownIcon(1)});
-    AtOnce([] { dialsim_choose(kWindow, 0); }, [] { SetMenu(kWindow, {KnownIcon(1)}); });
+    RunConcurrently([] { dialsim_choose(kWindow, 0); }, [] { SetMenu(kWindow, {KnownIcon(1)}); });
 }
 
 // As when add_custom_menu goes on to the records behind a picture file.
 void APictureAndANewMenu() {
     const std::uint32_t loading = NextPicture();
     SetMenu(kWindow, {FilePNG(1, picture.Path())});
-    AtOnce([=] { dialsim_complete(loading); }, [] { SetMenu(kWindow, {KnownIcon(1)}); });
+    RunConcurrently([=] { dialsim_complete(loading); }, [] { SetMenu(kWindow, {KnownIcon(1)}); });
 }
 
-void ATurnAndANewMenu() {
-    AtOnce([] { dialsim_turn(kWindow, 1.0); }, [] { SetMenu(kWindow, {}); });
+void RotationAndNewMenu() {
+    RunConcurrently([] { dialsim_turn(kWindow, 1.0); }, [] { SetMenu(kWindow, {}); });
 }
 
-void TurnsOfTwoWindows() {
-    AtOnce([] { dialsim_turn(kWindow, 1.0); }, [] { dialsim_turn(kOtherWindow, 1.0); });
+void RotationsOfTwoWindows() {
+    RunConcurrently([] { dialsim_turn(kWindow, 1.0); }, [] { dialsim_turn(kOtherWindow, 1.0); });
 }
 
-void ATurnAndTheEnd() {
-    AtOnce([] { dialsim_turn(kWindow, 1.0); }, uninit);
+void RotationAndUninit() {
+    RunConcurrently([] { dialsim_turn(kWindow, 1.0); }, uninit);
     initialize();
     init_dial_listener(&host);
 }
 
 const std::map<std::string, void (*)()> kRaces = {
-    {"two_pictures_of_one_menu", TwoPicturesOfOneMenu},
-    {"a_choice_and_a_picture", AChoiceAndAPicture},
-    {"a_choice_and_a_new_menu", AChoiceAndANewMenu},
+    {"two_image_loads_of_one_menu", TwoImageLoadsOfOneMenu},
+    {"invocation_and_image_load", InvocationAndImageLoad},
+    {"invocation_and_new_menu", InvocationAndNewMenu},
     {"a_picture_and_a_new_menu", APictureAndANewMenu},
-    {"a_turn_and_a_new_menu", ATurnAndANewMenu},
-    {"turns_of_two_windows", TurnsOfTwoWindows},
-    {"a_turn_and_the_end", ATurnAndTheEnd},
+    {"rotation_and_new_menu", RotationAndNewMenu},
+    {"rotations_of_two_windows", RotationsOfTwoWindows},
+    {"rotation_and_uninit", RotationAndUninit},
 };
 
 }  // namespace

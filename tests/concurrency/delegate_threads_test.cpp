@@ -49,16 +49,16 @@ TEST(DelegatesOnManyThreads, NoReferenceIsLostOrInvented) {
 
 TEST(DelegatesOnManyThreads, TheLastReferenceMayGoOnAnyOfThemAndGoesOnce) {
     for (int round = 0; round < 200; ++round) {
-        const auto watched = std::make_shared<int>(0);
+        const auto captured = std::make_shared<int>(0);
         RotationHandler* handler =
-            MakeDelegate<RotationHandler>([watched](auto*, auto*) { return S_OK; }).Detach();
+            MakeDelegate<RotationHandler>([captured](auto*, auto*) { return S_OK; }).Detach();
         for (int i = 1; i < kThreads; ++i) {
             handler->AddRef();
         }
         std::atomic<int> last = 0;
         RunTogether([&] { last += handler->Release() == 0; });
         EXPECT_EQ(last, 1);
-        EXPECT_EQ(watched.use_count(), 1);
+        EXPECT_EQ(captured.use_count(), 1);
     }
 }
 

@@ -24,7 +24,7 @@ constexpr int kRounds = 100;
 constexpr int kFullWaits = 5;  // of 10,001 sleeps each
 
 template <class Platform, class Host>
-void AtOnce(Platform platform, Host host) {
+void RunConcurrently(Platform platform, Host host) {
     std::latch start(2);
     const std::jthread other([&] {
         start.arrive_and_wait();
@@ -34,16 +34,16 @@ void AtOnce(Platform platform, Host host) {
     host();
 }
 
-class Threads : public Simulated {
+class Threads : public SimulatorTest {
 protected:
     void SetUp() override {
-        Simulated::SetUp();
+        SimulatorTest::SetUp();
         ASSERT_EQ(initialize(), 0);
         ASSERT_TRUE(init_dial_listener(&host_));
     }
     void TearDown() override {
         uninit();
-        Simulated::TearDown();
+        SimulatorTest::TearDown();
     }
 
     // The dial's events, one after the other on one thread, as long as the host is at work.
@@ -51,7 +51,7 @@ protected:
     void WorkWhileTheDialIsUsed(Work work) {
         std::atomic<bool> working = true;
         std::size_t uses = 0;
-        AtOnce(
+        RunConcurrently(
             [&] {
                 for (; working || uses == 0; ++uses) {
                     EXPECT_EQ(dialsim_turn(kWindow, 1.0), 0);
@@ -121,8 +121,8 @@ TEST_F(Threads, AnItemIsChosenWhileTheHostAsksForTheDial) {
     ASSERT_TRUE(SetMenu(kWindow, {WithHaptics(KnownIcon(1)), KnownIcon(2)}));
     for (int round = 0; round < kRounds; ++round) {
         const std::uint32_t chosen = round % 2 == 0 ? 1 : 0;
-        AtOnce([&] { EXPECT_EQ(dialsim_choose(kWindow, chosen), 0); },
-               [] { EXPECT_TRUE(is_dial_present(kWindow)); });
+        RunConcurrently([&] { EXPECT_EQ(dialsim_choose(kWindow, chosen), 0); },
+                        [] { EXPECT_TRUE(is_dial_present(kWindow)); });
     }
     constexpr auto half = static_cast<std::uint32_t>(kRounds / 2);
     EXPECT_EQ(dialsim_calls("IRadialController::put_UseAutomaticHapticFeedback(0)"), half);
@@ -133,7 +133,7 @@ TEST_F(Threads, APictureIsLoadedWhileTheDialIsUsedAndTheHostAsksForIt) {
     const TemporaryFile picture("brindle-threads.png", SmallPng());
     for (int round = 0; round < kRounds; ++round) {
         ASSERT_TRUE(SetMenu(kWindow, {KnownIcon(1), FilePNG(2, picture.Path())}));
-        AtOnce(
+        RunConcurrently(
             [] {
                 EXPECT_EQ(dialsim_turn(kWindow, 1.0), 0);
                 EXPECT_EQ(dialsim_click(kWindow), 0);
@@ -152,8 +152,8 @@ TEST_F(Threads, PicturesOfTwoWindowsAreLoadedAtOnce) {
     for (std::uint32_t round = 0; round < kRounds; ++round) {
         ASSERT_TRUE(SetMenu(kWindow, {FilePNG(1, picture.Path())}));
         ASSERT_TRUE(SetMenu(kOtherWindow, {FilePNG(2, picture.Path())}));
-        AtOnce([&] { EXPECT_EQ(dialsim_complete(2 * round), 0); },
-               [&] { EXPECT_EQ(dialsim_complete(2 * round + 1), 0); });
+        RunConcurrently([&] { EXPECT_EQ(dialsim_complete(2 * round), 0); },
+                        [&] { EXPECT_EQ(dialsim_complete(2 * round + 1), 0); });
         EXPECT_TRUE(set_current_custom_menu(kWindow, 1));
         EXPECT_TRUE(set_current_custom_menu(kOtherWindow, 2));
     }
@@ -163,7 +163,7 @@ TEST_F(Threads, PicturesOfTwoWindowsAreLoadedAtOnce) {
 TEST_F(Threads, TheAnswerAboutTheDialComesAsTheWaitEnds) {
     for (int round = 0; round < kRounds; ++round) {
         dialsim_async(DIALSIM_HELD);
-        AtOnce(
+        RunConcurrently(
             [&] {
                 while (dialsim_pending() == 0) {
                     std::this_thread::yield();
@@ -180,7 +180,7 @@ TEST_F(Threads, TheAnswerAboutTheDialComesAsTheLibraryStops) {
     for (int wait = 0; wait < kFullWaits; ++wait) {
         dialsim_async(DIALSIM_HELD);
         EXPECT_FALSE(is_dial_present(kWindow));
-        AtOnce([] { EXPECT_EQ(dialsim_complete_all(), 0); }, uninit);
+        RunConcurrently([] { EXPECT_EQ(dialsim_complete_all(), 0); }, uninit);
         ASSERT_EQ(initialize(), 0);
         ASSERT_TRUE(init_dial_listener(&host_));
     }

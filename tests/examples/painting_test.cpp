@@ -82,7 +82,7 @@ TEST_F(Paper, PetalsRepeatAStrokeAroundTheMiddle) {
     EXPECT_EQ(painting_.Strokes(), 1U);
 }
 
-TEST_F(Paper, WhatIsPaintedBesideItIsLost) {
+TEST_F(Paper, PaintOutsideIsDiscarded) {
     Stroke(kBrush, {-40, -40}, {-20, 90});
     Stroke(kBrush, {90, -5}, {90, 200});
     EXPECT_EQ(All(), empty_);

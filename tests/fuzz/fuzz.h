@@ -99,18 +99,18 @@ public:
     Run(const Run&) = delete;
     Run& operator=(const Run&) = delete;
     ~Run() {
-        CheckSame(OpenAccounts(), "", "handed out and not come back");
+        CheckSame(LeakReport(), "", "handed out and not come back");
         dialsim_reset();
     }
 };
 
 // The library started, and stopped at the end.
-class Started {
+class InitializedLibrary {
 public:
-    Started() { CheckSame(initialize(), 0, "initialize"); }
-    Started(const Started&) = delete;
-    Started& operator=(const Started&) = delete;
-    ~Started() { uninit(); }
+    InitializedLibrary() { CheckSame(initialize(), 0, "initialize"); }
+    InitializedLibrary(const InitializedLibrary&) = delete;
+    InitializedLibrary& operator=(const InitializedLibrary&) = delete;
+    ~InitializedLibrary() { uninit(); }
 };
 
 // Empty stores that no disk slows down.

@@ -207,7 +207,7 @@ private:
                 item.source.number = input_.SmallOrAnyNumber();
                 break;
             case MenuItemKind::CustomFont:
-                item.source3.text = input_.Flag() ? Keep(Utf16Of(kFontFile)) : TakeMissingPath();
+                item.source3.text = input_.Flag() ? Store(Utf16Of(kFontFile)) : TakeMissingPath();
                 [[fallthrough]];
             case MenuItemKind::SystemFont:
                 item.source.text = TakeText();
@@ -353,9 +353,9 @@ private:
         should_be_.Clear();
     }
 
-    const BrindleChar* Keep(WideText text) { return texts_.emplace_back(std::move(text)).c_str(); }
-    const BrindleChar* TakeText() { return Keep(input_.Text()); }
-    const BrindleChar* TakeMissingPath() { return Keep(Utf16Of("/no such folder/") + input_.Text()); }
+    const BrindleChar* Store(WideText text) { return texts_.emplace_back(std::move(text)).c_str(); }
+    const BrindleChar* TakeText() { return Store(input_.Text()); }
+    const BrindleChar* TakeMissingPath() { return Store(Utf16Of("/no such folder/") + input_.Text()); }
     const BrindleChar* TakePath() {
         switch (input_.Below(4)) {
             case 0:
@@ -369,7 +369,7 @@ private:
 
     Input& input_;
     RecordingHost host_{kWindow};
-    const Started started_;
+    const InitializedLibrary started_;
     Menu should_be_;
     std::deque<WideText> texts_;  // never moved: descriptions point into them
 };

@@ -116,7 +116,7 @@ bool Ask() {
 int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
     const Run run;
     RecordingHost host(kWindow);
-    const Started started;
+    const InitializedLibrary started;
     Check(init_dial_listener(&host), "the window is served");
     Input input(bytes, size);
     for (int questions = 0; questions < 3 && !input.Empty(); ++questions) {

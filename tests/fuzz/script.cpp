@@ -25,15 +25,15 @@ struct Turn {
 };
 
 // What an understood script asks for.
-struct Story {
+struct ExpectedEvents {
     std::vector<Turn> turns;
     std::vector<DialContactRect> clicks;
     std::uint32_t contacts_kept = 0;  // a click never gives its contact back, on purpose
-    bool strikes = false;             // asks for failures
-    bool keeps_strings = false;       // that leave strings out for good
+    bool injects_faults = false;      // asks for failures
+    bool leaks_strings = false;       // that leave strings out for good
 };
 
-std::int32_t Cut(float value) {
+std::int32_t Truncate(float value) {
     const double whole = std::trunc(double{value});
     return std::fabs(whole) < 2147483648.0 ? static_cast<std::int32_t>(whole)
                                            : std::numeric_limits<std::int32_t>::min();
@@ -46,11 +46,13 @@ struct Place {
     float width = 0;
     float height = 0;
 
-    DialContactRect ForTurn() const { return {Cut(x), Cut(y), Cut(x + width), Cut(y + height)}; }
+    DialContactRect ForTurn() const {
+        return {Truncate(x), Truncate(y), Truncate(x + width), Truncate(y + height)};
+    }
     DialContactRect ForClick() const {
-        const auto left = static_cast<float>(Cut(x));
-        const auto top = static_cast<float>(Cut(y));
-        return {Cut(x), Cut(y), Cut(left + width), Cut(top + height)};
+        const auto left = static_cast<float>(Truncate(x));
+        const auto top = static_cast<float>(Truncate(y));
+        return {Truncate(x), Truncate(y), Truncate(left + width), Truncate(top + height)};
     }
 };
 
@@ -66,9 +68,9 @@ double Degrees(const std::string& word) {
     return degrees;
 }
 
-class Reader {
+class ScriptModel {
 public:
-    Story Read(const std::string& script) {
+    ExpectedEvents Read(const std::string& script) {
         std::istringstream lines(script);
         for (std::string line; std::getline(lines, line);) {
             std::istringstream stream(line.substr(0, line.find('#')));
@@ -77,21 +79,21 @@ public:
                 words.push_back(word);
             }
             if (!words.empty()) {
-                Take(words);
+                Apply(words);
             }
         }
-        return story_;
+        return expected_;
     }
 
 private:
-    void Take(const std::vector<std::string>& words) {
+    void Apply(const std::vector<std::string>& words) {
         const std::string& command = words[0];
-        const bool heard = window_ == 0 || window_ == kWindow;
-        if (command == "turn" && heard) {
-            story_.turns.push_back({Degrees(words[1]), button_down_, place_.ForTurn()});
-        } else if (command == "click" && heard) {
-            story_.clicks.push_back(place_.ForClick());
-            story_.contacts_kept += on_screen_ ? 1U : 0U;
+        const bool received = window_ == 0 || window_ == kWindow;
+        if (command == "turn" && received) {
+            expected_.turns.push_back({Degrees(words[1]), button_down_, place_.ForTurn()});
+        } else if (command == "click" && received) {
+            expected_.clicks.push_back(place_.ForClick());
+            expected_.contacts_kept += on_screen_ ? 1U : 0U;
         } else if (command == "hold" || command == "release") {
             button_down_ = command == "hold";
         } else if (command == "touch" || command == "move") {
@@ -103,12 +105,12 @@ private:
         } else if (command == "window") {
             window_ = std::strtoull(words[1].c_str(), nullptr, words[1].starts_with("0x") ? 16 : 10);
         } else if (command == "fail" || command == "fail-late" || command == "null") {
-            story_.strikes = true;
-            story_.keeps_strings |= words[1].find("Delete") != std::string::npos;
+            expected_.injects_faults = true;
+            expected_.leaks_strings |= words[1].find("Delete") != std::string::npos;
         }
     }
 
-    Story story_;
+    ExpectedEvents expected_;
     std::uint64_t window_ = 0;
     bool button_down_ = false;
     bool on_screen_ = false;
@@ -117,24 +119,24 @@ private:
 
 bool SameNumber(double a, double b) { return a == b || (std::isnan(a) && std::isnan(b)); }
 
-void CheckStory(const RecordingHost& host, const Story& story) {
-    CheckSame(host.rotations.size(), story.turns.size(), "turns heard");
-    Check(host.clicks == story.clicks, "clicks heard, and their contacts");
-    for (std::size_t i = 0; i < story.turns.size(); ++i) {
-        const DialRotationInfo& heard = host.rotations[i];
-        Check(SameNumber(heard.deltaDegrees, story.turns[i].degrees), "a turn's degrees");
-        CheckSame(heard.buttonPressed, story.turns[i].button_down, "a turn's button");
-        Check(heard.contact == story.turns[i].contact, "a turn's contact");
-        Check(heard.acceleration >= 1.0, "a turn's acceleration");
+void CheckEvents(const RecordingHost& host, const ExpectedEvents& expected) {
+    CheckSame(host.rotations.size(), expected.turns.size(), "turns received");
+    Check(host.clicks == expected.clicks, "clicks received, and their contacts");
+    for (std::size_t i = 0; i < expected.turns.size(); ++i) {
+        const DialRotationInfo& received = host.rotations[i];
+        Check(SameNumber(received.deltaDegrees, expected.turns[i].degrees), "a turn's degrees");
+        CheckSame(received.buttonPressed, expected.turns[i].button_down, "a turn's button");
+        Check(received.contact == expected.turns[i].contact, "a turn's contact");
+        Check(received.acceleration >= 1.0, "a turn's acceleration");
     }
 }
 
 // Failures may keep fewer contacts, or one of them more than once.
-void CheckAccounts(const Story& story) {
+void CheckLeaks(const ExpectedEvents& expected) {
     const std::uint32_t kept = dialsim_objects(kContacts);
-    Check(story.strikes ? kept <= story.contacts_kept : kept == story.contacts_kept,
+    Check(expected.injects_faults ? kept <= expected.contacts_kept : kept == expected.contacts_kept,
           "contacts not come back");
-    for (const std::string& line : LinesOf(OpenAccounts())) {
+    for (const std::string& line : LinesOf(LeakReport())) {
         Check(line.starts_with(kContacts), "handed out and not come back: " + line);
     }
 }
@@ -147,7 +149,7 @@ void CheckReason(const std::string& reason, const std::string& script) {
 }
 
 // What a host may do after, and with what the script has left behind.
-void UseEverything() {
+void CallEveryExport() {
     const std::int32_t kinds[] = {3, 0};
     SetMenu(kWindow,
             {KnownIcon(1), SystemFont(2), CustomFont(3, UTF16("/dev/null")), FilePNG(4, UTF16("/x"))});
@@ -164,7 +166,7 @@ void UseEverything() {
 
 // Answers what was played, nothing where nothing was. With failures a label may be refused, or memory run
 // out: the header promises exceptions then.
-Story Play(const std::string& script, const RecordingHost& host) {
+ExpectedEvents Play(const std::string& script, const RecordingHost& host) {
     char reason[512];
     const std::string before = Journal();
     const bool played = dialsim_play(script.c_str(), 0, reason, sizeof reason);
@@ -173,18 +175,18 @@ Story Play(const std::string& script, const RecordingHost& host) {
         CheckSame(Journal(), before, "the platform's calls after nothing was played");
         return {};
     }
-    const Story story = Reader().Read(script);
-    if (!story.strikes) {
-        CheckStory(host, story);
+    const ExpectedEvents expected = ScriptModel().Read(script);
+    if (!expected.injects_faults) {
+        CheckEvents(host, expected);
     }
     try {
-        UseEverything();
+        CallEveryExport();
     } catch (const std::exception&) {
-        Check(story.strikes, "no exception without failures");
+        Check(expected.injects_faults, "no exception without failures");
     }
     dialsim_wait_for_async();
     dialsim_complete_all();
-    return story;
+    return expected;
 }
 
 }  // namespace
@@ -203,10 +205,10 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
     host.haptic_request = &buzz;
     initialize();
     Check(init_dial_listener(&host), "the window is served");
-    const Story story = Play(script, host);
+    const ExpectedEvents expected = Play(script, host);
     uninit();
-    if (!story.keeps_strings) {
-        CheckAccounts(story);
+    if (!expected.leaks_strings) {
+        CheckLeaks(expected);
     }
     return 0;
 }

@@ -85,7 +85,7 @@ public:
     // A key that only another resource has blocks the way.
     void Write(const WideText& resource, const WideText& key, const WideText& text) {
         const auto old = texts_.find({resource, key});
-        if (old != texts_.end() ? old->second == text : Knows(key)) {
+        if (old != texts_.end() ? old->second == text : HasCredential(key)) {
             return;
         }
         if (old != texts_.end()) {
@@ -107,7 +107,7 @@ public:
     std::size_t Size() const { return texts_.size(); }
 
 private:
-    bool Knows(const WideText& key) const {
+    bool HasCredential(const WideText& key) const {
         return std::any_of(texts_.begin(), texts_.end(),
                            [&](const auto& entry) { return entry.first.second == key; });
     }
@@ -267,7 +267,7 @@ private:
 int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
     const Run run;
     const MemoryStores stores;
-    const Started started;
+    const InitializedLibrary started;
     Input input(bytes, size);
     Session session(input);
     for (int deeds = 0; deeds < 16 && !input.Empty(); ++deeds) {

@@ -86,7 +86,7 @@ void CheckWhole(const char* store, const std::string& content, const std::string
 int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
     const Run run;
     const MemoryStores stores;
-    const Started started;
+    const InitializedLibrary started;
     Input input(bytes, size);
     const char* const store = kStores[input.Below(std::size(kStores))];
     const std::string content = input.Rest();

@@ -183,7 +183,7 @@ std::string Actual::ShowMenu(std::uint64_t window) {
 }
 
 std::string Actual::ShowStore(const char* name) { return StoreText(name); }
-std::string Actual::Outstanding() { return OpenAccounts(); }
+std::string Actual::Outstanding() { return LeakReport(); }
 
 // --- the host's calls
 

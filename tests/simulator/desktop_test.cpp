@@ -52,16 +52,16 @@ protected:
         SendMessageA(dial_, WM_MOUSEWHEEL, MAKEWPARAM(0, notches * WHEEL_DELTA), 0);
     }
     void Press() const { SendMessageA(dial_, WM_LBUTTONDOWN, MK_LBUTTON, 0); }
-    void LetGo() const { SendMessageA(dial_, WM_LBUTTONUP, 0, 0); }
+    void ReleaseButton() const { SendMessageA(dial_, WM_LBUTTONUP, 0, 0); }
     void Click() const {
         Press();
-        LetGo();
+        ReleaseButton();
     }
     // As long as it takes.
     void Hold() const {
         Press();
         SendMessageA(dial_, WM_TIMER, kHoldTimer, 0);
-        LetGo();
+        ReleaseButton();
     }
     void Key(WPARAM key) const {
         SendMessageA(dial_, WM_KEYDOWN, key, 0);
@@ -100,7 +100,7 @@ TEST_F(DrawnDial, IsClicked) {
 TEST_F(DrawnDial, ATurnWhilePressedIsNoClick) {
     Press();
     Wheel(1);
-    LetGo();
+    ReleaseButton();
     EXPECT_TRUE(host_.LastRotation().buttonPressed);
     EXPECT_TRUE(host_.clicks.empty());
     Wheel(1);
@@ -211,7 +211,7 @@ TEST_F(DrawnDial, TheRingShowsNoPictureWhereThereIsNone) {
 
 // --- programs that are started with a dial
 
-class Started : public testing::Test {
+class LaunchedProgram : public testing::Test {
 protected:
     void SetUp() override {
         StoresFolder::MakeFolder(folder_.PathOf("build"));
@@ -269,7 +269,7 @@ void ExpectColors(const std::string& path, const std::vector<Shown>& places) {
     }
 }
 
-TEST_F(Started, TheCanvasPaintsWhatItsScriptSays) {
+TEST_F(LaunchedProgram, TheCanvasPaintsWhatItsScriptSays) {
     ASSERT_EQ(StatusOf({"--script", CANVAS_SCRIPT, Beside("canvas.exe")}), 0);
     const Shown flower[] = {{"paper", 60, 60, 0xFFFFFF},
                             {"a blue leaf's tip", 404, 62, 0x4C9CF0},
@@ -313,7 +313,7 @@ void ExpectSamePicture(const std::string& one, const std::string& other) {
     EXPECT_EQ(differences, 0U) << "points";
 }
 
-TEST_F(Started, ARecordedSessionPaintsTheSamePictureAgain) {
+TEST_F(LaunchedProgram, ARecordedSessionPaintsTheSamePictureAgain) {
     SetEnvironmentVariableA("DIALSIM_RECORD", folder_.PathOf("recorded.dial").c_str());
     EXPECT_EQ(StatusOf({"--script", CANVAS_SCRIPT, Beside("canvas.exe")}), 0);
     SetEnvironmentVariableA("DIALSIM_RECORD", nullptr);
@@ -325,14 +325,16 @@ TEST_F(Started, ARecordedSessionPaintsTheSamePictureAgain) {
     ExpectSamePicture(folder_.PathOf("build/canvas-grid.png"), folder_.PathOf("build/again.png"));
 }
 
-TEST_F(Started, AProgramsStatusIsPassedOn) { EXPECT_EQ(StatusOf({"--", "cmd", "/c", "exit", "7"}), 7); }
+TEST_F(LaunchedProgram, AProgramsStatusIsPassedOn) {
+    EXPECT_EQ(StatusOf({"--", "cmd", "/c", "exit", "7"}), 7);
+}
 
-TEST_F(Started, AScriptThatMakesNoSenseEndsTheProgram) {
+TEST_F(LaunchedProgram, AScriptThatDoesNotParseEndsTheProgram) {
     folder_.Write("own.dial", "turn around\n");
     EXPECT_EQ(StatusOf({"--script", "own.dial", Beside("canvas.exe")}), 2);
 }
 
-TEST_F(Started, WhatCannotBeStartedOrUnderstoodHasItsOwnStatus) {
+TEST_F(LaunchedProgram, LaunchAndUsageErrorsHaveTheirOwnStatus) {
     EXPECT_EQ(StatusOf({"no_such_program.exe"}), 125);
     EXPECT_EQ(StatusOf({}), 2);
     EXPECT_EQ(StatusOf({"--script"}), 2);

@@ -25,16 +25,16 @@ std::string EnabledIs(const std::string& value) {
     return "System.Devices.InterfaceEnabled: = System.StructuredQueryType.Boolean#" + value;
 }
 
-class SimulatedDevices : public SimulatedApartment {
+class SimulatedDevices : public SimulatorApartmentTest {
 protected:
     void SetUp() override {
-        SimulatedApartment::SetUp();
+        SimulatorApartmentTest::SetUp();
         ASSERT_EQ(GetFactory<abi::DeviceInformation>(statics_), S_OK);
         dialsim_async(DIALSIM_AT_ONCE);
     }
     void TearDown() override {
         statics_.Reset();
-        SimulatedApartment::TearDown();
+        SimulatorApartmentTest::TearDown();
     }
 
     HRESULT Start(const std::string& filter, ComPtr<Enumeration>& enumeration) {
@@ -94,7 +94,7 @@ TEST_F(SimulatedDevices, AreFoundInTheirOrderByClassAndByBeingEnabled) {
     EXPECT_EQ(Found(ClassIs(kOtherClass)), (Ids{"other", "null"}));
 }
 
-TEST_F(SimulatedDevices, AFilterThatCannotBeUnderstoodIsAnInvalidArgument) {
+TEST_F(SimulatedDevices, AFilterThatDoesNotParseIsAnInvalidArgument) {
     for (const std::string& filter :
          {std::string(), std::string("System.Devices.Paired:=True"), EnabledIs("Perhaps"), ClassIs("{x}"),
           ClassIs(kDialClass) + " OR " + EnabledIs("True"), EnabledIs("True") + " AND "}) {
@@ -134,7 +134,7 @@ TEST_F(SimulatedDevices, SayMoreThanTheirId) {
     ASSERT_EQ(devices->GetAt(0, device.Put()), S_OK);
     String name;
     EXPECT_EQ(device->get_Name(name.Put()), S_OK);
-    EXPECT_EQ(CharactersOf(name.Get()), WIDE("Simulated device"));
+    EXPECT_EQ(CharactersOf(name.Get()), UTF16("Simulated device"));
     abi::boolean answer = 0;
     EXPECT_EQ(device->get_IsEnabled(&answer), S_OK);
     EXPECT_EQ(answer, 1);
@@ -181,7 +181,7 @@ protected:
     ComPtr<Enumeration> enumeration_;
 };
 
-TEST_F(Delays, AnOperationTakesAsLongAsItIsTold) {
+TEST_F(Delays, AnOperationTakesAsLongAsItsDelay) {
     StartWithDelay(50);
     EXPECT_FALSE(Completed());
     EXPECT_EQ(dialsim_pending(), 1u);
@@ -223,7 +223,7 @@ TEST_F(Delays, OfAScriptAreTheSame) {
     EXPECT_TRUE(Completed());
 }
 
-using Sleeps = SimulatedApartment;
+using Sleeps = SimulatorApartmentTest;
 
 TEST_F(Sleeps, LetTimePass) {
     const std::uint64_t before = dialsim_now();
@@ -240,48 +240,48 @@ TEST_F(Sleeps, ThatAreSkippedTakeNoTime) {
     EXPECT_EQ(dialsim_calls("Sleep(3600000)"), 1000u);
 }
 
-class RuntimeTexts : public Simulated {
+class RuntimeTexts : public SimulatorTest {
 protected:
     static LONG Number(const WCHAR* text) { return wcstol(text, nullptr, 10); }
 };
 
 TEST_F(RuntimeTexts, NumbersBeginAfterBlanksAndEndAtTheFirstOtherCharacter) {
-    EXPECT_EQ(Number(WIDE("42")), 42);
-    EXPECT_EQ(Number(WIDE(" \t\n\v\f\r-42 7")), -42);
-    EXPECT_EQ(Number(WIDE("+7abc")), 7);
-    EXPECT_EQ(Number(WIDE("7\x20AC")), 7);
-    EXPECT_EQ(Number(WIDE("")), 0);
-    EXPECT_EQ(Number(WIDE("abc")), 0);
-    EXPECT_EQ(Number(WIDE("- 7")), 0);
+    EXPECT_EQ(Number(UTF16("42")), 42);
+    EXPECT_EQ(Number(UTF16(" \t\n\v\f\r-42 7")), -42);
+    EXPECT_EQ(Number(UTF16("+7abc")), 7);
+    EXPECT_EQ(Number(UTF16("7\x20AC")), 7);
+    EXPECT_EQ(Number(UTF16("")), 0);
+    EXPECT_EQ(Number(UTF16("abc")), 0);
+    EXPECT_EQ(Number(UTF16("- 7")), 0);
     WCHAR* end = nullptr;
-    const WCHAR text[] = WIDE(" 12x");
+    const WCHAR text[] = UTF16(" 12x");
     EXPECT_EQ(wcstol(text, &end, 10), 12);
     EXPECT_EQ(end, text + 3);
 }
 
 TEST_F(RuntimeTexts, NumbersStayInTheRangeOf32Bits) {
-    EXPECT_EQ(Number(WIDE("2147483647")), 2147483647);
-    EXPECT_EQ(Number(WIDE("2147483648")), 2147483647);
-    EXPECT_EQ(Number(WIDE("-2147483648")), INT32_MIN);
-    EXPECT_EQ(Number(WIDE("-2147483649")), INT32_MIN);
-    EXPECT_EQ(Number(WIDE("99999999999999999999999")), 2147483647);
-    EXPECT_EQ(Number(WIDE("-99999999999999999999999")), INT32_MIN);
+    EXPECT_EQ(Number(UTF16("2147483647")), 2147483647);
+    EXPECT_EQ(Number(UTF16("2147483648")), 2147483647);
+    EXPECT_EQ(Number(UTF16("-2147483648")), INT32_MIN);
+    EXPECT_EQ(Number(UTF16("-2147483649")), INT32_MIN);
+    EXPECT_EQ(Number(UTF16("99999999999999999999999")), 2147483647);
+    EXPECT_EQ(Number(UTF16("-99999999999999999999999")), INT32_MIN);
 }
 
 TEST_F(RuntimeTexts, AreComparedWithoutCaseUpToACountOrTheirEnd) {
-    EXPECT_EQ(_wcsnicmp(WIDE("aBc-1"), WIDE("AbC-2"), 4), 0);
-    EXPECT_LT(_wcsnicmp(WIDE("aBc-1"), WIDE("AbC-2"), 5), 0);
-    EXPECT_GT(_wcsnicmp(WIDE("b"), WIDE("A"), 1), 0);
-    EXPECT_LT(_wcsnicmp(WIDE("ab"), WIDE("abc"), 9), 0);
-    EXPECT_EQ(_wcsnicmp(WIDE("ab"), WIDE("AB"), 9), 0);
-    EXPECT_EQ(_wcsnicmp(WIDE("x"), WIDE("y"), 0), 0);
+    EXPECT_EQ(_wcsnicmp(UTF16("aBc-1"), UTF16("AbC-2"), 4), 0);
+    EXPECT_LT(_wcsnicmp(UTF16("aBc-1"), UTF16("AbC-2"), 5), 0);
+    EXPECT_GT(_wcsnicmp(UTF16("b"), UTF16("A"), 1), 0);
+    EXPECT_LT(_wcsnicmp(UTF16("ab"), UTF16("abc"), 9), 0);
+    EXPECT_EQ(_wcsnicmp(UTF16("ab"), UTF16("AB"), 9), 0);
+    EXPECT_EQ(_wcsnicmp(UTF16("x"), UTF16("y"), 0), 0);
 }
 
 TEST_F(RuntimeTexts, AreCopiedWhereThereIsRoom) {
     WCHAR copy[4] = {'x', 'x', 'x', 'x'};
-    EXPECT_EQ(wcscpy_s(copy, 4, WIDE("abc")), 0);
-    EXPECT_EQ(WideText(copy), WIDE("abc"));
-    EXPECT_EQ(wcscpy_s(copy, 1, WIDE("")), 0);
+    EXPECT_EQ(wcscpy_s(copy, 4, UTF16("abc")), 0);
+    EXPECT_EQ(WideText(copy), UTF16("abc"));
+    EXPECT_EQ(wcscpy_s(copy, 1, UTF16("")), 0);
     EXPECT_EQ(copy[0], 0);
     EXPECT_EQ(dialsim_calls("wcscpy_s(4)"), 1u);
 }

@@ -16,10 +16,10 @@
 namespace brindle {
 namespace {
 
-using SimulatedDial = SimulatedApartment;
+using SimulatedDial = SimulatorApartmentTest;
 
 TEST_F(SimulatedDial, EveryMovementIsTheEventOfItsName) {
-    ControllerEar ear(kWindow);
+    EventRecorder recorder(kWindow);
     EXPECT_EQ(dialsim_turn(kWindow, -2.5), S_OK);
     EXPECT_EQ(dialsim_click(kWindow), S_OK);
     EXPECT_EQ(dialsim_touch(kWindow, 1.5F, 2, 3, 4), S_OK);
@@ -27,11 +27,12 @@ TEST_F(SimulatedDial, EveryMovementIsTheEventOfItsName) {
     EXPECT_EQ(dialsim_lift(kWindow), S_OK);
     EXPECT_EQ(dialsim_acquire(kWindow), S_OK);
     EXPECT_EQ(dialsim_lose(kWindow), S_OK);
-    EXPECT_EQ(ear.Heard(), "turn -2.5; click; touch at 1.5 2 3 4; move at 5 6 7 8; lift; acquire; lose; ");
+    EXPECT_EQ(recorder.TakeEvents(),
+              "turn -2.5; click; touch at 1.5 2 3 4; move at 5 6 7 8; lift; acquire; lose; ");
 }
 
 TEST_F(SimulatedDial, StandsOnTheScreenUntilItIsLifted) {
-    ControllerEar ear(kWindow);
+    EventRecorder recorder(kWindow);
     dialsim_touch(kWindow, 1, 2, 3, 4);
     dialsim_turn(kWindow, 1);
     dialsim_move(kWindow, 5, 6, 7, 8);
@@ -40,19 +41,19 @@ TEST_F(SimulatedDial, StandsOnTheScreenUntilItIsLifted) {
     dialsim_lift(kWindow);
     dialsim_turn(kWindow, 2);
     EXPECT_EQ(
-        ear.Heard(),
+        recorder.TakeEvents(),
         "touch at 1 2 3 4; turn 1 at 1 2 3 4; move at 5 6 7 8; click at 5 6 7 8; acquire at 5 6 7 8; lift; "
         "turn 2; ");
 }
 
 TEST_F(SimulatedDial, TurnsReportAButtonThatIsHeld) {
-    ControllerEar ear(kWindow);
+    EventRecorder recorder(kWindow);
     dialsim_hold(true);
-    EXPECT_EQ(ear.Heard(), "");
+    EXPECT_EQ(recorder.TakeEvents(), "");
     dialsim_turn(kWindow, 1);
     dialsim_hold(false);
     dialsim_turn(kWindow, 2);
-    EXPECT_EQ(ear.Heard(), "turn 1 held; turn 2; ");
+    EXPECT_EQ(recorder.TakeEvents(), "turn 1 held; turn 2; ");
 }
 
 TEST_F(SimulatedDial, ItsPositionIsTheMiddleOfItsBounds) {
@@ -120,19 +121,19 @@ TEST_F(SimulatedDial, AnEmptyPlaceOfTheMenuCannotBeChosen) {
     EXPECT_EQ(dialsim_choose(kWindow + 1, 0), DIALSIM_NO_CONTROLLER);
 }
 
-TEST_F(SimulatedDial, AWindowHearsItsOwnEventsOnly) {
-    ControllerEar first(1);
-    ControllerEar second(2);
+TEST_F(SimulatedDial, AWindowReceivesItsOwnEventsOnly) {
+    EventRecorder first(1);
+    EventRecorder second(2);
     dialsim_turn(1, 5);
     dialsim_click(2);
-    EXPECT_EQ(first.Heard(), "turn 5; ");
-    EXPECT_EQ(second.Heard(), "click; ");
+    EXPECT_EQ(first.TakeEvents(), "turn 5; ");
+    EXPECT_EQ(second.TakeEvents(), "click; ");
 }
 
 TEST_F(SimulatedDial, AnUnknownWindowHasNoController) {
-    ControllerEar ear(1);
+    EventRecorder recorder(1);
     EXPECT_EQ(dialsim_turn(2, 5), Code(0x80070490));
-    EXPECT_EQ(ear.Heard(), "");
+    EXPECT_EQ(recorder.TakeEvents(), "");
 }
 
 TEST_F(SimulatedDial, WithoutAControllerNoWindowIsTheNewest) {
@@ -140,52 +141,52 @@ TEST_F(SimulatedDial, WithoutAControllerNoWindowIsTheNewest) {
 }
 
 TEST_F(SimulatedDial, WindowZeroIsTheOneWhoseControllerWasMadeLast) {
-    ControllerEar older(1);
+    EventRecorder older(1);
     {
-        ControllerEar newest(2);
+        EventRecorder newest(2);
         dialsim_turn(0, 5);
-        EXPECT_EQ(newest.Heard(), "turn 5; ");
-        EXPECT_EQ(older.Heard(), "");
+        EXPECT_EQ(newest.TakeEvents(), "turn 5; ");
+        EXPECT_EQ(older.TakeEvents(), "");
     }
     dialsim_turn(0, 6);
-    EXPECT_EQ(older.Heard(), "turn 6; ");
+    EXPECT_EQ(older.TakeEvents(), "turn 6; ");
 }
 
-TEST_F(SimulatedDial, AllControllersOfAWindowHear) {
-    ControllerEar first(1);
-    ControllerEar second(1);
+TEST_F(SimulatedDial, AllControllersOfAWindowReceiveItsEvents) {
+    EventRecorder first(1);
+    EventRecorder second(1);
     dialsim_turn(1, 5);
-    EXPECT_EQ(first.Heard(), "turn 5; ");
-    EXPECT_EQ(second.Heard(), "turn 5; ");
+    EXPECT_EQ(first.TakeEvents(), "turn 5; ");
+    EXPECT_EQ(second.TakeEvents(), "turn 5; ");
 }
 
-TEST_F(SimulatedDial, AnEventAnswersWhatItsHandlerAnswered) {
-    ControllerEar ear(1);
-    ear.answer = Code(0x80070005);
+TEST_F(SimulatedDial, AnEventReturnsTheCodeOfItsHandler) {
+    EventRecorder recorder(1);
+    recorder.answer = Code(0x80070005);
     EXPECT_EQ(dialsim_turn(1, 5), Code(0x80070005));
     EXPECT_EQ(dialsim_lose(1), Code(0x80070005));
 }
 
-TEST_F(SimulatedDial, AnEventAnswersTheFirstFailureOfSeveral) {
-    ControllerEar first(1);
-    ControllerEar second(1);
-    ControllerEar third(1);
+TEST_F(SimulatedDial, AnEventReturnsTheFirstFailureOfSeveral) {
+    EventRecorder first(1);
+    EventRecorder second(1);
+    EventRecorder third(1);
     second.answer = Code(0x80000002);
     third.answer = Code(0x80000003);
     EXPECT_EQ(dialsim_turn(1, 5), Code(0x80000002));
-    EXPECT_EQ(third.Heard(), "turn 5; ");
+    EXPECT_EQ(third.TakeEvents(), "turn 5; ");
 }
 
 TEST_F(SimulatedDial, EventsOnTheirOwnThreadAreWaitedFor) {
-    ControllerEar ear(1);
-    ear.answer = Code(0x80070005);
+    EventRecorder recorder(1);
+    recorder.answer = Code(0x80070005);
     dialsim_raise_on_own_thread(true);
     EXPECT_EQ(dialsim_turn(1, 5), Code(0x80070005));
-    EXPECT_EQ(ear.Heard(), "turn 5; ");
+    EXPECT_EQ(recorder.TakeEvents(), "turn 5; ");
 }
 
 TEST_F(SimulatedDial, ARemovedHandlerIsNotCalled) {
-    ControllerEar ear(kWindow);
+    EventRecorder recorder(kWindow);
     EventRegistrationToken token{};
     int calls = 0;
     const auto handler = MakeDelegate<
@@ -194,12 +195,12 @@ TEST_F(SimulatedDial, ARemovedHandlerIsNotCalled) {
             ++calls;
             return S_OK;
         });
-    ASSERT_EQ(ear.controller().add_ButtonClicked(handler.Get(), &token), S_OK);
+    ASSERT_EQ(recorder.controller().add_ButtonClicked(handler.Get(), &token), S_OK);
     dialsim_click(kWindow);
-    EXPECT_EQ(ear.controller().remove_ButtonClicked(token), S_OK);
+    EXPECT_EQ(recorder.controller().remove_ButtonClicked(token), S_OK);
     dialsim_click(kWindow);
     EXPECT_EQ(calls, 1);
-    EXPECT_EQ(ear.Heard(), "click; click; ");
+    EXPECT_EQ(recorder.TakeEvents(), "click; click; ");
 }
 
 // The waveforms that a turn's haptics controller lists; {0} without a controller.
@@ -255,7 +256,7 @@ TEST_F(SimulatedDial, MayHaveNoHapticsController) {
 }
 
 // Belongs to the thread that subscribed it: it has no agility marker.
-class HomeboundHandler final
+class NonAgileHandler final
     : public abi::TypedEventHandler<abi::RadialController, abi::RadialControllerButtonClickedEventArgs> {
 public:
     HRESULT QueryInterface(const GUID&, void** object) noexcept override {
@@ -274,7 +275,7 @@ public:
 };
 
 TEST_F(SimulatedDial, AHandlerThatIsNotAgileIsCalledOnItsThreadOnly) {
-    HomeboundHandler handler;
+    NonAgileHandler handler;
     {
         const auto controller = MakeController(kWindow);
         EventRegistrationToken token{};
@@ -306,7 +307,7 @@ TEST_F(SimulatedDial, TypesAreKnownUntilTheyAreTakenAway) {
 
 TEST_F(SimulatedDial, AClassThatThePlatformLacksIsNotRegistered) {
     StringReference name;
-    ASSERT_EQ(name.Create(WIDE("Windows.No.Such.Class")), S_OK);
+    ASSERT_EQ(name.Create(UTF16("Windows.No.Such.Class")), S_OK);
     int before = 0;
     void* factory = &before;
     EXPECT_EQ(RoGetActivationFactory(name.Get(), abi::IInspectable::Iid, &factory), Code(0x80040154));
@@ -320,25 +321,25 @@ TEST_F(SimulatedDial, ResetPutsTheDialBack) {
     dialsim_set_type_present("Some.Type", false);
     dialsim_reset();
     {
-        ControllerEar ear(kWindow);
+        EventRecorder recorder(kWindow);
         dialsim_turn(kWindow, 1);
-        EXPECT_EQ(ear.Heard(), "turn 1; ");
+        EXPECT_EQ(recorder.TakeEvents(), "turn 1; ");
     }
     EXPECT_EQ(Waveforms(), (std::vector<std::uint16_t>{4099}));
     EXPECT_TRUE(TypePresent("Some.Type"));
 }
 
 TEST_F(SimulatedDial, ControllersFromBeforeAResetNoLongerTakePart) {
-    ControllerEar ear(kWindow);
+    EventRecorder recorder(kWindow);
     dialsim_reset();
     EXPECT_EQ(dialsim_turn(kWindow, 1), DIALSIM_NO_CONTROLLER);
     EXPECT_EQ(dialsim_turn(0, 1), DIALSIM_NO_CONTROLLER);
-    EXPECT_EQ(ear.Heard(), "");
+    EXPECT_EQ(recorder.TakeEvents(), "");
 }
 
-using Accounts = SimulatedApartment;
+using LeakTracking = SimulatorApartmentTest;
 
-TEST_F(Accounts, CountObjectsOfAClassAndReferencesToThem) {
+TEST_F(LeakTracking, CountsObjectsAndReferencesByClass) {
     const auto first = MakeController(1);
     const auto second = MakeController(2);
     const auto again = first;
@@ -347,7 +348,7 @@ TEST_F(Accounts, CountObjectsOfAClassAndReferencesToThem) {
     EXPECT_EQ(dialsim_objects("Windows.UI.Input.NoSuchClass"), 0u);
 }
 
-TEST_F(Accounts, SumOverAllClassesWithoutAName) {
+TEST_F(LeakTracking, SumsOverAllClassesWithoutAName) {
     EXPECT_EQ(dialsim_objects(nullptr), 0u);
     ComPtr<abi::IPropertyValueStatics> values;
     ASSERT_EQ(GetFactory<abi::PropertyValue>(values), S_OK);
@@ -358,60 +359,60 @@ TEST_F(Accounts, SumOverAllClassesWithoutAName) {
     EXPECT_EQ(dialsim_references(nullptr), 1u);
 }
 
-TEST_F(Accounts, CountHandlersThatThePlatformHolds) {
+TEST_F(LeakTracking, CountsHandlersThatThePlatformHolds) {
     {
-        ControllerEar first(1);
-        ControllerEar second(2);
+        EventRecorder first(1);
+        EventRecorder second(2);
         EXPECT_EQ(dialsim_handlers(), 14u);
     }
     EXPECT_EQ(dialsim_handlers(), 0u);
 }
 
-TEST_F(Accounts, CountStrings) {
+TEST_F(LeakTracking, CountsStrings) {
     const auto first = std::make_unique<String>(ToPlatformString("first"));
     auto second = std::make_unique<String>(ToPlatformString("second"));
     EXPECT_EQ(dialsim_strings(), 2u);
     second.reset();
     EXPECT_EQ(dialsim_strings(), 1u);
-    EXPECT_NE(OpenAccounts(), "");
+    EXPECT_NE(LeakReport(), "");
     *first = String();
     EXPECT_EQ(dialsim_strings(), 0u);
 }
 
-TEST_F(Accounts, AreALineAClassAndEmptyWhenAllHasComeBack) {
-    EXPECT_EQ(OpenAccounts(), "");
+TEST_F(LeakTracking, ListsOneLinePerClassAndNothingWithoutLeaks) {
+    EXPECT_EQ(LeakReport(), "");
     {
         const auto controller = MakeController(1);
         const auto again = controller;
-        const std::string text = OpenAccounts();
+        const std::string text = LeakReport();
         EXPECT_NE(text.find("Windows.UI.Input.RadialController: 1 objects, 2 references\n"),
                   std::string::npos)
             << text;
     }
-    EXPECT_EQ(OpenAccounts(), "");
+    EXPECT_EQ(LeakReport(), "");
 }
 
-TEST_F(Accounts, AreFreshAfterAReset) {
-    ControllerEar ear(kWindow);
+TEST_F(LeakTracking, IsEmptyAfterAReset) {
+    EventRecorder recorder(kWindow);
     const String string = ToPlatformString("string");
     dialsim_reset();
-    EXPECT_EQ(OpenAccounts(), "");
+    EXPECT_EQ(LeakReport(), "");
     EXPECT_EQ(dialsim_objects(nullptr) + dialsim_references(nullptr) + dialsim_strings() + dialsim_handlers(),
               0u);
 }
 
-TEST_F(Accounts, WhatComesBackAfterAResetIsNotMissed) {
+TEST_F(LeakTracking, IgnoresReleasesAfterAReset) {
     {
-        ControllerEar ear(kWindow);
+        EventRecorder recorder(kWindow);
         const String string = ToPlatformString("string");
         dialsim_reset();
     }
-    EXPECT_EQ(OpenAccounts(), "");
+    EXPECT_EQ(LeakReport(), "");
 }
 
 // The platform's functions for texts answer the same here and there.
 
-using PlatformTexts = Simulated;
+using PlatformTexts = SimulatorTest;
 
 WideText Widened(std::string_view utf8) {
     const int bytes = static_cast<int>(utf8.size());
@@ -454,9 +455,9 @@ TEST_F(PlatformTexts, ACountOfNoBytesGivesZero) {
 TEST_F(PlatformTexts, AReferenceNeedsTerminatedText) {
     HSTRING_HEADER header{};
     HSTRING string = nullptr;
-    EXPECT_EQ(WindowsCreateStringReference(WIDE("dial"), 4, &header, &string), S_OK);
-    EXPECT_EQ(CharactersOf(string), WIDE("dial"));
-    EXPECT_LT(WindowsCreateStringReference(WIDE("dial"), 3, &header, &string), 0);
+    EXPECT_EQ(WindowsCreateStringReference(UTF16("dial"), 4, &header, &string), S_OK);
+    EXPECT_EQ(CharactersOf(string), UTF16("dial"));
+    EXPECT_LT(WindowsCreateStringReference(UTF16("dial"), 3, &header, &string), 0);
     EXPECT_EQ(string, nullptr);
 }
 
@@ -470,7 +471,7 @@ TEST_F(PlatformTexts, AReferenceToNoTextIsTheEmptyString) {
 
 TEST_F(PlatformTexts, ReferencesAreNotCounted) {
     StringReference reference;
-    ASSERT_EQ(reference.Create(WIDE("dial")), S_OK);
+    ASSERT_EQ(reference.Create(UTF16("dial")), S_OK);
     EXPECT_EQ(dialsim_strings(), 0u);
 }
 

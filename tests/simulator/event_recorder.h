@@ -25,9 +25,9 @@ inline ComPtr<abi::IRadialController> MakeController(std::uint64_t window) {
 }
 
 // A controller and handlers of its seven events, which write down what they hear and answer `answer`.
-class ControllerEar {
+class EventRecorder {
 public:
-    explicit ControllerEar(std::uint64_t window) : controller_(MakeController(window)) {
+    explicit EventRecorder(std::uint64_t window) : controller_(MakeController(window)) {
         Subscribe(&abi::IRadialController::add_ScreenContactStarted, "touch");
         Subscribe(&abi::IRadialController::add_ScreenContactContinued, "move");
         Subscribe(&abi::IRadialController::add_ScreenContactEnded, "lift");
@@ -37,11 +37,11 @@ public:
         Subscribe(&abi::IRadialController::add_RotationChanged, "turn");
         dialsim_clear_journal();
     }
-    ControllerEar(const ControllerEar&) = delete;
-    ControllerEar& operator=(const ControllerEar&) = delete;
+    EventRecorder(const EventRecorder&) = delete;
+    EventRecorder& operator=(const EventRecorder&) = delete;
 
     // What was heard since the last question: "turn 5 held; click at 1 2 3 4; lift; "
-    std::string Heard() { return std::exchange(heard_, {}); }
+    std::string TakeEvents() { return std::exchange(events_, {}); }
     abi::IRadialController& controller() const { return *controller_.Get(); }
 
     HRESULT answer = S_OK;
@@ -51,7 +51,7 @@ private:
     void Subscribe(HRESULT (abi::IRadialController::*add)(Handler*, EventRegistrationToken*) noexcept,
                    const char* event) {
         const auto handler = MakeDelegate<Handler>([this, event](auto*, auto* args) {
-            heard_ += event + Detail(args) + "; ";
+            events_ += event + Detail(args) + "; ";
             return answer;
         });
         EventRegistrationToken token{};
@@ -85,7 +85,7 @@ private:
         return text.str() + Detail<abi::IRadialControllerRotationChangedEventArgs>(args);
     }
 
-    std::string heard_;
+    std::string events_;
     const ComPtr<abi::IRadialController> controller_;
 };
 

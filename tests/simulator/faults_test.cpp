@@ -23,10 +23,10 @@ constexpr HRESULT kOtherFault = Code(0x80000002);
 using Codes = std::vector<HRESULT>;
 
 // Asks the platform about two types.
-class Asking : public SimulatedApartment {
+class Asking : public SimulatorApartmentTest {
 protected:
     void SetUp() override {
-        SimulatedApartment::SetUp();
+        SimulatorApartmentTest::SetUp();
         a = ToPlatformString("A");
         b = ToPlatformString("B");
         ASSERT_EQ(GetFactory<abi::ApiInformation>(types), S_OK);
@@ -36,7 +36,7 @@ protected:
         types.Reset();
         a = String();
         b = String();
-        SimulatedApartment::TearDown();
+        SimulatorApartmentTest::TearDown();
     }
 
     HRESULT Ask(const String& type) {
@@ -59,17 +59,17 @@ protected:
 
 using Faults = Asking;
 
-TEST_F(Faults, StrikeTheNextCall) {
+TEST_F(Faults, FailTheNextCall) {
     ASSERT_TRUE(dialsim_fail(kOperation, kFault, 1, 1));
     EXPECT_EQ(AskTimes(3), (Codes{kFault, S_OK, S_OK}));
 }
 
-TEST_F(Faults, StrikeFromALaterCallOnSomeTimes) {
+TEST_F(Faults, ApplyFromALaterCallOnSomeTimes) {
     ASSERT_TRUE(dialsim_fail(kOperation, kFault, 3, 2));
     EXPECT_EQ(AskTimes(6), (Codes{S_OK, S_OK, kFault, kFault, S_OK, S_OK}));
 }
 
-TEST_F(Faults, StrikeForEver) {
+TEST_F(Faults, ApplyForeverWithoutACount) {
     ASSERT_TRUE(dialsim_fail(kOperation, kFault, 2, 0));
     EXPECT_EQ(AskTimes(5), (Codes{S_OK, kFault, kFault, kFault, kFault}));
 }
@@ -87,18 +87,18 @@ TEST_F(Faults, OutliveTheJournal) {
     EXPECT_EQ(AskTimes(2), (Codes{kFault, S_OK}));
 }
 
-TEST_F(Faults, OfACallWithArgumentsCountAndStrikeThatCallOnly) {
+TEST_F(Faults, WithArgumentsCountAndFailThatCallOnly) {
     ASSERT_TRUE(dialsim_fail(kOfA, kFault, 2, 1));
     EXPECT_EQ((Codes{Ask(b), Ask(b), Ask(a), Ask(b), Ask(a), Ask(a)}),
               (Codes{S_OK, S_OK, S_OK, S_OK, kFault, S_OK}));
 }
 
-TEST_F(Faults, OfAnotherOperationDoNotStrike) {
+TEST_F(Faults, OfAnotherOperationDoNotApply) {
     ASSERT_TRUE(dialsim_fail(kCreate, kFault, 1, 0));
     EXPECT_EQ(AskTimes(1), (Codes{S_OK}));
 }
 
-TEST_F(Faults, TheFirstOfSeveralThatStrikesDecides) {
+TEST_F(Faults, TheFirstApplicableOfSeveralDecides) {
     ASSERT_TRUE(dialsim_fail(kOperation, kFault, 2, 1));
     ASSERT_TRUE(dialsim_fail(kOperation, kOtherFault, 1, 3));
     EXPECT_EQ(AskTimes(4), (Codes{kOtherFault, kFault, kOtherFault, S_OK}));
@@ -121,7 +121,7 @@ TEST_F(Faults, LeaveAValueAlone) {
     EXPECT_EQ(answer, 7);
 }
 
-TEST_F(Faults, ThatStrikeLateHandTheResultOut) {
+TEST_F(Faults, ThatFailLateReturnTheResult) {
     ASSERT_TRUE(dialsim_fail_late(kOperation, kFault, 1, 1));
     EXPECT_EQ(Ask(a), kFault);
     EXPECT_EQ(answer, 1);
@@ -149,7 +149,7 @@ TEST_F(Faults, OfAnObjectsMakingMakeNone) {
     EXPECT_EQ(dialsim_calls("end of RadialController"), 0u);
 }
 
-TEST_F(Faults, ThatStrikeLateMakeTheObject) {
+TEST_F(Faults, ThatFailLateCreateTheObject) {
     ASSERT_TRUE(dialsim_fail_late(kCreate, kFault, 1, 1));
     EXPECT_EQ(Create(), std::pair(kFault, true));
 }
@@ -159,7 +159,7 @@ TEST_F(Faults, ThatYieldNullMakeNoObject) {
     EXPECT_EQ(Create(), std::pair(S_OK, false));
 }
 
-TEST_F(Faults, StrikeQueriesForAnInterface) {
+TEST_F(Faults, FailQueriesForAnInterface) {
     ASSERT_TRUE(dialsim_fail("QueryInterface(IPropertyValue)", kFault, 1, 1));
     ComPtr<abi::IPropertyValueStatics> values;
     ASSERT_EQ(GetFactory<abi::PropertyValue>(values), S_OK);
@@ -171,10 +171,10 @@ TEST_F(Faults, StrikeQueriesForAnInterface) {
     EXPECT_EQ(Query(number.Get(), value), S_OK);
 }
 
-TEST_F(Faults, StrikeTheFlatFunctions) {
+TEST_F(Faults, FailTheFlatFunctions) {
     ASSERT_TRUE(dialsim_fail("WindowsCreateStringReference", kFault, 1, 1));
     StringReference reference;
-    EXPECT_EQ(reference.Create(WIDE("dial")), kFault);
+    EXPECT_EQ(reference.Create(UTF16("dial")), kFault);
     EXPECT_EQ(reference.Get(), nullptr);
 }
 
@@ -188,7 +188,7 @@ TEST_F(Faults, OfNoOperationAreRefused) {
     }
 }
 
-TEST_F(Faults, CannotStrikeAPromotionLate) {
+TEST_F(Faults, CannotFailAPromotionLate) {
     EXPECT_FALSE(dialsim_fail_late("WindowsPromoteStringBuffer", kFault, 1, 1));
     EXPECT_TRUE(dialsim_fail("WindowsPromoteStringBuffer", kFault, 9, 1));
 }
@@ -222,7 +222,7 @@ TEST_F(TheJournal, HasALineACallInOrder) {
               "IApiInformationStatics::IsTypePresent(A)\n");
 }
 
-TEST_F(TheJournal, TellsCodesOtherThanZeroInHexadecimal) {
+TEST_F(TheJournal, PrintsNonzeroCodesInHexadecimal) {
     dialsim_fail(kOperation, Code(0x8007000E), 1, 1);
     dialsim_fail(kOperation, S_FALSE, 2, 1);
     dialsim_yield_null(kOperation, 3, 1);
@@ -233,7 +233,7 @@ TEST_F(TheJournal, TellsCodesOtherThanZeroInHexadecimal) {
               "IApiInformationStatics::IsTypePresent(A)\n");
 }
 
-TEST_F(TheJournal, TellsWhatThePlatformItselfRefused) {
+TEST_F(TheJournal, PrintsCodesOfThePlatformItself) {
     EXPECT_EQ(types->IsTypePresent(nullptr, nullptr), Code(0x80004003));
     EXPECT_EQ(Journal(), "IApiInformationStatics::IsTypePresent() = 80004003\n");
 }
@@ -255,7 +255,7 @@ TEST_F(TheJournal, CountsCallsThatFailedToo) {
     EXPECT_EQ(dialsim_calls(kOperation), 2u);
 }
 
-TEST_F(TheJournal, BeginsAnewWhenItIsCleared) {
+TEST_F(TheJournal, StartsAgainWhenItIsCleared) {
     Ask(a);
     dialsim_clear_journal();
     EXPECT_EQ(Journal(), "");
@@ -281,7 +281,7 @@ TEST_F(TheJournal, IsCopiedAsFarAsItFitsAndAlwaysTerminated) {
     EXPECT_STREQ(buffer, "");
 }
 
-TEST_F(TheJournal, TellsItsSizeWithoutABuffer) {
+TEST_F(TheJournal, ReturnsItsSizeWithoutABuffer) {
     char untouched = 'x';
     EXPECT_EQ(dialsim_journal(nullptr, 0), 1u);
     Ask(a);
@@ -290,12 +290,12 @@ TEST_F(TheJournal, TellsItsSizeWithoutABuffer) {
 }
 
 // Writes down what each platform call looks like from inside it.
-struct CallWatch {
+struct CallRecorder {
     static void OnCall(void* context, const char* call) {
-        auto& watch = *static_cast<CallWatch*>(context);
-        watch.calls += std::string(call) + "\n";
-        watch.journal = Journal();
-        if (const auto inside = std::exchange(watch.inside, nullptr)) {
+        auto& recorder = *static_cast<CallRecorder*>(context);
+        recorder.calls += std::string(call) + "\n";
+        recorder.journal = Journal();
+        if (const auto inside = std::exchange(recorder.inside, nullptr)) {
             inside();
         }
     }
@@ -309,24 +309,24 @@ class CallHook : public Asking {
 protected:
     void SetUp() override {
         Asking::SetUp();
-        dialsim_on_call(CallWatch::OnCall, &watch);
+        dialsim_on_call(CallRecorder::OnCall, &recorder);
     }
     void TearDown() override {
         dialsim_on_call(nullptr, nullptr);
         Asking::TearDown();
     }
 
-    CallWatch watch;
+    CallRecorder recorder;
 };
 
 TEST_F(CallHook, IsCalledInsideACallThatTheJournalHasAlready) {
     Ask(a);
-    EXPECT_EQ(watch.calls, "IApiInformationStatics::IsTypePresent(A)\n");
-    EXPECT_EQ(watch.journal, watch.calls);
+    EXPECT_EQ(recorder.calls, "IApiInformationStatics::IsTypePresent(A)\n");
+    EXPECT_EQ(recorder.journal, recorder.calls);
 }
 
 TEST_F(CallHook, IsCalledBeforeTheCallDoesItsWork) {
-    watch.inside = [] { dialsim_set_type_present("A", false); };
+    recorder.inside = [] { dialsim_set_type_present("A", false); };
     EXPECT_EQ(Ask(a), S_OK);
     EXPECT_EQ(answer, 0);
 }
@@ -334,13 +334,13 @@ TEST_F(CallHook, IsCalledBeforeTheCallDoesItsWork) {
 TEST_F(CallHook, IsCalledInACallThatFailsToo) {
     dialsim_fail(kOperation, kFault, 1, 1);
     EXPECT_EQ(Ask(a), kFault);
-    EXPECT_EQ(watch.calls, "IApiInformationStatics::IsTypePresent(A)\n");
+    EXPECT_EQ(recorder.calls, "IApiInformationStatics::IsTypePresent(A)\n");
 }
 
 TEST_F(CallHook, IsCalledForTheCallsThatItLeadsTo) {
-    watch.inside = [this] { Ask(b); };
+    recorder.inside = [this] { Ask(b); };
     Ask(a);
-    EXPECT_EQ(watch.calls,
+    EXPECT_EQ(recorder.calls,
               "IApiInformationStatics::IsTypePresent(A)\n"
               "IApiInformationStatics::IsTypePresent(B)\n");
 }
@@ -348,13 +348,13 @@ TEST_F(CallHook, IsCalledForTheCallsThatItLeadsTo) {
 TEST_F(CallHook, EndsWithNull) {
     dialsim_on_call(nullptr, nullptr);
     Ask(a);
-    EXPECT_EQ(watch.calls, "");
+    EXPECT_EQ(recorder.calls, "");
 }
 
 TEST_F(CallHook, EndsWithAReset) {
     dialsim_reset();
     Ask(a);
-    EXPECT_EQ(watch.calls, "");
+    EXPECT_EQ(recorder.calls, "");
 }
 
 }  // namespace

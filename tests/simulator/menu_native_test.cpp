@@ -21,7 +21,7 @@ namespace {
 const WCHAR* Id(std::uint16_t id) { return reinterpret_cast<const WCHAR*>(static_cast<std::uintptr_t>(id)); }
 HMODULE Module(std::uint64_t number) { return reinterpret_cast<HMODULE>(number); }
 
-using Resources = Simulated;
+using Resources = SimulatorTest;
 
 TEST_F(Resources, AreFoundByModuleNumberAndType) {
     EXPECT_TRUE(dialsim_add_resource(7, 101, "PNG", "abc", 3));
@@ -49,7 +49,7 @@ TEST_F(Resources, AreGoneAfterAReset) {
 }
 
 // A folder with a file in it, as long as this is.
-class ShortPaths : public SimulatedApartment {
+class ShortPaths : public SimulatorApartmentTest {
 protected:
     ShortPaths() {
         std::string name = testing::TempDir() + "A long Folder name XXXXXX";

@@ -35,21 +35,21 @@ std::string PictureOf(std::uint64_t window) { return Of(window, dialsim_menu_svg
 
 std::string FirstLine(const std::string& text) { return text.substr(0, text.find('\n')); }
 
-class SimulatedMenu : public SimulatedApartment {
+class SimulatedMenu : public SimulatorApartmentTest {
 protected:
     void SetUp() override {
-        SimulatedApartment::SetUp();
+        SimulatorApartmentTest::SetUp();
         controller_ = MakeController(kWindow);
         ASSERT_EQ(controller_->get_Menu(menu_.Put()), S_OK);
         ASSERT_EQ(menu_->get_Items(items_.Put()), S_OK);
         dialsim_clear_journal();
     }
     void TearDown() override {
-        LetGoOfController();
-        SimulatedApartment::TearDown();
+        ReleaseController();
+        SimulatorApartmentTest::TearDown();
     }
 
-    void LetGoOfController() {
+    void ReleaseController() {
         items_.Reset();
         menu_.Reset();
         controller_.Reset();
@@ -117,8 +117,8 @@ TEST_F(SimulatedMenu, ShowsWhatItsOwnerWouldNotPutThere) {
 }
 
 TEST_F(SimulatedMenu, WhileItIsOpenTurnsGoRoundTheRingAndAClickChooses) {
-    LetGoOfController();  // which has an empty menu
-    ControllerEar ear(kWindow);
+    ReleaseController();  // which has an empty menu
+    EventRecorder recorder(kWindow);
     for (const std::uint32_t tag : {1U, 2U, 3U}) {
         dialsim_append_item(kWindow, "UInt32", tag);
     }
@@ -134,19 +134,19 @@ TEST_F(SimulatedMenu, WhileItIsOpenTurnsGoRoundTheRingAndAClickChooses) {
     EXPECT_EQ(choose_by(20), '0');
     EXPECT_EQ(choose_by(-10), '2');
     EXPECT_EQ(choose_by(-40), '1');
-    EXPECT_EQ(ear.Heard(), "");
+    EXPECT_EQ(recorder.TakeEvents(), "");
     dialsim_turn(kWindow, 10);
     dialsim_click(kWindow);
-    EXPECT_EQ(ear.Heard(), "turn 10; click; ");
+    EXPECT_EQ(recorder.TakeEvents(), "turn 10; click; ");
 }
 
 TEST_F(SimulatedMenu, IsClosedWithoutAChoice) {
-    ControllerEar ear(kWindow);
+    EventRecorder recorder(kWindow);
     dialsim_append_item(kWindow, "UInt32", 1);
     EXPECT_TRUE(dialsim_open_menu(0));
     dialsim_close_menu();
     dialsim_click(kWindow);
-    EXPECT_EQ(ear.Heard(), "click; ");
+    EXPECT_EQ(recorder.TakeEvents(), "click; ");
     EXPECT_EQ(MenuOf(kWindow).find(" * "), std::string::npos);
 }
 
@@ -156,12 +156,12 @@ TEST_F(SimulatedMenu, DoesNotOpenWithoutItems) {
 }
 
 TEST_F(SimulatedMenu, ClosesWhenItsItemsAreGone) {
-    ControllerEar ear(kWindow);
+    EventRecorder recorder(kWindow);
     dialsim_append_item(kWindow, "UInt32", 1);
     EXPECT_TRUE(dialsim_open_menu(kWindow));
     dialsim_shrink_menu_after(kWindow, 0);
     dialsim_turn(kWindow, 10);
-    EXPECT_EQ(ear.Heard(), "turn 10; ");
+    EXPECT_EQ(recorder.TakeEvents(), "turn 10; ");
 }
 
 TEST_F(SimulatedMenu, TagsThatAreNoNumbersFailInTheirOwnWays) {
@@ -295,8 +295,8 @@ TEST_F(Fonts, GlyphsComeFromFamiliesAndFiles) {
               "1   \"Brush\" glyph A of font file file:///C:/SYMBOL~1.TTF, tag -\n");
 }
 
-// What a completion handler heard.
-struct Heard {
+// What a completion handler completion.
+struct Completion {
     int calls = 0;
     abi::AsyncStatus status{};
     HRESULT results = 0;
@@ -315,18 +315,18 @@ protected:
         EXPECT_EQ(files->GetFileFromPathAsync(ToPlatformString(path).Get(), operation.Put()), S_OK);
         return operation;
     }
-    static ComPtr<Handler> Listener(Heard& heard, HRESULT answer = S_OK) {
-        return MakeDelegate<Handler>([&heard, answer](Operation* operation, abi::AsyncStatus status) {
-            ++heard.calls;
-            heard.status = status;
+    static ComPtr<Handler> Listener(Completion& completion, HRESULT answer = S_OK) {
+        return MakeDelegate<Handler>([&completion, answer](Operation* operation, abi::AsyncStatus status) {
+            ++completion.calls;
+            completion.status = status;
             ComPtr<abi::IStorageFile> file;
-            heard.results = operation->GetResults(file.Put());
-            heard.file = static_cast<bool>(file);
+            completion.results = operation->GetResults(file.Put());
+            completion.file = static_cast<bool>(file);
             return answer;
         });
     }
-    void Listen(const ComPtr<Operation>& operation, Heard& heard, HRESULT answer = S_OK) {
-        EXPECT_EQ(operation->put_Completed(Listener(heard, answer).Get()), S_OK);
+    void Listen(const ComPtr<Operation>& operation, Completion& completion, HRESULT answer = S_OK) {
+        EXPECT_EQ(operation->put_Completed(Listener(completion, answer).Get()), S_OK);
     }
     static abi::AsyncStatus StatusOf(const ComPtr<Operation>& operation) {
         ComPtr<abi::IAsyncInfo> info;
@@ -340,13 +340,13 @@ protected:
 };
 
 TEST_F(Files, CompleteOnAThreadOfTheirOwn) {
-    Heard heard;
-    Listen(Open(png_.NarrowPath()), heard, Code(0x80000003));
+    Completion completion;
+    Listen(Open(png_.NarrowPath()), completion, Code(0x80000003));
     dialsim_wait_for_async();
-    EXPECT_EQ(heard.calls, 1);
-    EXPECT_EQ(heard.status, abi::AsyncStatus::Completed);
-    EXPECT_EQ(heard.results, S_OK);
-    EXPECT_TRUE(heard.file);
+    EXPECT_EQ(completion.calls, 1);
+    EXPECT_EQ(completion.status, abi::AsyncStatus::Completed);
+    EXPECT_EQ(completion.results, S_OK);
+    EXPECT_TRUE(completion.file);
     EXPECT_EQ(dialsim_completion_code(0), Code(0x80000003));
     EXPECT_NE(Journal().find("AsyncOperationCompletedHandler<StorageFile>::Invoke(1) = 80000003\n"),
               std::string::npos);
@@ -370,10 +370,10 @@ TEST_F(Files, CompleteAtOnceInsideTheAttachment) {
     dialsim_async(DIALSIM_AT_ONCE);
     const auto operation = Open(png_.NarrowPath());
     EXPECT_EQ(StatusOf(operation), abi::AsyncStatus::Completed);
-    Heard heard;
-    Listen(operation, heard);
-    EXPECT_EQ(heard.calls, 1);
-    EXPECT_TRUE(heard.file);
+    Completion completion;
+    Listen(operation, completion);
+    EXPECT_EQ(completion.calls, 1);
+    EXPECT_TRUE(completion.file);
     EXPECT_EQ(dialsim_completion_code(0), S_OK);
 }
 
@@ -383,18 +383,18 @@ TEST_F(Files, ThatAreNotThereFail) {
          {std::pair(png_.NarrowPath() + ".none", Code(0x80070002)),
           std::pair(testing::TempDir(), Code(0x80070002)),
           std::pair(std::string("picture.png"), E_INVALIDARG), std::pair(std::string(), E_INVALIDARG)}) {
-        Heard heard;
-        Listen(Open(path), heard);
-        EXPECT_EQ(heard.status, abi::AsyncStatus::Error) << path;
-        EXPECT_EQ(heard.results, code) << path;
-        EXPECT_FALSE(heard.file) << path;
+        Completion completion;
+        Listen(Open(path), completion);
+        EXPECT_EQ(completion.status, abi::AsyncStatus::Error) << path;
+        EXPECT_EQ(completion.results, code) << path;
+        EXPECT_FALSE(completion.file) << path;
     }
 }
 
 TEST_F(Files, HeldOnesCompleteInAnyOrder) {
     dialsim_async(DIALSIM_HELD);
-    Heard first;
-    Heard second;
+    Completion first;
+    Completion second;
     Listen(Open(png_.NarrowPath()), first);
     Listen(Open(png_.NarrowPath()), second, Code(0x80000003));
     EXPECT_EQ(dialsim_pending(), 2u);
@@ -410,17 +410,17 @@ TEST_F(Files, HeldOnesCompleteInAnyOrder) {
     EXPECT_EQ(dialsim_completion_code(2), Code(0x8000000B));
 }
 
-TEST_F(Files, OnesThatCompleteBeforeAnybodyListensAreHeardLater) {
+TEST_F(Files, ThatCompleteBeforeAHandlerIsAttachedCallItLater) {
     dialsim_async(DIALSIM_HELD);
     const auto operation = Open(png_.NarrowPath());
     EXPECT_EQ(StatusOf(operation), abi::AsyncStatus::Started);
     ComPtr<abi::IStorageFile> file;
     EXPECT_EQ(operation->GetResults(file.Put()), Code(0x8000000E));
     EXPECT_EQ(dialsim_complete(0), S_OK);
-    Heard heard;
-    Listen(operation, heard);
-    EXPECT_EQ(heard.calls, 1);
-    EXPECT_TRUE(heard.file);
+    Completion completion;
+    Listen(operation, completion);
+    EXPECT_EQ(completion.calls, 1);
+    EXPECT_TRUE(completion.file);
 }
 
 TEST_F(Files, MayCompleteWithAnyStatus) {
@@ -428,64 +428,64 @@ TEST_F(Files, MayCompleteWithAnyStatus) {
     const std::pair<int, HRESULT> rows[] = {
         {0, Code(0x8000000E)}, {1, S_OK}, {2, Code(0x800704C7)}, {3, E_FAIL}};
     for (const auto& [status, results] : rows) {
-        Heard heard;
-        Listen(Open(png_.NarrowPath()), heard);
+        Completion completion;
+        Listen(Open(png_.NarrowPath()), completion);
         EXPECT_EQ(dialsim_complete_as(static_cast<std::uint32_t>(status), status), S_OK);
-        EXPECT_EQ(heard.calls, 1);
-        EXPECT_EQ(static_cast<int>(heard.status), status);
-        EXPECT_EQ(heard.results, results);
-        EXPECT_EQ(heard.file, status == 1);
+        EXPECT_EQ(completion.calls, 1);
+        EXPECT_EQ(static_cast<int>(completion.status), status);
+        EXPECT_EQ(completion.results, results);
+        EXPECT_EQ(completion.file, status == 1);
     }
 }
 
 TEST_F(Files, TakeOneHandlerOnly) {
     dialsim_async(DIALSIM_AT_ONCE);
     const auto operation = Open(png_.NarrowPath());
-    Heard heard;
+    Completion completion;
     EXPECT_EQ(operation->put_Completed(nullptr), E_INVALIDARG);
-    Listen(operation, heard);
-    EXPECT_EQ(operation->put_Completed(Listener(heard).Get()), Code(0x80000018));
-    EXPECT_EQ(heard.calls, 1);
+    Listen(operation, completion);
+    EXPECT_EQ(operation->put_Completed(Listener(completion).Get()), Code(0x80000018));
+    EXPECT_EQ(completion.calls, 1);
 }
 
-TEST_F(Files, ThatNeverCompleteAreLetGoOf) {
+TEST_F(Files, ThatNeverCompleteAreReleased) {
     dialsim_async(DIALSIM_HELD);
-    Heard heard;
-    Listen(Open(png_.NarrowPath()), heard);
+    Completion completion;
+    Listen(Open(png_.NarrowPath()), completion);
     EXPECT_EQ(dialsim_handlers(), 1u);
     EXPECT_EQ(dialsim_objects("IAsyncOperation<StorageFile>"), 1u);
     dialsim_abandon_pending();
     EXPECT_EQ(dialsim_handlers(), 0u);
     EXPECT_EQ(dialsim_objects("IAsyncOperation<StorageFile>"), 0u);
     EXPECT_EQ(dialsim_pending(), 0u);
-    EXPECT_EQ(heard.calls, 0);
+    EXPECT_EQ(completion.calls, 0);
 }
 
 TEST_F(Files, WhoseHandlerCouldNotBeAttachedEndWithTheirLastReference) {
     dialsim_async(DIALSIM_HELD);
     dialsim_fail("IAsyncOperation<StorageFile>::put_Completed", E_FAIL, 1, 1);
-    Heard heard;
-    EXPECT_EQ(Open(png_.NarrowPath())->put_Completed(Listener(heard).Get()), E_FAIL);
+    Completion completion;
+    EXPECT_EQ(Open(png_.NarrowPath())->put_Completed(Listener(completion).Get()), E_FAIL);
     EXPECT_EQ(dialsim_pending(), 0u);
     EXPECT_EQ(dialsim_complete_all(), S_OK);
-    EXPECT_EQ(heard.calls, 0);
+    EXPECT_EQ(completion.calls, 0);
 }
 
 TEST_F(Files, OperationsOfBeforeAResetNoLongerTakePart) {
     dialsim_async(DIALSIM_HELD);
-    Heard heard;
+    Completion completion;
     const auto operation = Open(png_.NarrowPath());
     dialsim_reset();
-    Listen(operation, heard);
+    Listen(operation, completion);
     EXPECT_EQ(dialsim_complete_all(), S_OK);
-    EXPECT_EQ(heard.calls, 0);
+    EXPECT_EQ(completion.calls, 0);
 }
 
 TEST_F(Files, AScriptHoldsAndCompletesThem) {
     char error[100] = "";
     EXPECT_TRUE(dialsim_play("async held", 0, error, sizeof error)) << error;
-    Heard first;
-    Heard second;
+    Completion first;
+    Completion second;
     Listen(Open(png_.NarrowPath()), first);
     Listen(Open(png_.NarrowPath()), second);
     EXPECT_TRUE(dialsim_play("complete 1", 0, error, sizeof error)) << error;
@@ -564,7 +564,7 @@ TEST_F(Pictures, OfStreamsAreReadOnceAndTheirBlockMayGo) {
     ComPtr<abi::IStream> stream;
     const HGLOBAL block = MakeStream(kPng16, stream);
     EXPECT_EQ(dialsim_blocks(), 1u);
-    EXPECT_NE(OpenAccounts().find("blocks: 1\n"), std::string::npos);
+    EXPECT_NE(LeakReport().find("blocks: 1\n"), std::string::npos);
     ComPtr<abi::IRandomAccessStream> wrapped;
     EXPECT_EQ(Wrap(stream.Get(), wrapped), S_OK);
     ComPtr<abi::IRandomAccessStreamReference> icon;
@@ -632,7 +632,7 @@ TEST_F(Pictures, AStreamOverAStreamKnowsItsSizeAndPlace) {
 
 using FlatFunctions = Files;
 
-TEST_F(FlatFunctions, WithoutACodeAnswerNothingWhenTheyAreStruck) {
+TEST_F(FlatFunctions, WithoutACodeReturnNothingUnderAFault) {
     const WideText path(png_.NarrowPath().begin(), png_.NarrowPath().end());
     for (const char* operation : {"PathFileExistsW", "GetShortPathNameW", "FindResourceW", "SizeofResource",
                                   "LoadResource", "LockResource", "GlobalAlloc", "GlobalLock"}) {
@@ -640,7 +640,7 @@ TEST_F(FlatFunctions, WithoutACodeAnswerNothingWhenTheyAreStruck) {
     }
     EXPECT_FALSE(PathFileExistsW(path.c_str()));
     EXPECT_EQ(GetShortPathNameW(path.c_str(), nullptr, 0), 0u);
-    EXPECT_EQ(FindResourceW(nullptr, WIDE("x"), WIDE("PNG")), nullptr);
+    EXPECT_EQ(FindResourceW(nullptr, UTF16("x"), UTF16("PNG")), nullptr);
     EXPECT_EQ(SizeofResource(nullptr, nullptr), 0u);
     EXPECT_EQ(LoadResource(nullptr, nullptr), nullptr);
     EXPECT_EQ(LockResource(nullptr), nullptr);
@@ -666,24 +666,24 @@ TEST_F(FlatFunctions, BlocksStayOutWhenTheyCannotBeFreed) {
     EXPECT_EQ(dialsim_blocks(), 0u);
 }
 
-TEST_F(FlatFunctions, ThatAnswerWhatTheyHandOutCannotFailLate) {
+TEST_F(FlatFunctions, ThatReturnAHandleCannotFailLate) {
     EXPECT_FALSE(dialsim_fail_late("GlobalAlloc", E_FAIL, 1, 0));
     EXPECT_FALSE(dialsim_fail_late("LoadResource", E_FAIL, 1, 0));
     EXPECT_TRUE(dialsim_fail_late("CreateStreamOnHGlobal", E_FAIL, 5, 0));
 }
 
-TEST_F(FlatFunctions, ACopyOfAStringIsOneMoreToGiveBack) {
+TEST_F(FlatFunctions, ACopyOfAStringIsOneMoreToRelease) {
     const String original = ToPlatformString("text");
     HSTRING copy = nullptr;
     EXPECT_EQ(WindowsDuplicateString(original.Get(), &copy), S_OK);
     EXPECT_EQ(dialsim_strings(), 2u);
-    EXPECT_EQ(CharactersOf(copy), WIDE("text"));
+    EXPECT_EQ(CharactersOf(copy), UTF16("text"));
     EXPECT_EQ(WindowsDeleteString(copy), S_OK);
     StringReference reference;
-    EXPECT_EQ(reference.Create(WIDE("borrowed")), S_OK);
+    EXPECT_EQ(reference.Create(UTF16("borrowed")), S_OK);
     EXPECT_EQ(WindowsDuplicateString(reference.Get(), &copy), S_OK);
     EXPECT_NE(copy, reference.Get());
-    EXPECT_EQ(CharactersOf(copy), WIDE("borrowed"));
+    EXPECT_EQ(CharactersOf(copy), UTF16("borrowed"));
     EXPECT_EQ(WindowsDeleteString(copy), S_OK);
     EXPECT_EQ(WindowsDuplicateString(nullptr, &copy), S_OK);
     EXPECT_EQ(copy, nullptr);
@@ -695,11 +695,11 @@ TEST_F(FlatFunctions, AStringsCharactersCanBeMissingButNeverNull) {
     dialsim_clear_journal();
     dialsim_fail("WindowsGetStringRawBuffer", E_FAIL, 2, 1);
     UINT length = 0;
-    EXPECT_EQ(WideText(WindowsGetStringRawBuffer(text.Get(), &length)), WIDE("text"));
+    EXPECT_EQ(WideText(WindowsGetStringRawBuffer(text.Get(), &length)), UTF16("text"));
     EXPECT_EQ(length, 4u);
     EXPECT_EQ(WideText(WindowsGetStringRawBuffer(text.Get(), &length)), WideText());
     EXPECT_EQ(length, 0u);
-    EXPECT_EQ(WideText(WindowsGetStringRawBuffer(text.Get(), nullptr)), WIDE("text"));
+    EXPECT_EQ(WideText(WindowsGetStringRawBuffer(text.Get(), nullptr)), UTF16("text"));
     EXPECT_EQ(dialsim_calls("WindowsGetStringRawBuffer(text)"), 3u);
 }
 

@@ -13,7 +13,7 @@ namespace brindle {
 namespace {
 
 // Runs on a thread that has never been an apartment.
-class Apartments : public Simulated {
+class Apartments : public SimulatorTest {
 protected:
     static void OnAFreshThread(const std::function<void()>& body) { std::thread(body).join(); }
     static HRESULT ActivationCode() {
@@ -69,7 +69,7 @@ TEST_F(Apartments, BelongToTheirThread) {
     RoUninitialize();
 }
 
-TEST_F(Apartments, DoNotBeginWhereAFaultStrikes) {
+TEST_F(Apartments, DoNotBeginWhereAFaultApplies) {
     OnAFreshThread([] {
         dialsim_fail("RoInitialize", E_FAIL, 1, 1);
         EXPECT_EQ(RoInitialize(RO_INIT_SINGLETHREADED), E_FAIL);
@@ -77,7 +77,7 @@ TEST_F(Apartments, DoNotBeginWhereAFaultStrikes) {
     });
 }
 
-using Clock = Simulated;
+using Clock = SimulatorTest;
 
 TEST_F(Clock, StandsStill) {
     EXPECT_TRUE(dialsim_set_clock(123'456));
@@ -93,19 +93,19 @@ TEST_F(Clock, GoesOnByWhatIsWaited) {
     EXPECT_EQ(dialsim_now(), 1100u);
 }
 
-TEST_F(Clock, IsTheOneThePlatformTells) {
+TEST_F(Clock, IsTheOneThePlatformReturns) {
     dialsim_set_clock(std::uint64_t{5} << 32);
     EXPECT_EQ(GetTickCount64(), std::uint64_t{5} << 32);
 }
 
-TEST_F(Clock, IsNotToldWhereAFaultStrikes) {
+TEST_F(Clock, IsNotReturnedWhereAFaultApplies) {
     dialsim_set_clock(1000);
     dialsim_yield_null("GetTickCount64", 1, 1);
     EXPECT_EQ(GetTickCount64(), 0u);
     EXPECT_EQ(GetTickCount64(), 1000u);
 }
 
-TEST_F(Clock, DoesNotMoveForAScriptNotUnderstood) {
+TEST_F(Clock, DoesNotMoveForAScriptThatDoesNotParse) {
     dialsim_set_clock(1000);
     dialsim_play("wait 40\nspin 5", 0, nullptr, 0);
     EXPECT_EQ(dialsim_now(), 1000u);
@@ -124,9 +124,9 @@ ComPtr<abi::IRadialController> ControllerCalling(std::uint64_t window, Action ac
     return controller;
 }
 
-using EventThreads = SimulatedApartment;
+using EventThreads = SimulatorApartmentTest;
 
-TEST_F(EventThreads, AreTheCallersUnlessToldOtherwise) {
+TEST_F(EventThreads, AreTheCallersByDefault) {
     std::thread::id raised_on;
     const auto controller = ControllerCalling(1, [&] {
         raised_on = std::this_thread::get_id();
@@ -170,7 +170,7 @@ TEST_F(EventThreads, AControllerMayEndDuringItsEvent) {
     EXPECT_EQ(dialsim_turn(1, 1.0), DIALSIM_NO_CONTROLLER);
 }
 
-using RaisedErrorsOfHandlers = SimulatedApartment;
+using RaisedErrorsOfHandlers = SimulatorApartmentTest;
 
 TEST_F(RaisedErrorsOfHandlers, StopAtThePlatformAndTheirMessageIsKept) {
     const auto controller =
@@ -224,21 +224,21 @@ std::string PlayedInBackground(const char* script, std::thread::id& done_on) {
     return end.told;
 }
 
-using BackgroundScripts = SimulatedApartment;
+using BackgroundScripts = SimulatorApartmentTest;
 
-TEST_F(BackgroundScripts, ArePlayedOnAnotherThreadThatTellsTheEnd) {
-    ControllerEar ear(1);
+TEST_F(BackgroundScripts, ArePlayedOnAnotherThreadThatReportsTheEnd) {
+    EventRecorder recorder(1);
     std::thread::id done_on;
     EXPECT_EQ(PlayedInBackground("turn 5\nclick", done_on), "played");
     EXPECT_NE(done_on, std::this_thread::get_id());
-    EXPECT_EQ(ear.Heard(), "turn 5; click; ");
+    EXPECT_EQ(recorder.TakeEvents(), "turn 5; click; ");
 }
 
-TEST_F(BackgroundScripts, TellWhyNothingWasPlayed) {
-    ControllerEar ear(1);
+TEST_F(BackgroundScripts, ReportWhyNothingWasPlayed) {
+    EventRecorder recorder(1);
     std::thread::id done_on;
     EXPECT_EQ(PlayedInBackground("turn 5\nspin 5", done_on).find("line 2:"), 0u);
-    EXPECT_EQ(ear.Heard(), "");
+    EXPECT_EQ(recorder.TakeEvents(), "");
 }
 
 }  // namespace

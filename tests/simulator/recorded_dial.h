@@ -9,12 +9,12 @@
 
 namespace brindle {
 
-class RecordedDial : public SimulatedApartment {
+class RecordedDial : public SimulatorApartmentTest {
 protected:
     void TearDown() override {
         dialsim_record(nullptr);
         std::remove(Path().c_str());
-        SimulatedApartment::TearDown();
+        SimulatorApartmentTest::TearDown();
     }
 
     std::string Path() const { return folder_.PathOf("session.dial"); }

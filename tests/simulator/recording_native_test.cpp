@@ -54,7 +54,7 @@ TEST_F(RecordedTimes, LeaveOutWhatIsWaitedForAnyway) {
     ComPtr<abi::IDeviceInformationStatics> devices;
     ASSERT_EQ(GetFactory<abi::DeviceInformation>(devices), S_OK);
     StringReference query;
-    ASSERT_EQ(query.Create(WIDE("System.Devices.InterfaceEnabled:=System.StructuredQueryType.Boolean#True")),
+    ASSERT_EQ(query.Create(UTF16("System.Devices.InterfaceEnabled:=System.StructuredQueryType.Boolean#True")),
               S_OK);
     ComPtr<abi::IAsyncOperation<abi::DeviceInformationCollection>> enumeration;
     ASSERT_EQ(devices->FindAllAsyncAqsFilter(query.Get(), enumeration.Put()), S_OK);
@@ -81,9 +81,9 @@ TEST_F(RecordedTimes, AreNoneWhereTheClockIsSetBack) {
 }
 
 // Writes down all that its window's listener tells, every bit of it, with the time since the session's start.
-class Diarist final : public IDialHost {
+class LoggingHost final : public IDialHost {
 public:
-    Diarist(std::uint64_t window, const char* name, std::vector<std::string>& diary)
+    LoggingHost(std::uint64_t window, const char* name, std::vector<std::string>& diary)
         : window_(window), name_(name), diary_(diary) {}
 
     std::uint64_t GetWindowHandle() override { return window_; }
@@ -112,9 +112,9 @@ private:
 };
 
 // A hand that does anything at all, over two windows.
-class RandomHand {
+class RandomCommands {
 public:
-    RandomHand(std::uint64_t first, std::uint64_t second) : windows_{first, second} {}
+    RandomCommands(std::uint64_t first, std::uint64_t second) : windows_{first, second} {}
 
     void Act() {
         const std::uint64_t window = windows_[Below(2)];
@@ -161,17 +161,17 @@ private:
 
 // What two windows of a fresh program are told while `act` moves the dial.
 template <class Act>
-std::vector<std::string> DiaryOf(std::uint64_t first_window, std::uint64_t second_window, Act act) {
+std::vector<std::string> LogOf(std::uint64_t first_window, std::uint64_t second_window, Act act) {
     EXPECT_EQ(initialize(), 0);
     std::vector<std::string> diary;
-    Diarist first(first_window, "first", diary);
-    Diarist second(second_window, "second", diary);
+    LoggingHost first(first_window, "first", diary);
+    LoggingHost second(second_window, "second", diary);
     EXPECT_TRUE(init_dial_listener(&first));
     EXPECT_TRUE(init_dial_listener(&second));
     const MenuItemDescription items[] = {
-        {MenuItemKind::KnownIcon, WIDE("One"), 1, 0, {.number = 1}, {}, {}},
-        {MenuItemKind::KnownIcon, WIDE("Two"), 2, 1, {.number = 2}, {}, {}},
-        {MenuItemKind::KnownIcon, WIDE("Three"), 3, 0, {.number = 3}, {}, {}},
+        {MenuItemKind::KnownIcon, UTF16("One"), 1, 0, {.number = 1}, {}, {}},
+        {MenuItemKind::KnownIcon, UTF16("Two"), 2, 1, {.number = 2}, {}, {}},
+        {MenuItemKind::KnownIcon, UTF16("Three"), 3, 0, {.number = 3}, {}, {}},
     };
     EXPECT_TRUE(add_custom_menu(first_window, items, 3));
     EXPECT_TRUE(add_custom_menu(second_window, items, 3));
@@ -181,21 +181,21 @@ std::vector<std::string> DiaryOf(std::uint64_t first_window, std::uint64_t secon
     return diary;
 }
 
-TEST_F(RecordedTimes, ReplaysTellHostsTheSameAtTheSameTimes) {
+TEST_F(RecordedTimes, ReplaysRaiseTheSameEventsAtTheSameTimes) {
     constexpr std::uint32_t kPause = 1000;  // ends what the library remembers of earlier turns
     // The first turn of a process is never accelerated; it must be neither the played nor the replayed one.
-    DiaryOf(16, 17, [] { dialsim_turn(16, 0.0); });
-    const auto played = DiaryOf(16, 17, [this] {
+    LogOf(16, 17, [] { dialsim_turn(16, 0.0); });
+    const auto played = LogOf(16, 17, [this] {
         Record();
         dialsim_wait(kPause);
-        RandomHand hand(16, 17);
+        RandomCommands hand(16, 17);
         for (int i = 0; i < 500; ++i) {
             hand.Act();
         }
     });
     const std::string script = Recording();
     EXPECT_EQ(script.find("window 1"), std::string::npos) << "a handle of this run";
-    const auto replayed = DiaryOf(5, 4, [&] {
+    const auto replayed = LogOf(5, 4, [&] {
         Record();
         Play(script);
     });

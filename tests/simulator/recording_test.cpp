@@ -54,7 +54,7 @@ TEST_F(Recordings, BeginWithALineForTheReader) {
 }
 
 TEST_F(Recordings, HaveWhatScriptsDo) {
-    ControllerEar ear(16);
+    EventRecorder recorder(16);
     Record();
     Play("turn 1\nhold\nsettle");
     EXPECT_EQ(Commands(), "window @1; turn 1; hold; settle; ");
@@ -92,19 +92,19 @@ TEST_F(Recordings, NameAWindowThatNeverHadAControllerByItsHandle) {
 
 TEST_F(Recordings, MeanTheSameWindowsWhereHandlesDiffer) {
     {
-        ControllerEar first(16);
-        ControllerEar second(17);
+        EventRecorder first(16);
+        EventRecorder second(17);
         Record();
         dialsim_turn(17, 1);
         dialsim_click(16);
     }
     const std::string script = Recording();
     dialsim_reset();
-    ControllerEar first(99);
-    ControllerEar second(4);
+    EventRecorder first(99);
+    EventRecorder second(4);
     Play(script);
-    EXPECT_EQ(first.Heard(), "click; ");
-    EXPECT_EQ(second.Heard(), "turn 1; ");
+    EXPECT_EQ(first.TakeEvents(), "click; ");
+    EXPECT_EQ(second.TakeEvents(), "turn 1; ");
 }
 
 TEST_F(Recordings, KeepEveryBitOfANumber) {
@@ -133,7 +133,7 @@ TEST_F(Recordings, KeepEveryBitOfANumber) {
     EXPECT_NE(Recording().find("touch 16777215 0.33333334 0.1 1e-20\n"), std::string::npos) << Recording();
 }
 
-TEST_F(Recordings, EndWhenTheyAreTold) {
+TEST_F(Recordings, EndOnRequest) {
     const auto controller = MakeController(16);
     Record();
     dialsim_click(16);
@@ -151,7 +151,7 @@ TEST_F(Recordings, EndWithAReset) {
     EXPECT_EQ(Commands(), "hold; ");
 }
 
-TEST_F(Recordings, BeginAnewInTheSameFile) {
+TEST_F(Recordings, OverwriteTheSameFile) {
     const auto controller = MakeController(16);
     Record();
     dialsim_turn(16, 1);

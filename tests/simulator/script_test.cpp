@@ -12,7 +12,7 @@ namespace {
 
 constexpr char kGetContact[] = "IRadialControllerButtonClickedEventArgs::get_Contact";
 
-class Scripts : public SimulatedApartment {
+class Scripts : public SimulatorApartmentTest {
 protected:
     static std::string ErrorOf(const std::string& script) {
         char error[200] = "not written";
@@ -44,27 +44,28 @@ protected:
 };
 
 TEST_F(Scripts, TurnAndClick) {
-    ControllerEar ear(1);
+    EventRecorder recorder(1);
     Play("turn 5\nturn -0.5\nclick\n");
-    EXPECT_EQ(ear.Heard(), "turn 5; turn -0.5; click; ");
+    EXPECT_EQ(recorder.TakeEvents(), "turn 5; turn -0.5; click; ");
 }
 
 TEST_F(Scripts, HoldAndReleaseTheButton) {
-    ControllerEar ear(1);
+    EventRecorder recorder(1);
     Play("hold\nturn 1\nrelease\nturn 2");
-    EXPECT_EQ(ear.Heard(), "turn 1 held; turn 2; ");
+    EXPECT_EQ(recorder.TakeEvents(), "turn 1 held; turn 2; ");
 }
 
 TEST_F(Scripts, TouchMoveAndLift) {
-    ControllerEar ear(1);
+    EventRecorder recorder(1);
     Play("touch 1.5 2 3 4\nmove -5 6 7 8\nturn 1\nlift\nturn 2");
-    EXPECT_EQ(ear.Heard(), "touch at 1.5 2 3 4; move at -5 6 7 8; turn 1 at -5 6 7 8; lift; turn 2; ");
+    EXPECT_EQ(recorder.TakeEvents(),
+              "touch at 1.5 2 3 4; move at -5 6 7 8; turn 1 at -5 6 7 8; lift; turn 2; ");
 }
 
 TEST_F(Scripts, AcquireAndLoseControl) {
-    ControllerEar ear(1);
+    EventRecorder recorder(1);
     Play("acquire\nlose");
-    EXPECT_EQ(ear.Heard(), "acquire; lose; ");
+    EXPECT_EQ(recorder.TakeEvents(), "acquire; lose; ");
 }
 
 TEST_F(Scripts, ChooseAnItem) {
@@ -86,13 +87,13 @@ TEST_F(Scripts, ChooseAnItem) {
 }
 
 TEST_F(Scripts, TheMenuIsOpenedAndClosed) {
-    ControllerEar ear(1);
+    EventRecorder recorder(1);
     dialsim_append_item(1, "UInt32", 7);
     Play("menu\nturn 10\nclose\nturn 20\nmenu\nclick\nclick");
-    EXPECT_EQ(ear.Heard(), "turn 20; click; ");
+    EXPECT_EQ(recorder.TakeEvents(), "turn 20; click; ");
 }
 
-TEST_F(Scripts, WhatCannotBeDoneIsToldAndNoError) {
+TEST_F(Scripts, WhatCannotBeDoneIsReportedAndNoError) {
     testing::internal::CaptureStderr();
     Play("menu\nmouse 10 20 down\nmouse 10 20 move\nmouse 10 20 up\nshot nowhere/shot.png");
     EXPECT_EQ(testing::internal::GetCapturedStderr(),
@@ -104,52 +105,52 @@ TEST_F(Scripts, WhatCannotBeDoneIsToldAndNoError) {
 }
 
 TEST_F(Scripts, BeginWithTheNewestWindowAndDirectWhatFollows) {
-    ControllerEar older(16);
-    ControllerEar newest(17);
+    EventRecorder older(16);
+    EventRecorder newest(17);
     Play("turn 1\nwindow 16\nturn 2\nwindow 0x11\nturn 3\nwindow 16\nclick\nwindow 0\nclick");
-    EXPECT_EQ(older.Heard(), "turn 2; click; ");
-    EXPECT_EQ(newest.Heard(), "turn 1; turn 3; click; ");
+    EXPECT_EQ(older.TakeEvents(), "turn 2; click; ");
+    EXPECT_EQ(newest.TakeEvents(), "turn 1; turn 3; click; ");
 }
 
 TEST_F(Scripts, NameAWindowByItsPlaceInTheOrderOfFirstControllers) {
-    ControllerEar first(16);
-    ControllerEar first_again(16);
-    ControllerEar second(9);
+    EventRecorder first(16);
+    EventRecorder first_again(16);
+    EventRecorder second(9);
     Play("window @2\nturn 2\nwindow @1\nturn 1");
-    EXPECT_EQ(second.Heard(), "turn 2; ");
-    EXPECT_EQ(first.Heard(), "turn 1; ");
+    EXPECT_EQ(second.TakeEvents(), "turn 2; ");
+    EXPECT_EQ(first.TakeEvents(), "turn 1; ");
 }
 
 TEST_F(Scripts, KeepTheWindowsPlaceWhenItsControllerEnds) {
-    { ControllerEar gone(16); }
-    ControllerEar second(9);
+    { EventRecorder gone(16); }
+    EventRecorder second(9);
     Play("window @2\nclick");
-    EXPECT_EQ(second.Heard(), "click; ");
+    EXPECT_EQ(second.TakeEvents(), "click; ");
 }
 
-TEST_F(Scripts, APlaceWithoutAWindowIsNobodys) {
-    ControllerEar ear(16);
+TEST_F(Scripts, AWindowNumberWithoutAWindowIsNoWindow) {
+    EventRecorder recorder(16);
     testing::internal::CaptureStderr();
     Play("window @2\nclick\nwindow @0\nclick");
     EXPECT_EQ(testing::internal::GetCapturedStderr(),
               "dial script, line 2: no window listens\ndial script, line 4: no window listens\n");
-    EXPECT_EQ(ear.Heard(), "");
+    EXPECT_EQ(recorder.TakeEvents(), "");
 }
 
-TEST_F(Scripts, CountWindowsAnewAfterAReset) {
-    { ControllerEar before(16); }
+TEST_F(Scripts, CountWindowsFromOneAfterAReset) {
+    { EventRecorder before(16); }
     dialsim_reset();
-    ControllerEar ear(17);
+    EventRecorder recorder(17);
     Play("window @1\nclick");
-    EXPECT_EQ(ear.Heard(), "click; ");
+    EXPECT_EQ(recorder.TakeEvents(), "click; ");
 }
 
 TEST_F(Scripts, EachBeginsWithTheNewestWindowAgain) {
-    ControllerEar older(16);
-    ControllerEar newest(17);
+    EventRecorder older(16);
+    EventRecorder newest(17);
     Play("window 16");
     Play("turn 1");
-    EXPECT_EQ(newest.Heard(), "turn 1; ");
+    EXPECT_EQ(newest.TakeEvents(), "turn 1; ");
 }
 
 TEST_F(Scripts, HapticsListWaveforms) {
@@ -181,20 +182,20 @@ TEST_F(Scripts, FailSetsAFault) {
     EXPECT_EQ(ContactCode(), S_OK);
 }
 
-TEST_F(Scripts, AFaultWithoutCountsStrikesAtOnceAndForEver) {
+TEST_F(Scripts, AFaultWithoutCountsAppliesAtOnceAndForever) {
     Play(std::string("fail ") + kGetContact + " 0x80070005");
     EXPECT_EQ(ContactCode(), Code(0x80070005));
     EXPECT_EQ(ContactCode(), Code(0x80070005));
 }
 
-TEST_F(Scripts, AFaultWithoutTimesStrikesForEver) {
+TEST_F(Scripts, AFaultWithoutTimesAppliesForever) {
     Play(std::string("fail ") + kGetContact + " 80070005 2");
     EXPECT_EQ(ContactCode(), S_OK);
     EXPECT_EQ(ContactCode(), Code(0x80070005));
     EXPECT_EQ(ContactCode(), Code(0x80070005));
 }
 
-TEST_F(Scripts, FailLateHandsTheResultOut) {
+TEST_F(Scripts, FailLateReturnsTheResult) {
     Play(std::string("fail-late ") + kGetContact + " 80070005 1 1");
     dialsim_touch(0, 1, 2, 3, 4);
     ComPtr<abi::IRadialControllerScreenContact> contact;
@@ -215,38 +216,38 @@ TEST_F(Scripts, NullYieldsNothing) {
 TEST_F(Scripts, ShowPrintsTheJournal) {
     dialsim_fail("WindowsCreateStringReference", E_FAIL, 1, 1);
     StringReference reference;
-    reference.Create(WIDE("dial"));
+    reference.Create(UTF16("dial"));
     testing::internal::CaptureStdout();
     Play("show journal");
     EXPECT_EQ(testing::internal::GetCapturedStdout(), "WindowsCreateStringReference(dial) = 80004005\n");
 }
 
-TEST_F(Scripts, ShowPrintsTheAccounts) {
+TEST_F(Scripts, ShowPrintsTheLeaks) {
     const auto controller = MakeController(1);
-    const std::string accounts = OpenAccounts();
+    const std::string accounts = LeakReport();
     testing::internal::CaptureStdout();
     Play("show accounts");
     EXPECT_EQ(testing::internal::GetCapturedStdout(), accounts);
 }
 
 TEST_F(Scripts, MayHaveEmptyLinesCommentsAndSpaces) {
-    ControllerEar ear(1);
+    EventRecorder recorder(1);
     Play("# a demonstration\n\n  turn   5   # slowly\n\t\nclick\r\n#turn 7");
-    EXPECT_EQ(ear.Heard(), "turn 5; click; ");
+    EXPECT_EQ(recorder.TakeEvents(), "turn 5; click; ");
 }
 
 TEST_F(Scripts, MayBeEmpty) { Play(""); }
 
 TEST_F(Scripts, PlayOnWhereAHandlerFails) {
-    ControllerEar ear(1);
-    ear.answer = E_FAIL;
+    EventRecorder recorder(1);
+    recorder.answer = E_FAIL;
     testing::internal::CaptureStderr();
     Play("turn 1\nturn 2");
     testing::internal::GetCapturedStderr();
-    EXPECT_EQ(ear.Heard(), "turn 1; turn 2; ");
+    EXPECT_EQ(recorder.TakeEvents(), "turn 1; turn 2; ");
 }
 
-TEST_F(Scripts, ALineThatCannotBeUnderstoodIsTold) {
+TEST_F(Scripts, AParseErrorIsReported) {
     const struct {
         const char* line;
         const char* reason;
@@ -302,19 +303,19 @@ TEST_F(Scripts, ALineThatCannotBeUnderstoodIsTold) {
     }
 }
 
-TEST_F(Scripts, TheFirstLineNotUnderstoodIsTold) {
+TEST_F(Scripts, TheFirstParseErrorIsReported) {
     EXPECT_EQ(ErrorOf("spin 5\nspin 6").find("line 1:"), 0u);
     EXPECT_EQ(ErrorOf("wait 0\r\nspin 6").find("line 2:"), 0u);
 }
 
-TEST_F(Scripts, NothingIsPlayedOfAScriptNotUnderstood) {
-    ControllerEar ear(1);
+TEST_F(Scripts, NothingIsPlayedOfAScriptWithAParseError) {
+    EventRecorder recorder(1);
     ErrorOf("turn 1\nhold\nfail RoInitialize 80004005\nspin 5\n");
-    EXPECT_EQ(ear.Heard(), "");
+    EXPECT_EQ(recorder.TakeEvents(), "");
     EXPECT_EQ(RoInitialize(RO_INIT_SINGLETHREADED), S_FALSE);
     RoUninitialize();
     dialsim_turn(1, 1);
-    EXPECT_EQ(ear.Heard(), "turn 1; ");
+    EXPECT_EQ(recorder.TakeEvents(), "turn 1; ");
 }
 
 TEST_F(Scripts, TheReasonIsCutToItsBuffer) {

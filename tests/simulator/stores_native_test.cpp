@@ -14,7 +14,7 @@
 namespace brindle {
 namespace {
 
-class NativeStores : public Simulated {
+class NativeStores : public SimulatorTest {
 protected:
     static mode_t ModeOf(const std::string& path) {
         struct stat status {};

@@ -41,7 +41,7 @@ const Kind kCredential = {"credential", "vault", "vault.json",
                           },
                           [](const std::string& name) { return "\"resource\" \"" + name + "\" "; }};
 
-class StoresOfProcesses : public Simulated {
+class StoresOfProcesses : public SimulatorTest {
 protected:
     std::vector<std::string> Forever(const Kind& kind) const {
         return {folder.path(), kind.argument, "changing", "forever"};
@@ -51,10 +51,10 @@ protected:
     std::chrono::nanoseconds TimeOfAChange(const Kind& kind) const {
         constexpr int kChanges = 10;
         ChildProcess writer("store_writer", Forever(kind));
-        EXPECT_TRUE(writer.Hear());
+        EXPECT_TRUE(writer.ReadByte());
         const Moment start = std::chrono::steady_clock::now();
         for (int i = 0; i < kChanges; ++i) {
-            EXPECT_TRUE(writer.Hear());
+            EXPECT_TRUE(writer.ReadByte());
         }
         return (std::chrono::steady_clock::now() - start) / kChanges;
     }
@@ -63,7 +63,7 @@ protected:
     // file. The clock and the folder tell when; there is nothing to wait for.
     void KillAWriter(const Kind& kind, bool with_new_file, std::chrono::nanoseconds after) const {
         ChildProcess writer("store_writer", Forever(kind));
-        ASSERT_TRUE(writer.Hear());
+        ASSERT_TRUE(writer.ReadByte());
         const Moment patience = std::chrono::steady_clock::now() + std::chrono::milliseconds(200);
         while (with_new_file && !HasNewFile(kind) && std::chrono::steady_clock::now() < patience) {
         }
@@ -136,7 +136,7 @@ TEST_F(StoresOfProcesses, LoseNothingOfTwoThatWriteSettingsSideBySide) { WriteSi
 TEST_F(StoresOfProcesses, LoseNothingOfTwoThatWriteCredentialsSideBySide) { WriteSideBySide(kCredential); }
 
 // What one has changed the other sees with its next call.
-TEST_F(StoresOfProcesses, AreReadAnewByEveryCall) {
+TEST_F(StoresOfProcesses, AreReadAgainByEveryCall) {
     EXPECT_EQ(StoreText("local"), "");
     ChildProcess writer("store_writer", {folder.path(), "setting", "key", "1"});
     EXPECT_EQ(writer.Wait(), 0);

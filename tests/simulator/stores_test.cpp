@@ -67,7 +67,7 @@ Object NumberValue(std::int32_t number) {
 // The text in a value; "none" without a value.
 WideText TextIn(const Object& object) {
     if (!object) {
-        return WIDE("none");
+        return UTF16("none");
     }
     ComPtr<abi::IPropertyValue> value;
     EXPECT_EQ(Query(object.Get(), value), S_OK);
@@ -155,7 +155,7 @@ WideText All(const Credential& credential) {
     String user;
     EXPECT_EQ(credential->get_Resource(resource.Put()), S_OK);
     EXPECT_EQ(credential->get_UserName(user.Put()), S_OK);
-    return CharactersOf(resource.Get()) + WIDE("/") + CharactersOf(user.Get()) + WIDE("/") +
+    return CharactersOf(resource.Get()) + UTF16("/") + CharactersOf(user.Get()) + UTF16("/") +
            PasswordOf(credential);
 }
 
@@ -172,10 +172,10 @@ std::vector<WideText> All(const Credentials& list) {
 }
 
 // A packaged program with stores in a folder of the test's own.
-class StoresInAFolder : public SimulatedApartment {
+class StoresInAFolder : public SimulatorApartmentTest {
 protected:
     void SetUp() override {
-        SimulatedApartment::SetUp();
+        SimulatorApartmentTest::SetUp();
         dialsim_set_packaged(true);
     }
 
@@ -212,7 +212,7 @@ INSTANTIATE_TEST_SUITE_P(Places, StoredSettings, kBothPlaces, NameOf);
 
 TEST_P(StoredSettings, AreLookedUpAsTheyWereInserted) {
     EXPECT_EQ(InsertText("brush", "Palette"), S_OK);
-    EXPECT_EQ(TextAt("brush"), WIDE("Palette"));
+    EXPECT_EQ(TextAt("brush"), UTF16("Palette"));
 }
 
 TEST_P(StoredSettings, ThatAreNotThereAreLookedUpAsNull) {
@@ -221,7 +221,7 @@ TEST_P(StoredSettings, ThatAreNotThereAreLookedUpAsNull) {
     EXPECT_FALSE(value);
 }
 
-TEST_P(StoredSettings, TellWhetherAnEntryWasReplaced) {
+TEST_P(StoredSettings, ReportWhetherAnEntryWasReplaced) {
     const auto values = Values();
     abi::boolean replaced = 7;
     EXPECT_EQ(values->Insert(Text("brush"), TextValue("old").Get(), &replaced), S_OK);
@@ -234,17 +234,17 @@ TEST_P(StoredSettings, TellWhetherAnEntryWasReplaced) {
 TEST_P(StoredSettings, AreRoamingOrLocal) {
     InsertText("brush", "roaming", Where::Roaming);
     InsertText("brush", "local", Where::Local);
-    EXPECT_EQ(TextAt("brush", Where::Roaming), WIDE("roaming"));
-    EXPECT_EQ(TextAt("brush", Where::Local), WIDE("local"));
+    EXPECT_EQ(TextAt("brush", Where::Roaming), UTF16("roaming"));
+    EXPECT_EQ(TextAt("brush", Where::Local), UTF16("local"));
     EXPECT_EQ(StoreText("roaming"), "\"brush\" String \"roaming\"\n");
     EXPECT_EQ(StoreText("local"), "\"brush\" String \"local\"\n");
 }
 
 TEST_P(StoredSettings, AreFoundByTheirExactNames) {
     InsertText("brush", "small");
-    EXPECT_EQ(TextAt("Brush"), WIDE("none"));
-    EXPECT_EQ(TextAt("brush "), WIDE("none"));
-    EXPECT_EQ(TextAt("brus"), WIDE("none"));
+    EXPECT_EQ(TextAt("Brush"), UTF16("none"));
+    EXPECT_EQ(TextAt("brush "), UTF16("none"));
+    EXPECT_EQ(TextAt("brus"), UTF16("none"));
 }
 
 TEST_P(StoredSettings, CanBeRemovedOneByOne) {
@@ -314,13 +314,13 @@ TEST_P(StoredSettings, KeepEveryTypeOfNumber) {
 
 // Every text that a platform string can be, as a name and as a value.
 const WideText kTexts[] = {
-    WIDE(""),
-    WIDE("plain"),
-    WIDE("\"quoted\" \\ and /slashed/"),
-    WIDE("line\r\nand tab\t and escape\x1B"),
-    WideText(WIDE("nul\0inside"), 10),
-    WIDE("\x7F\x80\x9F\u00E4\u00DF\u20AC\uFFFD\uFFFE\uFEFF"),
-    WIDE("\U0001F58C\U0010FFFF"),
+    UTF16(""),
+    UTF16("plain"),
+    UTF16("\"quoted\" \\ and /slashed/"),
+    UTF16("line\r\nand tab\t and escape\x1B"),
+    WideText(UTF16("nul\0inside"), 10),
+    UTF16("\x7F\x80\x9F\u00E4\u00DF\u20AC\uFFFD\uFFFE\uFEFF"),
+    UTF16("\U0001F58C\U0010FFFF"),
     {static_cast<WCHAR>(0xD83D)},
     {WCHAR('a'), static_cast<WCHAR>(0xDD8C), static_cast<WCHAR>(0xD83D), WCHAR('b')},
 };
@@ -339,7 +339,7 @@ TEST_P(StoredSettings, KeepEveryText) {
 
 TEST_P(StoredSettings, RefuseNamesAbove255Characters) {
     EXPECT_EQ(InsertText(WideText(255, 'n'), "fits"), S_OK);
-    EXPECT_EQ(TextAt(WideText(255, 'n')), WIDE("fits"));
+    EXPECT_EQ(TextAt(WideText(255, 'n')), UTF16("fits"));
     const std::string before = StoreText("roaming");
     EXPECT_EQ(InsertText(WideText(256, 'n'), "does not"), Code(0x80073DC9));
     EXPECT_EQ(StoreText("roaming"), before);
@@ -395,7 +395,7 @@ TEST_P(StoredSettings, AreInTheOutermostContainer) {
         const auto container = ContainerOf(where);
         String name = ToPlatformString("before");
         EXPECT_EQ(container->get_Name(name.Put()), S_OK);
-        EXPECT_EQ(CharactersOf(name.Get()), WIDE(""));
+        EXPECT_EQ(CharactersOf(name.Get()), UTF16(""));
         abi::ApplicationDataLocality found{7};
         EXPECT_EQ(container->get_Locality(&found), S_OK);
         EXPECT_EQ(static_cast<int>(found), locality);
@@ -438,7 +438,7 @@ TEST_P(TheVault, RetrievesACredentialWithItsPassword) {
     EXPECT_EQ(AddCredential("resource", "user", "secret"), S_OK);
     Credential credential;
     EXPECT_EQ(OpenVault()->Retrieve(Text("resource"), Text("user"), credential.Put()), S_OK);
-    EXPECT_EQ(All(credential), WIDE("resource/user/secret"));
+    EXPECT_EQ(All(credential), UTF16("resource/user/secret"));
 }
 
 TEST_P(TheVault, NeedsNoPackage) {
@@ -475,11 +475,11 @@ TEST_P(TheVault, ListsCredentialsWithoutTheirPasswords) {
     const auto vault = OpenVault();
     Credentials list;
     EXPECT_EQ(vault->FindAllByUserName(Text("user"), list.Put()), S_OK);
-    EXPECT_EQ(All(list), (Texts{WIDE("one/user/"), WIDE("two/user/")}));
+    EXPECT_EQ(All(list), (Texts{UTF16("one/user/"), UTF16("two/user/")}));
     EXPECT_EQ(vault->FindAllByResource(Text("one"), list.Put()), S_OK);
-    EXPECT_EQ(All(list), (Texts{WIDE("one/other/"), WIDE("one/user/")}));
+    EXPECT_EQ(All(list), (Texts{UTF16("one/other/"), UTF16("one/user/")}));
     EXPECT_EQ(vault->RetrieveAll(list.Put()), S_OK);
-    EXPECT_EQ(All(list), (Texts{WIDE("one/other/"), WIDE("one/user/"), WIDE("two/user/")}));
+    EXPECT_EQ(All(list), (Texts{UTF16("one/other/"), UTF16("one/user/"), UTF16("two/user/")}));
 }
 
 TEST_P(TheVault, ListsNothingWhenItIsEmpty) {
@@ -496,10 +496,10 @@ TEST_P(TheVault, GivesAListedCredentialItsPasswordWhenItIsAskedTo) {
     Credential credential;
     ASSERT_EQ(list->GetAt(0, credential.Put()), S_OK);
     EXPECT_EQ(credential->RetrievePassword(), S_OK);
-    EXPECT_EQ(PasswordOf(credential), WIDE("secret"));
+    EXPECT_EQ(PasswordOf(credential), UTF16("secret"));
     ASSERT_EQ(OpenVault()->Remove(credential.Get()), S_OK);
     EXPECT_EQ(credential->RetrievePassword(), kNotFound);
-    EXPECT_EQ(PasswordOf(credential), WIDE("secret"));
+    EXPECT_EQ(PasswordOf(credential), UTF16("secret"));
 }
 
 TEST_P(TheVault, RemovesByTheNamesAlone) {
@@ -534,7 +534,7 @@ TEST_P(TheVault, TakesACredentialAsItsOwnerHasMadeIt) {
     EXPECT_EQ(credential->put_Resource(Text("resource")), S_OK);
     EXPECT_EQ(credential->put_UserName(Text("user")), S_OK);
     EXPECT_EQ(credential->put_Password(Text("secret")), S_OK);
-    EXPECT_EQ(All(credential), WIDE("resource/user/secret"));
+    EXPECT_EQ(All(credential), UTF16("resource/user/secret"));
     EXPECT_EQ(OpenVault()->Add(credential.Get()), S_OK);
     EXPECT_EQ(StoreText("vault"), "\"resource\" \"user\" \"secret\"\n");
     abi::IPropertySet* properties = nullptr;
@@ -557,7 +557,7 @@ TEST_P(TheVault, KeepsEveryText) {
 }
 
 // One of everything that the library calls.
-void UseEverything() {
+void CallEveryExport() {
     InsertText("brush", "Palette");
     TextAt("brush");
     ContainerOf(Where::Local);
@@ -585,7 +585,7 @@ void UseEverything() {
 INSTANTIATE_TEST_SUITE_P(Places, Stores, kBothPlaces, NameOf);
 
 TEST_P(Stores, AreJournaledByPublishedNames) {
-    UseEverything();
+    CallEveryExport();
     for (const char* call :
          {"IApplicationDataStatics::get_Current()",
           "IApplicationData::get_RoamingSettings()",
@@ -611,8 +611,8 @@ TEST_P(Stores, AreJournaledByPublishedNames) {
     }
 }
 
-TEST_P(Stores, TellNoPasswordsToTheJournal) {
-    UseEverything();
+TEST_P(Stores, KeepPasswordsOutOfTheJournal) {
+    CallEveryExport();
     Made("resource", "user", "first")->put_Password(Text("secret"));
     for (const std::string& line : LinesOf(Journal())) {
         const bool of_texts =
@@ -632,7 +632,7 @@ TEST_P(Stores, ControlsAreNotJournaled) {
 using FaultsOfStores = Stores;
 INSTANTIATE_TEST_SUITE_P(Places, FaultsOfStores, kBothPlaces, NameOf);
 
-TEST_P(FaultsOfStores, StrikeSettings) {
+TEST_P(FaultsOfStores, FailSettings) {
     const auto values = Values();
     ASSERT_TRUE(dialsim_fail("IMap<String, Object>::Insert(brush)", kFault, 1, 1));
     ASSERT_TRUE(dialsim_fail("IMap<String, Object>::Remove", kFault, 1, 1));
@@ -647,7 +647,7 @@ TEST_P(FaultsOfStores, StrikeSettings) {
     EXPECT_FALSE(value);
 }
 
-TEST_P(FaultsOfStores, ThatStrikeLateLeaveTheChangeInPlace) {
+TEST_P(FaultsOfStores, ThatFailLateLeaveTheChangeInPlace) {
     ASSERT_TRUE(dialsim_fail_late("IMap<String, Object>::Insert", kFault, 1, 1));
     EXPECT_EQ(InsertText("brush", "text"), kFault);
     EXPECT_EQ(StoreText("roaming"), "\"brush\" String \"text\"\n");
@@ -674,7 +674,7 @@ TEST_P(FaultsOfStores, MayYieldNothing) {
 }
 
 TEST_P(FaultsOfStores, CanBeSetOnEverythingThatTheLibraryCalls) {
-    UseEverything();
+    CallEveryExport();
     for (const char* operation :
          {"IApplicationDataStatics::get_Current", "IApplicationData::get_RoamingSettings",
           "IApplicationData::get_LocalSettings", "IApplicationDataContainer::get_Values",
@@ -855,11 +855,11 @@ TEST_P(StoreFiles, AreNotWrittenWhereNothingChanges) {
     Values()->Remove(Text("key"));
     Values()->Clear();
     EXPECT_EQ(StoreFile("roaming"), std::nullopt);
-    const std::string by_hand = "{\"settings\":[{\"key\":\"key\",\"type\":\"Int32\",\"value\":1}]}";
-    PutStoreFile("roaming", by_hand);
+    const std::string hand_written = "{\"settings\":[{\"key\":\"key\",\"type\":\"Int32\",\"value\":1}]}";
+    PutStoreFile("roaming", hand_written);
     EXPECT_EQ(Values()->Remove(Text("another")), S_OK);
     EXPECT_TRUE(dialsim_put_setting("roaming", "key", "Int32", "1"));
-    EXPECT_EQ(StoreFile("roaming"), by_hand);
+    EXPECT_EQ(StoreFile("roaming"), hand_written);
 }
 
 // Everything fails, and nothing is written.
@@ -988,37 +988,37 @@ TEST_P(DamagedStores, LeaveTheOthersAlone) {
 }
 
 // What standard error tells of a read.
-std::string Told(const char* store) {
+std::string ReportedError(const char* store) {
     testing::internal::CaptureStderr();
     StoreText(store);
     return testing::internal::GetCapturedStderr();
 }
 
-TEST_P(StoreFiles, ThatAreDamagedAreToldOfOnce) {
+TEST_P(StoreFiles, ThatAreDamagedAreReportedOnce) {
     PutStoreFile("local", "{\n  \"settings\": [x]\n}\n");
-    EXPECT_EQ(Told("local"),
+    EXPECT_EQ(ReportedError("local"),
               "dialsim: " + path +
                   "/local.json is damaged and left alone: line 2, column 16: this is not JSON, or it ends "
                   "too early\n");
-    EXPECT_EQ(Told("local"), "");
+    EXPECT_EQ(ReportedError("local"), "");
     PutStoreFile("local", R"({"settings": []})");
-    EXPECT_EQ(Told("local"), "");
+    EXPECT_EQ(ReportedError("local"), "");
     PutStoreFile("local", R"({"settings": [{"key": "a", "type": "Int32", "value": 1}, {}]})");
-    EXPECT_EQ(Told("local"),
+    EXPECT_EQ(ReportedError("local"),
               "dialsim: " + path +
                   "/local.json is damaged and left alone: entry 2: there is something else than 3 members\n");
 }
 
-TEST_P(StoreFiles, ThatAreDamagedDoNotTellTheirPasswords) {
+TEST_P(StoreFiles, ThatAreDamagedDoNotPrintTheirPasswords) {
     dialsim_put_credential("resource", "user", "secret");
     const std::string whole = StoreFile("vault").value();
     for (const std::string& damaged : {whole.substr(0, whole.find("secret") + 6), "[" + whole + "]"}) {
         PutStoreFile("vault", whole);
-        EXPECT_EQ(Told("vault"), "");
+        EXPECT_EQ(ReportedError("vault"), "");
         PutStoreFile("vault", damaged);
-        const std::string told = Told("vault");
-        EXPECT_NE(told, "");
-        EXPECT_EQ(told.find("secret"), std::string::npos) << told;
+        const std::string reported = ReportedError("vault");
+        EXPECT_NE(reported, "");
+        EXPECT_EQ(reported.find("secret"), std::string::npos) << reported;
     }
 }
 
@@ -1038,7 +1038,7 @@ TEST_F(StoresInAFolder, ThatCannotBeWrittenFailWithTheSystemsCodeAndStay) {
     StoresFolder::MakeFolder(in_the_way);
     EXPECT_EQ(InsertText("key", "new"), kDenied);
     EXPECT_FALSE(PutStoreFile("roaming", "content"));
-    EXPECT_EQ(TextAt("key"), WIDE("old"));
+    EXPECT_EQ(TextAt("key"), UTF16("old"));
     StoresFolder::RemoveFolder(in_the_way);
     EXPECT_EQ(InsertText("key", "new"), S_OK);
 }

@@ -1,5 +1,5 @@
 // A long life leaves nothing behind: what the process holds after the first rounds is what it holds at the
-// end. Usage: long_runs CYCLES ROTATIONS WRITES, each a number of rounds.
+// end. Usage: soak_test CYCLES ROTATIONS WRITES, each a number of rounds.
 #include <brindle.h>
 
 #include <algorithm>
@@ -37,7 +37,7 @@ class SilentHost final : public IDialHost {
 public:
     void OnRotation(void*, const DialRotationInfo* info) override {
         ++events;
-        info->hapticRequest = &kBuzz;
+        info->hapticRequest = &kHapticRequest;
     }
     std::uint64_t GetWindowHandle() override { return kWindow; }
     void OnButtonClicked(void*, const DialContactRect*) override { ++events; }
@@ -45,11 +45,11 @@ public:
     std::uint64_t events = 0;
 
 private:
-    static constexpr std::uint32_t kBuzz = 1;
+    static constexpr std::uint32_t kHapticRequest = 1;
 };
 
 // What the process holds.
-struct Holdings {
+struct ResourceUsage {
     std::uint64_t bytes;       // in use on its heaps
     std::uint64_t handles;     // of the system's
     std::uint32_t references;  // to objects of the platform's
@@ -121,10 +121,12 @@ std::uint64_t HandlesInUse() {
 
 #endif
 
-Holdings HoldNow() { return {BytesInUse(), HandlesInUse(), dialsim_references(nullptr), dialsim_strings()}; }
+ResourceUsage MeasureUsage() {
+    return {BytesInUse(), HandlesInUse(), dialsim_references(nullptr), dialsim_strings()};
+}
 
 // A measure that shows nothing would show no growth either.
-bool IsFlat(const Holdings& early, const Holdings& late) {
+bool IsFlat(const ResourceUsage& early, const ResourceUsage& late) {
     constexpr std::uint64_t kSlackBytes = 8192;
     return early.bytes > 0 && early.handles > 0 && late.bytes <= early.bytes + kSlackBytes &&
            late.handles <= early.handles && late.references == early.references &&
@@ -154,12 +156,12 @@ void Repeat(std::uint64_t rounds, const std::function<void(std::uint64_t)>& roun
 bool StaysFlat(const char* what, std::uint64_t rounds, const std::function<void(std::uint64_t)>& round) {
     constexpr std::uint64_t kFewest = 200;
     Repeat(std::max(rounds / 10, kFewest), round);
-    static_cast<void>(HoldNow());  // measuring, too, makes what is only made once
+    static_cast<void>(MeasureUsage());  // measuring, too, makes what is only made once
     static const std::uint64_t lost = HandlesLostToAnActivation();
-    const Holdings early = HoldNow();
+    const ResourceUsage early = MeasureUsage();
     const std::uint64_t activations_before = activations;
     Repeat(rounds, round);
-    Holdings late = HoldNow();
+    ResourceUsage late = MeasureUsage();
     late.handles -= lost * (activations - activations_before);
     const bool flat = IsFlat(early, late);
     std::printf(
@@ -173,7 +175,7 @@ bool StaysFlat(const char* what, std::uint64_t rounds, const std::function<void(
 }
 
 // Ends with a reset: the simulator remembers each asynchronous operation until then.
-void LiveOnce(SilentHost& host) {
+void RunOnce(SilentHost& host) {
     const MenuItemDescription item{MenuItemKind::KnownIcon, UTF16("Volume"), 1, 1, {}, {}, {}};
     initialize();
     init_dial_listener(&host);
@@ -199,14 +201,14 @@ void Write(std::uint64_t i) {
 
 int main(int argc, char** argv) {
     if (argc != 4 || !dialsim_watch("brindle.dll")) {
-        std::fprintf(stderr, "usage: long_runs CYCLES ROTATIONS WRITES\n");
+        std::fprintf(stderr, "usage: soak_test CYCLES ROTATIONS WRITES\n");
         return EXIT_FAILURE;
     }
     const StoresFolder stores;
     dialsim_async(DIALSIM_AT_ONCE);
     SilentHost host;
     bool flat =
-        StaysFlat("cycles", std::strtoull(argv[1], nullptr, 10), [&](std::uint64_t) { LiveOnce(host); });
+        StaysFlat("cycles", std::strtoull(argv[1], nullptr, 10), [&](std::uint64_t) { RunOnce(host); });
 
     dialsim_set_packaged(true);
     initialize();
@@ -219,10 +221,10 @@ int main(int argc, char** argv) {
                          ++turned;
                      }) &&
            flat;
-    const bool heard = host.events == turned;
+    const bool received = host.events == turned;
     flat = StaysFlat("writes", std::strtoull(argv[3], nullptr, 10), Write) && flat;
     const std::int32_t last = get_int_from_storage(UTF16("long run"), UTF16("number"));
-    std::printf("every rotation heard: %s; last number written: %d\n", heard ? "yes" : "NO", last);
+    std::printf("every rotation received: %s; last number written: %d\n", received ? "yes" : "NO", last);
     uninit();
-    return flat && heard ? EXIT_SUCCESS : EXIT_FAILURE;
+    return flat && received ? EXIT_SUCCESS : EXIT_FAILURE;
 }

@@ -35,7 +35,7 @@ public:
     }
 
     // Waits for a byte of its standard output; false when it has ended.
-    bool Hear() {
+    bool ReadByte() {
         char mark = 0;
         DWORD count = 0;
         return ReadFile(output_, &mark, 1, &count, nullptr) && count == 1;
@@ -88,7 +88,7 @@ private:
         close(output_);
     }
 
-    bool Hear() {
+    bool ReadByte() {
         char mark = 0;
         return read(output_, &mark, 1) == 1;
     }

@@ -17,7 +17,7 @@ inline std::string TextOf(std::size_t (*copy_out)(char*, std::size_t)) {
 }
 
 inline std::string Journal() { return TextOf(dialsim_journal); }
-inline std::string OpenAccounts() { return TextOf(dialsim_accounts); }
+inline std::string LeakReport() { return TextOf(dialsim_accounts); }
 inline std::string Raised() { return TextOf(dialsim_raised); }
 
 inline std::string StoreText(const char* store) {

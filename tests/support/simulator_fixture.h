@@ -9,15 +9,9 @@
 #include "platform/functions.h"
 #include "simulator/dialsim.h"
 #include "support/dialsim_text.h"
+#include "support/utf16.h"
 #ifndef _WIN32
 #include "simulator/functions/strings.h"
-#endif
-
-// UTF-16 literals, in the build's own character type.
-#ifdef _WIN32
-#define WIDE(text) L##text
-#else
-#define WIDE(text) u##text
 #endif
 
 namespace brindle {
@@ -42,7 +36,7 @@ inline WideText CharactersOf(HSTRING string) {
 
 // A fresh simulator, and at the end nothing that was handed out and has not come back. The library's code is
 // part of the test program here: on Windows that is the module to watch.
-class Simulated : public testing::Test {
+class SimulatorTest : public testing::Test {
 protected:
     void SetUp() override {
         ASSERT_TRUE(dialsim_watch("unit_tests.exe"));
@@ -50,22 +44,22 @@ protected:
     }
     void TearDown() override {
         dialsim_wait_for_async();  // a handler may be about to return
-        EXPECT_EQ(OpenAccounts(), "");
+        EXPECT_EQ(LeakReport(), "");
         dialsim_reset();
     }
 };
 
 // The same in an apartment of the platform.
-class SimulatedApartment : public Simulated {
+class SimulatorApartmentTest : public SimulatorTest {
 protected:
     void SetUp() override {
-        Simulated::SetUp();
+        SimulatorTest::SetUp();
         ASSERT_EQ(RoInitialize(RO_INIT_SINGLETHREADED), S_OK);
         dialsim_clear_journal();
     }
     void TearDown() override {
         RoUninitialize();
-        Simulated::TearDown();
+        SimulatorTest::TearDown();
     }
 };
 

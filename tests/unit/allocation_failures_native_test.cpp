@@ -24,38 +24,38 @@ struct Shortage {
     std::uint32_t last = UINT32_MAX;
     std::uint32_t count = 0;
 
-    bool StrikesNext() {
+    bool FailsNext() {
         ++count;
         return count >= first && count <= last;
     }
-    bool HasStruck() const { return count >= first; }
+    bool WasInjected() const { return count >= first; }
 };
 
 thread_local Shortage* shortage_in_force = nullptr;
 
-bool StrikesNow() { return shortage_in_force != nullptr && shortage_in_force->StrikesNext(); }
+bool FailsNow() { return shortage_in_force != nullptr && shortage_in_force->FailsNext(); }
 
 }  // namespace
 
 // operator new, operator new[] and the new that answers null.
 extern "C" void* __real__Znwm(std::size_t size);
 extern "C" void* __wrap__Znwm(std::size_t size) {
-    return StrikesNow() ? throw std::bad_alloc() : __real__Znwm(size);
+    return FailsNow() ? throw std::bad_alloc() : __real__Znwm(size);
 }
 
 extern "C" void* __real__Znam(std::size_t size);
 extern "C" void* __wrap__Znam(std::size_t size) {
-    return StrikesNow() ? throw std::bad_alloc() : __real__Znam(size);
+    return FailsNow() ? throw std::bad_alloc() : __real__Znam(size);
 }
 
 extern "C" void* __real__ZnwmRKSt9nothrow_t(std::size_t size, const std::nothrow_t& tag);
 extern "C" void* __wrap__ZnwmRKSt9nothrow_t(std::size_t size, const std::nothrow_t& tag) {
-    return StrikesNow() ? nullptr : __real__ZnwmRKSt9nothrow_t(size, tag);
+    return FailsNow() ? nullptr : __real__ZnwmRKSt9nothrow_t(size, tag);
 }
 
 extern "C" void* __real_calloc(std::size_t count, std::size_t size);
 extern "C" void* __wrap_calloc(std::size_t count, std::size_t size) {
-    return StrikesNow() ? nullptr : __real_calloc(count, size);
+    return FailsNow() ? nullptr : __real_calloc(count, size);
 }
 
 namespace brindle {
@@ -92,7 +92,7 @@ std::vector<std::string> Always(const char* outcome, std::size_t times) {
     return std::vector<std::string>(times, outcome);
 }
 
-class AllocationFailures : public Simulated {
+class AllocationFailures : public SimulatorTest {
 protected:
     void Try(const Case& tried) {
         SCOPED_TRACE(tried.name);
@@ -150,13 +150,13 @@ private:
         tried.prepare();
         Run run;
         run.outcome = OutcomeOf(tried, &shortage);
-        run.struck = shortage.HasStruck();
+        run.struck = shortage.WasInjected();
         if (tried.repeats) {
             run.again = OutcomeOf(tried, nullptr);
         }
         dialsim_abandon_pending();
         uninit();
-        EXPECT_EQ(OpenAccounts(), "");
+        EXPECT_EQ(LeakReport(), "");
         return run;
     }
 
@@ -249,7 +249,7 @@ TEST_F(AllocationFailures, OfReadingSettings) {
 }
 
 TEST_F(AllocationFailures, OfAnIteratorKeepNoReference) {
-    const auto sequence = ComPtr<KindSequence>::Own(new KindSequence({SystemItemKind::Scroll}));
+    const auto sequence = ComPtr<KindSequence>::Attach(new KindSequence({SystemItemKind::Scroll}));
     auto* iterator = reinterpret_cast<abi::IIterator<SystemItemKind>*>(&host_);
     Shortage shortage{1, 1};
     shortage_in_force = &shortage;

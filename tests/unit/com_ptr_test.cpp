@@ -35,7 +35,7 @@ public:
     // An owner of one reference.
     ComPtr<Counted> Owner() {
         AddRef();
-        return ComPtr<Counted>::Own(this);
+        return ComPtr<Counted>::Attach(this);
     }
 
     int references = 0;
@@ -76,7 +76,7 @@ TEST(OwnedReferences, ACopyOfNothingIsNothing) {
     EXPECT_FALSE(copy);
 }
 
-TEST(OwnedReferences, AMoveHandsItOver) {
+TEST(OwnedReferences, AMoveTransfersIt) {
     Counted object;
     auto pointer = object.Owner();
     const auto moved = std::move(pointer);
@@ -183,7 +183,7 @@ TEST(Queries, AFailureIsAnsweredAndLeavesNothing) {
     Counted former;
     Counted object;
     object.answer = Code(0x80010108);
-    ComPtr<abi::IAgileObject> marker = ComPtr<abi::IAgileObject>::Own(former.Owner().Detach());
+    ComPtr<abi::IAgileObject> marker = ComPtr<abi::IAgileObject>::Attach(former.Owner().Detach());
     EXPECT_EQ(Query(&object, marker), Code(0x80010108));
     EXPECT_FALSE(marker);
     EXPECT_EQ(former.references, 0);

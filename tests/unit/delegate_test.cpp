@@ -91,15 +91,15 @@ TEST(Delegates, EveryAnsweredQueryGivesAReference) {
 }
 
 TEST(Delegates, TheActionLivesUntilTheLastReferenceGoes) {
-    const auto watched = std::make_shared<int>(0);
+    const auto captured = std::make_shared<int>(0);
     RotationHandler* handler =
-        MakeDelegate<RotationHandler>([watched](auto*, auto*) { return S_OK; }).Detach();
+        MakeDelegate<RotationHandler>([captured](auto*, auto*) { return S_OK; }).Detach();
     handler->AddRef();
-    EXPECT_EQ(watched.use_count(), 2);
+    EXPECT_EQ(captured.use_count(), 2);
     EXPECT_EQ(handler->Release(), 1u);
-    EXPECT_EQ(watched.use_count(), 2);
+    EXPECT_EQ(captured.use_count(), 2);
     EXPECT_EQ(handler->Release(), 0u);
-    EXPECT_EQ(watched.use_count(), 1);
+    EXPECT_EQ(captured.use_count(), 1);
 }
 
 TEST(Delegates, AnActionMayBeMovableOnly) {

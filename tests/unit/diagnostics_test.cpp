@@ -16,20 +16,20 @@ std::string Printed(Arguments... arguments) {
     return testing::internal::GetCapturedStdout();
 }
 
-TEST(FailureLines, TellCodeAndLine) {
+TEST(FailureLines, PrintCodeAndLine) {
     EXPECT_EQ(Printed(Code(0x80004002), 460), "failed with 80004002 at line 460\n");
 }
 
-TEST(FailureLines, TellTheStepInFront) {
+TEST(FailureLines, PrintTheStepFirst) {
     EXPECT_EQ(Printed("register", Code(0x80070490), 110), "register failed with 80070490 at line 110\n");
 }
 
-TEST(FailureLines, WriteTheCodeInLowerCase) {
+TEST(FailureLines, PrintTheCodeInLowerCase) {
     EXPECT_EQ(Printed(Code(0x8007000E), 1), "failed with 8007000e at line 1\n");
     EXPECT_EQ(Printed("register", Code(0xFFFFABCD), 1), "register failed with ffffabcd at line 1\n");
 }
 
-TEST(FailureLines, WriteASuccessAsItIs) {
+TEST(FailureLines, PrintASuccessAsItIs) {
     EXPECT_EQ(Printed(S_OK, 847), "failed with 0 at line 847\n");
     EXPECT_EQ(Printed(S_FALSE, 847), "failed with 1 at line 847\n");
     EXPECT_EQ(Printed("register", S_OK, 110), "register failed with 0 at line 110\n");
@@ -55,111 +55,112 @@ private:
 };
 
 TEST(WideFormatting, TakesUtf16Texts) {
-    const Formatted line(kWideLineCharacters, WIDE("Added %s to menu\n"), WIDE("Brush \u00E9\u20AC"));
-    EXPECT_EQ(line.text(), WIDE("Added Brush \u00E9\u20AC to menu\n"));
+    const Formatted line(kWideLineCharacters, UTF16("Added %s to menu\n"), UTF16("Brush \u00E9\u20AC"));
+    EXPECT_EQ(line.text(), UTF16("Added Brush \u00E9\u20AC to menu\n"));
     EXPECT_EQ(line.result(), 23);
 }
 
 TEST(WideFormatting, WritesNumbersWithSixDecimals) {
-    const Formatted line(kWideLineCharacters, WIDE("X=%lf, Y=%lf"), 10.5, -0.25);
-    EXPECT_EQ(line.text(), WIDE("X=10.500000, Y=-0.250000"));
+    const Formatted line(kWideLineCharacters, UTF16("X=%lf, Y=%lf"), 10.5, -0.25);
+    EXPECT_EQ(line.text(), UTF16("X=10.500000, Y=-0.250000"));
 }
 
 TEST(WideFormatting, MixesTextsAndNumbers) {
-    const Formatted line(kWideLineCharacters, WIDE("%s=%lf %s"), WIDE("a"), 1.0, WIDE("b"));
-    EXPECT_EQ(line.text(), WIDE("a=1.000000 b"));
+    const Formatted line(kWideLineCharacters, UTF16("%s=%lf %s"), UTF16("a"), 1.0, UTF16("b"));
+    EXPECT_EQ(line.text(), UTF16("a=1.000000 b"));
     EXPECT_EQ(line.result(), 12);
 }
 
 TEST(WideFormatting, WritesTheContactLine) {
-    const Formatted line(kWideLineCharacters,
-                         WIDE("\t Postion X=%lf, Y=%lf & \n \t Bounds Height=%lf, Width=%lf, X=%lf, Y=%lf\n"),
-                         60.0, 45.0, 50.0, 100.0, 10.0, 20.0);
+    const Formatted line(
+        kWideLineCharacters,
+        UTF16("\t Postion X=%lf, Y=%lf & \n \t Bounds Height=%lf, Width=%lf, X=%lf, Y=%lf\n"), 60.0, 45.0,
+        50.0, 100.0, 10.0, 20.0);
     EXPECT_EQ(line.text(),
-              WIDE("\t Postion X=60.000000, Y=45.000000 & \n \t Bounds Height=50.000000, Width=100.000000, "
-                   "X=10.000000, Y=20.000000\n"));
+              UTF16("\t Postion X=60.000000, Y=45.000000 & \n \t Bounds Height=50.000000, Width=100.000000, "
+                    "X=10.000000, Y=20.000000\n"));
 }
 
 TEST(WideFormatting, LeavesTextWithoutConversionsAsItIs) {
-    EXPECT_EQ(Formatted(20, WIDE("100%% done")).text(), WIDE("100% done"));
-    EXPECT_EQ(Formatted(20, WIDE("")).result(), 0);
+    EXPECT_EQ(Formatted(20, UTF16("100%% done")).text(), UTF16("100% done"));
+    EXPECT_EQ(Formatted(20, UTF16("")).result(), 0);
 }
 
 TEST(WideFormatting, CountsBothHalvesOfASurrogatePair) {
     const WideText dial = {0xD83C, 0xDF9B};
-    const Formatted line(20, WIDE("<%s>"), dial.c_str());
-    EXPECT_EQ(line.text(), WIDE("<") + dial + WIDE(">"));
+    const Formatted line(20, UTF16("<%s>"), dial.c_str());
+    EXPECT_EQ(line.text(), UTF16("<") + dial + UTF16(">"));
     EXPECT_EQ(line.result(), 4);
 }
 
 TEST(WideFormatting, ATextWithItsTerminatorMayFillTheBuffer) {
-    const Formatted line(8, WIDE("<%s>"), WIDE("12345"));
-    EXPECT_EQ(line.text(), WIDE("<12345>"));
+    const Formatted line(8, UTF16("<%s>"), UTF16("12345"));
+    EXPECT_EQ(line.text(), UTF16("<12345>"));
     EXPECT_EQ(line.result(), 7);
     EXPECT_TRUE(line.guard_stands());
 }
 
 TEST(WideFormatting, ATextWithoutRoomForItsTerminatorFailsAndLeavesAnEmptyText) {
-    const Formatted line(7, WIDE("<%s>"), WIDE("12345"));
+    const Formatted line(7, UTF16("<%s>"), UTF16("12345"));
     EXPECT_EQ(line.result(), -1);
-    EXPECT_EQ(line.text(), WIDE(""));
+    EXPECT_EQ(line.text(), UTF16(""));
     EXPECT_TRUE(line.guard_stands());
 }
 
 TEST(WideFormatting, ATextThatIsTooLongFailsAndLeavesAnEmptyText) {
-    const Formatted line(6, WIDE("<%s>"), WIDE("12345"));
+    const Formatted line(6, UTF16("<%s>"), UTF16("12345"));
     EXPECT_EQ(line.result(), -1);
-    EXPECT_EQ(line.text(), WIDE(""));
+    EXPECT_EQ(line.text(), UTF16(""));
     EXPECT_TRUE(line.guard_stands());
 }
 
 TEST(WideFormatting, ALabelLongerThanTheLineFailsAndTheProcessLives) {
-    const WideText label(3000, WIDE('x'));
-    const Formatted line(kWideLineCharacters, WIDE("Added %s to menu\n"), label.c_str());
+    const WideText label(3000, UTF16('x'));
+    const Formatted line(kWideLineCharacters, UTF16("Added %s to menu\n"), label.c_str());
     EXPECT_EQ(line.result(), -1);
-    EXPECT_EQ(line.text(), WIDE(""));
+    EXPECT_EQ(line.text(), UTF16(""));
     EXPECT_TRUE(line.guard_stands());
 }
 
 TEST(WideFormatting, TheLineHoldsTwoThousandCharactersWithTheTerminator) {
-    const WideText longest(1999, WIDE('x'));
+    const WideText longest(1999, UTF16('x'));
     EXPECT_EQ(kWideLineCharacters, 2000u);
-    EXPECT_EQ(Formatted(kWideLineCharacters, WIDE("%s"), longest.c_str()).result(), 1999);
+    EXPECT_EQ(Formatted(kWideLineCharacters, UTF16("%s"), longest.c_str()).result(), 1999);
 }
 
 TEST(WideFormatting, ALongBufferTakesALongText) {
-    const WideText text(100'000, WIDE('x'));
-    const Formatted line(text.size() + 1, WIDE("%s"), text.c_str());
+    const WideText text(100'000, UTF16('x'));
+    const Formatted line(text.size() + 1, UTF16("%s"), text.c_str());
     EXPECT_EQ(line.result(), 100'000);
     EXPECT_TRUE(line.text() == text);
 }
 
 TEST(WideFormatting, ALongTextWithoutRoomForItsTerminatorFailsToo) {
-    const WideText text(5000, WIDE('x'));
-    const Formatted line(text.size(), WIDE("%s"), text.c_str());
+    const WideText text(5000, UTF16('x'));
+    const Formatted line(text.size(), UTF16("%s"), text.c_str());
     EXPECT_EQ(line.result(), -1);
-    EXPECT_EQ(line.text(), WIDE(""));
+    EXPECT_EQ(line.text(), UTF16(""));
     EXPECT_TRUE(line.guard_stands());
 }
 
 TEST(WideFormatting, AnEmptyFormatGivesTheEmptyText) {
-    const Formatted line(20, WIDE(""));
+    const Formatted line(20, UTF16(""));
     EXPECT_EQ(line.result(), 0);
-    EXPECT_EQ(line.text(), WIDE(""));
+    EXPECT_EQ(line.text(), UTF16(""));
 }
 
 TEST(WideFormatting, ABufferWithoutRoomIsNotTouched) {
-    const Formatted line(0, WIDE("%s"), WIDE("text"));
+    const Formatted line(0, UTF16("%s"), UTF16("text"));
     EXPECT_EQ(line.result(), -1);
     EXPECT_TRUE(line.untouched());
 }
 
 TEST(WideFormatting, ABufferOfOneHoldsTheEmptyTextOnly) {
-    EXPECT_EQ(Formatted(1, WIDE("")).result(), 0);
-    EXPECT_EQ(Formatted(1, WIDE("x")).result(), -1);
+    EXPECT_EQ(Formatted(1, UTF16("")).result(), 0);
+    EXPECT_EQ(Formatted(1, UTF16("x")).result(), -1);
 }
 
-TEST(WideFormatting, WithoutABufferItFails) { EXPECT_EQ(FormatWide(nullptr, 20, WIDE("text")), -1); }
+TEST(WideFormatting, WithoutABufferItFails) { EXPECT_EQ(FormatWide(nullptr, 20, UTF16("text")), -1); }
 
 TEST(WideFormatting, WithoutAFormatItFailsAndTouchesNothing) {
     const Formatted line(20, nullptr);

@@ -22,9 +22,9 @@ constexpr char kGetTag[] = "IRadialControllerMenuItem::get_Tag";
 constexpr char kGetNumber[] = "IPropertyValue::GetUInt32";
 
 // A registered listener whose fields the tests can fill as the menu functions do.
-struct DialListenerTest : SimulatedApartment {
+struct DialListenerTest : SimulatorApartmentTest {
     void SetUp() override {
-        SimulatedApartment::SetUp();
+        SimulatorApartmentTest::SetUp();
         Listen(&host);
     }
     void TearDown() override {
@@ -34,7 +34,7 @@ struct DialListenerTest : SimulatedApartment {
         values.Reset();
         items.Reset();
         listener.reset();
-        SimulatedApartment::TearDown();
+        SimulatorApartmentTest::TearDown();
     }
 
     void Listen(IDialHost* to) {
@@ -81,7 +81,7 @@ struct DialListenerTest : SimulatedApartment {
         dialsim_clear_journal();
     }
     // The tag that the host is told with one turn.
-    std::uint32_t TagTold() {
+    std::uint32_t ReportedTag() {
         host.rotations.clear();
         EXPECT_EQ(dialsim_turn(kWindow, 1.0), S_OK);
         EXPECT_EQ(host.rotations.size(), 1u);
@@ -102,15 +102,15 @@ struct DialListenerTest : SimulatedApartment {
     }
     void AddEntryWithoutLabel() { listener->menu_entries_.emplace_back(); }
     void SetItemStatics(abi::IRadialControllerMenuItemStatics* statics) {
-        listener->item_statics_ = ComPtr<abi::IRadialControllerMenuItemStatics>::Own(statics);
+        listener->item_statics_ = ComPtr<abi::IRadialControllerMenuItemStatics>::Attach(statics);
     }
     HRESULT AddKnownIcon() {
-        MenuEntry entry = MakeEntry(WIDE("Brush"), 7, true);
+        MenuEntry entry = MakeEntry(UTF16("Brush"), 7, true);
         return listener->AddMenuItemFromKnownIcon(entry, abi::RadialControllerMenuKnownIcon::Ruler);
     }
     // The token of a new item's subscription, as its entry has it.
     std::int64_t TokenOfNewItem() {
-        MenuEntry entry = MakeEntry(WIDE("Brush"), 7, true);
+        MenuEntry entry = MakeEntry(UTF16("Brush"), 7, true);
         EXPECT_EQ(entry.invoked_token, 0);
         listener->AddMenuItemFromKnownIcon(entry, abi::RadialControllerMenuKnownIcon::Ruler);
         return entry.invoked_token;
@@ -120,11 +120,11 @@ struct DialListenerTest : SimulatedApartment {
     }
     HRESULT InvokeNothing() { return listener->OnItemInvoked(nullptr, nullptr); }
     void SetMenu(abi::IRadialControllerMenu* menu) {
-        listener->menu_ = ComPtr<abi::IRadialControllerMenu>::Own(menu);
+        listener->menu_ = ComPtr<abi::IRadialControllerMenu>::Attach(menu);
     }
     std::uint32_t StateWord() const { return listener->state_; }
     bool HasSpare() const { return static_cast<bool>(listener->spare_); }
-    void SetSpare(abi::IUnknown* spare) { listener->spare_ = ComPtr<abi::IUnknown>::Own(spare); }
+    void SetSpare(abi::IUnknown* spare) { listener->spare_ = ComPtr<abi::IUnknown>::Attach(spare); }
 
     RecordingHost host{kWindow};
     std::unique_ptr<DialListener> listener;
@@ -135,38 +135,38 @@ private:
     bool capturing_ = false;
 };
 
-TEST_F(DialListenerTest, ATurnTellsTheTagOfTheSelectedItem) {
+TEST_F(DialListenerTest, ARotationReportsTheTagOfTheSelectedItem) {
     SelectItemTagged(42);
-    EXPECT_EQ(TagTold(), 42u);
+    EXPECT_EQ(ReportedTag(), 42u);
 }
 
 TEST_F(DialListenerTest, ATagMayUseAllItsBits) {
     SelectItemTagged(0xFEDCBA98);
-    EXPECT_EQ(TagTold(), 0xFEDCBA98u);
+    EXPECT_EQ(ReportedTag(), 0xFEDCBA98u);
 }
 
-TEST_F(DialListenerTest, EveryTurnReadsTheSelectionAnew) {
+TEST_F(DialListenerTest, EveryRotationReadsTheSelectionAgain) {
     SelectItemTagged(1);
-    EXPECT_EQ(TagTold(), 1u);
+    EXPECT_EQ(ReportedTag(), 1u);
     SelectItemTagged(2);
-    EXPECT_EQ(TagTold(), 2u);
+    EXPECT_EQ(ReportedTag(), 2u);
 }
 
 TEST_F(DialListenerTest, WithoutAMenuNoSelectionIsAskedFor) {
-    EXPECT_EQ(TagTold(), 0u);
+    EXPECT_EQ(ReportedTag(), 0u);
     EXPECT_EQ(dialsim_calls(kGetSelected), 0u);
 }
 
-TEST_F(DialListenerTest, WithoutASelectionTheTurnIsToldWithoutATag) {
+TEST_F(DialListenerTest, WithoutASelectionTheRotationIsReportedWithoutATag) {
     GiveMenu();
-    EXPECT_EQ(TagTold(), 0u);
+    EXPECT_EQ(ReportedTag(), 0u);
     EXPECT_EQ(dialsim_calls(kGetSelected), 1u);
     EXPECT_EQ(dialsim_calls(kGetTag), 0u);
 }
 
 TEST_F(DialListenerTest, TheTagIsReadOnce) {
     SelectItemTagged(42);
-    EXPECT_EQ(TagTold(), 42u);
+    EXPECT_EQ(ReportedTag(), 42u);
     EXPECT_EQ(dialsim_calls(kGetSelected), 1u);
     EXPECT_EQ(dialsim_calls(kGetTag), 1u);
     EXPECT_EQ(dialsim_calls(kGetNumber), 1u);
@@ -174,7 +174,7 @@ TEST_F(DialListenerTest, TheTagIsReadOnce) {
 
 TEST_F(DialListenerTest, AnItemWithoutATagHasTagZero) {
     SelectNewItem();
-    EXPECT_EQ(TagTold(), 0u);
+    EXPECT_EQ(ReportedTag(), 0u);
 }
 
 TEST_F(DialListenerTest, ATagThatIsATextIsTagZero) {
@@ -182,34 +182,34 @@ TEST_F(DialListenerTest, ATagThatIsATextIsTagZero) {
     ComPtr<abi::IInspectable> tag;
     ASSERT_EQ(Values().CreateString(ToPlatformString("42").Get(), tag.Put()), S_OK);
     ASSERT_EQ(item->put_Tag(tag.Get()), S_OK);
-    EXPECT_EQ(TagTold(), 0u);
+    EXPECT_EQ(ReportedTag(), 0u);
 }
 
 TEST_F(DialListenerTest, ATagThatIsNoValueIsTagZero) {
     const auto item = SelectNewItem();
     ASSERT_EQ(item->put_Tag(items.Get()), S_OK);
-    EXPECT_EQ(TagTold(), 0u);
+    EXPECT_EQ(ReportedTag(), 0u);
 }
 
 TEST_F(DialListenerTest, ATagThatCannotBeReadIsTagZero) {
     SelectItemTagged(42);
     ASSERT_TRUE(dialsim_fail(kGetTag, E_FAIL, 1, 0));
     Capture();
-    EXPECT_EQ(TagTold(), 0u);
+    EXPECT_EQ(ReportedTag(), 0u);
     EXPECT_EQ(dialsim_calls(kGetTag), 1u);
 }
 
-TEST_F(DialListenerTest, ATagReadLateIsTagZeroAndGoesBack) {
+TEST_F(DialListenerTest, ATagReadLateIsTagZeroAndIsReleased) {
     SelectItemTagged(42);
     ASSERT_TRUE(dialsim_fail_late(kGetTag, E_FAIL, 1, 0));
-    EXPECT_EQ(TagTold(), 0u);
+    EXPECT_EQ(ReportedTag(), 0u);
 }
 
 TEST_F(DialListenerTest, ATagThatRefusesToBeAValueIsTagZero) {
     SelectItemTagged(42);
     ASSERT_TRUE(dialsim_fail("QueryInterface(IPropertyValue)", E_NOINTERFACE, 1, 0));
     Capture();
-    EXPECT_EQ(TagTold(), 0u);
+    EXPECT_EQ(ReportedTag(), 0u);
     EXPECT_EQ(dialsim_calls(kGetNumber), 0u);
 }
 
@@ -217,14 +217,14 @@ TEST_F(DialListenerTest, ATagWhoseNumberCannotBeReadIsTagZero) {
     SelectItemTagged(42);
     ASSERT_TRUE(dialsim_fail(kGetNumber, E_FAIL, 1, 0));
     Capture();
-    EXPECT_EQ(TagTold(), 0u);
+    EXPECT_EQ(ReportedTag(), 0u);
     EXPECT_EQ(dialsim_calls(kGetNumber), 1u);
 }
 
 TEST_F(DialListenerTest, ANumberThatIsGivenCountsWhateverItsReadAnswers) {
     SelectItemTagged(42);
     ASSERT_TRUE(dialsim_fail_late(kGetNumber, E_FAIL, 1, 0));
-    EXPECT_EQ(TagTold(), 42u);
+    EXPECT_EQ(ReportedTag(), 42u);
 }
 
 TEST_F(DialListenerTest, ASelectionThatCannotBeReadEndsTheTurnWithTheThirdCode) {
@@ -259,13 +259,13 @@ TEST_F(DialListenerTest, AfterASelectionThatFailedNothingElseIsRead) {
     EXPECT_EQ(dialsim_calls("GetTickCount64"), 0u);
 }
 
-TEST_F(DialListenerTest, SelectedItemsAndTagsGoBack) {
+TEST_F(DialListenerTest, SelectedItemsAndTagsAreReleased) {
     const auto item = SelectNewItem();
     ComPtr<abi::IInspectable> tag;
     ASSERT_EQ(Values().CreateUInt32(42, tag.Put()), S_OK);
     ASSERT_EQ(item->put_Tag(tag.Get()), S_OK);
     const std::uint32_t before = dialsim_references(nullptr);
-    TagTold();
+    ReportedTag();
     ASSERT_TRUE(dialsim_fail_late(kGetSelected, E_FAIL, 1, 3));
     Capture();
     dialsim_turn(kWindow, 1.0);
@@ -319,8 +319,8 @@ TEST_F(DialListenerTest, ADialThatIsNotThereIsAFailure) {
 
 // A wait that something else ends meanwhile answers from what has been found so far.
 TEST_F(DialListenerTest, TheAnswerStandsBeforeTheTextsItWasReadFromAreReleased) {
-    const auto found = ComPtr<SharedFlag>::Own(new SharedFlag);
-    const auto done = ComPtr<SharedFlag>::Own(new SharedFlag);
+    const auto found = ComPtr<SharedFlag>::Attach(new SharedFlag);
+    const auto done = ComPtr<SharedFlag>::Attach(new SharedFlag);
     dialsim_async(DIALSIM_AT_ONCE);
     std::int32_t found_at_release = -1;
     {
@@ -331,7 +331,7 @@ TEST_F(DialListenerTest, TheAnswerStandsBeforeTheTextsItWasReadFromAreReleased) 
     EXPECT_EQ(done->value, 1);
 }
 
-TEST_F(DialListenerTest, TheEndGivesBackTheLabelsOfItsEntries) {
+TEST_F(DialListenerTest, TheDestructorReleasesTheLabelsOfItsEntries) {
     AddEntry("Brush");
     AddEntry("Ruler");
     EXPECT_EQ(dialsim_strings(), 2u);
@@ -341,7 +341,7 @@ TEST_F(DialListenerTest, TheEndGivesBackTheLabelsOfItsEntries) {
     EXPECT_EQ(dialsim_calls("WindowsDeleteString(Ruler)"), 1u);
 }
 
-TEST_F(DialListenerTest, TheEndBearsEntriesWithoutALabel) {
+TEST_F(DialListenerTest, TheDestructorHandlesEntriesWithoutALabel) {
     AddEntry("");
     AddEntryWithoutLabel();
     listener.reset();
@@ -356,22 +356,22 @@ TEST_F(DialListenerTest, EntriesKeepTheirLabelsWhileTheListGrows) {
     EXPECT_EQ(dialsim_calls("WindowsDeleteString(Brush)"), 0u);
 }
 
-TEST_F(DialListenerTest, TheEndReleasesControllerMenuAndFactory) {
+TEST_F(DialListenerTest, TheDestructorReleasesControllerMenuAndFactory) {
     SelectItemTagged(42);
     SetItemStatics(items.Detach());
     values.Reset();
     listener.reset();
-    EXPECT_EQ(OpenAccounts(), "");
+    EXPECT_EQ(LeakReport(), "");
 }
 
-TEST_F(DialListenerTest, TheEndUnsubscribesNothing) {
+TEST_F(DialListenerTest, TheDestructorUnsubscribesNothing) {
     listener.reset();
     EXPECT_EQ(Journal().find("remove_"), std::string::npos) << Journal();
 }
 
 // A thing whose last release writes down what still existed then.
 template <class Interface>
-class Witness : public Interface {
+class ReleaseObserver : public Interface {
 public:
     HRESULT QueryInterface(const GUID&, void** object) noexcept override {
         *object = nullptr;
@@ -394,12 +394,12 @@ public:
     std::uint32_t factories = 0;
 
 protected:
-    ~Witness() = default;
+    ~ReleaseObserver() = default;
 };
 
-class WitnessForSpare final : public Witness<abi::IUnknown> {};
+class ReleaseObserverForSpare final : public ReleaseObserver<abi::IUnknown> {};
 
-class WitnessForStatics final : public Witness<abi::IRadialControllerMenuItemStatics> {
+class ReleaseObserverForStatics final : public ReleaseObserver<abi::IRadialControllerMenuItemStatics> {
 public:
     HRESULT GetIids(std::uint32_t*, GUID**) noexcept override { return E_NOTIMPL; }
     HRESULT GetRuntimeClassName(HSTRING*) noexcept override { return E_NOTIMPL; }
@@ -414,7 +414,7 @@ public:
     }
 };
 
-class WitnessForMenu final : public Witness<abi::IRadialControllerMenu> {
+class ReleaseObserverForMenu final : public ReleaseObserver<abi::IRadialControllerMenu> {
 public:
     HRESULT GetIids(std::uint32_t*, GUID**) noexcept override { return E_NOTIMPL; }
     HRESULT GetRuntimeClassName(HSTRING*) noexcept override { return E_NOTIMPL; }
@@ -428,7 +428,7 @@ public:
 };
 
 TEST_F(DialListenerTest, ItemStaticsGoAfterTheEntriesAndBeforeTheMenu) {
-    WitnessForStatics statics;
+    ReleaseObserverForStatics statics;
     GiveMenu();
     AddEntry("Brush");
     SetItemStatics(&statics);
@@ -441,7 +441,7 @@ TEST_F(DialListenerTest, ItemStaticsGoAfterTheEntriesAndBeforeTheMenu) {
 }
 
 TEST_F(DialListenerTest, TheMenuGoesAfterTheEntriesAndBeforeTheController) {
-    WitnessForMenu menu;
+    ReleaseObserverForMenu menu;
     AddEntry("Brush");
     SetMenu(&menu);
     listener.reset();
@@ -451,7 +451,7 @@ TEST_F(DialListenerTest, TheMenuGoesAfterTheEntriesAndBeforeTheController) {
 }
 
 TEST_F(DialListenerTest, TheSpareInterfaceGoesBetweenTheControllerAndItsFactory) {
-    WitnessForSpare spare;
+    ReleaseObserverForSpare spare;
     SetSpare(&spare);
     EXPECT_EQ(dialsim_objects(kControllerFactories), 1u);
     listener.reset();

@@ -15,9 +15,9 @@ namespace {
 
 // Whether the code is raised as this kind, not as one derived from it, and the error carries the code.
 template <class Kind>
-bool RaisedExactlyAs(HRESULT code) {
+bool IsThrownExactlyAs(HRESULT code) {
     try {
-        Raise(code);
+        Throw(code);
     } catch (const Kind& error) {
         return typeid(error) == typeid(Kind) && error.code() == code;
     } catch (...) {
@@ -32,7 +32,7 @@ struct KindRow {
 };
 
 #define KIND(code, kind) \
-    { code, #kind, RaisedExactlyAs<kind> }
+    { code, #kind, IsThrownExactlyAs<kind> }
 constexpr KindRow kKinds[] = {
     KIND(0x80070005, hresult_access_denied),
     KIND(0x8001010E, hresult_wrong_thread),
@@ -52,7 +52,7 @@ constexpr KindRow kKinds[] = {
 
 HRESULT CodeCarriedBy(HRESULT raised) {
     try {
-        Raise(raised);
+        Throw(raised);
     } catch (const hresult_error& error) {
         return error.code();
     } catch (...) {
@@ -60,51 +60,51 @@ HRESULT CodeCarriedBy(HRESULT raised) {
     }
 }
 
-TEST(RaisedErrors, EveryCodeOfItsOwnKindIsRaisedAsThatKind) {
+TEST(ThrownErrors, EveryCodeOfItsOwnKindIsRaisedAsThatKind) {
     for (const KindRow& row : kKinds)
         EXPECT_TRUE(row.raised_as(Code(row.code))) << row.kind;
 }
 
-TEST(RaisedErrors, AHandlerForPlatformErrorsCatchesEveryKindAndReadsItsCode) {
+TEST(ThrownErrors, AHandlerForPlatformErrorsCatchesEveryKindAndReadsItsCode) {
     for (const KindRow& row : kKinds)
         EXPECT_EQ(CodeCarriedBy(Code(row.code)), Code(row.code)) << row.kind;
 }
 
-TEST(RaisedErrors, AnyOtherCodeIsAPlainPlatformError) {
+TEST(ThrownErrors, AnyOtherCodeIsAPlainPlatformError) {
     for (const std::uint32_t code :
          {0x80004005u, 0x80004003u, 0x80040154u, 0x80070490u, 0x8000000Fu, 0x80000000u, 0xFFFFFFFFu})
-        EXPECT_TRUE(RaisedExactlyAs<hresult_error>(Code(code))) << std::hex << code;
+        EXPECT_TRUE(IsThrownExactlyAs<hresult_error>(Code(code))) << std::hex << code;
 }
 
-TEST(RaisedErrors, MissingMemoryIsTheStandardAllocationFailure) {
+TEST(ThrownErrors, MissingMemoryIsTheStandardAllocationFailure) {
     try {
-        Raise(Code(0x8007000E));
+        Throw(Code(0x8007000E));
     } catch (const std::exception& error) {
         EXPECT_TRUE(typeid(error) == typeid(std::bad_alloc)) << typeid(error).name();
     }
 }
 
-TEST(RaisedErrors, MissingMemoryPassesAHandlerForPlatformErrors) {
+TEST(ThrownErrors, MissingMemoryPassesAHandlerForPlatformErrors) {
     EXPECT_EQ(CodeCarriedBy(Code(0x8007000E)), S_OK);
     static_assert(!std::is_base_of_v<hresult_error, std::bad_alloc>);
 }
 
-TEST(RaisedErrors, EveryPlatformErrorIsAStandardOneWithItsCodeInHexadecimal) {
+TEST(ThrownErrors, EveryPlatformErrorIsAStandardOneWithItsCodeInHexadecimal) {
     try {
-        Raise(Code(0x8000000B));
+        Throw(Code(0x8000000B));
     } catch (const std::exception& error) {
         EXPECT_STREQ(error.what(), "platform error 8000000b");
     }
 }
 
-TEST(RaisedErrors, SuccessesAreNotRaised) {
-    EXPECT_NO_THROW(RaiseIfFailed(S_OK));
-    EXPECT_NO_THROW(RaiseIfFailed(S_FALSE));
-    EXPECT_NO_THROW(RaiseIfFailed(0x7FFFFFFF));
-    EXPECT_THROW(RaiseIfFailed(Code(0x80000000)), hresult_error);
+TEST(ThrownErrors, SuccessesAreNotRaised) {
+    EXPECT_NO_THROW(ThrowIfFailed(S_OK));
+    EXPECT_NO_THROW(ThrowIfFailed(S_FALSE));
+    EXPECT_NO_THROW(ThrowIfFailed(0x7FFFFFFF));
+    EXPECT_THROW(ThrowIfFailed(Code(0x80000000)), hresult_error);
 }
 
-using ErrorsToCodes = Simulated;
+using ErrorsToCodes = SimulatorTest;
 
 template <class Error>
 HRESULT CodeFor(const Error& error) {
@@ -179,7 +179,7 @@ TEST_F(ErrorsToCodes, AMessageThatCannotBeConvertedIsReportedAsTheEmptyText) {
     EXPECT_EQ(dialsim_calls("RoOriginateLanguageException(80004005, )"), 1u);
 }
 
-TEST_F(ErrorsToCodes, TheMessagesStringIsGivenBack) {
+TEST_F(ErrorsToCodes, TheMessagesStringIsReleased) {
     CodeFor(std::runtime_error("message"));
     EXPECT_EQ(dialsim_calls("WindowsDeleteString(message)"), 1u);
     EXPECT_EQ(dialsim_strings(), 0u);

@@ -24,7 +24,7 @@ using Handler = abi::AsyncOperationCompletedHandler<abi::DeviceInformationCollec
 constexpr char kCreateMarshaler[] = "CoCreateFreeThreadedMarshaler";
 constexpr DWORD kInProcess = 3;
 
-class FreeThreaded : public SimulatedApartment {
+class FreeThreaded : public SimulatorApartmentTest {
 protected:
     // A reference to give back; null where it is refused, whatever stood there before.
     Marshal* AskForMarshal(HRESULT expected) {
@@ -38,7 +38,7 @@ protected:
     }
     void TearDown() override {
         handler_.Reset();
-        SimulatedApartment::TearDown();
+        SimulatorApartmentTest::TearDown();
     }
 
     ComPtr<Handler> handler_ = MakeFreeThreadedDelegate<Handler>([](auto*, auto) { return S_FALSE; });

@@ -22,7 +22,8 @@ protected:
         return iterator;
     }
 
-    ComPtr<KindSequence> sequence_ = ComPtr<KindSequence>::Own(new KindSequence({kScroll, kZoom, kVolume}));
+    ComPtr<KindSequence> sequence_ =
+        ComPtr<KindSequence>::Attach(new KindSequence({kScroll, kZoom, kVolume}));
 };
 
 TEST_F(KindSequenceTest, StepsThroughTheKindsAndStaysPastTheEnd) {
@@ -60,7 +61,7 @@ TEST_F(KindSequenceTest, GetManyGivesWhatIsLeft) {
 
 TEST_F(KindSequenceTest, GetManyMayBeAskedForNoneAndForMoreThanThereAre) {
     const std::vector<SystemItemKind> kinds(70'000, kVolume);
-    const auto many = ComPtr<KindSequence>::Own(new KindSequence(kinds));
+    const auto many = ComPtr<KindSequence>::Attach(new KindSequence(kinds));
     ComPtr<abi::IIterator<SystemItemKind>> iterator;
     ASSERT_EQ(many->First(iterator.Put()), S_OK);
     std::vector<SystemItemKind> got(kinds.size(), kScroll);
@@ -83,7 +84,7 @@ TEST_F(KindSequenceTest, IteratorsAreIndependent) {
 }
 
 TEST_F(KindSequenceTest, AnEmptySequenceHasNothing) {
-    const auto empty = ComPtr<KindSequence>::Own(new KindSequence({}));
+    const auto empty = ComPtr<KindSequence>::Attach(new KindSequence({}));
     ComPtr<abi::IIterator<SystemItemKind>> iterator;
     ASSERT_EQ(empty->First(iterator.Put()), S_OK);
     abi::boolean more = 1;

@@ -17,20 +17,20 @@ TEST(ListenerRegistry, FindsEachListenerUnderItsOwnWindow) {
     auto second = MakeListener();
     DialListener* const at_first = first.get();
     DialListener* const at_second = second.get();
-    registry.File(1, std::move(first));
-    registry.File(0xFFFFFFFFFFFFFFFF, std::move(second));
+    registry.Insert(1, std::move(first));
+    registry.Insert(0xFFFFFFFFFFFFFFFF, std::move(second));
     EXPECT_EQ(registry.Find(1), at_first);
     EXPECT_EQ(registry.Find(0xFFFFFFFFFFFFFFFF), at_second);
     registry.EndAll();
 }
 
-TEST(ListenerRegistry, FindsListenersThatWereFiledInAnyOrder) {
+TEST(ListenerRegistry, FindsListenersThatWereInsertedInAnyOrder) {
     ListenerRegistry registry;
     std::map<std::uint64_t, DialListener*> filed;
     for (const std::uint64_t window : {5U, 1U, 9U, 3U, 7U}) {
         auto listener = MakeListener();
         filed[window] = listener.get();
-        registry.File(window, std::move(listener));
+        registry.Insert(window, std::move(listener));
     }
     for (const std::uint64_t window : {0U, 1U, 2U, 3U, 4U, 5U, 6U, 7U, 8U, 9U, 10U}) {
         const auto entry = filed.find(window);
@@ -42,7 +42,7 @@ TEST(ListenerRegistry, FindsListenersThatWereFiledInAnyOrder) {
 TEST(ListenerRegistry, HoldsFiveThousand) {
     ListenerRegistry registry;
     for (std::uint64_t window = 0; window < 5000; ++window) {
-        registry.File(window << 32, MakeListener());
+        registry.Insert(window << 32, MakeListener());
     }
     EXPECT_EQ(registry.Size(), 5000u);
     EXPECT_NE(registry.Find(std::uint64_t{4999} << 32), nullptr);
@@ -52,7 +52,7 @@ TEST(ListenerRegistry, HoldsFiveThousand) {
 TEST(ListenerRegistry, AMissGivesNullAndInsertsNothing) {
     ListenerRegistry registry;
     EXPECT_EQ(registry.Find(1), nullptr);
-    registry.File(2, MakeListener());
+    registry.Insert(2, MakeListener());
     EXPECT_EQ(registry.Find(1), nullptr);
     EXPECT_EQ(registry.Find(3), nullptr);
     EXPECT_EQ(registry.Size(), 1u);
@@ -63,8 +63,8 @@ TEST(ListenerRegistry, ASecondListenerReplacesTheFirstAndLeavesItAlive) {
     ListenerRegistry registry;
     auto first = MakeListener();
     DialListener* const displaced = first.get();
-    registry.File(1, std::move(first));
-    registry.File(1, MakeListener());
+    registry.Insert(1, std::move(first));
+    registry.Insert(1, MakeListener());
     EXPECT_NE(registry.Find(1), displaced);
     EXPECT_EQ(registry.Size(), 1u);
     registry.EndAll();
@@ -73,11 +73,11 @@ TEST(ListenerRegistry, ASecondListenerReplacesTheFirstAndLeavesItAlive) {
 
 TEST(ListenerRegistry, EndingAllLeavesItEmptyAndUsable) {
     ListenerRegistry registry;
-    registry.File(1, MakeListener());
+    registry.Insert(1, MakeListener());
     registry.EndAll();
     EXPECT_EQ(registry.Size(), 0u);
     EXPECT_EQ(registry.Find(1), nullptr);
-    registry.File(1, MakeListener());
+    registry.Insert(1, MakeListener());
     EXPECT_NE(registry.Find(1), nullptr);
     registry.EndAll();
 }

@@ -47,7 +47,7 @@ private:
     std::string path_;
 };
 
-using LongPath = Simulated;
+using LongPath = SimulatorTest;
 
 TEST_F(LongPath, OfAFontFileIsPassedOnWhole) {
     const DeepFile font;

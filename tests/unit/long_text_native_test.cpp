@@ -17,7 +17,7 @@
 namespace brindle {
 namespace {
 
-TEST(LongText, BeyondWhat32BitsCountIsRaisedAsAnOverflow) {
+TEST(LongText, Beyond32BitLengthIsThrownAsAnOverflow) {
 #ifdef BRINDLE_SANITIZED
     GTEST_SKIP() << "counting to 2^32 unoptimised takes too long";
 #else

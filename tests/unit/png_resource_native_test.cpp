@@ -16,10 +16,10 @@
 namespace brindle {
 namespace {
 
-class LargePicture : public SimulatedApartment, public testing::WithParamInterface<std::uint32_t> {
+class LargePicture : public SimulatorApartmentTest, public testing::WithParamInterface<std::uint32_t> {
 protected:
     void SetUp() override {
-        SimulatedApartment::SetUp();
+        SimulatorApartmentTest::SetUp();
         for (std::uint32_t i = 0; i < GetParam(); ++i) {
             bytes_.push_back(static_cast<std::uint8_t>(i * 167 + i / 251));  // no period of a power of two
         }
@@ -61,10 +61,10 @@ INSTANTIATE_TEST_SUITE_P(OfBytes, LargePicture,
 using SimilarHandles = SimilarPair<std::uint64_t>;
 
 // Two modules, of which the first alone has the picture.
-class SimilarModules : public SimulatedApartment, public testing::WithParamInterface<SimilarHandles> {
+class SimilarModules : public SimulatorApartmentTest, public testing::WithParamInterface<SimilarHandles> {
 protected:
     void SetUp() override {
-        SimulatedApartment::SetUp();
+        SimulatorApartmentTest::SetUp();
         dialsim_add_resource(GetParam().first, kPngResource, "PNG", SmallPng().data(),
                              static_cast<std::uint32_t>(SmallPng().size()));
         ASSERT_TRUE(init_dial_listener(&host_));
@@ -72,7 +72,7 @@ protected:
     void TearDown() override {
         uninit();
         ASSERT_EQ(RoInitialize(RO_INIT_SINGLETHREADED), S_OK);  // for the apartment's own end
-        SimulatedApartment::TearDown();
+        SimulatorApartmentTest::TearDown();
     }
 
     RecordingHost host_{kWindow};

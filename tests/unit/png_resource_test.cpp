@@ -43,7 +43,7 @@ TEST_F(PngResource, ThatIsNotThereIsAPlainFailure) {
     EXPECT_EQ(block.Get(), nullptr);
 }
 
-TEST_F(PngResource, WhoseStreamIsNotWrittenWholeIsNoMemoryAndHandedOutAllTheSame) {
+TEST_F(PngResource, WhoseStreamIsWrittenInPartIsOutOfMemoryAndStillReturned) {
     for (const bool failing : {false, true}) {
         if (failing) {
             dialsim_fail("IStream::Write", E_FAIL, 1, 1);

@@ -19,7 +19,7 @@ protected:
     }
     void TearDown() override {
         uninit();
-        EXPECT_EQ(OpenAccounts(), "");
+        EXPECT_EQ(LeakReport(), "");
         dialsim_reset();
     }
 
@@ -39,7 +39,7 @@ TEST_F(PresenceWait, EndsWithTheSleepInWhichTheAnswerCame) {
     EXPECT_EQ(Sleeps(), 5u);
 }
 
-TEST_F(PresenceWait, LooksAfterTheTenThousandthSleepForTheLastTime) {
+TEST_F(PresenceWait, ReadsTheFlagLastAfterTheTenThousandthSleep) {
     EXPECT_TRUE(IsPresentAfter(10'000));
     EXPECT_EQ(Sleeps(), 10'000u);
 }

@@ -13,7 +13,7 @@ namespace {
 
 using namespace std::string_view_literals;
 
-using PlatformStrings = Simulated;
+using PlatformStrings = SimulatorTest;
 
 WideText Converted(std::string_view utf8) { return CharactersOf(ToPlatformString(utf8).Get()); }
 
@@ -33,11 +33,11 @@ TEST_F(PlatformStrings, TheirLengthIsAskedForAndThenExactlyThatMuchIsMade) {
               "WindowsDeleteString(dial)\n");
 }
 
-TEST_F(PlatformStrings, AsciiKeepsItsCharacters) { EXPECT_EQ(Converted("Volume 5\n"), WIDE("Volume 5\n")); }
+TEST_F(PlatformStrings, AsciiKeepsItsCharacters) { EXPECT_EQ(Converted("Volume 5\n"), UTF16("Volume 5\n")); }
 
 TEST_F(PlatformStrings, TwoAndThreeBytesBecomeOneUnit) {
-    EXPECT_EQ(Converted("\xC2\x80\xC3\xA9\xDF\xBF"), WIDE("\u0080\u00E9\u07FF"));
-    EXPECT_EQ(Converted("\xE0\xA0\x80\xE2\x82\xAC\xEF\xBF\xBF"), WIDE("\u0800\u20AC\uFFFF"));
+    EXPECT_EQ(Converted("\xC2\x80\xC3\xA9\xDF\xBF"), UTF16("\u0080\u00E9\u07FF"));
+    EXPECT_EQ(Converted("\xE0\xA0\x80\xE2\x82\xAC\xEF\xBF\xBF"), UTF16("\u0800\u20AC\uFFFF"));
 }
 
 TEST_F(PlatformStrings, FourBytesBecomeASurrogatePair) {
@@ -51,13 +51,13 @@ TEST_F(PlatformStrings, AZeroByteInsideIsACharacter) {
 }
 
 TEST_F(PlatformStrings, OnlyTheBytesOfTheViewAreRead) {
-    EXPECT_EQ(Converted("abc"sv.substr(0, 2)), WIDE("ab"));
+    EXPECT_EQ(Converted("abc"sv.substr(0, 2)), UTF16("ab"));
 }
 
-TEST_F(PlatformStrings, ADamagedByteIsReplaced) { EXPECT_EQ(Converted("a\xFFz"), WIDE("a\uFFFDz")); }
+TEST_F(PlatformStrings, ADamagedByteIsReplaced) { EXPECT_EQ(Converted("a\xFFz"), UTF16("a\uFFFDz")); }
 
 TEST_F(PlatformStrings, ALongTextIsWhole) {
-    EXPECT_EQ(Converted(std::string(100'000, 'x')), WideText(100'000, WIDE('x')));
+    EXPECT_EQ(Converted(std::string(100'000, 'x')), WideText(100'000, UTF16('x')));
 }
 
 TEST_F(PlatformStrings, UnconvertibleTextIsTheEmptyStringAndReportsNothing) {
@@ -67,7 +67,7 @@ TEST_F(PlatformStrings, UnconvertibleTextIsTheEmptyStringAndReportsNothing) {
 }
 
 // The code that the conversion of a plain text raises.
-HRESULT RaisedCode() {
+HRESULT ThrownCode() {
     try {
         ToPlatformString("dial");
     } catch (const hresult_error& error) {
@@ -76,9 +76,9 @@ HRESULT RaisedCode() {
     return S_OK;
 }
 
-TEST_F(PlatformStrings, ABufferThatCannotBeMadeRaisesItsCode) {
+TEST_F(PlatformStrings, ABufferThatCannotBeMadeThrowsItsCode) {
     ASSERT_TRUE(dialsim_fail("WindowsPreallocateStringBuffer", Code(0x80070005), 1, 1));
-    EXPECT_EQ(RaisedCode(), Code(0x80070005));
+    EXPECT_EQ(ThrownCode(), Code(0x80070005));
     EXPECT_EQ(dialsim_calls("WindowsDeleteStringBuffer"), 0u);
 }
 
@@ -87,12 +87,12 @@ TEST_F(PlatformStrings, WithoutMemoryForABufferTheAllocationFailureIsRaised) {
     EXPECT_THROW(ToPlatformString("dial"), std::bad_alloc);
 }
 
-TEST_F(PlatformStrings, AFailedPromotionRaisesItsCode) {
+TEST_F(PlatformStrings, AFailedPromotionThrowsItsCode) {
     ASSERT_TRUE(dialsim_fail("WindowsPromoteStringBuffer", Code(0x80070057), 1, 1));
-    EXPECT_EQ(RaisedCode(), Code(0x80070057));
+    EXPECT_EQ(ThrownCode(), Code(0x80070057));
 }
 
-TEST_F(PlatformStrings, AFailedPromotionGivesTheBufferBack) {
+TEST_F(PlatformStrings, AFailedPromotionReleasesTheBuffer) {
     ASSERT_TRUE(dialsim_fail("WindowsPromoteStringBuffer", Code(0x80004005), 1, 1));
     EXPECT_THROW(ToPlatformString("dial"), hresult_error);
     EXPECT_EQ(dialsim_calls("WindowsDeleteStringBuffer"), 1u);
@@ -115,7 +115,7 @@ TEST_F(PlatformStrings, AssigningGivesTheFormerStringBack) {
     String string = ToPlatformString("first");
     string = ToPlatformString("second");
     EXPECT_EQ(dialsim_calls("WindowsDeleteString(first)"), 1u);
-    EXPECT_EQ(CharactersOf(string.Get()), WIDE("second"));
+    EXPECT_EQ(CharactersOf(string.Get()), UTF16("second"));
 }
 
 TEST_F(PlatformStrings, ThePlaceForAnotherStringIsEmptiedFirst) {
@@ -126,13 +126,13 @@ TEST_F(PlatformStrings, ThePlaceForAnotherStringIsEmptiedFirst) {
 
 TEST_F(PlatformStrings, AreTheSameUnitByUnitUpToTheFirstNul) {
     String text;
-    ASSERT_EQ(WindowsCreateString(WIDE("ab\0cd"), 5, text.Put()), S_OK);
-    EXPECT_TRUE(SameText(text, WIDE("ab")));
-    EXPECT_TRUE(SameText(text, WIDE("ab\0ef")));
-    EXPECT_FALSE(SameText(text, WIDE("a")));
-    EXPECT_FALSE(SameText(text, WIDE("aB")));
-    EXPECT_FALSE(SameText(text, WIDE("abc")));
-    EXPECT_TRUE(SameText(String(), WIDE("")));
+    ASSERT_EQ(WindowsCreateString(UTF16("ab\0cd"), 5, text.Put()), S_OK);
+    EXPECT_TRUE(SameText(text, UTF16("ab")));
+    EXPECT_TRUE(SameText(text, UTF16("ab\0ef")));
+    EXPECT_FALSE(SameText(text, UTF16("a")));
+    EXPECT_FALSE(SameText(text, UTF16("aB")));
+    EXPECT_FALSE(SameText(text, UTF16("abc")));
+    EXPECT_TRUE(SameText(String(), UTF16("")));
     EXPECT_EQ(LengthOf(text), 5u);
 }
 

@@ -19,9 +19,9 @@ constexpr char16_t kSecret[] = u"17 secret";
 
 int blocks_with_the_secret = 0;
 
-const void* watched = nullptr;
+const void* observed = nullptr;
 std::size_t watched_bytes = 0;
-bool watched_was_clear = false;
+bool observed_was_clear = false;
 
 bool IsClear(const void* block, std::size_t size) {
     const auto* bytes = static_cast<const char*>(block);
@@ -35,8 +35,8 @@ extern "C" void __wrap_free(void* block) {
     if (block != nullptr && memmem(block, malloc_usable_size(block), kSecret, sizeof kSecret) != nullptr) {
         ++blocks_with_the_secret;
     }
-    if (block != nullptr && block == watched) {
-        watched_was_clear = IsClear(block, watched_bytes);
+    if (block != nullptr && block == observed) {
+        observed_was_clear = IsClear(block, watched_bytes);
     }
     __real_free(block);
 }
@@ -44,13 +44,13 @@ extern "C" void __wrap_free(void* block) {
 namespace brindle {
 namespace {
 
-class WipedTexts : public SimulatedApartment {
+class WipedTexts : public SimulatorApartmentTest {
 protected:
     void SetUp() override {
-        SimulatedApartment::SetUp();
+        SimulatorApartmentTest::SetUp();
         blocks_with_the_secret = 0;
-        watched = nullptr;
-        watched_was_clear = false;
+        observed = nullptr;
+        observed_was_clear = false;
     }
     static HostText Secret() { return CopyForHost(CopyText(kSecret)); }
 };
@@ -62,21 +62,21 @@ TEST_F(WipedTexts, ATextThatIsNotWipedWouldBeSeen) {
 
 TEST_F(WipedTexts, AWipedTextIsFreedWithoutItsCharacters) {
     HostText secret = Secret();
-    watched = secret.get();
+    observed = secret.get();
     watched_bytes = sizeof kSecret;
     Wipe(std::move(secret));
-    EXPECT_TRUE(watched_was_clear);
+    EXPECT_TRUE(observed_was_clear);
     EXPECT_EQ(blocks_with_the_secret, 0);
 }
 
 TEST_F(WipedTexts, ALongTextIsWipedToItsEnd) {
     const WideText characters(70'000, 0x8001);
     HostText text = CopyForHost(CopyText(characters.c_str()));
-    watched = text.get();
+    observed = text.get();
     watched_bytes = characters.size() * sizeof(WCHAR);
-    EXPECT_FALSE(IsClear(watched, watched_bytes));
+    EXPECT_FALSE(IsClear(observed, watched_bytes));
     Wipe(std::move(text));
-    EXPECT_TRUE(watched_was_clear);
+    EXPECT_TRUE(observed_was_clear);
 }
 
 TEST_F(WipedTexts, ReadingANumberFromTheVaultLeavesNoCopyOfTheText) {

@@ -6,7 +6,7 @@ void OpenDial(std::uint64_t /*window*/) {}
 
 void CloseWindow(std::uint64_t /*window*/) {}
 
-void ShowChanges() {}
+void UpdateDisplay() {}
 
 bool SendMouse(std::uint64_t /*window*/, MouseAction /*action*/, int /*x*/, int /*y*/) { return false; }
 

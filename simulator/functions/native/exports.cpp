@@ -2,77 +2,81 @@
 #include "platform/functions.h"
 #include "simulator/functions/intercepted.h"
 
-namespace watched = dialsim::watched;
+namespace intercepted = dialsim::intercepted;
 
-HRESULT RoInitialize(RO_INIT_TYPE type) { return watched::RoInitialize(type); }
-void RoUninitialize() { watched::RoUninitialize(); }
+HRESULT RoInitialize(RO_INIT_TYPE type) { return intercepted::RoInitialize(type); }
+void RoUninitialize() { intercepted::RoUninitialize(); }
 HRESULT RoGetActivationFactory(HSTRING class_name, const IID& iid, void** factory) {
-    return watched::RoGetActivationFactory(class_name, iid, factory);
+    return intercepted::RoGetActivationFactory(class_name, iid, factory);
 }
 BOOL RoOriginateLanguageException(HRESULT code, HSTRING message, IUnknown* language_exception) {
-    return watched::RoOriginateLanguageException(code, message, language_exception);
+    return intercepted::RoOriginateLanguageException(code, message, language_exception);
 }
 
 HRESULT WindowsCreateString(const WCHAR* text, UINT length, HSTRING* string) {
-    return watched::WindowsCreateString(text, length, string);
+    return intercepted::WindowsCreateString(text, length, string);
 }
 HRESULT WindowsCreateStringReference(const WCHAR* text, UINT length, HSTRING_HEADER* header,
                                      HSTRING* string) {
-    return watched::WindowsCreateStringReference(text, length, header, string);
+    return intercepted::WindowsCreateStringReference(text, length, header, string);
 }
 HRESULT WindowsDuplicateString(HSTRING string, HSTRING* copy) {
-    return watched::WindowsDuplicateString(string, copy);
+    return intercepted::WindowsDuplicateString(string, copy);
 }
-HRESULT WindowsDeleteString(HSTRING string) { return watched::WindowsDeleteString(string); }
+HRESULT WindowsDeleteString(HSTRING string) { return intercepted::WindowsDeleteString(string); }
 const WCHAR* WindowsGetStringRawBuffer(HSTRING string, UINT* length) {
-    return watched::WindowsGetStringRawBuffer(string, length);
+    return intercepted::WindowsGetStringRawBuffer(string, length);
 }
-UINT WindowsGetStringLen(HSTRING string) { return watched::WindowsGetStringLen(string); }
+UINT WindowsGetStringLen(HSTRING string) { return intercepted::WindowsGetStringLen(string); }
 HRESULT WindowsPreallocateStringBuffer(UINT length, WCHAR** characters, HSTRING_BUFFER* buffer) {
-    return watched::WindowsPreallocateStringBuffer(length, characters, buffer);
+    return intercepted::WindowsPreallocateStringBuffer(length, characters, buffer);
 }
 HRESULT WindowsPromoteStringBuffer(HSTRING_BUFFER buffer, HSTRING* string) {
-    return watched::WindowsPromoteStringBuffer(buffer, string);
+    return intercepted::WindowsPromoteStringBuffer(buffer, string);
 }
 HRESULT WindowsDeleteStringBuffer(HSTRING_BUFFER buffer) {
-    return watched::WindowsDeleteStringBuffer(buffer);
+    return intercepted::WindowsDeleteStringBuffer(buffer);
 }
 
 HRESULT CoCreateFreeThreadedMarshaler(IUnknown* outer, IUnknown** marshaler) {
-    return watched::CoCreateFreeThreadedMarshaler(outer, marshaler);
+    return intercepted::CoCreateFreeThreadedMarshaler(outer, marshaler);
 }
 
-ULONGLONG GetTickCount64() { return watched::GetTickCount64(); }
-void Sleep(DWORD milliseconds) { watched::Sleep(milliseconds); }
+ULONGLONG GetTickCount64() { return intercepted::GetTickCount64(); }
+void Sleep(DWORD milliseconds) { intercepted::Sleep(milliseconds); }
 int MultiByteToWideChar(UINT code_page, DWORD flags, const char* bytes, int byte_count, WCHAR* wide,
                         int wide_count) {
-    return watched::MultiByteToWideChar(code_page, flags, bytes, byte_count, wide, wide_count);
+    return intercepted::MultiByteToWideChar(code_page, flags, bytes, byte_count, wide, wide_count);
 }
-int _wcsnicmp(const WCHAR* a, const WCHAR* b, std::size_t count) { return watched::_wcsnicmp(a, b, count); }
-int wcscpy_s(WCHAR* copy, std::size_t size, const WCHAR* text) { return watched::wcscpy_s(copy, size, text); }
-LONG wcstol(const WCHAR* text, WCHAR** end, int base) { return watched::wcstol(text, end, base); }
+int _wcsnicmp(const WCHAR* a, const WCHAR* b, std::size_t count) {
+    return intercepted::_wcsnicmp(a, b, count);
+}
+int wcscpy_s(WCHAR* copy, std::size_t size, const WCHAR* text) {
+    return intercepted::wcscpy_s(copy, size, text);
+}
+LONG wcstol(const WCHAR* text, WCHAR** end, int base) { return intercepted::wcstol(text, end, base); }
 
-BOOL PathFileExistsW(const WCHAR* path) { return watched::PathFileExistsW(path); }
+BOOL PathFileExistsW(const WCHAR* path) { return intercepted::PathFileExistsW(path); }
 DWORD GetShortPathNameW(const WCHAR* path, WCHAR* short_path, DWORD characters) {
-    return watched::GetShortPathNameW(path, short_path, characters);
+    return intercepted::GetShortPathNameW(path, short_path, characters);
 }
 
 HRSRC FindResourceW(HMODULE module, const WCHAR* name, const WCHAR* type) {
-    return watched::FindResourceW(module, name, type);
+    return intercepted::FindResourceW(module, name, type);
 }
-DWORD SizeofResource(HMODULE module, HRSRC resource) { return watched::SizeofResource(module, resource); }
-HGLOBAL LoadResource(HMODULE module, HRSRC resource) { return watched::LoadResource(module, resource); }
-void* LockResource(HGLOBAL resource) { return watched::LockResource(resource); }
-BOOL FreeResource(HGLOBAL resource) { return watched::FreeResource(resource); }
+DWORD SizeofResource(HMODULE module, HRSRC resource) { return intercepted::SizeofResource(module, resource); }
+HGLOBAL LoadResource(HMODULE module, HRSRC resource) { return intercepted::LoadResource(module, resource); }
+void* LockResource(HGLOBAL resource) { return intercepted::LockResource(resource); }
+BOOL FreeResource(HGLOBAL resource) { return intercepted::FreeResource(resource); }
 
-HGLOBAL GlobalAlloc(UINT flags, std::size_t size) { return watched::GlobalAlloc(flags, size); }
-void* GlobalLock(HGLOBAL block) { return watched::GlobalLock(block); }
-BOOL GlobalUnlock(HGLOBAL block) { return watched::GlobalUnlock(block); }
-HGLOBAL GlobalFree(HGLOBAL block) { return watched::GlobalFree(block); }
+HGLOBAL GlobalAlloc(UINT flags, std::size_t size) { return intercepted::GlobalAlloc(flags, size); }
+void* GlobalLock(HGLOBAL block) { return intercepted::GlobalLock(block); }
+BOOL GlobalUnlock(HGLOBAL block) { return intercepted::GlobalUnlock(block); }
+HGLOBAL GlobalFree(HGLOBAL block) { return intercepted::GlobalFree(block); }
 HRESULT CreateStreamOnHGlobal(HGLOBAL block, BOOL delete_on_release, IStream** stream) {
-    return watched::CreateStreamOnHGlobal(block, delete_on_release, stream);
+    return intercepted::CreateStreamOnHGlobal(block, delete_on_release, stream);
 }
 HRESULT CreateRandomAccessStreamOverStream(IStream* stream, BSOS_OPTIONS options, const IID& iid,
                                            void** result) {
-    return watched::CreateRandomAccessStreamOverStream(stream, options, iid, result);
+    return intercepted::CreateRandomAccessStreamOverStream(stream, options, iid, result);
 }

@@ -19,7 +19,7 @@ constexpr std::uint32_t kSize = sizeof(void*);
 class Marshaler final : public abi::IUnknown {
 public:
     explicit Marshaler(abi::IUnknown* outer) : marshal_(outer == nullptr ? this : outer) {
-        TheAccounts().Made(this, "FreeThreadedMarshaler", references_);
+        TheLeakTracker().TrackObject(this, "FreeThreadedMarshaler", references_);
     }
 
     HRESULT QueryInterface(const GUID& iid, void** object) noexcept override {
@@ -105,7 +105,7 @@ private:
         abi::IUnknown* const outer_;  // not owned: it outlives its parts
     };
 
-    ~Marshaler() { TheAccounts().Gone(this); }
+    ~Marshaler() { TheLeakTracker().UntrackObject(this); }
 
     std::atomic<std::uint32_t> references_{1};
     Marshal marshal_;
@@ -113,7 +113,7 @@ private:
 
 }  // namespace
 
-namespace underlying {
+namespace real {
 
 HRESULT CoCreateFreeThreadedMarshaler(::IUnknown* outer, ::IUnknown** marshaler) {
     *marshaler = reinterpret_cast<::IUnknown*>(
@@ -121,6 +121,6 @@ HRESULT CoCreateFreeThreadedMarshaler(::IUnknown* outer, ::IUnknown** marshaler)
     return S_OK;
 }
 
-}  // namespace underlying
+}  // namespace real
 
 }  // namespace dialsim

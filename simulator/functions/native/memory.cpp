@@ -29,17 +29,17 @@ public:
     BlockStream(HGLOBAL block, bool owned) : block_(block), owned_(owned) {}
 
     HRESULT Read(void* bytes, std::uint32_t count, std::uint32_t* read) noexcept override {
-        const std::size_t moved = Room(count);
-        std::memcpy(bytes, Here(), moved);
+        const std::size_t moved = Available(count);
+        std::memcpy(bytes, Current(), moved);
         position_ += moved;
-        Tell(read, moved);
+        StoreCount(read, moved);
         return S_OK;
     }
     HRESULT Write(const void* bytes, std::uint32_t count, std::uint32_t* written) noexcept override {
-        const std::size_t moved = Room(count);
-        std::memcpy(Here(), bytes, moved);
+        const std::size_t moved = Available(count);
+        std::memcpy(Current(), bytes, moved);
         position_ += moved;
-        Tell(written, moved);
+        StoreCount(written, moved);
         return moved == count ? S_OK : kDiskFull;
     }
     HRESULT Seek(std::int64_t move, std::uint32_t origin, std::uint64_t* position) noexcept override {
@@ -78,16 +78,16 @@ public:
 private:
     ~BlockStream() override {
         if (owned_) {
-            underlying::GlobalFree(block_);
+            real::GlobalFree(block_);
         }
     }
 
-    std::size_t Room(std::uint32_t count) const {
+    std::size_t Available(std::uint32_t count) const {
         const std::size_t size = At(block_)->size;
         return position_ >= size ? 0 : std::min<std::size_t>(count, size - position_);
     }
-    char* Here() const { return static_cast<char*>(At(block_)->bytes) + position_; }
-    static void Tell(std::uint32_t* count, std::size_t moved) {
+    char* Current() const { return static_cast<char*>(At(block_)->bytes) + position_; }
+    static void StoreCount(std::uint32_t* count, std::size_t moved) {
         if (count != nullptr) {
             *count = static_cast<std::uint32_t>(moved);
         }
@@ -100,7 +100,7 @@ private:
 
 }  // namespace
 
-namespace underlying {
+namespace real {
 
 HGLOBAL GlobalAlloc(UINT flags, std::size_t size) {
     if (flags != GMEM_MOVEABLE) {
@@ -132,6 +132,6 @@ HRESULT CreateStreamOnHGlobal(HGLOBAL block, BOOL delete_on_release, ::IStream**
     return S_OK;
 }
 
-}  // namespace underlying
+}  // namespace real
 
 }  // namespace dialsim

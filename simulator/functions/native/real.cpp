@@ -22,7 +22,7 @@ thread_local Apartment apartment;
 
 }  // namespace
 
-namespace underlying {
+namespace real {
 
 HRESULT RoInitialize(RO_INIT_TYPE type) {
     if (apartment.initializations > 0 && apartment.type != type) {
@@ -65,7 +65,7 @@ int MultiByteToWideChar(UINT code_page, DWORD flags, const char* bytes, int byte
     return static_cast<int>(text.size());
 }
 
-}  // namespace underlying
+}  // namespace real
 
 }  // namespace dialsim
 

@@ -37,7 +37,7 @@ void ResetResources() {
     resources.clear();
 }
 
-namespace underlying {
+namespace real {
 
 HRSRC FindResourceW(HMODULE module, const WCHAR* name, const WCHAR* type) {
     // Only identifiers as names, and only names as types.
@@ -66,6 +66,6 @@ void* LockResource(HGLOBAL resource) {
 
 BOOL FreeResource(HGLOBAL) { return 0; }
 
-}  // namespace underlying
+}  // namespace real
 
 }  // namespace dialsim

@@ -14,7 +14,7 @@ struct HSTRING__ {
     const WCHAR* characters;
 };
 
-namespace dialsim::underlying {
+namespace dialsim::real {
 
 namespace {
 
@@ -84,7 +84,7 @@ HRESULT WindowsDuplicateString(HSTRING string, HSTRING* copy) {
         return E_INVALIDARG;
     }
     if (string != nullptr && string->is_reference != 0) {
-        return underlying::WindowsCreateString(string->characters, string->length, copy);
+        return real::WindowsCreateString(string->characters, string->length, copy);
     }
     if (string != nullptr) {
         ++static_cast<CountedString*>(string)->references;
@@ -130,7 +130,7 @@ HRESULT WindowsPromoteStringBuffer(HSTRING_BUFFER buffer, HSTRING* string) {
 }
 
 HRESULT WindowsDeleteStringBuffer(HSTRING_BUFFER buffer) {
-    return underlying::WindowsDeleteString(FromBuffer(buffer));
+    return real::WindowsDeleteString(FromBuffer(buffer));
 }
 
-}  // namespace dialsim::underlying
+}  // namespace dialsim::real

@@ -8,17 +8,17 @@
 #include "simulator/functions/real.h"
 #include "simulator/system/text.h"
 
-namespace dialsim::underlying {
+namespace dialsim::real {
 
 namespace {
 
-int Folded(WCHAR unit) { return unit >= u'A' && unit <= u'Z' ? unit - u'A' + u'a' : unit; }
+int FoldCase(WCHAR unit) { return unit >= u'A' && unit <= u'Z' ? unit - u'A' + u'a' : unit; }
 
 }  // namespace
 
 int _wcsnicmp(const WCHAR* a, const WCHAR* b, std::size_t count) {
     for (; count > 0; --count, ++a, ++b) {
-        const int difference = Folded(*a) - Folded(*b);
+        const int difference = FoldCase(*a) - FoldCase(*b);
         if (difference != 0 || *a == 0) {
             return difference;
         }
@@ -52,4 +52,4 @@ LONG wcstol(const WCHAR* text, WCHAR** end, int base) {
         std::clamp<long>(number, std::numeric_limits<LONG>::min(), std::numeric_limits<LONG>::max()));
 }
 
-}  // namespace dialsim::underlying
+}  // namespace dialsim::real

@@ -6,17 +6,17 @@
 
 namespace {
 
-namespace watched = dialsim::watched;
+namespace intercepted = dialsim::intercepted;
 
-struct Import {
+struct Hook {
     const char* name;
     void* replacement;
 };
 
 #define DIALSIM_IMPORT(NAME) \
-    { #NAME, reinterpret_cast < void*>(&watched::NAME) }
+    { #NAME, reinterpret_cast < void*>(&intercepted::NAME) }
 
-const Import kImports[] = {
+const Hook kHooks[] = {
     DIALSIM_IMPORT(RoInitialize),
     DIALSIM_IMPORT(RoUninitialize),
     DIALSIM_IMPORT(RoGetActivationFactory),
@@ -64,21 +64,21 @@ void Replace(void** place, void* replacement) {
     VirtualProtect(place, sizeof *place, protection, &protection);
 }
 
-void WatchImport(const char* name, void** place) {
-    for (const Import& import : kImports) {
+void HookImport(const char* name, void** place) {
+    for (const Hook& import : kHooks) {
         if (std::strcmp(name, import.name) == 0) {
             Replace(place, import.replacement);
         }
     }
 }
 
-void WatchLibrary(char* base, const IMAGE_IMPORT_DESCRIPTOR& library) {
+void HookLibraryImports(char* base, const IMAGE_IMPORT_DESCRIPTOR& library) {
     const auto* names = At<IMAGE_THUNK_DATA>(base, library.OriginalFirstThunk);
     auto* places = At<void*>(base, library.FirstThunk);
     for (; names->u1.AddressOfData != 0; ++names, ++places) {
         if (!IMAGE_SNAP_BY_ORDINAL(names->u1.Ordinal)) {
             const char* name = At<IMAGE_IMPORT_BY_NAME>(base, names->u1.AddressOfData)->Name;
-            WatchImport(name, places);
+            HookImport(name, places);
         }
     }
 }
@@ -95,7 +95,7 @@ bool dialsim_watch(const char* module) {
     const auto& directory = headers->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT];
     const auto* library = At<IMAGE_IMPORT_DESCRIPTOR>(base, directory.VirtualAddress);
     for (; library->Name != 0; ++library) {
-        WatchLibrary(base, *library);
+        HookLibraryImports(base, *library);
     }
     return true;
 }

@@ -3,7 +3,7 @@
 
 #include "simulator/system/clock.h"
 
-namespace dialsim::underlying {
+namespace dialsim::real {
 
 HRESULT RoInitialize(RO_INIT_TYPE type) { return ::RoInitialize(type); }
 void RoUninitialize() { ::RoUninitialize(); }
@@ -72,4 +72,4 @@ HRESULT CreateStreamOnHGlobal(HGLOBAL block, BOOL delete_on_release, ::IStream**
     return ::CreateStreamOnHGlobal(block, delete_on_release, stream);
 }
 
-}  // namespace dialsim::underlying
+}  // namespace dialsim::real

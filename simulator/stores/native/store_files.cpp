@@ -88,7 +88,7 @@ std::string Environment(const char* variable) {
     return value == nullptr ? "" : value;
 }
 
-std::string UsersFolder() {
+std::string UserDataFolder() {
     if (const std::string state = Environment("XDG_STATE_HOME"); state.starts_with('/')) {
         return state + "/dialsim";
     }

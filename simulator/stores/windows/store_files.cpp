@@ -109,7 +109,7 @@ std::string Environment(const char* variable) {
     return Narrow(value);
 }
 
-std::string UsersFolder() {
+std::string UserDataFolder() {
     const std::string data = Environment("LOCALAPPDATA");
     return data.empty() ? "" : data + "\\dialsim";
 }

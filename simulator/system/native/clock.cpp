@@ -20,24 +20,24 @@ std::atomic<std::uint64_t> clock_ms = 500'000;
 Threads& actions = *new Threads;
 
 // Actions whose time has not come, by that time.
-Mutex later_mutex;
-std::multimap<std::uint64_t, std::function<void()>>& later =
+Mutex scheduled_mutex;
+std::multimap<std::uint64_t, std::function<void()>>& scheduled =
     *new std::multimap<std::uint64_t, std::function<void()>>;
 
-void RunWhatIsDue() {
+void RunDueActions() {
     {
-        const std::lock_guard guard(later_mutex);
-        const auto end = later.upper_bound(clock_ms);
-        std::for_each(later.begin(), end, [](auto& entry) { actions.Start(std::move(entry.second)); });
-        later.erase(later.begin(), end);
+        const std::lock_guard guard(scheduled_mutex);
+        const auto end = scheduled.upper_bound(clock_ms);
+        std::for_each(scheduled.begin(), end, [](auto& entry) { actions.Start(std::move(entry.second)); });
+        scheduled.erase(scheduled.begin(), end);
     }
     actions.WaitForAll();
 }
 
 // Where the clock has to stand for the next action; 0 without one.
 std::uint64_t NextTime() {
-    const std::lock_guard guard(later_mutex);
-    return later.empty() ? 0 : later.begin()->first;
+    const std::lock_guard guard(scheduled_mutex);
+    return scheduled.empty() ? 0 : scheduled.begin()->first;
 }
 
 }  // namespace
@@ -54,7 +54,7 @@ void Wait(std::uint32_t milliseconds, bool real_time) {
         std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
     }
     clock_ms += milliseconds;
-    RunWhatIsDue();
+    RunDueActions();
 }
 
 void PlatformSleep(std::uint32_t milliseconds) { Wait(milliseconds, false); }
@@ -66,15 +66,15 @@ void RunAfter(std::uint32_t milliseconds, std::function<void()> action) {
         actions.Start(std::move(action));
         return;
     }
-    const std::lock_guard guard(later_mutex);
-    later.emplace(clock_ms + milliseconds, std::move(action));
+    const std::lock_guard guard(scheduled_mutex);
+    scheduled.emplace(clock_ms + milliseconds, std::move(action));
 }
 
 void WaitForActions() {
     actions.WaitForAll();
     while (const std::uint64_t next = NextTime()) {
         clock_ms = std::max<std::uint64_t>(clock_ms, next);
-        RunWhatIsDue();
+        RunDueActions();
     }
 }
 

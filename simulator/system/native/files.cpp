@@ -32,17 +32,17 @@ bool Fits(const std::string& text, std::size_t length) {
     return text.size() <= length && std::all_of(text.begin(), text.end(), FitsShortName);
 }
 
-std::string Squeezed(const std::string& text, std::size_t length) {
-    std::string squeezed;
+std::string ShortNamePart(const std::string& text, std::size_t length) {
+    std::string part;
     for (const char c : text) {
-        if (squeezed.size() < length && c != '.' && c != ' ') {
-            squeezed += c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : FitsShortName(c) ? c : '_';
+        if (part.size() < length && c != '.' && c != ' ') {
+            part += c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : FitsShortName(c) ? c : '_';
         }
     }
-    return squeezed;
+    return part;
 }
 
-// Squeezed names are told apart by a number.
+// ShortNamePart names are told apart by a number.
 std::string ShortName(const std::string& name, int number) {
     const std::size_t dot = std::min(name.rfind('.'), name.size());
     const std::string stem = name.substr(0, dot);
@@ -51,7 +51,8 @@ std::string ShortName(const std::string& name, int number) {
         return name;
     }
     const std::string tail = "~" + std::to_string(number);
-    return Squeezed(stem, 8 - tail.size()) + tail + (extension.empty() ? "" : "." + Squeezed(extension, 3));
+    return ShortNamePart(stem, 8 - tail.size()) + tail +
+           (extension.empty() ? "" : "." + ShortNamePart(extension, 3));
 }
 
 // `parent` is short already.
@@ -104,14 +105,14 @@ std::string LongPath(const std::string& path) {
     return found == long_of_short.end() ? path : found->second;
 }
 
-bool IsRooted(WideView path) { return path.starts_with(u'/'); }
+bool IsAbsolutePath(WideView path) { return path.starts_with(u'/'); }
 
 bool IsFile(const WideString& path) {
     struct stat status {};
     return stat(LongPath(Narrow(path)).c_str(), &status) == 0 && S_ISREG(status.st_mode);
 }
 
-std::string ReadBeginning(const WideString& path, std::size_t count) {
+std::string ReadPrefix(const WideString& path, std::size_t count) {
     std::FILE* file = std::fopen(LongPath(Narrow(path)).c_str(), "rb");
     if (file == nullptr) {
         return {};
@@ -129,12 +130,12 @@ void ResetFiles() {
     long_of_short.clear();
 }
 
-namespace underlying {
+namespace real {
 
 BOOL PathFileExistsW(const WCHAR* path) { return path != nullptr && Exists(LongPath(Narrow(path))); }
 
 DWORD GetShortPathNameW(const WCHAR* path, WCHAR* short_path, DWORD characters) {
-    if (!underlying::PathFileExistsW(path)) {
+    if (!real::PathFileExistsW(path)) {
         return 0;
     }
     const WideString result = Widen(ShortPath(Narrow(path)));
@@ -147,6 +148,6 @@ DWORD GetShortPathNameW(const WCHAR* path, WCHAR* short_path, DWORD characters) 
     return length;
 }
 
-}  // namespace underlying
+}  // namespace real
 
 }  // namespace dialsim

@@ -6,7 +6,7 @@
 
 namespace dialsim {
 
-bool IsRooted(WideView path) {
+bool IsAbsolutePath(WideView path) {
     const bool drive = path.size() > 2 && path[1] == L':' && (path[2] == L'\\' || path[2] == L'/') &&
                        ((path[0] >= L'A' && path[0] <= L'Z') || (path[0] >= L'a' && path[0] <= L'z'));
     return drive || path.starts_with(L"\\\\");
@@ -17,7 +17,7 @@ bool IsFile(const WideString& path) {
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
 }
 
-std::string ReadBeginning(const WideString& path, std::size_t count) {
+std::string ReadPrefix(const WideString& path, std::size_t count) {
     std::FILE* file = _wfopen(path.c_str(), L"rb");
     if (file == nullptr) {
         return {};

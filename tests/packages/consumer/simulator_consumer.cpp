@@ -13,7 +13,7 @@ public:
     }
     void OnButtonClicked(void* /*sender*/, const DialContactRect* /*rect*/) override { ++clicks_; }
 
-    bool WasTold() const { return degrees_ == 7.5 && clicks_ == 1; }
+    bool ReceivedEvents() const { return degrees_ == 7.5 && clicks_ == 1; }
 
 private:
     double degrees_ = 0.0;
@@ -33,5 +33,5 @@ int main() {
     const bool turned = init_dial_listener(&host) && dialsim_turn(42, 5.0) == 0 &&
                         dialsim_turn(42, 2.5) == 0 && dialsim_click(42) == 0;
     uninit();
-    return turned && host.WasTold() ? 0 : 3;
+    return turned && host.ReceivedEvents() ? 0 : 3;
 }
