@@ -1,36 +1,29 @@
+// The flat functions as the library calls them: journaled, tracked, and subject to faults.
 #include "simulator/functions/intercepted.h"
 
 #include <cerrno>
+#include <optional>
 #include <string>
 #include <type_traits>
 
+#include "platform/function_table.h"
 #include "simulator/classes/streams.h"
 #include "simulator/functions/real.h"
 #include "simulator/functions/strings.h"
 #include "simulator/instruments/journal.h"
 #include "simulator/instruments/leak_tracker.h"
+#include "simulator/system/clock.h"
 
-namespace dialsim::intercepted {
+namespace dialsim {
 
 namespace {
 
-// A function whose answer is no code: a fault makes it answer `failed`, or the number that is its code.
-template <class Answer, class Body>
-Answer PerformFor(std::string_view operation, std::string_view arguments, Answer failed, Body body) {
-    Answer answer{};
-    const HRESULT code = Perform(operation, arguments, [&] {
-        answer = body();
-        return S_OK;
-    });
-    if constexpr (std::is_integral_v<Answer>) {
-        if (code > 0) {
-            return static_cast<Answer>(code);
-        }
-    }
-    return code < 0 ? failed : answer;
-}
+// --- what the journal prints of an argument
 
-std::string TextOrNull(const WCHAR* text) { return text == nullptr ? "null" : Narrow(text); }
+std::string Shown(const WCHAR* text) { return text == nullptr ? "null" : Narrow(text); }
+std::string Shown(const WCHAR* text, UINT length) {
+    return text == nullptr ? "null" : Narrow({text, length});
+}
 
 // An integer in place of a name is an identifier.
 std::string NameOrId(const WCHAR* name) {
@@ -38,223 +31,153 @@ std::string NameOrId(const WCHAR* name) {
     return number < 0x10000 ? std::to_string(number) : Narrow(name);
 }
 
-}  // namespace
-
-HRESULT RoInitialize(RO_INIT_TYPE type) {
-    return Perform("RoInitialize", std::to_string(type), [&] { return real::RoInitialize(type); });
+std::string Part(const std::string& text) { return text; }
+std::string Part(HSTRING string) { return Narrow(View(string)); }
+template <class Number>
+requires std::is_integral_v<Number> || std::is_enum_v<Number> std::string Part(Number number) {
+    return std::to_string(number);
 }
 
-void RoUninitialize() {
-    Perform("RoUninitialize", "", [] {
-        real::RoUninitialize();
-        return S_OK;
-    });
+template <class... Parts>
+std::string JournalText(const Parts&... parts) {
+    std::string text;
+    ((text += (text.empty() ? "" : ", ") + Part(parts)), ...);
+    return text;
 }
 
-HRESULT RoGetActivationFactory(HSTRING class_name, const IID& iid, void** factory) {
-    return PerformInto("RoGetActivationFactory", Narrow(View(class_name)), factory, [&] {
-        const JournalPause no_journal;
-        return real::RoGetActivationFactory(class_name, iid, factory);
-    });
-}
+// --- what the caller gets under a fault: the forms of the table's column "fault"
 
-BOOL RoOriginateLanguageException(HRESULT code, HSTRING message, ::IUnknown* language_exception) {
-    BOOL answer = 0;
-    Perform("RoOriginateLanguageException", Hex(code) + ", " + Narrow(View(message)), [&] {
-        answer = real::RoOriginateLanguageException(code, message, language_exception);
-        return S_OK;
-    });
-    return answer;
-}
+struct Code {
+    template <class Body>
+    auto Run(const char* operation, const std::string& arguments, Body body) const {
+        if constexpr (std::is_void_v<decltype(body())>) {
+            Perform(operation, arguments, [&] { return body(), S_OK; });
+        } else {
+            return Perform(operation, arguments, body);
+        }
+    }
+};
 
-HRESULT WindowsCreateString(const WCHAR* text, UINT length, HSTRING* string) {
-    return PerformInto("WindowsCreateString", text == nullptr ? "null" : Narrow({text, length}), string, [&] {
-        const HRESULT code = real::WindowsCreateString(text, length, string);
-        TheLeakTracker().TrackString(*string);
-        return code;
-    });
-}
+template <class T>
+struct Out {
+    T* place;
 
-HRESULT WindowsCreateStringReference(const WCHAR* text, UINT length, HSTRING_HEADER* header,
-                                     HSTRING* string) {
-    const std::string shown = text == nullptr ? "null" : Narrow({text, length});
-    return PerformInto("WindowsCreateStringReference", shown, string,
-                       [&] { return real::WindowsCreateStringReference(text, length, header, string); });
-}
+    template <class Body>
+    HRESULT Run(const char* operation, const std::string& arguments, Body body) const {
+        return PerformInto(operation, arguments, place, body);
+    }
+};
 
-HRESULT WindowsDuplicateString(HSTRING string, HSTRING* copy) {
-    return PerformInto("WindowsDuplicateString", Narrow(View(string)), copy, [&] {
-        const HRESULT code = real::WindowsDuplicateString(string, copy);
-        TheLeakTracker().TrackString(*copy);
-        return code;
-    });
-}
+template <class T>
+struct Value {
+    T failed;
 
-HRESULT WindowsDeleteString(HSTRING string) {
-    return Perform("WindowsDeleteString", Narrow(View(string)), [&] {
-        TheLeakTracker().UntrackString(string);
-        return real::WindowsDeleteString(string);
-    });
-}
-
-// Cannot fail: a fault makes the text empty.
-const WCHAR* WindowsGetStringRawBuffer(HSTRING string, UINT* length) {
-    HSTRING shown = nullptr;
-    Perform("WindowsGetStringRawBuffer", Narrow(View(string)), [&] {
-        shown = string;
-        return S_OK;
-    });
-    return real::WindowsGetStringRawBuffer(shown, length);
-}
-
-// Nor can this: a fault makes the length 0.
-UINT WindowsGetStringLen(HSTRING string) {
-    return PerformFor("WindowsGetStringLen", Narrow(View(string)), UINT{0},
-                      [&] { return real::WindowsGetStringLen(string); });
-}
-
-HRESULT WindowsPreallocateStringBuffer(UINT length, WCHAR** characters, HSTRING_BUFFER* buffer) {
-    return PerformInto("WindowsPreallocateStringBuffer", std::to_string(length), buffer,
-                       [&] { return real::WindowsPreallocateStringBuffer(length, characters, buffer); });
-}
-
-HRESULT WindowsPromoteStringBuffer(HSTRING_BUFFER buffer, HSTRING* string) {
-    return PerformInto("WindowsPromoteStringBuffer", "", string, [&] {
-        const HRESULT code = real::WindowsPromoteStringBuffer(buffer, string);
-        TheLeakTracker().TrackString(*string);
-        return code;
-    });
-}
-
-HRESULT WindowsDeleteStringBuffer(HSTRING_BUFFER buffer) {
-    return Perform("WindowsDeleteStringBuffer", "", [&] { return real::WindowsDeleteStringBuffer(buffer); });
-}
-
-HRESULT CoCreateFreeThreadedMarshaler(::IUnknown* outer, ::IUnknown** marshaler) {
-    return PerformInto("CoCreateFreeThreadedMarshaler", "", marshaler,
-                       [&] { return real::CoCreateFreeThreadedMarshaler(outer, marshaler); });
-}
-
-ULONGLONG GetTickCount64() {
-    ULONGLONG now = 0;
-    Perform("GetTickCount64", "", [&] {
-        now = real::GetTickCount64();
-        return S_OK;
-    });
-    return now;
-}
-
-void Sleep(DWORD milliseconds) {
-    Perform("Sleep", std::to_string(milliseconds), [&] {
-        real::Sleep(milliseconds);
-        return S_OK;
-    });
-}
-
-int MultiByteToWideChar(UINT code_page, DWORD flags, const char* bytes, int byte_count, WCHAR* wide,
-                        int wide_count) {
-    int answer = 0;
-    Perform("MultiByteToWideChar", std::to_string(code_page), [&] {
-        answer = real::MultiByteToWideChar(code_page, flags, bytes, byte_count, wide, wide_count);
-        return S_OK;
-    });
-    return answer;
-}
-
-int _wcsnicmp(const WCHAR* a, const WCHAR* b, std::size_t count) {
-    return PerformFor("_wcsnicmp", Narrow(a) + ", " + Narrow(b) + ", " + std::to_string(count), 1,
-                      [&] { return real::_wcsnicmp(a, b, count); });
-}
-
-// The runtime library ends a process whose buffer is too small; only a fault can bring that about here.
-int wcscpy_s(WCHAR* copy, std::size_t size, const WCHAR* text) {
-    return PerformFor("wcscpy_s", std::to_string(size), ERANGE, [&] {
-        return WideView(text).size() < size ? real::wcscpy_s(copy, size, text) : ERANGE;
-    });
-}
-
-LONG wcstol(const WCHAR* text, WCHAR** end, int base) {
-    return PerformFor("wcstol", Narrow(text) + ", " + std::to_string(base), LONG{0},
-                      [&] { return real::wcstol(text, end, base); });
-}
-
-BOOL PathFileExistsW(const WCHAR* path) {
-    return PerformFor("PathFileExistsW", TextOrNull(path), BOOL{0},
-                      [&] { return real::PathFileExistsW(path); });
-}
-
-DWORD GetShortPathNameW(const WCHAR* path, WCHAR* short_path, DWORD characters) {
-    return PerformFor("GetShortPathNameW", TextOrNull(path) + ", " + std::to_string(characters), DWORD{0},
-                      [&] { return real::GetShortPathNameW(path, short_path, characters); });
-}
-
-HRSRC FindResourceW(HMODULE module, const WCHAR* name, const WCHAR* type) {
-    return PerformFor("FindResourceW", NameOrId(name) + ", " + NameOrId(type), HRSRC{},
-                      [&] { return real::FindResourceW(module, name, type); });
-}
-
-DWORD SizeofResource(HMODULE module, HRSRC resource) {
-    return PerformFor("SizeofResource", "", DWORD{0}, [&] { return real::SizeofResource(module, resource); });
-}
-
-HGLOBAL LoadResource(HMODULE module, HRSRC resource) {
-    return PerformFor("LoadResource", "", HGLOBAL{}, [&] { return real::LoadResource(module, resource); });
-}
-
-void* LockResource(HGLOBAL resource) {
-    return PerformFor("LockResource", "", static_cast<void*>(nullptr),
-                      [&] { return real::LockResource(resource); });
-}
-
-// Answers 0 when it succeeds.
-BOOL FreeResource(HGLOBAL resource) {
-    return PerformFor("FreeResource", "", BOOL{1}, [&] { return real::FreeResource(resource); });
-}
-
-HGLOBAL GlobalAlloc(UINT flags, std::size_t size) {
-    return PerformFor("GlobalAlloc", std::to_string(flags) + ", " + std::to_string(size), HGLOBAL{}, [&] {
-        const HGLOBAL block = real::GlobalAlloc(flags, size);
-        TheLeakTracker().TrackBlock(block);
-        return block;
-    });
-}
-
-void* GlobalLock(HGLOBAL block) {
-    return PerformFor("GlobalLock", "", static_cast<void*>(nullptr), [&] { return real::GlobalLock(block); });
-}
-
-BOOL GlobalUnlock(HGLOBAL block) {
-    return PerformFor("GlobalUnlock", "", BOOL{0}, [&] { return real::GlobalUnlock(block); });
-}
-
-// Answers the block when it could not be freed.
-HGLOBAL GlobalFree(HGLOBAL block) {
-    return PerformFor("GlobalFree", "", block, [&] {
-        TheLeakTracker().UntrackBlock(block);
-        return real::GlobalFree(block);
-    });
-}
-
-HRESULT CreateStreamOnHGlobal(HGLOBAL block, BOOL delete_on_release, ::IStream** stream) {
-    return PerformInto("CreateStreamOnHGlobal", std::to_string(delete_on_release), stream, [&] {
-        const HRESULT code = real::CreateStreamOnHGlobal(block, delete_on_release, stream);
-        if (code >= 0) {
-            *stream = JournalStream(*stream);
-            if (delete_on_release != 0) {
-                TheLeakTracker().UntrackBlock(block);
+    template <class Body>
+    T Run(const char* operation, const std::string& arguments, Body body) const {
+        T result{};
+        const HRESULT code = Perform(operation, arguments, [&] { return result = body(), S_OK; });
+        if constexpr (std::is_integral_v<T>) {
+            if (code > 0) {
+                return static_cast<T>(code);
             }
         }
-        return code;
-    });
+        return code < 0 ? failed : result;
+    }
+};
+
+template <class Otherwise>
+struct Else {
+    Otherwise otherwise;
+
+    template <class Body>
+    auto Run(const char* operation, const std::string& arguments, Body body) const {
+        using Result = decltype(body());
+        std::optional<Result> result;
+        Perform(operation, arguments, [&] { return result = body(), S_OK; });
+        return result ? *result : static_cast<Result>(otherwise());
+    }
+};
+
+// --- the calls that hand something out, take it back, or are the simulator's own
+
+namespace tracked {
+
+HRESULT RoGetActivationFactory(HSTRING class_name, const IID& iid, void** factory) {
+    const JournalPause no_journal;
+    return real::RoGetActivationFactory(class_name, iid, factory);
+}
+HRESULT WindowsCreateString(const WCHAR* text, UINT length, HSTRING* string) {
+    const HRESULT code = real::WindowsCreateString(text, length, string);
+    TheLeakTracker().TrackString(*string);
+    return code;
+}
+HRESULT WindowsDuplicateString(HSTRING string, HSTRING* copy) {
+    const HRESULT code = real::WindowsDuplicateString(string, copy);
+    TheLeakTracker().TrackString(*copy);
+    return code;
+}
+HRESULT WindowsDeleteString(HSTRING string) {
+    TheLeakTracker().UntrackString(string);
+    return real::WindowsDeleteString(string);
+}
+HRESULT WindowsPromoteStringBuffer(HSTRING_BUFFER buffer, HSTRING* string) {
+    const HRESULT code = real::WindowsPromoteStringBuffer(buffer, string);
+    TheLeakTracker().TrackString(*string);
+    return code;
+}
+// Natively the clock moves; on Windows the sleep may be skipped.
+void Sleep(DWORD milliseconds) { PlatformSleep(milliseconds); }
+// The runtime library ends a process whose buffer is too small; only a fault can cause that here.
+int wcscpy_s(WCHAR* copy, std::size_t size, const WCHAR* text) {
+    return WideView(text).size() < size ? real::wcscpy_s(copy, size, text) : ERANGE;
+}
+HGLOBAL GlobalAlloc(UINT flags, std::size_t size) {
+    const HGLOBAL block = real::GlobalAlloc(flags, size);
+    TheLeakTracker().TrackBlock(block);
+    return block;
+}
+HGLOBAL GlobalFree(HGLOBAL block) {
+    TheLeakTracker().UntrackBlock(block);
+    return real::GlobalFree(block);
+}
+HRESULT CreateStreamOnHGlobal(HGLOBAL block, BOOL delete_on_release, ::IStream** stream) {
+    const HRESULT code = real::CreateStreamOnHGlobal(block, delete_on_release, stream);
+    if (code >= 0) {
+        *stream = JournalStream(*stream);
+        if (delete_on_release != 0) {
+            TheLeakTracker().UntrackBlock(block);
+        }
+    }
+    return code;
+}
+// In both builds: Wine has none.
+HRESULT CreateRandomAccessStreamOverStream(::IStream* stream, BSOS_OPTIONS, const IID& iid, void** result) {
+    const JournalPause no_journal;
+    return stream == nullptr ? E_INVALIDARG : MakeStreamOverStream(stream)->QueryInterface(iid, result);
 }
 
-// The simulator's own in both builds: Wine has none.
-HRESULT CreateRandomAccessStreamOverStream(::IStream* stream, BSOS_OPTIONS options, const IID& iid,
-                                           void** result) {
-    return PerformInto("CreateRandomAccessStreamOverStream", std::to_string(options), result, [&] {
-        const JournalPause no_journal;
-        return stream == nullptr ? E_INVALIDARG : MakeStreamOverStream(stream)->QueryInterface(iid, result);
-    });
-}
+}  // namespace tracked
 
-}  // namespace dialsim::intercepted
+}  // namespace
+
+namespace intercepted {
+
+#define FAULT_CODE \
+    Code {}
+#define FAULT_OUT(place) \
+    Out { place }
+#define FAULT_VALUE(value) \
+    Value { value }
+#define FAULT_ELSE(value)     \
+    Else {                    \
+        [&] { return value; } \
+    }
+#define INTERCEPT(result, name, parameters, arguments, by, journal, fault, late)                  \
+    result name parameters {                                                                      \
+        return FAULT_##fault.Run(#name, JournalText journal, [&] { return by::name arguments; }); \
+    }
+PLATFORM_FUNCTIONS(INTERCEPT)
+
+}  // namespace intercepted
+
+}  // namespace dialsim

@@ -3,45 +3,17 @@
 #include <algorithm>
 #include <iterator>
 
+#include "platform/function_table.h"
+
 namespace dialsim {
 
 namespace {
 
 constexpr const char* kOperations[] = {
-    "RoInitialize",
-    "RoUninitialize",
-    "RoGetActivationFactory",
-    "RoOriginateLanguageException",
-    "WindowsCreateString",
-    "WindowsCreateStringReference",
-    "WindowsDuplicateString",
-    "WindowsDeleteString",
-    "WindowsGetStringRawBuffer",
-    "WindowsGetStringLen",
-    "WindowsPreallocateStringBuffer",
-    "WindowsPromoteStringBuffer",
-    "WindowsDeleteStringBuffer",
-    "CoCreateFreeThreadedMarshaler",
-    "GetTickCount64",
-    "Sleep",
-    "MultiByteToWideChar",
-    "_wcsnicmp",
-    "wcscpy_s",
-    "wcstol",
-    "PathFileExistsW",
-    "GetShortPathNameW",
-    "FindResourceW",
-    "SizeofResource",
-    "LoadResource",
-    "LockResource",
-    "FreeResource",
-    "GlobalAlloc",
-    "GlobalLock",
-    "GlobalUnlock",
-    "GlobalFree",
-    "CreateStreamOnHGlobal",
-    "CreateRandomAccessStreamOverStream",
-    "QueryInterface",
+#define OPERATION(result, name, ...) #name,
+    PLATFORM_FUNCTIONS(OPERATION)
+#undef OPERATION
+        "QueryInterface",
     "IApiInformationStatics::IsTypePresent",
     "IRadialControllerInterop::CreateForWindow",
     "IRadialController::get_Menu",
@@ -123,18 +95,18 @@ constexpr const char* kOperations[] = {
     "IPasswordCredential::get_Password",
 };
 
-// Those that answer something else than a code: what they hand out is how they say that they succeeded. And a
-// promotion that took place and claims to have failed would have its caller give back a string as a buffer.
-constexpr const char* kCannotFailLate[] = {
-    "WindowsPromoteStringBuffer",
-    "FindResourceW",
-    "SizeofResource",
-    "LoadResource",
-    "LockResource",
-    "GlobalAlloc",
-    "GlobalLock",
-    "GlobalFree",
-};
+constexpr bool LATE = true;
+constexpr bool NEVER = false;
+
+bool CanFailLate(const std::string& operation) {
+#define CAN_FAIL_LATE(result, name, parameters, arguments, by, journal, fault, late) \
+    if (operation == #name) {                                                        \
+        return late;                                                                 \
+    }
+    PLATFORM_FUNCTIONS(CAN_FAIL_LATE)
+#undef CAN_FAIL_LATE
+    return true;
+}
 
 template <std::size_t N>
 bool Contains(const char* const (&operations)[N], const std::string& operation) {
@@ -149,7 +121,7 @@ const char* OperationName(std::size_t index) {
 
 bool IsApplicable(const Fault& fault) {
     const std::string operation = fault.pattern.substr(0, fault.pattern.find('('));
-    const bool too_late = fault.kind == Fault::Kind::FailLate && Contains(kCannotFailLate, operation);
+    const bool too_late = fault.kind == Fault::Kind::FailLate && !CanFailLate(operation);
     return !too_late && Contains(kOperations, operation);
 }
 

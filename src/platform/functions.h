@@ -40,6 +40,7 @@
 // is borrowed for the call.
 #pragma once
 
+#include "platform/function_table.h"
 #include "platform/types.h"
 
 #ifdef _WIN32
@@ -79,59 +80,22 @@ inline constexpr UINT GMEM_MOVEABLE = 2;
 inline constexpr UINT CP_UTF8 = 65001;
 inline constexpr DWORD EXCEPTION_NONCONTINUABLE = 1;
 
+#define DECLARE_FUNCTION(result, name, parameters, ...) result name parameters;
+#define SKIP_FUNCTION(...)
+extern "C" {
+PLATFORM_FUNCTIONS_AND_OVERLOADS(DECLARE_FUNCTION, SKIP_FUNCTION)
+}
+PLATFORM_FUNCTIONS_AND_OVERLOADS(SKIP_FUNCTION, DECLARE_FUNCTION)
+#undef DECLARE_FUNCTION
+#undef SKIP_FUNCTION
+
 extern "C" {
 
-HRESULT RoInitialize(RO_INIT_TYPE type);
-void RoUninitialize();
-HRESULT RoGetActivationFactory(HSTRING className, const IID& iid, void** factory);
-BOOL RoOriginateLanguageException(HRESULT code, HSTRING message, IUnknown* languageException);
-
-HRESULT WindowsCreateString(const WCHAR* text, UINT length, HSTRING* string);
-HRESULT WindowsCreateStringReference(const WCHAR* text, UINT length, HSTRING_HEADER* header, HSTRING* string);
-HRESULT WindowsDuplicateString(HSTRING string, HSTRING* copy);
-HRESULT WindowsDeleteString(HSTRING string);
-const WCHAR* WindowsGetStringRawBuffer(HSTRING string, UINT* length);
-UINT WindowsGetStringLen(HSTRING string);
-HRESULT WindowsPreallocateStringBuffer(UINT length, WCHAR** characters, HSTRING_BUFFER* buffer);
-HRESULT WindowsPromoteStringBuffer(HSTRING_BUFFER buffer, HSTRING* string);
-HRESULT WindowsDeleteStringBuffer(HSTRING_BUFFER buffer);
-
-HRESULT CoCreateFreeThreadedMarshaler(IUnknown* outer, IUnknown** marshaler);
-
-ULONGLONG GetTickCount64();
-void Sleep(DWORD milliseconds);
-int MultiByteToWideChar(UINT codePage, DWORD flags, const char* bytes, int byteCount, WCHAR* wide,
-                        int wideCount);
-[[noreturn]] void RaiseException(DWORD code, DWORD flags, DWORD argumentCount,
+[[noreturn]] void RaiseException(DWORD code, DWORD flags, DWORD argument_count,
                                  const std::uintptr_t* arguments);
-
-BOOL PathFileExistsW(const WCHAR* path);
-DWORD GetShortPathNameW(const WCHAR* path, WCHAR* short_path, DWORD characters);
-
-// An integer below 65536 in place of `name` is an identifier.
-HRSRC FindResourceW(HMODULE module, const WCHAR* name, const WCHAR* type);
-DWORD SizeofResource(HMODULE module, HRSRC resource);
-HGLOBAL LoadResource(HMODULE module, HRSRC resource);
-void* LockResource(HGLOBAL resource);
-BOOL FreeResource(HGLOBAL resource);
-
-HGLOBAL GlobalAlloc(UINT flags, std::size_t size);
-void* GlobalLock(HGLOBAL block);
-BOOL GlobalUnlock(HGLOBAL block);
-HGLOBAL GlobalFree(HGLOBAL block);
-HRESULT CreateStreamOnHGlobal(HGLOBAL block, BOOL delete_on_release, IStream** stream);
-HRESULT CreateRandomAccessStreamOverStream(IStream* stream, BSOS_OPTIONS options, const IID& iid,
-                                           void** result);
-
 // The runtime library's bounded wide formatter: %s takes UTF-16.
 int _vsnwprintf(WCHAR* buffer, std::size_t size, const WCHAR* format, std::va_list arguments);
-int _wcsnicmp(const WCHAR* a, const WCHAR* b, std::size_t count);
-// The size counts characters, the terminator among them.
-int wcscpy_s(WCHAR* copy, std::size_t size, const WCHAR* text);
 
 }  // extern "C"
-
-// An overload beside the one of the system's own wide characters; a long has 32 bits on the platform.
-LONG wcstol(const WCHAR* text, WCHAR** end, int base);
 
 #endif

@@ -46,8 +46,6 @@ BOOL RoOriginateLanguageException(HRESULT, HSTRING, ::IUnknown*) { return 1; }
 
 ULONGLONG GetTickCount64() { return ClockNow(); }
 
-void Sleep(DWORD milliseconds) { PlatformSleep(milliseconds); }
-
 int MultiByteToWideChar(UINT code_page, DWORD flags, const char* bytes, int byte_count, WCHAR* wide,
                         int wide_count) {
     // The flags for other code pages are refused for this one.

@@ -13,43 +13,10 @@ struct Hook {
     void* replacement;
 };
 
-#define DIALSIM_IMPORT(NAME) \
-    { #NAME, reinterpret_cast < void*>(&intercepted::NAME) }
-
 const Hook kHooks[] = {
-    DIALSIM_IMPORT(RoInitialize),
-    DIALSIM_IMPORT(RoUninitialize),
-    DIALSIM_IMPORT(RoGetActivationFactory),
-    DIALSIM_IMPORT(RoOriginateLanguageException),
-    DIALSIM_IMPORT(WindowsCreateString),
-    DIALSIM_IMPORT(WindowsCreateStringReference),
-    DIALSIM_IMPORT(WindowsDuplicateString),
-    DIALSIM_IMPORT(WindowsDeleteString),
-    DIALSIM_IMPORT(WindowsGetStringRawBuffer),
-    DIALSIM_IMPORT(WindowsGetStringLen),
-    DIALSIM_IMPORT(WindowsPreallocateStringBuffer),
-    DIALSIM_IMPORT(WindowsPromoteStringBuffer),
-    DIALSIM_IMPORT(WindowsDeleteStringBuffer),
-    DIALSIM_IMPORT(CoCreateFreeThreadedMarshaler),
-    DIALSIM_IMPORT(GetTickCount64),
-    DIALSIM_IMPORT(Sleep),
-    DIALSIM_IMPORT(MultiByteToWideChar),
-    DIALSIM_IMPORT(_wcsnicmp),
-    DIALSIM_IMPORT(wcscpy_s),
-    DIALSIM_IMPORT(wcstol),
-    DIALSIM_IMPORT(PathFileExistsW),
-    DIALSIM_IMPORT(GetShortPathNameW),
-    DIALSIM_IMPORT(FindResourceW),
-    DIALSIM_IMPORT(SizeofResource),
-    DIALSIM_IMPORT(LoadResource),
-    DIALSIM_IMPORT(LockResource),
-    DIALSIM_IMPORT(FreeResource),
-    DIALSIM_IMPORT(GlobalAlloc),
-    DIALSIM_IMPORT(GlobalLock),
-    DIALSIM_IMPORT(GlobalUnlock),
-    DIALSIM_IMPORT(GlobalFree),
-    DIALSIM_IMPORT(CreateStreamOnHGlobal),
-    DIALSIM_IMPORT(CreateRandomAccessStreamOverStream),
+#define HOOK(result, name, ...) {#name, reinterpret_cast<void*>(&intercepted::name)},
+    PLATFORM_FUNCTIONS(HOOK)
+#undef HOOK
 };
 
 template <class T>
