@@ -13,7 +13,7 @@ namespace bench {
 class Workload {
 public:
     virtual ~Workload() = default;
-    // Once; what came of it, the same on both sides.
+    // Once; the result, the same on both sides.
     virtual std::int64_t Run() = 0;
 };
 

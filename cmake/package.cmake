@@ -1,4 +1,4 @@
-# What a library needs to leave the house: `add_package` makes it a package, and installs that as a component of its own name.
+# `add_package` makes a library a package, and installs that as a component of its own name.
 include(CMakePackageConfigHelpers)
 
 # For the code of the libraries that are given away: symbols that do not tell in what folder they were made.

@@ -68,7 +68,7 @@ int SetText(const Text& resource, const Text& key, const Text& value) {
     return set_string_in_storage(resource.c_str(), key.c_str(), value.c_str()) < 0 ? kAbsent : kDone;
 }
 
-int Obey(const std::vector<Text>& words) {
+int Execute(const std::vector<Text>& words) {
     const std::string command = words.size() < 4 ? "" : ToUtf8(words[1]);
     if (words.size() == 4 && command == "get-text") {
         return GetText(words[2], words[3]);
@@ -92,7 +92,7 @@ int main(int argc, char** argv) {
         std::fputs("settings: this system has no Windows Runtime\n", stderr);
         return kUsageError;
     }
-    const int status = Obey(Arguments(argc, argv));
+    const int status = Execute(Arguments(argc, argv));
     uninit();
     return status;
 }

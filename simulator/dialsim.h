@@ -1,7 +1,7 @@
 /*
  * dialsim.h - a dial you can turn without owning one
  *
- * The simulator stands in for the platform underneath brindle: natively inside the test program, and on
+ * The simulator is a substitute for the platform underneath brindle: natively inside the test program, and on
  * Windows (under Wine) as dialsim.dll, which serves the Windows Runtime classes of the dial after "regsvr32
  * dialsim.dll". This header is its control surface, the same in both.
  *
@@ -334,8 +334,8 @@ bool dialsim_record(const char* path);
 /*
  * `operation` is one of dialsim_operation, "IRadialController::add_RotationChanged", or one with the
  * arguments that the journal prints, "RoGetActivationFactory(Windows.UI.Input.RadialController)". The fault
- * strikes from its `from`th matching call on, counted from now (1 is the next), `times` times; 0 is for ever.
- * Several faults may be set on one operation; the first that strikes decides. A function that answers no code
+ * applies from its `from`th matching call on, counted from now (1 is the next), `times` times; 0 is for ever.
+ * Several faults may be set on one operation; the first that applies decides. A function that answers no code
  * answers null, zero or false instead, GlobalFree the block, and WindowsGetStringRawBuffer an empty text;
  * with a positive code, one that answers a number answers that number: a path whose short form has grown
  * since the first question is dialsim_fail("GetShortPathNameW", 2, 1, 1). False when the list has no such
@@ -380,7 +380,7 @@ size_t dialsim_accounts(char* buffer, size_t size);
 
 /* Back to the start: no faults, no hook, an empty journal, the dial off the screen, button up, default
  * haptics, no resources, the dial alone among the devices, packaged as at the start, sleeps that sleep, the
- * system's entries in every menu, and fresh accounts (what is still out is no longer counted). Waits for
+ * system's entries in every menu, and fresh leak tracking (what is outstanding is no longer counted). Waits for
  * dialsim_wait_for_async and abandons what is pending; controllers and operations that still exist no longer
  * take part, and a recording ends. */
 void dialsim_reset(void);

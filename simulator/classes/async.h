@@ -84,7 +84,7 @@ private:
 
 AsyncOperations& TheAsyncOperations();
 
-// How the handler's answer stands in the journal and in the list.
+// How the journal and the list print the handler's result.
 HRESULT CodeOf(const Outcome& outcome);
 
 template <class Result>

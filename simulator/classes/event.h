@@ -30,7 +30,7 @@ struct Outcome {
 
 inline constexpr HRESULT kWrongThread = static_cast<HRESULT>(0x8001010E);  // RPC_E_WRONG_THREAD
 
-// A handler that the platform holds; entered in the accounts as long as it does.
+// A handler that the platform holds, and that leak tracking counts as long as it does.
 template <class Handler>
 class HeldHandler {
 public:

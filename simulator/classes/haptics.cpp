@@ -103,7 +103,7 @@ private:
             return S_OK;
         });
     }
-    // What was played stands in the journal: waveform, then how.
+    // The journal has what was played: waveform, then how.
     static HRESULT Play(std::string_view method, abi::ISimpleHapticsControllerFeedback* feedback,
                         const std::string& how) {
         const std::string waveform =

@@ -65,7 +65,7 @@ public:
 private:
     ~JournaledStream() override { TheLeakTracker().UntrackObject(this); }
 
-    // Who moves bytes may not want to hear how many. What yields nothing moves none.
+    // The caller may not want the count. What yields nothing moves no bytes.
     template <class Body>
     static HRESULT Move(std::string_view method, std::uint32_t count, std::uint32_t* moved, Body body) {
         std::uint32_t total = 0;

@@ -1,4 +1,4 @@
-// The one dial there is: what the user's hand has done to it, and the controllers that hear of it.
+// The one dial there is: its state, and the controllers that get its events.
 #pragma once
 
 #include <cstdint>

@@ -130,7 +130,7 @@ Action ParseShow(const std::string& word) {
     if (word == "stores") {
         return WithoutResult([](Player&) { Print(AllStoresText()); });
     }
-    return WithoutResult([journal = ParseChoice(word, "journal", "leaks")](Player&) {
+    return WithoutResult([journal = ParseChoice(word, "journal", "accounts")](Player&) {
         Print(journal ? TheJournal().Text() : TheLeakTracker().Text());
     });
 }

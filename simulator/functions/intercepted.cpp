@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <type_traits>
+#include <utility>
 
 #include "platform/function_table.h"
 #include "simulator/classes/streams.h"
@@ -38,10 +39,12 @@ requires std::is_integral_v<Number> || std::is_enum_v<Number> std::string Part(N
     return std::to_string(number);
 }
 
+// Separated by commas, empty ones too.
 template <class... Parts>
 std::string JournalText(const Parts&... parts) {
     std::string text;
-    ((text += (text.empty() ? "" : ", ") + Part(parts)), ...);
+    [[maybe_unused]] const char* separator = "";
+    ((text += std::exchange(separator, ", ") + Part(parts)), ...);
     return text;
 }
 

@@ -5,7 +5,7 @@
 
 namespace dialsim {
 
-// A new string for the caller to own; entered in the accounts.
+// A new string for the caller to own; counted by leak tracking.
 HRESULT NewString(WideView text, HSTRING* string);
 
 WideView View(HSTRING string);

@@ -52,7 +52,7 @@ Journal::Entry Journal::Begin(std::string_view operation, std::string_view argum
 Journal::Entry Journal::Write(std::string_view operation, const std::string& call) {
     Entry entry{first_number_ + lines_.size(), std::nullopt};
     for (Fault& fault : faults_) {
-        // Every fault counts every call, also where an earlier one has struck already.
+        // Every fault counts every call, also where an earlier one applies already.
         if (Matches(fault.pattern, operation, call) && Applies(fault) && !entry.fault) {
             entry.fault = fault;
         }

@@ -1,4 +1,4 @@
-// Every platform call in order, and the faults that strike them.
+// Every platform call in order, and the faults that apply to them.
 #pragma once
 
 #include <cstdint>
@@ -25,7 +25,7 @@ struct Fault {
     std::string pattern;  // an operation, or an operation with its arguments
     Kind kind;
     HRESULT code;
-    std::uint32_t from;   // the first matching call that is struck, counted from 1
+    std::uint32_t from;   // the first matching call that it applies to, counted from 1
     std::uint32_t times;  // 0: for ever
     std::uint32_t matching_calls = 0;
 };
@@ -34,7 +34,7 @@ class Journal {
 public:
     struct Entry {
         std::uint64_t number;
-        std::optional<Fault> fault;  // what strikes the call
+        std::optional<Fault> fault;  // what applies to the call
     };
 
     using CallHook = void (*)(void* context, const char* call);
@@ -72,7 +72,7 @@ private:
 Journal& TheJournal();
 
 // While one of these lives, what the platform does on this thread is the platform's own affair: not
-// journaled, not struck.
+// journaled, and no fault applies.
 class JournalPause {
 public:
     JournalPause();
@@ -82,7 +82,7 @@ public:
     static bool IsActive();
 };
 
-// One platform operation: journaled, struck by its fault if there is one, else done by `body`, which answers
+// One platform operation: journaled, failed by its fault if there is one, else done by `body`, which answers
 // an HRESULT.
 template <class Body>
 HRESULT Perform(std::string_view operation, std::string_view arguments, Body body) {

@@ -6,6 +6,7 @@
 #include "frame/diagnostics/steps.h"
 #include "platform/activation.h"
 #include "platform/delegate.h"
+#include "platform/error_to_code.h"
 #include "platform/errors.h"
 #include "platform/interfaces/storage_streams.h"
 

@@ -2,25 +2,10 @@
 
 #include <cstdio>
 #include <new>
-#include <stdexcept>
 
 #include "platform/functions.h"
-#include "platform/text.h"
 
 namespace brindle {
-
-namespace {
-
-HRESULT Originate(HRESULT code, const std::exception& error) noexcept {
-    try {
-        RoOriginateLanguageException(code, ToPlatformString(error.what()).Get(), nullptr);
-    } catch (...) {
-        // The message is extra: without memory for it the code goes alone.
-    }
-    return code;
-}
-
-}  // namespace
 
 hresult_error::hresult_error(HRESULT code) noexcept : code_(code), text_{} {
     std::snprintf(text_.data(), text_.size(), "platform error %x", static_cast<unsigned>(code));
@@ -58,24 +43,6 @@ void Throw(HRESULT code) {
             throw hresult_canceled();
         default:
             throw hresult_error(code);
-    }
-}
-
-HRESULT ErrorToCode() noexcept {
-    try {
-        throw;
-    } catch (const hresult_error& error) {
-        return error.code();
-    } catch (const std::bad_alloc&) {
-        return E_OUTOFMEMORY;
-    } catch (const std::out_of_range& error) {
-        return Originate(kOutOfBounds, error);
-    } catch (const std::invalid_argument& error) {
-        return Originate(E_INVALIDARG, error);
-    } catch (const std::exception& error) {
-        return Originate(E_FAIL, error);
-    } catch (...) {
-        return E_FAIL;
     }
 }
 

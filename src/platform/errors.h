@@ -78,10 +78,6 @@ inline bool Failed(HRESULT code) {
     return code < 0;
 }
 
-// Inside a catch block of an object that the platform calls: the code for what is being handled. The message
-// of a standard error other than std::bad_alloc goes to the platform along with the code.
-HRESULT ErrorToCode() noexcept;
-
 // Raises the code as an operating-system exception that cannot be continued from; no catch block sees it.
 [[noreturn]] void RaiseStructuredException(HRESULT code);
 

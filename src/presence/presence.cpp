@@ -9,6 +9,7 @@
 
 #include "dial/dial_listener.h"
 #include "platform/activation.h"
+#include "platform/error_to_code.h"
 #include "platform/errors.h"
 #include "platform/free_threaded.h"
 #include "platform/interfaces/devices.h"

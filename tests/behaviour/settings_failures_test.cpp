@@ -1,4 +1,4 @@
-// Settings on a platform of which something is missing or fails: what cannot be had is passed over silently.
+// Settings on a platform of which something is missing or fails: what cannot be had is skipped silently.
 #include <new>
 
 #include "settings.h"

@@ -1,4 +1,4 @@
-// Every call of the platform's that a settings function makes, struck in every way: what the function then
+// Every call of the platform's that a settings function makes, failed in every way: what the function then
 // answers, and what each of the three places then holds.
 #include <algorithm>
 #include <array>
@@ -101,7 +101,7 @@ std::vector<Place> AffectedPlaces(const std::vector<Call>& calls, const Call& ca
 
 using Stores = std::array<std::string, 3>;
 
-// What a write leaves in the place in which one of its calls is struck.
+// What a write leaves in the place in which one of its calls fails.
 enum class Kept {
     Before,   // what was there
     Without,  // what was there, without the old value if that is removed before the new one is written
@@ -111,7 +111,7 @@ enum class Kept {
 
 struct Effect {
     const char* call;
-    std::array<Kept, 3> kept;  // by the way in which it is struck: fails, fails late, yields null
+    std::array<Kept, 3> kept;  // by the way in which it fails: fails, fails late, yields null
 };
 
 constexpr Effect kEffects[] = {
@@ -188,7 +188,7 @@ protected:
     }
     static Stores StoredContent() { return {Store("roaming"), Store("vault"), Store("local")}; }
 
-    // Calls `check` for each run in which a call is struck. A text that is made as an empty one would be
+    // Calls `check` for each run in which a call fails. A text that is made as an empty one would be
     // a text all the same: that is not done.
     void InjectEachFault(
         std::vector<Call> calls,
@@ -289,7 +289,7 @@ private:
         return outcomes;
     }
 
-    // A place changes by what is struck there, and by nothing else.
+    // A place changes by what fails there, and by nothing else.
     static void Check(const Call& call, FaultKind way, const std::vector<Place>& places,
                       const Outcomes& outcomes) {
         const std::array<Kept, 3>* const effects = EffectsOf(call);
@@ -377,7 +377,7 @@ protected:
         PutEntry("local", local);
     }
 
-    // Sweeps a read that finds these values in the places. A place that is struck yields nothing, unless it
+    // Sweeps a read that finds these values in the places. A place that fails yields nothing, unless it
     // is the value itself that is yielded as null, as the empty text that is.
     template <class Value>
     void Sweep(const std::function<std::optional<Value>()>& read, const Found<Value>& found) {

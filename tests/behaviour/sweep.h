@@ -1,4 +1,4 @@
-// Every call of the platform's that a scenario makes, struck in every way: each run is to be what its table
+// Every call of the platform's that a scenario makes, failed in every way: each run is to be what its table
 // says, line by line, and everything handed out comes back but what is kept on purpose.
 #pragma once
 
@@ -133,7 +133,7 @@ protected:
         }
     }
 
-    // What the scenario's act tells of what the library answered.
+    // How the scenario's act reports what the library answered.
     void LogResult(bool answer) { seen += answer ? "true\n" : "false\n"; }
     void LogCode(std::int32_t code) {
         seen += code == DIALSIM_RAISED ? "raised " + Raised() + "\n" : "answered " + Hex(code) + "\n";

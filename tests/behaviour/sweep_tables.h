@@ -217,11 +217,11 @@ inline constexpr std::int32_t kCodes[] = {kClassNotRegistered, kAccessDenied, kD
 
 struct Fault {
     std::string call;      // an operation, with arguments where they tell one from another
-    std::uint32_t number;  // the call that is struck first, from 1
+    std::uint32_t number;  // the call that fails first, from 1
     FaultKind way;
 
     bool Matches(const std::string& other) const { return call == other || call == OperationOf(other); }
-    // False where it is no way in which such a call can be struck.
+    // False where such a call cannot fail in this way.
     bool Set() const {
         switch (way) {
             case FaultKind::FailsLate:
@@ -233,7 +233,7 @@ struct Fault {
                        (way != FaultKind::KeepsFailing || Fail(2, 0));
         }
     }
-    // What strikes the call of this number; 0 for a null.
+    // The code that the call of this number gets; 0 for a null.
     std::optional<std::int32_t> InjectedCode(std::uint32_t which) const {
         const std::uint32_t attempt = which - number;
         const std::uint32_t attempts = way == FaultKind::KeepsFailing ? UINT32_MAX

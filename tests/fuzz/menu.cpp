@@ -219,7 +219,7 @@ private:
         return item;
     }
 
-    // Records of unknown kinds and items that cannot be made are passed over.
+    // Records of unknown kinds and items that cannot be made are skipped.
     void Expect(const MenuItemDescription& item) {
         const WideText label = item.display_text;
         switch (item.kind) {

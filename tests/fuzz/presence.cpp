@@ -91,13 +91,13 @@ bool SetFault(Input& input) {
         return true;
     }
     const std::int32_t code = (kind & 1) != 0 ? kOutOfMemory : kFail;
-    const std::size_t struck = input.Below(std::size(kNeeded) + 1);
-    if (struck == std::size(kNeeded)) {
+    const std::size_t failing = input.Below(std::size(kNeeded) + 1);
+    if (failing == std::size(kNeeded)) {
         dialsim_fail_devices(code);
     } else if ((kind & 2) != 0) {
-        dialsim_fail_late(kNeeded[struck], code, 1, 0);
+        dialsim_fail_late(kNeeded[failing], code, 1, 0);
     } else {
-        dialsim_fail(kNeeded[struck], code, 1, 0);
+        dialsim_fail(kNeeded[failing], code, 1, 0);
     }
     return false;
 }

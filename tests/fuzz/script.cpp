@@ -1,5 +1,5 @@
 // Scripts of any text. One that cannot be understood plays nothing; one that can, and asks for no failures,
-// makes the host hear just the turns and clicks that a simple reading of it finds.
+// makes the host get exactly the turns and clicks that a simple parser finds in it.
 #include <cmath>
 #include <exception>
 #include <limits>

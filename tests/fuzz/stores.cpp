@@ -49,13 +49,13 @@ void CheckMembers(const std::string& listing, const std::string& content) {
     CheckSame(members, 1 + 3 * LinesOf(listing).size(), "members");
 }
 
-// A whole number stands in the file as it is told.
+// A whole number is in the file as it is listed.
 void CheckNumbers(const std::string& listing, const std::string& content) {
     for (const std::string& line : LinesOf(listing)) {
         const std::string word = line.substr(line.rfind(' ') + 1);
         if (word.find_first_not_of("-0123456789") == std::string::npos) {
             Check(content.find(word) != std::string::npos,
-                  "a number that is told stands in the file: " + line);
+                  "a number that is listed is in the file: " + line);
         }
     }
 }

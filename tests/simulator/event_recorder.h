@@ -1,4 +1,4 @@
-// A program that uses the platform's radial controller without the library, to hear what the simulator
+// A program that uses the platform's radial controller without the library, to record what the simulator
 // raises.
 #pragma once
 
@@ -24,7 +24,7 @@ inline ComPtr<abi::IRadialController> MakeController(std::uint64_t window) {
     return controller;
 }
 
-// A controller and handlers of its seven events, which write down what they hear and answer `answer`.
+// A controller and handlers of its seven events, which record what they get and answer `answer`.
 class EventRecorder {
 public:
     explicit EventRecorder(std::uint64_t window) : controller_(MakeController(window)) {

@@ -657,6 +657,12 @@ TEST_F(FlatFunctions, AnswerTheNumberOfAFaultThatIsPositive) {
     EXPECT_EQ(GetShortPathNameW(path.c_str(), nullptr, 0), needed);
 }
 
+TEST_F(FlatFunctions, AreJournaledWithEmptyTextsInTheirPlace) {
+    dialsim_clear_journal();
+    _wcsnicmp(UTF16(""), UTF16("a"), 1);
+    EXPECT_EQ(Journal(), "_wcsnicmp(, a, 1)\n");
+}
+
 TEST_F(FlatFunctions, BlocksStayOutWhenTheyCannotBeFreed) {
     const HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE, 4);
     dialsim_fail("GlobalFree", E_FAIL, 1, 1);

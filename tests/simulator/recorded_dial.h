@@ -19,7 +19,7 @@ protected:
 
     std::string Path() const { return folder_.PathOf("session.dial"); }
     void Record() const { ASSERT_TRUE(dialsim_record(Path().c_str())); }
-    // What stands in the file by now.
+    // What the file has by now.
     std::string Recording() const { return folder_.Read("session.dial").value_or("no file"); }
 
     static void Play(const std::string& script) {

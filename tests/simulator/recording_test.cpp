@@ -1,4 +1,4 @@
-// Recordings: what stands in them, and that they do it again.
+// Recordings: what they contain, and that they replay it.
 #include <gtest/gtest.h>
 
 #include <cstdint>

@@ -224,10 +224,10 @@ TEST_F(Scripts, ShowPrintsTheJournal) {
 
 TEST_F(Scripts, ShowPrintsTheLeaks) {
     const auto controller = MakeController(1);
-    const std::string accounts = LeakReport();
+    const std::string leaks = LeakReport();
     testing::internal::CaptureStdout();
     Play("show accounts");
-    EXPECT_EQ(testing::internal::GetCapturedStdout(), accounts);
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), leaks);
 }
 
 TEST_F(Scripts, MayHaveEmptyLinesCommentsAndSpaces) {

@@ -893,7 +893,7 @@ void ExpectVaultDamaged(const std::string& content) {
     EXPECT_EQ(StoreFile("vault"), content);
 }
 
-// Standard error tells of the damage; these tests look at what else there is.
+// Standard error reports the damage; these tests look at what else there is.
 class DamagedStores : public Stores {
 protected:
     void SetUp() override {
@@ -987,7 +987,7 @@ TEST_P(DamagedStores, LeaveTheOthersAlone) {
     EXPECT_EQ(StoreText("local"), "\"key\" String \"text\"\n");
 }
 
-// What standard error tells of a read.
+// What standard error reports of a read.
 std::string ReportedError(const char* store) {
     testing::internal::CaptureStderr();
     StoreText(store);

@@ -21,7 +21,7 @@
 
 #include <filesystem>
 
-// There where a sanitizer's allocator stands in for the system's.
+// There where a sanitizer's allocator replaces the system's.
 extern "C" [[gnu::weak]] std::size_t __sanitizer_get_current_allocated_bytes();
 #endif
 

@@ -101,7 +101,7 @@ protected:
         std::vector<std::string> lasting_outcomes;
         for (std::uint32_t which = 1;; ++which) {
             const Run run = Act(tried, {which, which});
-            if (!run.struck) {
+            if (!run.failed) {
                 break;
             }
             const Run lasting = Act(tried, {which, UINT32_MAX});
@@ -139,7 +139,7 @@ protected:
 
 private:
     struct Run {
-        bool struck = false;
+        bool failed = false;
         std::string outcome;
         std::string again;  // when there is memory
     };
@@ -150,7 +150,7 @@ private:
         tried.prepare();
         Run run;
         run.outcome = OutcomeOf(tried, &shortage);
-        run.struck = shortage.WasInjected();
+        run.failed = shortage.WasInjected();
         if (tried.repeats) {
             run.again = OutcomeOf(tried, nullptr);
         }

@@ -10,7 +10,7 @@
 namespace brindle {
 namespace {
 
-// Counts, answers for the agility marker as it is told, and tells of its end. It stays when the count is 0.
+// Counts, answers for the agility marker as it is told, and reports its end. It stays when the count is 0.
 class Counted final : public abi::IAgileObject {
 public:
     Counted() = default;

@@ -8,6 +8,7 @@
 #include <type_traits>
 #include <typeinfo>
 
+#include "platform/error_to_code.h"
 #include "support/simulator_fixture.h"
 
 namespace brindle {

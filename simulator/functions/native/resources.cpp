@@ -1,4 +1,4 @@
-// Modules have no resources natively: a table that the program fills stands in for them.
+// Modules have no resources natively: the program fills a table with them.
 #include "simulator/functions/resources.h"
 
 #include <list>

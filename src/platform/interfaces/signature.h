@@ -9,7 +9,7 @@ namespace brindle::abi {
 
 struct IInspectable;
 
-// A runtime class stands in our declarations as a tag with its full Name and its Default interface.
+// A runtime class is declared here as a tag with its full Name and its Default interface.
 template <class T>
 concept RuntimeClass = requires {
     typename T::Default;
