@@ -18,6 +18,19 @@ constexpr double kFlatness = 2.07;
 double accumulated = 0.0;
 double currentAcceleration = 1.0;
 
+// Of the last computation. Set when the first rotation gets here, not when the library is loaded; the flag is
+// its own, as the clock may have any value.
+std::atomic<std::uint64_t> lastTick = 0;
+std::atomic<bool> started = false;
+
+// Another thread, or an event that arrives inside the call, may start it too: the first one counts. A local
+// static would not bear that: its guard ends the process when it is entered again.
+void StartClock() {
+    std::uint64_t unset = 0;
+    lastTick.compare_exchange_strong(unset, GetTickCount64());
+    started = true;
+}
+
 double FactorFor(double degrees) {
     double beyond = std::fabs(degrees) - kFreeDegrees;
     if (!(beyond > 0.0)) {
@@ -29,8 +42,9 @@ double FactorFor(double degrees) {
 }  // namespace
 
 double NextAcceleration(double delta_degrees) {
-    // When the first rotation gets here, not when the library is loaded.
-    static std::atomic<std::uint64_t> lastTick = GetTickCount64();
+    if (!started) {
+        StartClock();
+    }
     const std::uint64_t now = GetTickCount64();
     // The low halves only: right across their wrap, every 49.7 days.
     const std::uint32_t elapsed_ms =

@@ -219,8 +219,11 @@ double Library::NextAcceleration(double degrees) {
         return ticks;
     };
     if (!process_.clock_started) {
-        process_.clock_started = true;
-        process_.last_tick = now();
+        const std::uint64_t start = now();
+        if (!process_.clock_started) {  // an event inside the call may have started it
+            process_.clock_started = true;
+            process_.last_tick = start;
+        }
     }
     const std::uint64_t tick = now();
     const auto elapsed = static_cast<std::uint32_t>(tick) - static_cast<std::uint32_t>(process_.last_tick);

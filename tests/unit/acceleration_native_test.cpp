@@ -9,6 +9,7 @@
 
 #include "dial/acceleration.h"
 #include "simulator/dialsim.h"
+#include "support/inside_call.h"
 
 namespace brindle {
 namespace {
@@ -229,6 +230,16 @@ TEST(FirstRotationDeathTest, MayComeAtTheClocksLastMoment) {
     constexpr std::uint64_t kLast = UINT64_MAX;
     EXPECT_EXIT((NotifyTurn(kLast, 1.0), NotifyTurn(kLast, 1.0), std::_Exit(0)), testing::ExitedWithCode(0),
                 "1.000 after 2 looks at the clock;1.000 after 1 looks at the clock;");
+}
+
+// The inner rotation is the first one; the outer one finds the clock started.
+TEST(FirstRotationDeathTest, MayLetAnotherOneInWhileItAsksForTheTime) {
+    const auto turn_inside = [] {
+        const InsideCall turn("GetTickCount64", [] { TellOfTurn(700'000, 500.0); });
+        TellOfTurn(700'000, 500.0);
+    };
+    EXPECT_EXIT((turn_inside(), std::_Exit(0)), testing::ExitedWithCode(0),
+                "1.000 after 2 looks at the clock;1.000 after");
 }
 
 }  // namespace
