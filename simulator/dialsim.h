@@ -380,9 +380,9 @@ size_t dialsim_accounts(char* buffer, size_t size);
 
 /* Back to the start: no faults, no hook, an empty journal, the dial off the screen, button up, default
  * haptics, no resources, the dial alone among the devices, packaged as at the start, sleeps that sleep, the
- * system's entries in every menu, and fresh leak tracking (what is outstanding is no longer counted). Waits for
- * dialsim_wait_for_async and abandons what is pending; controllers and operations that still exist no longer
- * take part, and a recording ends. */
+ * system's entries in every menu, and fresh leak tracking (what is outstanding is no longer counted). Waits
+ * for dialsim_wait_for_async and abandons what is pending; controllers and operations that still exist no
+ * longer take part, and a recording ends. */
 void dialsim_reset(void);
 
 /* --- the library under test

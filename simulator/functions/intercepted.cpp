@@ -63,7 +63,8 @@ struct Code {
 
 template <class T>
 struct Out {
-    T* place;
+    explicit Out(T* result) : place(result) {}
+    T* const place;
 
     template <class Body>
     HRESULT Run(const char* operation, const std::string& arguments, Body body) const {
@@ -73,7 +74,8 @@ struct Out {
 
 template <class T>
 struct Value {
-    T failed;
+    explicit Value(T value) : failed(value) {}
+    const T failed;
 
     template <class Body>
     T Run(const char* operation, const std::string& arguments, Body body) const {
@@ -90,7 +92,8 @@ struct Value {
 
 template <class Otherwise>
 struct Else {
-    Otherwise otherwise;
+    explicit Else(Otherwise value) : otherwise(value) {}
+    const Otherwise otherwise;
 
     template <class Body>
     auto Run(const char* operation, const std::string& arguments, Body body) const {

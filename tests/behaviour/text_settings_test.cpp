@@ -283,6 +283,7 @@ TEST_F(TextSettings, WithoutAResourceACredentialOfAnotherResourceBlocksTheVaultT
 
 TEST_F(TextSettings, WithoutAResourceTheVaultRefusesAndTheContainersKeep) {
     EXPECT_EQ(set_string_in_storage(UTF16(""), kKey, UTF16("text")), 0);
+    EXPECT_EQ(dialsim_calls("ICredentialFactory::CreatePasswordCredential(, key)"), 1u);
     EXPECT_EQ(Store("vault"), "");
     EXPECT_EQ(Store("roaming"), StringEntry("text"));
     EXPECT_EQ(GetText(UTF16("")), UTF16("text"));

@@ -54,8 +54,7 @@ void CheckNumbers(const std::string& listing, const std::string& content) {
     for (const std::string& line : LinesOf(listing)) {
         const std::string word = line.substr(line.rfind(' ') + 1);
         if (word.find_first_not_of("-0123456789") == std::string::npos) {
-            Check(content.find(word) != std::string::npos,
-                  "a number that is listed is in the file: " + line);
+            Check(content.find(word) != std::string::npos, "a number that is listed is in the file: " + line);
         }
     }
 }

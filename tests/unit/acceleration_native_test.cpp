@@ -198,7 +198,7 @@ TEST_F(Acceleration, ALongHistoryFollowsTheRule) {
 
 // Each of these runs in a process of its own that has not turned the dial before.
 
-void NotifyTurn(std::uint64_t now, double degrees) {
+void PrintTurn(std::uint64_t now, double degrees) {
     dialsim_set_clock(now);
     dialsim_clear_journal();
     const double factor = NextAcceleration(degrees);
@@ -206,37 +206,36 @@ void NotifyTurn(std::uint64_t now, double degrees) {
 }
 
 TEST(FirstRotationDeathTest, StartsTheClockWhenItGetsHere) {
-    EXPECT_EXIT((NotifyTurn(700'000, 500.0), std::_Exit(0)), testing::ExitedWithCode(0),
+    EXPECT_EXIT((PrintTurn(700'000, 500.0), std::_Exit(0)), testing::ExitedWithCode(0),
                 "1.000 after 2 looks at the clock;");
 }
 
 TEST(FirstRotationDeathTest, IsPartOfTheSum) {
-    EXPECT_EXIT((NotifyTurn(700'000, 100.0), NotifyTurn(700'050, 10.0), std::_Exit(0)),
+    EXPECT_EXIT((PrintTurn(700'000, 100.0), PrintTurn(700'050, 10.0), std::_Exit(0)),
                 testing::ExitedWithCode(0), "5.831 after 1 looks at the clock;");
 }
 
 TEST(FirstRotationDeathTest, StartsThePauseToo) {
-    EXPECT_EXIT((NotifyTurn(700'000, 500.0), NotifyTurn(700'101, 20.0), std::_Exit(0)),
+    EXPECT_EXIT((PrintTurn(700'000, 500.0), PrintTurn(700'101, 20.0), std::_Exit(0)),
                 testing::ExitedWithCode(0), "2.528 after 1 looks at the clock;");
 }
 
 TEST(FirstRotationDeathTest, AloneReadsTheClockTwice) {
-    EXPECT_EXIT((NotifyTurn(700'000, 1.0), NotifyTurn(700'000, 1.0), std::_Exit(0)),
-                testing::ExitedWithCode(0),
+    EXPECT_EXIT((PrintTurn(700'000, 1.0), PrintTurn(700'000, 1.0), std::_Exit(0)), testing::ExitedWithCode(0),
                 "1.000 after 2 looks at the clock;1.000 after 1 looks at the clock;");
 }
 
 TEST(FirstRotationDeathTest, MayComeAtTheClocksLastMoment) {
     constexpr std::uint64_t kLast = UINT64_MAX;
-    EXPECT_EXIT((NotifyTurn(kLast, 1.0), NotifyTurn(kLast, 1.0), std::_Exit(0)), testing::ExitedWithCode(0),
+    EXPECT_EXIT((PrintTurn(kLast, 1.0), PrintTurn(kLast, 1.0), std::_Exit(0)), testing::ExitedWithCode(0),
                 "1.000 after 2 looks at the clock;1.000 after 1 looks at the clock;");
 }
 
 // The inner rotation is the first one; the outer one finds the clock started.
 TEST(FirstRotationDeathTest, MayLetAnotherOneInWhileItAsksForTheTime) {
     const auto turn_inside = [] {
-        const InsideCall turn("GetTickCount64", [] { TellOfTurn(700'000, 500.0); });
-        TellOfTurn(700'000, 500.0);
+        const InsideCall turn("GetTickCount64", [] { PrintTurn(700'000, 500.0); });
+        PrintTurn(700'000, 500.0);
     };
     EXPECT_EXIT((turn_inside(), std::_Exit(0)), testing::ExitedWithCode(0),
                 "1.000 after 2 looks at the clock;1.000 after");
