@@ -23,8 +23,7 @@ double currentAcceleration = 1.0;
 std::atomic<std::uint64_t> lastTick = 0;
 std::atomic<bool> started = false;
 
-// Another thread, or an event that arrives inside the call, may start it too: the first one counts. A local
-// static would not bear that: its guard ends the process when it is entered again.
+// Another thread, or an event that arrives inside the call, may start it too: the first one counts.
 void StartClock() {
     std::uint64_t unset = 0;
     lastTick.compare_exchange_strong(unset, GetTickCount64());

@@ -15,12 +15,12 @@
 namespace brindle {
 
 // Made, registered and ended on the host's thread; its handlers run on whatever thread the platform raises
-// events on. They hold a plain
-// pointer to the listener. The controller holds the only references to the handlers of its events, and each
-// menu item those of its own: when the controller goes with the listener, no event comes any more, and so
-// none is ever unsubscribed, on purpose. A host that kept the controller has to release it before. The
-// handler of a picture's load belongs to the platform's operation: no load may outlive the listener. No lock.
-// An event may arrive inside any platform call: an operation holds what it goes on with itself.
+// events on. They hold a plain pointer to the listener. The controller holds the only references to the
+// handlers of its events, and each menu item those of its own: when the controller goes with the listener, no
+// event comes any more, and so none is ever unsubscribed, on purpose. A host that kept the controller has to
+// release it before. The handler of a picture's load belongs to the platform's operation: no load may outlive
+// the listener. No lock. An event may arrive inside any platform call: an operation holds its own reference
+// to what it goes on with.
 class DialListener {
 public:
     explicit DialListener(IDialHost* host) : host_(host) {}
