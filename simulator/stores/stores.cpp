@@ -34,7 +34,18 @@ constexpr StoreFile kRoaming = {"roaming.json", Readers::Anyone, kSettingsDamage
 constexpr StoreFile kVault = {"vault.json", Readers::OwnerOnly, kVaultDamaged};
 constexpr const StoreFile* kStoreFiles[] = {&kLocal, &kRoaming, &kVault};
 
+// A file as it was last parsed. Parsing takes far longer than reading, and most operations change nothing.
+template <class Content>
+struct ParsedFile {
+    std::optional<std::string> json;  // nothing for a missing file
+    Content content;
+    std::string problem;  // why the file is damaged; empty if it is not
+};
+
 Mutex mutex;  // held while a store is used
+ParsedFile<Settings>& parsed_local = *new ParsedFile<Settings>;
+ParsedFile<Settings>& parsed_roaming = *new ParsedFile<Settings>;
+ParsedFile<Vault>& parsed_vault = *new ParsedFile<Vault>;
 std::optional<std::string>& given_folder = *new std::optional<std::string>;
 std::set<std::string>& reported_corrupt = *new std::set<std::string>;
 
@@ -57,39 +68,53 @@ HRESULT InFolder(Action action) {
 void Parse(const std::string& json, Settings& settings) { settings = SettingsFrom(json); }
 void Parse(const std::string& json, Vault& vault) { vault = VaultFrom(json); }
 
-// Says once what is wrong with a file, until it has been whole again.
 template <class Content>
-HRESULT Load(const StoreFolder& folder, const StoreFile& file, Content& content) {
+void ParseIfChanged(const std::optional<std::string>& json, ParsedFile<Content>& parsed) {
+    if (json == parsed.json) {
+        return;
+    }
+    parsed = {json, {}, {}};
+    try {
+        if (json) {
+            Parse(*json, parsed.content);
+        }
+    } catch (const std::runtime_error& reason) {
+        parsed.problem = reason.what();
+    }
+}
+
+// Reports a damaged file once, until it is whole again.
+template <class Content>
+HRESULT Load(const StoreFolder& folder, const StoreFile& file, ParsedFile<Content>& parsed) {
     std::optional<std::string> json;
     if (const HRESULT code = folder.Read(file.name, json); code < 0) {
         return code;
     }
+    ParseIfChanged(json, parsed);
     const std::string path = folder.PathOf(file.name);
-    try {
-        if (json) {
-            Parse(*json, content);
-        }
+    if (parsed.problem.empty()) {
         reported_corrupt.erase(path);
         return S_OK;
-    } catch (const std::runtime_error& reason) {
-        if (reported_corrupt.insert(path).second) {
-            std::fprintf(stderr, "dialsim: %s is damaged and left alone: %s\n", path.c_str(), reason.what());
-        }
-        return file.damaged;
     }
+    if (reported_corrupt.insert(path).second) {
+        std::fprintf(stderr, "dialsim: %s is damaged and left alone: %s\n", path.c_str(),
+                     parsed.problem.c_str());
+    }
+    return file.damaged;
 }
 
 template <class Content>
-HRESULT WithStore(const StoreFile& file, const std::function<HRESULT(Content&)>& use) {
+HRESULT WithStore(const StoreFile& file, ParsedFile<Content>& parsed,
+                  const std::function<HRESULT(Content&)>& use) {
     return InFolder([&](const StoreFolder& folder) {
-        Content content;
-        if (const HRESULT code = Load(folder, file, content); code < 0) {
+        if (const HRESULT code = Load(folder, file, parsed); code < 0) {
             return code;
         }
-        const Content before = content;
+        Content content = parsed.content;
         const HRESULT code = use(content);
-        return code < 0 || content == before ? code
-                                             : folder.Replace(file.name, ToJson(content), file.readers);
+        return code < 0 || content == parsed.content
+                   ? code
+                   : folder.Replace(file.name, ToJson(content), file.readers);
     });
 }
 
@@ -132,10 +157,11 @@ std::string VaultText() {
 }  // namespace
 
 HRESULT UseSettings(SettingsStore store, const std::function<HRESULT(Settings&)>& use) {
-    return WithStore(store == SettingsStore::Roaming ? kRoaming : kLocal, use);
+    return store == SettingsStore::Roaming ? WithStore(kRoaming, parsed_roaming, use)
+                                           : WithStore(kLocal, parsed_local, use);
 }
 
-HRESULT UseVault(const std::function<HRESULT(Vault&)>& use) { return WithStore(kVault, use); }
+HRESULT UseVault(const std::function<HRESULT(Vault&)>& use) { return WithStore(kVault, parsed_vault, use); }
 
 HRESULT PutSetting(SettingsStore store, const WideString& key, const Setting& setting, bool& replaced) {
     if (key.size() > kNameUnits) {
@@ -192,6 +218,9 @@ bool ClearStores() {
         for (const StoreFile* file : kStoreFiles) {
             removed = removed < 0 ? removed : folder.Remove(file->name);
         }
+        parsed_local = {};
+        parsed_roaming = {};
+        parsed_vault = {};
         return removed;
     });
     return code >= 0;
