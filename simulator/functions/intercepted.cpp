@@ -44,7 +44,7 @@ template <class... Parts>
 std::string JournalText(const Parts&... parts) {
     std::string text;
     [[maybe_unused]] const char* separator = "";
-    ((text += std::exchange(separator, ", ") + Part(parts)), ...);
+    (text.append(std::exchange(separator, ", ")).append(Part(parts)), ...);
     return text;
 }
 

@@ -3,6 +3,7 @@
 #include "simulator/system/text.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace dialsim {
 
@@ -10,12 +11,11 @@ namespace {
 
 thread_local int pause_depth = 0;
 
-bool Matches(std::string_view pattern, std::string_view operation, std::string_view call) {
-    return pattern == operation || pattern == call;
-}
-
 std::string CallText(std::string_view operation, std::string_view arguments) {
-    return std::string(operation) + "(" + std::string(arguments) + ")";
+    std::string call;
+    call.reserve(operation.size() + arguments.size() + 2);
+    call.append(operation).append("(").append(arguments).append(")");
+    return call;
 }
 
 bool Applies(Fault& fault) {
@@ -31,33 +31,35 @@ Journal& TheJournal() {
     return journal;
 }
 
+bool Journal::Line::Matches(std::string_view pattern) const {
+    return pattern == call || pattern == std::string_view(call).substr(0, operation_size);
+}
+
 Journal::Entry Journal::Begin(std::string_view operation, std::string_view arguments) {
-    const std::string call = CallText(operation, arguments);
-    CallHook hook = nullptr;
-    void* context = nullptr;
-    Entry entry{};
-    {
-        const std::lock_guard guard(mutex_);
-        entry = Write(operation, call);
-        hook = hook_;
-        context = hook_context_;
+    Line line{CallText(operation, arguments), operation.size(), S_OK};
+    std::unique_lock guard(mutex_);
+    if (hook_ == nullptr) {
+        return Write(std::move(line));
     }
-    if (hook != nullptr) {
-        hook(context, call.c_str());
-    }
+    const CallHook hook = hook_;
+    void* const context = hook_context_;
+    const std::string call = line.call;
+    const Entry entry = Write(std::move(line));
+    guard.unlock();
+    hook(context, call.c_str());
     return entry;
 }
 
 // With the lock held.
-Journal::Entry Journal::Write(std::string_view operation, const std::string& call) {
+Journal::Entry Journal::Write(Line line) {
     Entry entry{first_number_ + lines_.size(), std::nullopt};
     for (Fault& fault : faults_) {
         // Every fault counts every call, also where an earlier one applies already.
-        if (Matches(fault.pattern, operation, call) && Applies(fault) && !entry.fault) {
+        if (line.Matches(fault.pattern) && Applies(fault) && !entry.fault) {
             entry.fault = fault;
         }
     }
-    lines_.push_back({std::string(operation), call, S_OK});
+    lines_.push_back(std::move(line));
     return entry;
 }
 
@@ -70,7 +72,7 @@ void Journal::End(const Entry& entry, HRESULT code) {
 
 void Journal::Note(std::string_view event, std::string_view arguments) {
     const std::lock_guard guard(mutex_);
-    Write(event, CallText(event, arguments));
+    Write({CallText(event, arguments), event.size(), S_OK});
 }
 
 void Journal::Add(Fault fault) {
@@ -86,9 +88,8 @@ void Journal::SetCallHook(CallHook hook, void* context) {
 
 std::uint32_t Journal::Count(std::string_view pattern) {
     const std::lock_guard guard(mutex_);
-    return static_cast<std::uint32_t>(std::count_if(lines_.begin(), lines_.end(), [&](const Line& line) {
-        return Matches(pattern, line.operation, line.call);
-    }));
+    return static_cast<std::uint32_t>(
+        std::count_if(lines_.begin(), lines_.end(), [&](const Line& line) { return line.Matches(pattern); }));
 }
 
 std::string Journal::Text() {

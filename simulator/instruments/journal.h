@@ -54,12 +54,14 @@ public:
 
 private:
     struct Line {
-        std::string operation;
-        std::string call;
+        std::string call;  // "operation(arguments)"
+        std::size_t operation_size;
         HRESULT code;
+
+        bool Matches(std::string_view pattern) const;
     };
 
-    Entry Write(std::string_view operation, const std::string& call);
+    Entry Write(Line line);
 
     Mutex mutex_;
     std::deque<Line> lines_;

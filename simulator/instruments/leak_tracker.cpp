@@ -30,7 +30,7 @@ LeakTracker& TheLeakTracker() {
 void LeakTracker::TrackObject(const void* object, std::string_view class_name,
                               const std::atomic<std::uint32_t>& references) {
     const std::lock_guard guard(mutex_);
-    objects_.emplace(object, Entry{std::string(class_name), &references});
+    objects_.emplace(object, Entry{class_name, &references});
 }
 
 void LeakTracker::UntrackObject(const void* object) {
@@ -102,7 +102,7 @@ std::uint32_t LeakTracker::Blocks() {
 }
 
 std::string LeakTracker::Text() {
-    std::set<std::string> classes;
+    std::set<std::string_view> classes;
     {
         const std::lock_guard guard(mutex_);
         for (const auto& [object, entry] : objects_) {
@@ -110,7 +110,7 @@ std::string LeakTracker::Text() {
         }
     }
     std::string text;
-    for (const std::string& name : classes) {
+    for (const std::string_view name : classes) {
         text += Line(name, Objects(name));
     }
     if (const std::uint32_t strings = Strings(); strings > 0) {

@@ -22,7 +22,8 @@ public:
         std::uint32_t references = 0;
     };
 
-    // `object` is where it begins, for leak checkers; its count may be read until it is gone.
+    // `object` is where it begins, for leak checkers; its count may be read until it is gone. The name is a
+    // constant.
     void TrackObject(const void* object, std::string_view class_name,
                      const std::atomic<std::uint32_t>& references);
     void UntrackObject(const void* object);
@@ -47,7 +48,7 @@ public:
 private:
     Mutex mutex_;
     struct Entry {
-        std::string class_name;
+        std::string_view class_name;
         const std::atomic<std::uint32_t>* references;
     };
     std::map<const void*, Entry> objects_;

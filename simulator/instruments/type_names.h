@@ -66,7 +66,11 @@ constexpr std::string_view TypeName() {
 // "IRadialController::get_Menu"
 template <class Interface>
 std::string MethodName(std::string_view method) {
-    return std::string(TypeName<Interface>()).append("::").append(method);
+    constexpr std::string_view type = TypeName<Interface>();
+    std::string name;
+    name.reserve(type.size() + method.size() + 2);
+    name.append(type).append("::").append(method);
+    return name;
 }
 
 }  // namespace dialsim

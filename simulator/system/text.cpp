@@ -82,6 +82,7 @@ void AppendUtf8(std::string& utf8, char32_t character) {
 
 WideString Widen(std::string_view utf8) {
     WideString wide;
+    wide.reserve(utf8.size());
     while (!utf8.empty()) {
         const char32_t character = DecodeCharacter(utf8);
         if (character < 0x10000) {
@@ -96,6 +97,7 @@ WideString Widen(std::string_view utf8) {
 
 std::string Narrow(WideView wide) {
     std::string utf8;
+    utf8.reserve(wide.size());
     for (std::size_t i = 0; i < wide.size(); ++i) {
         const char32_t unit = wide[i];
         const bool high = unit >= 0xD800 && unit < 0xDC00;
