@@ -58,8 +58,9 @@ public:
     }
 
     // A text without NUL, of up to 64,512 units: a byte says how many units follow, whether they have one
-    // byte or two, and whether all of that is repeated.
-    WideText Text() {
+    // byte or two, and whether all of that is doubled, several times. A target whose limits are lower asks
+    // for fewer doublings: time goes with the length of texts.
+    WideText Text(std::size_t max_doublings = 10) {
         const std::uint8_t shape = Byte();
         WideText text;
         for (int i = 0; i < (shape & 0x3F); ++i) {
@@ -68,7 +69,7 @@ public:
         }
         text.erase(std::min(text.find(BrindleChar{}), text.size()));
         if ((shape & 0x40) != 0) {
-            for (std::size_t doublings = Below(11); doublings > 0; --doublings) {
+            for (std::size_t doublings = std::min(Below(11), max_doublings); doublings > 0; --doublings) {
                 text += WideText(text);
             }
         }
