@@ -12,7 +12,6 @@
 #include "simulator/classes/storage_file.h"
 #include "simulator/classes/streams.h"
 #include "simulator/classes/uri.h"
-#include "simulator/launcher/session.h"
 
 namespace dialsim {
 
@@ -43,7 +42,7 @@ constexpr ActivatableClassEntry kClasses[] = {
 }  // namespace
 
 HRESULT GetClassFactory(HSTRING class_name, const IID& iid, void** factory) {
-    OnFirstActivation();
+    FirstActivation().Emit();
     *factory = nullptr;
     const std::string wanted = Narrow(View(class_name));
     for (const ActivatableClassEntry& entry : kClasses) {
@@ -52,6 +51,11 @@ HRESULT GetClassFactory(HSTRING class_name, const IID& iid, void** factory) {
         }
     }
     return kClassNotRegistered;
+}
+
+OneShotSignal<>& FirstActivation() {
+    static OneShotSignal<>& signal = *new OneShotSignal<>;
+    return signal;
 }
 
 const char* ActivatableClass(std::size_t index) {

@@ -1,7 +1,6 @@
 #include "simulator/classes/controller.h"
 
 #include "simulator/classes/event_args.h"
-#include "simulator/launcher/session.h"
 
 namespace dialsim {
 
@@ -185,7 +184,7 @@ public:
             const JournalPause no_journal;
             const auto controller = Make<Controller>(window);
             const HRESULT code = controller->QueryInterface(iid, result);
-            OnFirstController(controller->window());
+            FirstController().Emit(controller->window());
             return code;
         });
     }
@@ -195,6 +194,11 @@ public:
 
 Ref<abi::IInspectable> MakeControllerFactory() {
     return Ref<abi::IInspectable>::Attach(new ControllerFactory);
+}
+
+OneShotSignal<std::uint64_t>& FirstController() {
+    static OneShotSignal<std::uint64_t>& signal = *new OneShotSignal<std::uint64_t>;
+    return signal;
 }
 
 }  // namespace dialsim

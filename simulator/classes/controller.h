@@ -5,6 +5,7 @@
 #include "simulator/classes/event.h"
 #include "simulator/classes/menu.h"
 #include "simulator/classes/object.h"
+#include "simulator/classes/one_shot_signal.h"
 #include "simulator/dial/dial.h"
 
 namespace dialsim {
@@ -76,5 +77,8 @@ private:
 };
 
 Ref<abi::IInspectable> MakeControllerFactory();
+
+// Emitted with its window when the first controller has been made.
+OneShotSignal<std::uint64_t>& FirstController();
 
 }  // namespace dialsim

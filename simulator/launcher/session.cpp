@@ -1,9 +1,10 @@
-#include "simulator/launcher/session.h"
-
+// What the environment asks for, for programs that do not name the simulator.
 #include <cstdio>
 #include <cstdlib>
 #include <string>
 
+#include "simulator/classes/activation.h"
+#include "simulator/classes/controller.h"
 #include "simulator/desktop/desktop.h"
 #include "simulator/dial/recording.h"
 #include "simulator/dial/script.h"
@@ -34,13 +35,13 @@ void InterceptHost() {
     dialsim_watch("brindle.dll");
 }
 
-bool RunSetupScript() {
+// DIALSIM_SETUP, to its end.
+void RunSetupScript() {
     const std::string setup = Environment("DIALSIM_SETUP");
     if (!setup.empty()) {
         InterceptHost();
         PlayFile(setup, false);
     }
-    return true;
 }
 
 // A program that was started for its script ends with it.
@@ -62,8 +63,9 @@ void StartRequestedRecording() {
     }
 }
 
-// Nobody waits for the script: the program may end before it does.
-bool StartSession(std::uint64_t window) {
+// DIALSIM_RECORD, _WINDOW and _SCRIPT, for the first window that gets a controller. Nobody waits for the
+// script: the program may end before it does.
+void StartSession(std::uint64_t window) {
     StartRequestedRecording();
     const bool has_dial = Environment("DIALSIM_WINDOW") == "1";
     const std::string script = Environment("DIALSIM_SCRIPT");
@@ -77,15 +79,17 @@ bool StartSession(std::uint64_t window) {
         Thread own = StartThread([=] { PlayAndClose(script, window); });
         Detach(own);
     }
-    return true;
 }
+
+// Each begins when the platform's classes say so, which know nothing of it.
+struct Session {
+    Session() {
+        FirstActivation().Subscribe(RunSetupScript);
+        FirstController().Subscribe(StartSession);
+    }
+};
+const Session session;
 
 }  // namespace
-
-void OnFirstActivation() { [[maybe_unused]] static const bool done = RunSetupScript(); }
-
-void OnFirstController(std::uint64_t window) {
-    [[maybe_unused]] static const bool done = StartSession(window);
-}
 
 }  // namespace dialsim
