@@ -4,14 +4,16 @@
 #include <algorithm>
 #include <cstring>
 
+#include "simulator/classes/api_information.h"
 #include "simulator/classes/application_data.h"
 #include "simulator/classes/async.h"
 #include "simulator/classes/configuration.h"
 #include "simulator/classes/controller.h"
+#include "simulator/classes/controllers.h"
 #include "simulator/classes/devices.h"
+#include "simulator/classes/event_raising.h"
 #include "simulator/classes/property_value.h"
 #include "simulator/dial/commands.h"
-#include "simulator/dial/dial.h"
 #include "simulator/dial/menu_model.h"
 #include "simulator/dial/open_menu.h"
 #include "simulator/dial/recording.h"
@@ -23,11 +25,14 @@
 #include "simulator/stores/stores.h"
 #include "simulator/system/clock.h"
 #include "simulator/system/files.h"
+#include "simulator/system/reset.h"
 #include "simulator/system/threads.h"
 
 namespace {
 
 using namespace dialsim;
+
+static_assert(kNoController == DIALSIM_NO_CONTROLLER && kHandlerRaised == DIALSIM_RAISED);
 
 std::size_t CopyOut(const std::string& text, char* buffer, std::size_t size) {
     if (buffer != nullptr && size > 0) {
@@ -48,14 +53,9 @@ bool AddFault(const Fault& fault) {
 
 Threads& scripts = *new Threads;  // never destroyed: a script may outlive main
 
-Ref<Controller> NewestOf(std::uint64_t window) {
-    const auto controllers = TheDial().ControllersOf(window);
-    return controllers.empty() ? Ref<Controller>() : controllers.back();
-}
-
 // The simulator's own hand in the menu is not journaled.
 bool AppendItem(std::uint64_t window, abi::IRadialControllerMenuItem* item) {
-    const Ref<Controller> controller = NewestOf(window);
+    const Ref<Controller> controller = NewestControllerOf(window);
     const JournalPause no_journal;
     return controller && controller->menu().items().Append(item) >= 0;
 }
@@ -80,14 +80,14 @@ void dialsim_close_menu() { CloseMenu(); }
 int32_t dialsim_acquire(uint64_t window) { return Acquire(window); }
 int32_t dialsim_lose(uint64_t window) { return Lose(window); }
 
-size_t dialsim_raised(char* buffer, size_t size) { return CopyOut(TheDial().Raised(), buffer, size); }
-void dialsim_raise_on_own_thread(bool own_thread) { TheDial().SetOwnThread(own_thread); }
+size_t dialsim_raised(char* buffer, size_t size) { return CopyOut(LastRaised(), buffer, size); }
+void dialsim_raise_on_own_thread(bool own_thread) { SetOwnThread(own_thread); }
 
 void dialsim_set_haptics(bool present, const uint16_t* waveforms, uint32_t count) {
     SetHaptics(present, std::vector<std::uint16_t>(waveforms, waveforms + count));
 }
 
-void dialsim_set_type_present(const char* type, bool present) { TheDial().SetTypePresent(type, present); }
+void dialsim_set_type_present(const char* type, bool present) { SetTypePresent(type, present); }
 
 size_t dialsim_menu(uint64_t window, char* buffer, size_t size) {
     return CopyOut(MenuText(window), buffer, size);
@@ -97,7 +97,7 @@ size_t dialsim_menu_svg(uint64_t window, char* buffer, size_t size) {
 }
 
 uint32_t dialsim_system_items(uint64_t window, int32_t* kinds, uint32_t capacity) {
-    const Ref<Controller> controller = NewestOf(window);
+    const Ref<Controller> controller = NewestControllerOf(window);
     const auto shown = SystemItems(controller ? controller->window() : window);
     std::copy_n(shown.begin(), std::min<std::size_t>(shown.size(), capacity), kinds);
     return static_cast<uint32_t>(shown.size());
@@ -121,7 +121,7 @@ bool dialsim_append_item(uint64_t window, const char* tag_kind, uint32_t value) 
     return AppendItem(window, MakeItem("appended", tag.get()).get());
 }
 bool dialsim_shrink_menu_after(uint64_t window, uint32_t calls) {
-    const Ref<Controller> controller = NewestOf(window);
+    const Ref<Controller> controller = NewestControllerOf(window);
     if (controller) {
         controller->menu().items().ShrinkAfter(calls);
     }
@@ -253,5 +253,5 @@ void dialsim_reset() {
     ResetPackaged();
     TheJournal().Reset();
     TheLeakTracker().Reset();
-    TheDial().Reset();
+    ResetAll();
 }

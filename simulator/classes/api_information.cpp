@@ -1,10 +1,27 @@
 #include "simulator/classes/api_information.h"
 
-#include "simulator/dial/dial.h"
+#include <mutex>
+#include <set>
+
+#include "simulator/system/reset.h"
+#include "sync.h"
 
 namespace dialsim {
 
 namespace {
+
+Mutex missing_types_mutex;
+std::set<std::string>& missing_types = *new std::set<std::string>;
+
+bool IsTypeMissing(const std::string& type) {
+    const std::lock_guard guard(missing_types_mutex);
+    return missing_types.contains(type);
+}
+
+const ResetAction restore_types(ResetPhase::State, [] {
+    const std::lock_guard guard(missing_types_mutex);
+    missing_types.clear();
+});
 
 // Types can be made to be missing; of what is finer than a type, everything is there.
 class ApiInformation final : public Object<abi::IApiInformationStatics> {
@@ -51,7 +68,7 @@ private:
     static HRESULT Answer(std::string_view method, HSTRING name, boolean* result) {
         const std::string type = Narrow(View(name));
         return PerformInto(MethodName<Interface>(method), type, result, [&] {
-            *result = TheDial().TypePresent(type);
+            *result = !IsTypeMissing(type);
             return S_OK;
         });
     }
@@ -60,5 +77,14 @@ private:
 }  // namespace
 
 Ref<abi::IInspectable> MakeApiInformation() { return Ref<abi::IInspectable>::Attach(new ApiInformation); }
+
+void SetTypePresent(const std::string& type, bool present) {
+    const std::lock_guard guard(missing_types_mutex);
+    if (present) {
+        missing_types.erase(type);
+    } else {
+        missing_types.insert(type);
+    }
+}
 
 }  // namespace dialsim

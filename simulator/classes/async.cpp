@@ -3,8 +3,6 @@
 #include <algorithm>
 
 #include "simulator/classes/vectors.h"
-#include "simulator/dial/commands.h"
-#include "simulator/dialsim.h"
 #include "simulator/functions/real.h"
 #include "simulator/system/clock.h"
 
@@ -34,14 +32,6 @@ AsyncOperations& TheAsyncOperations() {
     // Never destroyed: operations may complete after the end of main.
     static AsyncOperations& operations = *new AsyncOperations;
     return operations;
-}
-
-HRESULT CodeOf(const Outcome& outcome) {
-    if (outcome.raised) {
-        TheDial().SetRaised(outcome.what);
-        return DIALSIM_RAISED;
-    }
-    return outcome.code;
 }
 
 AsyncMode AsyncOperations::Register(Completable* operation) {

@@ -84,9 +84,6 @@ private:
 
 AsyncOperations& TheAsyncOperations();
 
-// How the journal and the list print the handler's result.
-HRESULT CodeOf(const Outcome& outcome);
-
 template <class Result>
 class AsyncOperation final : public Object<abi::IAsyncOperation<Result>, abi::IAsyncInfo>,
                              public Completable {

@@ -1,5 +1,6 @@
 #include "simulator/classes/controller.h"
 
+#include "simulator/classes/controllers.h"
 #include "simulator/classes/event_args.h"
 
 namespace dialsim {
@@ -29,11 +30,11 @@ Controller::Controller(HWND window)
     : Object(abi::RadialController::Name),
       window_(reinterpret_cast<std::uint64_t>(window)),
       menu_(Make<RadialMenu>()) {
-    TheDial().AddController(this);
+    AddController(this);
 }
 
 Controller::~Controller() {
-    TheDial().RemoveController(this);
+    RemoveController(this);
     TheJournal().Note("end of RadialController", std::to_string(window_));
 }
 
@@ -194,11 +195,6 @@ public:
 
 Ref<abi::IInspectable> MakeControllerFactory() {
     return Ref<abi::IInspectable>::Attach(new ControllerFactory);
-}
-
-OneShotSignal<std::uint64_t>& FirstController() {
-    static OneShotSignal<std::uint64_t>& signal = *new OneShotSignal<std::uint64_t>;
-    return signal;
 }
 
 }  // namespace dialsim

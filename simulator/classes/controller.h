@@ -2,11 +2,10 @@
 #pragma once
 
 #include "platform/interfaces/ui_input.h"
+#include "simulator/classes/dial_state.h"
 #include "simulator/classes/event.h"
 #include "simulator/classes/menu.h"
 #include "simulator/classes/object.h"
-#include "simulator/classes/one_shot_signal.h"
-#include "simulator/dial/dial.h"
 
 namespace dialsim {
 
@@ -77,8 +76,5 @@ private:
 };
 
 Ref<abi::IInspectable> MakeControllerFactory();
-
-// Emitted with its window when the first controller has been made.
-OneShotSignal<std::uint64_t>& FirstController();
 
 }  // namespace dialsim

@@ -5,28 +5,15 @@
 #include <exception>
 #include <memory>
 #include <mutex>
-#include <string>
 #include <utility>
 #include <vector>
 
+#include "simulator/classes/event_raising.h"
 #include "simulator/classes/object.h"
 #include "simulator/functions/marshal.h"
 #include "sync.h"
 
 namespace dialsim {
-
-// What became of a raised event: the first failure among its handlers.
-struct Outcome {
-    HRESULT code = S_OK;
-    bool raised = false;
-    std::string what;
-
-    void Join(Outcome other) {
-        if (code >= 0 && !raised) {
-            *this = std::move(other);
-        }
-    }
-};
 
 inline constexpr HRESULT kWrongThread = static_cast<HRESULT>(0x8001010E);  // RPC_E_WRONG_THREAD
 

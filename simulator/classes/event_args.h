@@ -2,9 +2,9 @@
 #pragma once
 
 #include "platform/interfaces/ui_input.h"
+#include "simulator/classes/dial_state.h"
 #include "simulator/classes/haptics.h"
 #include "simulator/classes/object.h"
-#include "simulator/dial/dial.h"
 
 namespace dialsim {
 

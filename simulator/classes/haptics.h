@@ -2,8 +2,8 @@
 #pragma once
 
 #include "platform/interfaces/haptics.h"
+#include "simulator/classes/dial_state.h"
 #include "simulator/classes/object.h"
-#include "simulator/dial/dial.h"
 
 namespace dialsim {
 

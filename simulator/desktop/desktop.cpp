@@ -8,11 +8,11 @@
 #include <vector>
 
 #include "simulator/classes/controller.h"
+#include "simulator/classes/controllers.h"
 #include "simulator/desktop/dial_window.h"
 #include "simulator/desktop/gdiplus_session.h"
 #include "simulator/desktop/surface.h"
-#include "simulator/dial/dial.h"
-#include "simulator/functions/strings.h"
+#include "simulator/system/text.h"
 
 namespace dialsim {
 
@@ -25,8 +25,8 @@ constexpr std::uint32_t kBackdrop = 0xC9D3DF;
 constexpr CLSID kPngEncoder = {0x557CF406, 0x1A04, 0x11D3, {0x9A, 0x73, 0x00, 0x00, 0xF8, 0x1E, 0xF3, 0x2E}};
 
 HWND HandleOf(std::uint64_t window) {
-    const auto controllers = TheDial().ControllersOf(window);
-    return reinterpret_cast<HWND>(controllers.empty() ? 0 : controllers.back()->window());
+    const auto controller = NewestControllerOf(window);
+    return reinterpret_cast<HWND>(controller ? controller->window() : 0);
 }
 
 // What is on the screen at the places, on a plain ground.

@@ -3,11 +3,12 @@
 #include <atomic>
 #include <cstdio>
 
+#include "simulator/classes/event_raising.h"
 #include "simulator/desktop/ring_window.h"
 #include "simulator/desktop/surface.h"
 #include "simulator/dial/commands.h"
+#include "simulator/dial/dial.h"
 #include "simulator/dial/open_menu.h"
-#include "simulator/dialsim.h"
 
 namespace dialsim {
 
@@ -81,8 +82,8 @@ void DrawDial(const Surface& surface, const DialState& state) {
 
 // On Windows the process would end here.
 void Report(HRESULT code) {
-    if (code == DIALSIM_RAISED) {
-        std::fprintf(stderr, "dial: a handler raised: %s\n", TheDial().Raised().c_str());
+    if (code == kHandlerRaised) {
+        std::fprintf(stderr, "dial: a handler raised: %s\n", LastRaised().c_str());
     }
 }
 

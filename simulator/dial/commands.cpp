@@ -1,11 +1,11 @@
 #include "simulator/dial/commands.h"
 
-#include "simulator/classes/async.h"
 #include "simulator/classes/controller.h"
+#include "simulator/classes/controllers.h"
 #include "simulator/desktop/desktop.h"
+#include "simulator/dial/dial.h"
 #include "simulator/dial/open_menu.h"
 #include "simulator/dial/recording.h"
-#include "simulator/dialsim.h"
 #include "simulator/system/clock.h"
 
 namespace dialsim {
@@ -15,9 +15,9 @@ namespace {
 // Raises an event on every controller of the window, on the thread that is set for it.
 template <class RaiseOne>
 HRESULT RaiseAt(std::uint64_t window, RaiseOne raise_one) {
-    const auto controllers = TheDial().ControllersOf(window);
+    const auto controllers = ControllersOf(window);
     if (controllers.empty()) {
-        return DIALSIM_NO_CONTROLLER;
+        return kNoController;
     }
     Outcome outcome;
     RunOnEventThread([&] {

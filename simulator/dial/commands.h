@@ -7,26 +7,17 @@
 
 #include "platform/types.h"
 #include "simulator/desktop/desktop.h"
-#include "simulator/dial/dial.h"
 
 namespace dialsim {
 
-// On the thread that is set for what the platform raises; returns when it is done.
-template <class Body>
-void RunOnEventThread(Body body) {
-    if (TheDial().OwnThread()) {
-        Thread own = StartThread(body);
-        Join(own);
-    } else {
-        body();
-    }
-}
+// No controller exists for the window: ERROR_NOT_FOUND.
+inline constexpr HRESULT kNoController = static_cast<HRESULT>(0x80070490);
 
 HRESULT Turn(std::uint64_t window, double degrees);
 HRESULT Click(std::uint64_t window);
 void Hold(bool down);
-HRESULT Touch(std::uint64_t window, const abi::Rect& bounds);
-HRESULT Move(std::uint64_t window, const abi::Rect& bounds);
+HRESULT Touch(std::uint64_t window, const brindle::abi::Rect& bounds);
+HRESULT Move(std::uint64_t window, const brindle::abi::Rect& bounds);
 HRESULT Lift(std::uint64_t window);
 HRESULT Choose(std::uint64_t window, std::uint32_t item);
 HRESULT Acquire(std::uint64_t window);

@@ -7,6 +7,7 @@
 
 #include "simulator/classes/configuration.h"
 #include "simulator/classes/controller.h"
+#include "simulator/classes/controllers.h"
 #include "simulator/classes/property_value.h"
 #include "simulator/functions/real.h"
 
@@ -57,15 +58,14 @@ std::string HapticsText(const MenuModel& menu) {
 }  // namespace
 
 std::optional<MenuModel> ReadMenu(std::uint64_t window) {
-    const auto controllers = TheDial().ControllersOf(window);
-    if (controllers.empty()) {
+    const auto controller = NewestControllerOf(window);
+    if (!controller) {
         return {};
     }
     const JournalPause no_journal;
-    Controller& controller = *controllers.back().get();
-    MenuModel menu{controller.window()};
-    const auto selected = controller.menu().Selected();
-    for (const auto& item : controller.menu().items().Snapshot()) {
+    MenuModel menu{controller->window()};
+    const auto selected = controller->menu().Selected();
+    for (const auto& item : controller->menu().items().Snapshot()) {
         if (item) {
             menu.items.push_back({true, item.get() == selected.get(), LabelOf(*item.get()),
                                   PictureOf(*item.get()), TagOf(*item.get())});
@@ -74,7 +74,7 @@ std::optional<MenuModel> ReadMenu(std::uint64_t window) {
         }
     }
     menu.system_items = SystemItems(menu.window);
-    menu.automatic_haptics = controller.automatic_haptics();
+    menu.automatic_haptics = controller->automatic_haptics();
     return menu;
 }
 

@@ -5,7 +5,7 @@
 #include <limits>
 #include <mutex>
 
-#include "simulator/dial/dial.h"
+#include "simulator/classes/controllers.h"
 #include "simulator/system/clock.h"
 #include "simulator/system/files.h"
 #include "sync.h"
@@ -31,7 +31,7 @@ void WriteLine(const std::string& line) {
 
 // Its place in the order of their first controllers: handles differ from run to run.
 std::string WindowName(std::uint64_t window) {
-    const std::size_t place = TheDial().WindowNumber(window);
+    const std::size_t place = WindowNumber(window);
     std::string name = place == 0 ? "" : "@";
     name += std::to_string(place == 0 ? window : place);
     return name;

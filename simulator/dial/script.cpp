@@ -10,13 +10,13 @@
 
 #include "simulator/classes/application_data.h"
 #include "simulator/classes/async.h"
+#include "simulator/classes/controllers.h"
 #include "simulator/classes/devices.h"
+#include "simulator/classes/event_raising.h"
 #include "simulator/desktop/desktop.h"
 #include "simulator/dial/commands.h"
-#include "simulator/dial/dial.h"
 #include "simulator/dial/menu_model.h"
 #include "simulator/dial/open_menu.h"
-#include "simulator/dialsim.h"
 #include "simulator/instruments/journal.h"
 #include "simulator/instruments/leak_tracker.h"
 #include "simulator/instruments/operations.h"
@@ -199,7 +199,7 @@ const Command kCommands[] = {
      [](const Words& words) -> Action {
          if (words[1].starts_with('@')) {
              return WithoutResult([place = Parse<std::uint32_t>(words[1].substr(1))](Player& player) {
-                 player.window = TheDial().WindowAt(place);
+                 player.window = WindowAt(place);
              });
          }
          return WithoutResult(
@@ -215,8 +215,7 @@ const Command kCommands[] = {
      }},
     {"thread", 2, 2,
      [](const Words& words) -> Action {
-         return WithoutResult(
-             [own = ParseChoice(words[1], "own", "caller")](Player&) { TheDial().SetOwnThread(own); });
+         return WithoutResult([own = ParseChoice(words[1], "own", "caller")](Player&) { SetOwnThread(own); });
      }},
     {"fail", 3, 5,
      [](const Words& words) -> Action {
@@ -324,11 +323,10 @@ std::vector<Line> ParseLines(const std::string& script) {
 
 // An event that came to nothing is no error of the script, but its author wants to know.
 void Report(int number, HRESULT code) {
-    if (code == DIALSIM_NO_CONTROLLER) {
+    if (code == kNoController) {
         std::fprintf(stderr, "dial script, line %d: no window listens\n", number);
-    } else if (code == DIALSIM_RAISED) {
-        std::fprintf(stderr, "dial script, line %d: a handler raised: %s\n", number,
-                     TheDial().Raised().c_str());
+    } else if (code == kHandlerRaised) {
+        std::fprintf(stderr, "dial script, line %d: a handler raised: %s\n", number, LastRaised().c_str());
     } else if (code < 0) {
         std::fprintf(stderr, "dial script, line %d: a handler answered %x\n", number,
                      static_cast<unsigned>(code));

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "simulator/classes/activation.h"
-#include "simulator/classes/controller.h"
+#include "simulator/classes/controllers.h"
 #include "simulator/desktop/desktop.h"
 #include "simulator/dial/recording.h"
 #include "simulator/dial/script.h"

@@ -1,0 +1,85 @@
+#include "simulator/classes/controllers.h"
+
+#include <algorithm>
+#include <mutex>
+
+#include "simulator/classes/controller.h"
+#include "simulator/system/reset.h"
+#include "sync.h"
+
+namespace dialsim {
+
+namespace {
+
+struct Registry {
+    Mutex mutex;
+    std::vector<Controller*> controllers;
+    std::vector<std::uint64_t> windows;  // that have had a controller
+};
+
+// Never destroyed: controllers may leave after the end of main.
+Registry& registry = *new Registry;
+
+// With the mutex held: 0 becomes the window of the controller made last, if there is one.
+std::uint64_t Resolve(std::uint64_t window) {
+    return window == 0 && !registry.controllers.empty() ? registry.controllers.back()->window() : window;
+}
+
+// Controllers that still exist no longer take part.
+const ResetAction forget_controllers(ResetPhase::State, [] {
+    const std::lock_guard guard(registry.mutex);
+    registry.controllers.clear();
+    registry.windows.clear();
+});
+
+}  // namespace
+
+void AddController(Controller* controller) {
+    const std::lock_guard guard(registry.mutex);
+    registry.controllers.push_back(controller);
+    auto& windows = registry.windows;
+    if (std::find(windows.begin(), windows.end(), controller->window()) == windows.end()) {
+        windows.push_back(controller->window());
+    }
+}
+
+void RemoveController(Controller* controller) {
+    const std::lock_guard guard(registry.mutex);
+    std::erase(registry.controllers, controller);
+}
+
+std::vector<Ref<Controller>> ControllersOf(std::uint64_t window) {
+    const std::lock_guard guard(registry.mutex);
+    window = Resolve(window);
+    std::vector<Ref<Controller>> found;
+    for (Controller* controller : registry.controllers) {
+        if (controller->window() == window && controller->TryAddRef()) {
+            found.push_back(Ref<Controller>::Attach(controller));
+        }
+    }
+    return found;
+}
+
+Ref<Controller> NewestControllerOf(std::uint64_t window) {
+    const auto controllers = ControllersOf(window);
+    return controllers.empty() ? Ref<Controller>() : controllers.back();
+}
+
+std::size_t WindowNumber(std::uint64_t window) {
+    const std::lock_guard guard(registry.mutex);
+    const auto& windows = registry.windows;
+    const auto found = std::find(windows.begin(), windows.end(), Resolve(window));
+    return found == windows.end() ? 0 : static_cast<std::size_t>(found - windows.begin()) + 1;
+}
+
+std::uint64_t WindowAt(std::size_t place) {
+    const std::lock_guard guard(registry.mutex);
+    return place >= 1 && place <= registry.windows.size() ? registry.windows[place - 1] : kNoWindow;
+}
+
+OneShotSignal<std::uint64_t>& FirstController() {
+    static OneShotSignal<std::uint64_t>& signal = *new OneShotSignal<std::uint64_t>;
+    return signal;
+}
+
+}  // namespace dialsim

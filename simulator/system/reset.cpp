@@ -1,0 +1,28 @@
+#include "simulator/system/reset.h"
+
+namespace dialsim {
+
+namespace {
+
+// A constant until the first action is made, whichever file's that is. Complete when the simulator is loaded:
+// no lock.
+constinit const ResetAction* first_action = nullptr;
+
+}  // namespace
+
+ResetAction::ResetAction(ResetPhase phase, void (*action)())
+    : phase_(phase), action_(action), next_(first_action) {
+    first_action = this;
+}
+
+void ResetAll() {
+    for (const ResetPhase phase : {ResetPhase::Work, ResetPhase::State, ResetPhase::Instruments}) {
+        for (const ResetAction* action = first_action; action != nullptr; action = action->next_) {
+            if (action->phase_ == phase) {
+                action->action_();
+            }
+        }
+    }
+}
+
+}  // namespace dialsim
