@@ -18,6 +18,7 @@
 #include "simulator/dial/open_menu.h"
 #include "simulator/dial/recording.h"
 #include "simulator/dial/script.h"
+#include "simulator/functions/intercepted.h"
 #include "simulator/functions/resources.h"
 #include "simulator/instruments/journal.h"
 #include "simulator/instruments/leak_tracker.h"
@@ -255,3 +256,5 @@ void dialsim_reset() {
     TheLeakTracker().Reset();
     ResetAll();
 }
+
+bool dialsim_watch(const char* module) { return InterceptModule(module); }

@@ -1,5 +1,4 @@
-#include "simulator/desktop/desktop.h"
-
+// The desktop of Windows.
 #include <windows.h>
 // after windows.h
 #include <gdiplus.h>
@@ -12,6 +11,7 @@
 #include "simulator/desktop/dial_window.h"
 #include "simulator/desktop/gdiplus_session.h"
 #include "simulator/desktop/surface.h"
+#include "simulator/dial/desktop_port.h"
 #include "simulator/system/text.h"
 
 namespace dialsim {
@@ -60,40 +60,50 @@ bool WritePng(const Surface& surface, const std::string& path) {
     return opaque->Save(Widen(path).c_str(), &kPngEncoder, nullptr) == Gdiplus::Ok;
 }
 
+class WindowsDesktop final : public DesktopPort {
+public:
+    void OpenDial(std::uint64_t window) override { OpenDialWindow(window); }
+
+    void CloseWindow(std::uint64_t window) override {
+        PostMessageW(reinterpret_cast<HWND>(window), WM_CLOSE, 0, 0);
+    }
+
+    void UpdateDisplay() override { RedrawDialWindow(); }
+
+    bool SendMouse(std::uint64_t window, MouseAction action, int x, int y) override {
+        const UINT message = action == MouseAction::Down   ? WM_LBUTTONDOWN
+                             : action == MouseAction::Move ? WM_MOUSEMOVE
+                                                           : WM_LBUTTONUP;
+        const WPARAM buttons = action == MouseAction::Up ? 0 : MK_LBUTTON;
+        const HWND host = HandleOf(window);
+        SendMessageW(host, message, buttons, MAKELPARAM(x, y));
+        return IsWindow(host) != FALSE;
+    }
+
+    bool WriteScreenshot(std::uint64_t window, const std::string& path) override {
+        std::vector<RECT> places = {ClientScreenRect(HandleOf(window))};
+        if (const HWND dial = TheDialWindow()) {
+            places.push_back(ClientScreenRect(dial));
+        }
+        RECT all{};
+        for (const RECT& place : places) {
+            UnionRect(&all, &all, &place);
+        }
+        if (IsRectEmpty(&all)) {
+            return false;
+        }
+        const Surface surface(all.right - all.left + 2 * kMargin, all.bottom - all.top + 2 * kMargin);
+        CaptureScreen(surface, places, {all.left - kMargin, all.top - kMargin});
+        QuantizeColors(surface);
+        return WritePng(surface, path);
+    }
+};
+
+struct Installation {
+    Installation() { InstallDesktop(desktop); }
+    WindowsDesktop desktop;
+} installation;
+
 }  // namespace
-
-void OpenDial(std::uint64_t window) { OpenDialWindow(window); }
-
-void CloseWindow(std::uint64_t window) { PostMessageW(reinterpret_cast<HWND>(window), WM_CLOSE, 0, 0); }
-
-void UpdateDisplay() { RedrawDialWindow(); }
-
-bool SendMouse(std::uint64_t window, MouseAction action, int x, int y) {
-    const UINT message = action == MouseAction::Down   ? WM_LBUTTONDOWN
-                         : action == MouseAction::Move ? WM_MOUSEMOVE
-                                                       : WM_LBUTTONUP;
-    const WPARAM buttons = action == MouseAction::Up ? 0 : MK_LBUTTON;
-    const HWND host = HandleOf(window);
-    SendMessageW(host, message, buttons, MAKELPARAM(x, y));
-    return IsWindow(host) != FALSE;
-}
-
-bool WriteScreenshot(std::uint64_t window, const std::string& path) {
-    std::vector<RECT> places = {ClientScreenRect(HandleOf(window))};
-    if (const HWND dial = TheDialWindow()) {
-        places.push_back(ClientScreenRect(dial));
-    }
-    RECT all{};
-    for (const RECT& place : places) {
-        UnionRect(&all, &all, &place);
-    }
-    if (IsRectEmpty(&all)) {
-        return false;
-    }
-    const Surface surface(all.right - all.left + 2 * kMargin, all.bottom - all.top + 2 * kMargin);
-    CaptureScreen(surface, places, {all.left - kMargin, all.top - kMargin});
-    QuantizeColors(surface);
-    return WritePng(surface, path);
-}
 
 }  // namespace dialsim

@@ -2,7 +2,6 @@
 
 #include "simulator/classes/controller.h"
 #include "simulator/classes/controllers.h"
-#include "simulator/desktop/desktop.h"
 #include "simulator/dial/dial.h"
 #include "simulator/dial/open_menu.h"
 #include "simulator/dial/recording.h"
@@ -42,7 +41,7 @@ HRESULT Turn(std::uint64_t window, double degrees) {
     if (MoveHighlight(degrees)) {
         return S_OK;
     }
-    UpdateDisplay();
+    TheDesktop().UpdateDisplay();
     return RaiseAt(window, [=](Controller& controller, const DialState& state) {
         return controller.RaiseRotation(state, degrees);
     });
@@ -61,7 +60,7 @@ HRESULT Click(std::uint64_t window) {
 void Hold(bool down) {
     const RecordingScope action(down ? "hold" : "release");
     TheDial().Update([=](DialState& state) { state.button_down = down; });
-    UpdateDisplay();
+    TheDesktop().UpdateDisplay();
 }
 
 HRESULT Touch(std::uint64_t window, const abi::Rect& bounds) {
@@ -109,7 +108,7 @@ HRESULT Choose(std::uint64_t window, std::uint32_t item) {
 bool UseMouse(std::uint64_t window, MouseAction button, int x, int y) {
     constexpr const char* kNames[] = {" down", " move", " up"};
     const RecordingScope action(window, Command("mouse", x, y) + kNames[static_cast<int>(button)]);
-    return SendMouse(window, button, x, y);
+    return TheDesktop().SendMouse(window, button, x, y);
 }
 
 void Settle() {

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "platform/types.h"
-#include "simulator/desktop/desktop.h"
+#include "simulator/dial/desktop_port.h"
 
 namespace dialsim {
 

@@ -3,7 +3,7 @@
 #include <cmath>
 #include <mutex>
 
-#include "simulator/desktop/desktop.h"
+#include "simulator/dial/desktop_port.h"
 #include "simulator/dial/menu_model.h"
 #include "simulator/dial/recording.h"
 #include "sync.h"
@@ -29,7 +29,7 @@ void SetOpenMenu(std::optional<OpenMenu> menu) {
         const std::lock_guard guard(TheState().mutex);
         TheState().menu = menu;
     }
-    UpdateDisplay();
+    TheDesktop().UpdateDisplay();
 }
 
 std::int64_t ItemCount(std::uint64_t window) {

@@ -13,7 +13,6 @@
 #include "simulator/classes/controllers.h"
 #include "simulator/classes/devices.h"
 #include "simulator/classes/event_raising.h"
-#include "simulator/desktop/desktop.h"
 #include "simulator/dial/commands.h"
 #include "simulator/dial/menu_model.h"
 #include "simulator/dial/open_menu.h"
@@ -182,7 +181,7 @@ const Command kCommands[] = {
     {"shot", 2, 2,
      [](const Words& words) -> Action {
          return WithoutResult([file = words[1]](Player& player) {
-             ReportIfFailed(WriteScreenshot(player.window, file),
+             ReportIfFailed(TheDesktop().WriteScreenshot(player.window, file),
                             "the screen cannot be written to '" + file + "'");
          });
      }},

@@ -5,10 +5,10 @@
 
 #include "simulator/classes/activation.h"
 #include "simulator/classes/controllers.h"
-#include "simulator/desktop/desktop.h"
+#include "simulator/dial/desktop_port.h"
 #include "simulator/dial/recording.h"
 #include "simulator/dial/script.h"
-#include "simulator/dialsim.h"
+#include "simulator/functions/intercepted.h"
 #include "simulator/stores/store_files.h"
 #include "simulator/system/files.h"
 #include "sync.h"
@@ -31,8 +31,8 @@ bool PlayFile(const std::string& path, bool real_time) {
 
 // The host does not know of the simulator: nobody else puts it in the place of what Wine lacks.
 void InterceptHost() {
-    dialsim_watch(nullptr);
-    dialsim_watch("brindle.dll");
+    InterceptModule(nullptr);
+    InterceptModule("brindle.dll");
 }
 
 // DIALSIM_SETUP, to its end.
@@ -53,7 +53,7 @@ void PlayAndClose(const std::string& path, std::uint64_t window) {
     if (!played) {
         std::_Exit(kUsageError);
     }
-    CloseWindow(window);
+    TheDesktop().CloseWindow(window);
 }
 
 void StartRequestedRecording() {
@@ -73,7 +73,7 @@ void StartSession(std::uint64_t window) {
         InterceptHost();
     }
     if (has_dial) {
-        OpenDial(window);
+        TheDesktop().OpenDial(window);
     }
     if (!script.empty()) {
         Thread own = StartThread([=] { PlayAndClose(script, window); });

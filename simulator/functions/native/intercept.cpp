@@ -1,4 +1,8 @@
-#include "simulator/dialsim.h"
+// The flat functions under their published names, for programs that are linked natively.
+#include "simulator/functions/intercepted.h"
 
-// The library is linked to the simulator's functions: there is nothing to put in between.
-bool dialsim_watch(const char* /*module*/) { return true; }
+#define EXPORT(result, name, parameters, arguments, ...) \
+    result name parameters { return dialsim::intercepted::name arguments; }
+PLATFORM_FUNCTIONS(EXPORT)
+
+bool dialsim::InterceptModule(const char* /*module*/) { return true; }

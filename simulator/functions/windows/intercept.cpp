@@ -1,7 +1,6 @@
 // Puts the simulator between a module and the platform's flat functions, by way of the module's import table.
 #include <cstring>
 
-#include "simulator/dialsim.h"
 #include "simulator/functions/intercepted.h"
 
 namespace {
@@ -52,7 +51,7 @@ void HookLibraryImports(char* base, const IMAGE_IMPORT_DESCRIPTOR& library) {
 
 }  // namespace
 
-bool dialsim_watch(const char* module) {
+bool dialsim::InterceptModule(const char* module) {
     auto* base = reinterpret_cast<char*>(GetModuleHandleA(module));
     if (base == nullptr) {
         return false;
