@@ -5,7 +5,6 @@
 #include <cstring>
 
 #include "simulator/classes/api_information.h"
-#include "simulator/classes/application_data.h"
 #include "simulator/classes/async.h"
 #include "simulator/classes/configuration.h"
 #include "simulator/classes/controller.h"
@@ -23,9 +22,10 @@
 #include "simulator/instruments/journal.h"
 #include "simulator/instruments/leak_tracker.h"
 #include "simulator/instruments/operations.h"
+#include "simulator/stores/package_identity.h"
+#include "simulator/stores/store_folder.h"
 #include "simulator/stores/stores.h"
 #include "simulator/system/clock.h"
-#include "simulator/system/files.h"
 #include "simulator/system/reset.h"
 #include "simulator/system/threads.h"
 
@@ -34,6 +34,7 @@ namespace {
 using namespace dialsim;
 
 static_assert(kNoController == DIALSIM_NO_CONTROLLER && kHandlerRaised == DIALSIM_RAISED);
+static_assert(kMemoryFolder == DIALSIM_MEMORY);
 
 std::size_t CopyOut(const std::string& text, char* buffer, std::size_t size) {
     if (buffer != nullptr && size > 0) {
@@ -248,10 +249,8 @@ void dialsim_reset() {
     TheAsyncOperations().Reset();
     ResetConfigurations();
     ResetResources();
-    ResetFiles();
     TheDevices().Reset();
     SkipSleeps(false);
-    ResetPackaged();
     TheJournal().Reset();
     TheLeakTracker().Reset();
     ResetAll();

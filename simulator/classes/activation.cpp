@@ -12,6 +12,7 @@
 #include "simulator/classes/storage_file.h"
 #include "simulator/classes/streams.h"
 #include "simulator/classes/uri.h"
+#include "simulator/functions/class_objects.h"
 
 namespace dialsim {
 

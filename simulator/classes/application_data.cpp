@@ -1,9 +1,7 @@
 #include "simulator/classes/application_data.h"
 
-#include <atomic>
-
 #include "simulator/classes/property_value.h"
-#include "simulator/stores/store_files.h"
+#include "simulator/stores/package_identity.h"
 #include "simulator/stores/stores.h"
 
 namespace dialsim {
@@ -12,10 +10,6 @@ namespace {
 
 constexpr HRESULT kNoPackage = static_cast<HRESULT>(0x80073D54);        // APPMODEL_ERROR_NO_PACKAGE
 constexpr HRESULT kUnsupportedType = static_cast<HRESULT>(0x8007065E);  // ERROR_UNSUPPORTED_TYPE
-
-bool IsPackagedAtTheStart() { return Environment("DIALSIM_PACKAGED") == "1"; }
-
-std::atomic<bool> packaged = IsPackagedAtTheStart();
 
 // A setting of several values, without the values: nothing here looks into one.
 class CompositeValue final : public Object<abi::IPropertySet> {
@@ -212,8 +206,9 @@ public:
     ApplicationDataStatics() : Object(TypeName<Interface>()) {}
 
     HRESULT get_Current(abi::IApplicationData** result) noexcept override {
-        return PerformInto(MethodName<Interface>("get_Current"), "", result,
-                           [&] { return packaged ? Make<ApplicationData>().CopyTo(result) : kNoPackage; });
+        return PerformInto(MethodName<Interface>("get_Current"), "", result, [&] {
+            return IsPackaged() ? Make<ApplicationData>().CopyTo(result) : kNoPackage;
+        });
     }
 };
 
@@ -222,8 +217,5 @@ public:
 Ref<abi::IInspectable> MakeApplicationDataStatics() {
     return Ref<abi::IInspectable>::Attach(new ApplicationDataStatics);
 }
-
-void SetPackaged(bool now) { packaged = now; }
-void ResetPackaged() { packaged = IsPackagedAtTheStart(); }
 
 }  // namespace dialsim

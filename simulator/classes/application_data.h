@@ -8,8 +8,4 @@ namespace dialsim {
 
 Ref<abi::IInspectable> MakeApplicationDataStatics();
 
-void SetPackaged(bool packaged);
-// As the environment says.
-void ResetPackaged();
-
 }  // namespace dialsim

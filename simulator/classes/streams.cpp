@@ -1,6 +1,8 @@
 #include "simulator/classes/streams.h"
 
+#include "platform/interfaces/stream.h"
 #include "simulator/classes/storage_file.h"
+#include "simulator/functions/class_objects.h"
 #include "simulator/functions/classic_stream.h"
 #include "simulator/system/files.h"
 
@@ -212,9 +214,11 @@ public:
     return reinterpret_cast<::IStream*>(static_cast<abi::IStream*>(new JournaledStream(std::move(taken))));
 }
 
-Ref<abi::IRandomAccessStream> MakeStreamOverStream(::IStream* stream) {
-    return Ref<abi::IRandomAccessStream>::Attach(
-        new StreamOverStream(reinterpret_cast<abi::IStream*>(stream)));
+HRESULT CreateStreamOverStream(::IStream* stream, const IID& iid, void** result) {
+    const JournalPause no_journal;
+    return stream == nullptr
+               ? E_INVALIDARG
+               : Make<StreamOverStream>(reinterpret_cast<abi::IStream*>(stream))->QueryInterface(iid, result);
 }
 
 Ref<abi::IInspectable> MakeStreamReferenceStatics() {

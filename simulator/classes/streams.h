@@ -3,17 +3,10 @@
 
 #include <string>
 
-#include "platform/functions.h"
 #include "platform/interfaces/storage_streams.h"
-#include "platform/interfaces/stream.h"
 #include "simulator/classes/object.h"
 
 namespace dialsim {
-
-// Takes over a stream and gives one in its place that is journaled, counted and open to faults.
-::IStream* JournalStream(::IStream* stream);
-
-Ref<abi::IRandomAccessStream> MakeStreamOverStream(::IStream* stream);
 
 Ref<abi::IInspectable> MakeStreamReferenceStatics();
 

@@ -8,7 +8,6 @@
 #include <stdexcept>
 #include <vector>
 
-#include "simulator/classes/application_data.h"
 #include "simulator/classes/async.h"
 #include "simulator/classes/controllers.h"
 #include "simulator/classes/devices.h"
@@ -19,6 +18,7 @@
 #include "simulator/instruments/journal.h"
 #include "simulator/instruments/leak_tracker.h"
 #include "simulator/instruments/operations.h"
+#include "simulator/stores/package_identity.h"
 #include "simulator/stores/stores.h"
 #include "simulator/system/clock.h"
 #include "simulator/system/files.h"

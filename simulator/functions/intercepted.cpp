@@ -8,7 +8,7 @@
 #include <utility>
 
 #include "platform/function_table.h"
-#include "simulator/classes/streams.h"
+#include "simulator/functions/class_objects.h"
 #include "simulator/functions/real.h"
 #include "simulator/functions/strings.h"
 #include "simulator/instruments/journal.h"
@@ -158,8 +158,7 @@ HRESULT CreateStreamOnHGlobal(HGLOBAL block, BOOL delete_on_release, ::IStream**
 }
 // In both builds: Wine has none.
 HRESULT CreateRandomAccessStreamOverStream(::IStream* stream, BSOS_OPTIONS, const IID& iid, void** result) {
-    const JournalPause no_journal;
-    return stream == nullptr ? E_INVALIDARG : MakeStreamOverStream(stream)->QueryInterface(iid, result);
+    return CreateStreamOverStream(stream, iid, result);
 }
 
 }  // namespace tracked

@@ -3,8 +3,6 @@
 #include <map>
 #include <utility>
 
-#include "simulator/dialsim.h"
-
 namespace dialsim {
 
 namespace {
@@ -15,7 +13,7 @@ std::map<std::string, std::string>& files_in_memory = *new std::map<std::string,
 }  // namespace
 
 StoreFolder::StoreFolder(std::string path) : path_(std::move(path)) {
-    if (path_ != DIALSIM_MEMORY) {
+    if (path_ != kMemoryFolder) {
         lock_.emplace(path_);
     }
 }

@@ -3,15 +3,18 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "simulator/stores/store_files.h"
 
 namespace dialsim {
 
+// The path of the folder in memory.
+inline constexpr std::string_view kMemoryFolder = ":memory:";
+
 // One at a time in a process: its memory has no lock of its own. On the disk it keeps other processes out.
 class StoreFolder {
 public:
-    // The path may be DIALSIM_MEMORY.
     explicit StoreFolder(std::string path);
 
     // Negative when the folder cannot be had; the operations are then not to be called.

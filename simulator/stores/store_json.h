@@ -7,7 +7,7 @@
 #include <string_view>
 #include <utility>
 
-#include "simulator/classes/property_value.h"
+#include "simulator/stores/scalar.h"
 
 namespace dialsim {
 

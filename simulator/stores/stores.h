@@ -25,7 +25,7 @@ HRESULT PutSetting(SettingsStore store, const WideString& key, const Setting& se
 // In the place of the password that is there. None of the three may be empty.
 HRESULT PutCredential(const WideString& resource, const WideString& user_name, const WideString& password);
 
-// DIALSIM_MEMORY, or a path; none: back to the folder of the environment or the user.
+// A path, which may be kMemoryFolder; none: back to the folder of the environment or the user.
 void SetStoresFolder(std::optional<std::string> folder);
 
 // By the names "roaming", "local" and "vault".

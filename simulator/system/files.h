@@ -28,7 +28,4 @@ std::optional<std::string> ReadFile(const std::string& path);
 // False where it could not be written.
 bool WriteFile(const std::string& path, const std::string& content);
 
-// Forgets the short paths that were made up.
-void ResetFiles();
-
 }  // namespace dialsim

@@ -5,6 +5,7 @@
 
 #include "platform/interfaces/foundation.h"
 #include "simulator/classes/activation.h"
+#include "simulator/functions/class_objects.h"
 
 namespace {
 

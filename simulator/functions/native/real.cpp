@@ -3,7 +3,7 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "simulator/classes/activation.h"
+#include "simulator/functions/class_objects.h"
 #include "simulator/system/clock.h"
 #include "simulator/system/text.h"
 

@@ -6,8 +6,8 @@
 #include <cstdio>
 #include <map>
 
-#include "simulator/functions/real.h"
 #include "simulator/system/native/short_paths.h"
+#include "simulator/system/reset.h"
 #include "sync.h"
 
 namespace dialsim {
@@ -16,6 +16,11 @@ namespace {
 
 Mutex short_paths_mutex;
 std::map<std::string, std::string>& long_of_short = *new std::map<std::string, std::string>;
+
+const ResetAction forget_short_paths(ResetPhase::State, [] {
+    const std::lock_guard guard(short_paths_mutex);
+    long_of_short.clear();
+});
 
 bool Exists(const std::string& path) {
     struct stat status {};
@@ -105,6 +110,8 @@ std::string LongPath(const std::string& path) {
     return found == long_of_short.end() ? path : found->second;
 }
 
+bool PathExists(const std::string& path) { return Exists(LongPath(path)); }
+
 bool IsAbsolutePath(WideView path) { return path.starts_with(u'/'); }
 
 bool IsFile(const WideString& path) {
@@ -124,30 +131,5 @@ std::string ReadPrefix(const WideString& path, std::size_t count) {
 }
 
 std::FILE* OpenFile(const std::string& path, const char* mode) { return std::fopen(path.c_str(), mode); }
-
-void ResetFiles() {
-    const std::lock_guard guard(short_paths_mutex);
-    long_of_short.clear();
-}
-
-namespace real {
-
-BOOL PathFileExistsW(const WCHAR* path) { return path != nullptr && Exists(LongPath(Narrow(path))); }
-
-DWORD GetShortPathNameW(const WCHAR* path, WCHAR* short_path, DWORD characters) {
-    if (!real::PathFileExistsW(path)) {
-        return 0;
-    }
-    const WideString result = Widen(ShortPath(Narrow(path)));
-    const auto length = static_cast<DWORD>(result.size());
-    if (characters <= length) {
-        return length + 1;
-    }
-    result.copy(short_path, length);
-    short_path[length] = 0;
-    return length;
-}
-
-}  // namespace real
 
 }  // namespace dialsim

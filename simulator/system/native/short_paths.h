@@ -11,4 +11,7 @@ std::string ShortPath(const std::string& path);
 // What the path stands for; itself unless it is a short one.
 std::string LongPath(const std::string& path);
 
+// Whether it, or what it stands for, leads to a file or a folder.
+bool PathExists(const std::string& path);
+
 }  // namespace dialsim

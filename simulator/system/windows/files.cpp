@@ -32,6 +32,4 @@ std::FILE* OpenFile(const std::string& path, const char* mode) {
     return _wfopen(Widen(path).c_str(), Widen(mode).c_str());
 }
 
-void ResetFiles() {}
-
 }  // namespace dialsim

@@ -1,0 +1,24 @@
+#include "simulator/stores/package_identity.h"
+
+#include <atomic>
+
+#include "simulator/stores/store_files.h"
+#include "simulator/system/reset.h"
+
+namespace dialsim {
+
+namespace {
+
+bool IsPackagedAtTheStart() { return Environment("DIALSIM_PACKAGED") == "1"; }
+
+std::atomic<bool> packaged = IsPackagedAtTheStart();
+
+const ResetAction reset_identity(ResetPhase::State, [] { packaged = IsPackagedAtTheStart(); });
+
+}  // namespace
+
+bool IsPackaged() { return packaged; }
+
+void SetPackaged(bool value) { packaged = value; }
+
+}  // namespace dialsim
