@@ -243,17 +243,6 @@ uint32_t dialsim_blocks() { return TheLeakTracker().Blocks(); }
 uint32_t dialsim_handlers() { return TheLeakTracker().Handlers(); }
 size_t dialsim_accounts(char* buffer, size_t size) { return CopyOut(TheLeakTracker().Text(), buffer, size); }
 
-void dialsim_reset() {
-    EndRecording();
-    CloseMenu();
-    TheAsyncOperations().Reset();
-    ResetConfigurations();
-    ResetResources();
-    TheDevices().Reset();
-    SkipSleeps(false);
-    TheJournal().Reset();
-    TheLeakTracker().Reset();
-    ResetAll();
-}
+void dialsim_reset() { ResetAll(); }
 
 bool dialsim_watch(const char* module) { return InterceptModule(module); }

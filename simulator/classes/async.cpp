@@ -5,6 +5,7 @@
 #include "simulator/classes/vectors.h"
 #include "simulator/functions/real.h"
 #include "simulator/system/clock.h"
+#include "simulator/system/reset.h"
 
 namespace dialsim {
 
@@ -25,6 +26,8 @@ public:
 private:
     const bool entered_ = real::RoInitialize(RO_INIT_MULTITHREADED) >= 0;
 };
+
+const ResetAction reset_operations(ResetPhase::Work, [] { TheAsyncOperations().Reset(); });
 
 }  // namespace
 

@@ -5,6 +5,7 @@
 #include <map>
 #include <mutex>
 
+#include "simulator/system/reset.h"
 #include "sync.h"
 
 namespace dialsim {
@@ -41,6 +42,18 @@ Configurations& TheConfigurations() {
     static Configurations& configurations = *new Configurations;
     return configurations;
 }
+
+// The sequence runs whatever code it is made of when it is released, after the lock.
+const ResetAction reset_configurations(ResetPhase::State, [] {
+    Ref<Sequence> sequence;
+    Ref<Iterator> iterator;
+    const std::lock_guard guard(TheConfigurations().mutex);
+    std::swap(sequence, TheConfigurations().retained_sequence);
+    std::swap(iterator, TheConfigurations().retained_iterator);
+    TheConfigurations().retain_sequences = false;
+    TheConfigurations().kinds.clear();
+    TheConfigurations().objects.clear();
+});
 
 void SetKinds(std::uint64_t window, Kinds kinds) {
     const std::lock_guard guard(TheConfigurations().mutex);
@@ -222,17 +235,6 @@ HRESULT UseRetainedSequence() {
         }
     }
     return code;
-}
-
-void ResetConfigurations() {
-    Ref<Sequence> sequence;
-    Ref<Iterator> iterator;
-    const std::lock_guard guard(TheConfigurations().mutex);
-    std::swap(sequence, TheConfigurations().retained_sequence);
-    std::swap(iterator, TheConfigurations().retained_iterator);
-    TheConfigurations().retain_sequences = false;
-    TheConfigurations().kinds.clear();
-    TheConfigurations().objects.clear();
 }
 
 }  // namespace dialsim

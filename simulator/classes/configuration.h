@@ -21,6 +21,4 @@ std::string SystemItemName(std::int32_t kind);
 void RetainSequences(bool keep);
 HRESULT UseRetainedSequence();
 
-void ResetConfigurations();
-
 }  // namespace dialsim

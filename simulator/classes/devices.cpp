@@ -6,6 +6,7 @@
 #include "platform/interfaces/devices.h"
 #include "simulator/classes/async.h"
 #include "simulator/classes/vectors.h"
+#include "simulator/system/reset.h"
 
 namespace dialsim {
 
@@ -14,6 +15,8 @@ namespace {
 constexpr char kDialClass[] = "{80795c47-03f0-446d-b1f2-e424b30db4da}";
 constexpr char kDial[] =
     "\\\\?\\BTHLE#Dev_bc838528f72a#8&1c0ffee&0&bc838528f72a#{80795c47-03f0-446d-b1f2-e424b30db4da}";
+
+const ResetAction reset_devices(ResetPhase::State, [] { TheDevices().Reset(); });
 
 // What a query asks of a device interface.
 struct Filter {

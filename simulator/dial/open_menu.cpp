@@ -6,6 +6,7 @@
 #include "simulator/dial/desktop_port.h"
 #include "simulator/dial/menu_model.h"
 #include "simulator/dial/recording.h"
+#include "simulator/system/reset.h"
 #include "sync.h"
 
 namespace dialsim {
@@ -31,6 +32,9 @@ void SetOpenMenu(std::optional<OpenMenu> menu) {
     }
     TheDesktop().UpdateDisplay();
 }
+
+// Not by CloseMenu: a recording would have it as the user's.
+const ResetAction close_menu(ResetPhase::State, [] { SetOpenMenu({}); });
 
 std::int64_t ItemCount(std::uint64_t window) {
     const auto shown = ReadMenu(window);

@@ -8,6 +8,7 @@
 #include "simulator/classes/controllers.h"
 #include "simulator/system/clock.h"
 #include "simulator/system/files.h"
+#include "simulator/system/reset.h"
 #include "sync.h"
 
 namespace dialsim {
@@ -68,6 +69,8 @@ void Close() {
         file = nullptr;
     }
 }
+
+const ResetAction end_recording(ResetPhase::Work, EndRecording);
 
 }  // namespace
 

@@ -1,13 +1,16 @@
 #include "simulator/instruments/journal.h"
 
-#include "simulator/system/text.h"
-
 #include <algorithm>
 #include <utility>
+
+#include "simulator/system/reset.h"
+#include "simulator/system/text.h"
 
 namespace dialsim {
 
 namespace {
+
+const ResetAction reset_journal(ResetPhase::Instruments, [] { TheJournal().Reset(); });
 
 thread_local int pause_depth = 0;
 

@@ -2,9 +2,13 @@
 
 #include <cstdio>
 
+#include "simulator/system/reset.h"
+
 namespace dialsim {
 
 namespace {
+
+const ResetAction reset_tracker(ResetPhase::Instruments, [] { TheLeakTracker().Reset(); });
 
 // The null string is the empty text and belongs to nobody.
 void EraseOne(std::multiset<HSTRING>& strings, HSTRING string) {

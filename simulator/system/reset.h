@@ -3,8 +3,8 @@
 
 namespace dialsim {
 
-// Work ends what is under way and gives up references; State forgets; the Instruments come last, for they
-// have to see what the others release. Actions of one phase do not depend on each other.
+// Work ends what is under way and may still use the state; State forgets; the Instruments come last, for they
+// have to see what the others release. Actions of one phase do not depend on each other's order.
 enum class ResetPhase { Work, State, Instruments };
 
 // An object of namespace scope:

@@ -5,6 +5,7 @@
 #include <mutex>
 
 #include "simulator/functions/real.h"
+#include "simulator/system/reset.h"
 #include "simulator/system/text.h"
 #include "sync.h"
 
@@ -22,6 +23,11 @@ namespace {
 Mutex resources_mutex;
 std::list<HRSRC__>& resources = *new std::list<HRSRC__>;  // never moved: their addresses are handed out
 
+const ResetAction clear_resources(ResetPhase::State, [] {
+    const std::lock_guard guard(resources_mutex);
+    resources.clear();
+});
+
 std::uint64_t Number(const void* pointer) { return reinterpret_cast<std::uintptr_t>(pointer); }
 
 }  // namespace
@@ -30,11 +36,6 @@ bool AddResource(std::uint64_t module, std::uint16_t id, const std::string& type
     const std::lock_guard guard(resources_mutex);
     resources.push_back({module, id, type, std::move(bytes)});
     return true;
-}
-
-void ResetResources() {
-    const std::lock_guard guard(resources_mutex);
-    resources.clear();
 }
 
 namespace real {

@@ -7,6 +7,4 @@ bool AddResource(std::uint64_t /*module*/, std::uint16_t /*id*/, const std::stri
     return false;
 }
 
-void ResetResources() {}
-
 }  // namespace dialsim

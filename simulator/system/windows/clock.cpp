@@ -4,6 +4,7 @@
 
 #include <atomic>
 
+#include "simulator/system/reset.h"
 #include "simulator/system/threads.h"
 
 namespace dialsim {
@@ -14,6 +15,8 @@ namespace {
 Threads& actions = *new Threads;
 
 std::atomic<bool> skip_sleeps = false;
+
+const ResetAction sleep_again(ResetPhase::State, [] { skip_sleeps = false; });
 
 }  // namespace
 
