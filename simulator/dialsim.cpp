@@ -11,6 +11,7 @@
 #include "simulator/classes/controllers.h"
 #include "simulator/classes/devices.h"
 #include "simulator/classes/event_raising.h"
+#include "simulator/classes/factories.h"
 #include "simulator/classes/property_value.h"
 #include "simulator/dial/commands.h"
 #include "simulator/dial/menu_model.h"

@@ -3,6 +3,8 @@
 #include <mutex>
 #include <set>
 
+#include "platform/interfaces/metadata.h"
+#include "simulator/classes/factories.h"
 #include "simulator/system/reset.h"
 #include "sync.h"
 

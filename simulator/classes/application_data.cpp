@@ -1,5 +1,6 @@
-#include "simulator/classes/application_data.h"
-
+// The application's own settings, for programs with the identity of a package.
+#include "platform/interfaces/storage.h"
+#include "simulator/classes/factories.h"
 #include "simulator/classes/property_value.h"
 #include "simulator/stores/package_identity.h"
 #include "simulator/stores/stores.h"

@@ -5,6 +5,8 @@
 #include <map>
 #include <mutex>
 
+#include "platform/interfaces/ui_input.h"
+#include "simulator/classes/factories.h"
 #include "simulator/system/reset.h"
 #include "sync.h"
 

@@ -5,12 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "platform/interfaces/ui_input.h"
-#include "simulator/classes/object.h"
+#include "platform/types.h"
 
 namespace dialsim {
-
-Ref<abi::IInspectable> MakeConfigurationFactory();
 
 // In their order; all five unless the window was given others.
 std::vector<std::int32_t> SystemItems(std::uint64_t window);

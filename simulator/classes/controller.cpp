@@ -2,6 +2,7 @@
 
 #include "simulator/classes/controllers.h"
 #include "simulator/classes/event_args.h"
+#include "simulator/classes/factories.h"
 
 namespace dialsim {
 

@@ -75,6 +75,4 @@ private:
     Event<Handler<abi::RadialControllerControlAcquiredEventArgs>> control_acquired_;
 };
 
-Ref<abi::IInspectable> MakeControllerFactory();
-
 }  // namespace dialsim

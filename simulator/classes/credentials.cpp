@@ -1,5 +1,6 @@
-#include "simulator/classes/credentials.h"
-
+// The user's credentials, and the vault that keeps them.
+#include "platform/interfaces/credentials.h"
+#include "simulator/classes/factories.h"
 #include "simulator/classes/vectors.h"
 #include "simulator/stores/stores.h"
 

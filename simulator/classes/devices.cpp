@@ -5,6 +5,7 @@
 
 #include "platform/interfaces/devices.h"
 #include "simulator/classes/async.h"
+#include "simulator/classes/factories.h"
 #include "simulator/classes/vectors.h"
 #include "simulator/system/reset.h"
 

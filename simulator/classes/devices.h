@@ -39,6 +39,4 @@ private:
 
 Devices& TheDevices();
 
-Ref<abi::IInspectable> MakeDeviceInformationStatics();
-
 }  // namespace dialsim

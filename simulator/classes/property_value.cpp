@@ -1,5 +1,7 @@
 #include "simulator/classes/property_value.h"
 
+#include "simulator/classes/factories.h"
+
 // The types of one value, with the names that the getters, the factories and the enumeration share.
 #define DIALSIM_INTEGERS(ROW)  \
     ROW(UInt8, std::uint8_t)   \

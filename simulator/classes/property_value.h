@@ -9,8 +9,6 @@
 
 namespace dialsim {
 
-Ref<abi::IInspectable> MakePropertyValueStatics();
-
 Ref<abi::IInspectable> Box(const Scalar& scalar);
 
 // Empty for null, for objects of others, and for values of other types.

@@ -1,6 +1,7 @@
 #include "simulator/classes/storage_file.h"
 
 #include "simulator/classes/async.h"
+#include "simulator/classes/factories.h"
 #include "simulator/system/files.h"
 
 namespace dialsim {

@@ -6,8 +6,6 @@
 
 namespace dialsim {
 
-Ref<abi::IInspectable> MakeStorageFileStatics();
-
 // Empty for null and for files of others.
 WideString PathOf(abi::IStorageFile* file);
 

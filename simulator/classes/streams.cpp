@@ -1,6 +1,7 @@
 #include "simulator/classes/streams.h"
 
 #include "platform/interfaces/stream.h"
+#include "simulator/classes/factories.h"
 #include "simulator/classes/storage_file.h"
 #include "simulator/functions/class_objects.h"
 #include "simulator/functions/classic_stream.h"

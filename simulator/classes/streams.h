@@ -8,8 +8,6 @@
 
 namespace dialsim {
 
-Ref<abi::IInspectable> MakeStreamReferenceStatics();
-
 // At most `count` bytes from the beginning of what is referred to; empty when it cannot be read.
 std::string ReadPrefix(abi::IRandomAccessStreamReference* reference, std::size_t count);
 

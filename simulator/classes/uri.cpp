@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <string_view>
 
+#include "simulator/classes/factories.h"
 #include "simulator/system/files.h"
 
 namespace dialsim {

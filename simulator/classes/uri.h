@@ -8,8 +8,6 @@
 
 namespace dialsim {
 
-Ref<abi::IInspectable> MakeUriFactory();
-
 // "file:///C:/x/y.ttf"; empty for null and for those of others.
 std::string AbsoluteUri(abi::IUriRuntimeClass* uri);
 

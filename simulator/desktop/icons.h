@@ -3,7 +3,7 @@
 
 #include <cstdint>
 
-#include "simulator/classes/menu.h"
+#include "simulator/classes/menu_item.h"
 #include "simulator/desktop/surface.h"
 
 namespace dialsim {

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "simulator/classes/menu.h"
+#include "simulator/classes/menu_item.h"
 
 namespace dialsim {
 
