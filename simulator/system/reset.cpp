@@ -1,5 +1,7 @@
 #include "simulator/system/reset.h"
 
+#include <initializer_list>
+
 namespace dialsim {
 
 namespace {
