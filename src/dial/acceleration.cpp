@@ -18,12 +18,14 @@ constexpr double kFlatness = 2.07;
 double accumulated = 0.0;
 double currentAcceleration = 1.0;
 
-// Of the last computation. Set when the first rotation gets here, not when the library is loaded; the flag is
-// its own, as the clock may have any value.
+// The tick count of the last computation. The first rotation sets it, not the loading of the library, so that
+// the first rotation computes nothing (FirstRotationDeathTest.StartsTheClockWhenItGetsHere). A separate flag
+// marks it as set: every tick count is valid.
 std::atomic<std::uint64_t> lastTick = 0;
 std::atomic<bool> started = false;
 
-// Another thread, or an event that arrives inside the call, may start it too: the first one counts.
+// Another thread, or an event that arrives inside GetTickCount64, may start it too: the first value stays
+// (FirstRotationDeathTest.MayLetAnotherOneInWhileItAsksForTheTime).
 void StartClock() {
     std::uint64_t unset = 0;
     lastTick.compare_exchange_strong(unset, GetTickCount64());
@@ -45,7 +47,8 @@ double NextAcceleration(double delta_degrees) {
         StartClock();
     }
     const std::uint64_t now = GetTickCount64();
-    // The low halves only: right across their wrap, every 49.7 days.
+    // Only the low 32 bits are compared: the difference is correct across their wrap every 49.7 days
+    // (Acceleration.OnlyTheLowHalfOfTheTimeCounts).
     const std::uint32_t elapsed_ms =
         static_cast<std::uint32_t>(now) - static_cast<std::uint32_t>(lastTick.load());
 

@@ -1,4 +1,4 @@
-// The dial's button, from the platform's event to the host.
+// ButtonClicked: from the platform's event to the host.
 #include "dial/contact_rect.h"
 #include "dial/dial_listener.h"
 #include "frame/diagnostics/steps.h"
@@ -7,7 +7,8 @@ namespace brindle {
 
 HRESULT DialListener::OnButtonClicked(abi::IRadialController* sender,
                                       abi::IRadialControllerButtonClickedEventArgs* args) {
-    // A plain pointer: the contact's reference is never given back, on purpose.
+    // Deliberately a plain pointer whose reference is never released: each click keeps its contact alive, as
+    // docs/guarantees.md tells hosts (ButtonClick.EveryContactIsKept).
     abi::IRadialControllerScreenContact* contact = nullptr;
     RETURN_IF_STEP_FAILS(1038, args->get_Contact(&contact));
 

@@ -1,4 +1,4 @@
-// The events that never reach the host: the dial's contact with the screen, and control of the window.
+// The events that never reach the host: screen contact, and control of the window.
 #include "dial/contact_line.h"
 #include "dial/dial_listener.h"
 #include "frame/diagnostics/steps.h"
@@ -27,8 +27,9 @@ HRESULT LogContactOf(Args* args) {
 
 }  // namespace
 
-// The whole log is one step, with guarded steps inside: a contact that cannot be read is read three times in
-// each of three logs. Intended.
+// The log is a guarded step that consists of guarded steps: a contact that cannot be read is deliberately
+// read nine times and prints the four lines that brindle.h names
+// (ContactEvents.AContactThatAlwaysFailsIsReadNineTimes).
 
 HRESULT DialListener::OnScreenContactContinued(abi::IRadialController* /*sender*/,
                                                abi::IRadialControllerScreenContactContinuedEventArgs* args) {

@@ -1,4 +1,5 @@
-// The informational text of a screen contact. It is formatted and written nowhere; that is intended.
+// The informational text of a screen contact. Deliberately formatted and never written: hosts get lines for
+// failed steps only (ContactEvents.ReadTheContactOnceAndDoNotReachTheHost).
 #pragma once
 
 #include "frame/diagnostics/diagnostics.h"
@@ -7,11 +8,11 @@
 
 namespace brindle {
 
-// The misspelling belongs to the text.
+// The misspelling is part of the text (ContactLine.HasThePositionFirstAndHeightBeforeWidth).
 inline constexpr auto kContactLine =
     Wide("\t Postion X=%lf, Y=%lf & \n \t Bounds Height=%lf, Width=%lf, X=%lf, Y=%lf\n");
 
-// As FormatWide answers.
+// Returns what FormatWide returns.
 inline int FormatContactLine(WCHAR* buffer, std::size_t size, const abi::Point& position,
                              const abi::Rect& bounds) {
     const auto wide = [](float value) { return static_cast<double>(value); };

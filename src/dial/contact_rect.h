@@ -1,4 +1,4 @@
-// From the platform's floating-point bounds to the host's whole numbers.
+// Converts the platform's floating-point bounds to the host's integers.
 #pragma once
 
 #include <cstdint>
@@ -9,22 +9,24 @@
 
 namespace brindle {
 
-// Toward zero. What an int32 cannot hold, NaN included, becomes INT32_MIN: the answer of the processor's own
-// conversion, which C++ leaves undefined.
+// Toward zero. A value outside the range of int32, NaN included, becomes INT32_MIN: the result of the
+// processor's conversion instruction, which C++ leaves undefined
+// (Truncation.WhatDoesNotFitIsTheLowestNumber).
 inline std::int32_t Truncate(float value) {
     constexpr float kLimit = 2147483648.0F;
     return value >= -kLimit && value < kLimit ? static_cast<std::int32_t>(value)
                                               : std::numeric_limits<std::int32_t>::min();
 }
 
-// For a rotation: the far edges are summed in single precision and truncated once.
+// For a rotation: right and bottom are summed in single precision and truncated once.
 inline DialContactRect RotationContactRect(const abi::Rect& bounds) {
     return {Truncate(bounds.X), Truncate(bounds.Y), Truncate(bounds.X + bounds.Width),
             Truncate(bounds.Y + bounds.Height)};
 }
 
-// For a click: the far edges start from the truncated near ones. The difference is intended: 10.7 wide 20.6
-// ends at 31 for a rotation and at 30 for a click.
+// For a click: right and bottom start from the truncated left and top. The difference is deliberate and part
+// of brindle.h: x 10.7 with width 20.6 ends at 31 for a rotation and at 30 for a click
+// (ButtonClick.FarEdgesStartFromTheTruncatedNearOnes).
 inline DialContactRect ClickContactRect(const abi::Rect& bounds) {
     const std::int32_t left = Truncate(bounds.X);
     const std::int32_t top = Truncate(bounds.Y);

@@ -14,21 +14,25 @@
 
 namespace brindle {
 
-// Made, registered and ended on the host's thread; its handlers run on whatever thread the platform raises
-// events on. They hold a plain pointer to the listener. The controller holds the only references to the
-// handlers of its events, and each menu item those of its own: when the controller goes with the listener, no
-// event comes any more, and so none is ever unsubscribed, on purpose. A host that kept the controller has to
-// release it before. The handler of a picture's load belongs to the platform's operation: no load may outlive
-// the listener. No lock. An event may arrive inside any platform call: an operation holds its own reference
-// to what it goes on with.
+// Created, registered and destroyed on the host's thread; its handlers run on the thread that the platform
+// raises the event on, and hold a plain pointer to the listener.
+//
+// The controller holds the only references to its event handlers, and each menu item to its own. Releasing
+// the controller ends its events, so no event is ever unsubscribed, deliberately: teardown releases and makes
+// no call that can fail (Listener.NothingIsEverUnsubscribed). A host that keeps a reference to the controller
+// must release it first. The completion handler of a picture file belongs to the platform's operation: no
+// load may outlive the listener.
+//
+// No lock. An event may arrive inside any platform call: an operation holds its own reference to each object
+// that it uses after a call (MenuMadeInACall.AndLostWhileATurnReadsTheSelectionLeavesTheTurnItsMenu).
 class DialListener {
 public:
     explicit DialListener(IDialHost* host) : host_(host) {}
     DialListener(const DialListener&) = delete;
     DialListener& operator=(const DialListener&) = delete;
 
-    // Makes the window's controller and subscribes to its seven events (registration.cpp). Every failure is a
-    // code; after one the listener is to be deleted.
+    // registration.cpp: creates the window's controller and subscribes to its seven events. Returns every
+    // failure as a code; after a failure the caller deletes the listener.
     HRESULT Register(std::uint64_t window);
 
     // custom_menu.cpp, default_menu.cpp, selection.cpp
@@ -61,33 +65,33 @@ private:
     HRESULT OnButtonClicked(abi::IRadialController* sender,
                             abi::IRadialControllerButtonClickedEventArgs* args);
 
-    // The five sources of an item, each in a file of its own: known_icon, font_glyph, png_file, png_resource.
+    // The sources of an item: known_icon.cpp, font_glyph.cpp (two), png_file.cpp, png_resource.cpp.
     HRESULT AddMenuItemFromKnownIcon(MenuEntry& entry, abi::RadialControllerMenuKnownIcon icon);
     HRESULT AddMenuItemFromSystemFont(MenuEntry& entry, HSTRING glyph, HSTRING font_family);
     HRESULT AddMenuItemFromCustomFont(MenuEntry& entry, HSTRING glyph, HSTRING font_family,
                                       HSTRING short_path);
     HRESULT AddMenuItemFromFilePNG(const MenuEntry& entry, HSTRING path);
     HRESULT AddMenuItemFromResourcePNG(MenuEntry& entry, HMODULE module, std::uint32_t resource);
-    // The rest of AddMenuItemFromFilePNG, when the platform has opened the file.
+    // The completion of AddMenuItemFromFilePNG, on the platform's thread.
     HRESULT OnImageFileOpened(abi::IAsyncOperation<abi::StorageFile>* operation, abi::AsyncStatus status,
                               const WCHAR* label, std::uint32_t item_id);
 
-    // presence.cpp. Raises the platform's failures; what was found is told through both flags.
+    // presence.cpp: throws platform failures; the completion sets both flags.
     static void StartPresenceQuery(const ComPtr<SharedFlag>& found, const ComPtr<SharedFlag>& done);
 
     // custom_menu.cpp
     HRESULT FetchMenu();
-    // The code to end the whole menu with, or nothing.
+    // A code ends the whole call with it; nothing goes on with the next record.
     std::optional<HRESULT> AddDescribedItem(const MenuItemDescription& item);
     void AddCustomFontItem(MenuEntry entry, const MenuItemDescription& item);
-    // menu_item.cpp: what all sources end with.
+    // menu_item.cpp: the last step of every source.
     HRESULT AddItemToMenu(abi::IRadialControllerMenuItem* item, MenuEntry& entry);
     HRESULT SubscribeInvoked(abi::IRadialControllerMenuItem& item, std::int64_t& token);
     // invocation.cpp
     HRESULT OnItemInvoked(abi::IRadialControllerMenuItem* sender, abi::IInspectable* args);
 
-    // Released from the last to the first of these when the listener ends: the entries before the menu that
-    // has their items, the menu before its controller.
+    // Destroyed from last to first: the entries before the menu with their items, the menu before its
+    // controller (DialListenerTest.TheMenuGoesAfterTheEntriesAndBeforeTheController).
     std::uint32_t state_ = 0;  // stays 0
     IDialHost* host_;
     ComPtr<abi::IRadialControllerInterop> controller_factory_;
@@ -95,7 +99,7 @@ private:
     ComPtr<abi::IRadialController> controller_;
     ComPtr<abi::IRadialControllerMenu> menu_;
     ComPtr<abi::IRadialControllerMenuItemStatics> item_statics_;
-    // Kept and never used: no subscription is ever ended.
+    // Stored and never read: no event is unsubscribed (DialListenerTest.TheDestructorUnsubscribesNothing).
     EventRegistrationToken rotation_token_{};
     EventRegistrationToken contact_started_token_{};
     EventRegistrationToken contact_ended_token_{};
@@ -103,11 +107,13 @@ private:
     EventRegistrationToken control_lost_token_{};
     EventRegistrationToken control_acquired_token_{};
     EventRegistrationToken button_clicked_token_{};
-    // Only ever appended to, across menus; the first match wins. No lock, also where a load completes
-    // elsewhere.
+    // Appended to by every menu and never cleared: hosts rely on the first entry of an item_id to decide its
+    // haptic setting (Invocation.AnEntryOfAnEarlierMenuDecidesForALaterOne). No lock, although a picture file
+    // appends on the thread that its load completes on.
     std::vector<MenuEntry> menu_entries_;
-    // 1 when a query's completion has finished since the last query began. Shared with that completion, which
-    // may outlive the listener. One for the window, on purpose: queries that overlap end each other's wait.
+    // 1 when a completion has finished since the last query began. Shared with the completion, which may
+    // outlive the listener. Deliberately one per window: a late completion ends a later wait, as brindle.h
+    // says (Presence.ACompletionThatComesDuringTheNextWaitEndsItWithoutAnAnswer).
     ComPtr<SharedFlag> presence_done_ = ComPtr<SharedFlag>::Attach(new SharedFlag);
 };
 

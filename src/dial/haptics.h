@@ -5,10 +5,10 @@
 
 namespace brindle {
 
-// Plays the dial's first waveform. A failure of the platform is raised.
+// Plays the dial's first waveform three times. Throws the platform's failures.
 void PlayFirstWaveform(abi::IUnknown* rotation_args);
 
-// Most turns ask for nothing.
+// Inline: most rotations request nothing.
 inline void PlayRequestedHaptics(const DialRotationInfo& info, abi::IUnknown* rotation_args) {
     const std::uint32_t* request = info.hapticRequest;
     if (request != nullptr && (*request == 1 || *request == 2)) {

@@ -1,4 +1,4 @@
-// A listener's beginning.
+// DialListener::Register: the window's controller and its event subscriptions.
 #include "dial/dial_listener.h"
 #include "frame/diagnostics/steps.h"
 #include "platform/activation.h"
@@ -16,7 +16,8 @@ HRESULT CreateForWindow(abi::IRadialControllerInterop& factory, std::uint64_t wi
 
 }  // namespace
 
-// Each call makes a handler of its own; the controller takes the only reference to it.
+// Each attempt of a guarded step creates its own handler, so a second attempt that succeeds subscribes twice
+// (Listener.EachAttemptOfASubscriptionMakesAFreshHandler). The controller holds the only reference to it.
 template <auto Event, class Handler>
 HRESULT DialListener::Subscribe(HRESULT (abi::IRadialController::*add)(Handler*,
                                                                        EventRegistrationToken*) noexcept,

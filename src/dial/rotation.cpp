@@ -1,4 +1,4 @@
-// A turn of the dial, from the platform's event to the host and back.
+// RotationChanged: from the platform's event to the host, and the host's haptic request back.
 #include "dial/acceleration.h"
 #include "dial/contact_rect.h"
 #include "dial/dial_listener.h"
@@ -17,7 +17,9 @@ void ReadContact(abi::IRadialControllerRotationChangedEventArgs* args, DialConta
         return;
     }
     abi::Point position{};
-    contact->get_Position(&position);  // asked for and not used: intended
+    // Read and not used: the sequence of platform calls stays as published
+    // (Rotation.ReadsThePlatformInItsOwnOrder).
+    contact->get_Position(&position);
     abi::Rect bounds{};
     if (contact->get_Bounds(&bounds) >= 0) {
         rect = RotationContactRect(bounds);
@@ -40,11 +42,12 @@ bool ReadButton(abi::IUnknown* args) {
 
 }  // namespace
 
-// What the platform refuses of the required data leaves here, and the delegate's Invoke, as an exception.
+// A failure of the required data leaves this handler, and the delegate's Invoke, as an exception
+// (Rotation.RequiredDataThatFailsIsThrownOutOfTheHandler).
 HRESULT DialListener::OnRotationChanged(abi::IRadialController* sender,
                                         abi::IRadialControllerRotationChangedEventArgs* args) {
     DialRotationInfo info{};
-    // Held: an event that the platform lets in may make the menu anew.
+    // A reference of its own: an event that arrives inside a call may replace the menu.
     if (const ComPtr<abi::IRadialControllerMenu> menu = menu_) {
         ComPtr<abi::IRadialControllerMenuItem> selected;
         RETURN_IF_STEP_FAILS(847, menu->GetSelectedMenuItem(selected.Put()));

@@ -1,5 +1,5 @@
-// Seven of the eleven functions; storage_exports.cpp has the others. Start and stop of the platform, and
-// which listener serves which window, are here; what a listener does is in the files of its operations.
+// Seven of the eleven exports: starting and stopping the platform, and finding the listener of a window. The
+// operations of a listener are in dial/, menu/ and presence/; storage_exports.cpp has the other four exports.
 #include "brindle.h"
 #include "dial/dial_listener.h"
 #include "frame/diagnostics/diagnostics.h"
@@ -19,7 +19,8 @@ constexpr int32_t kPlatformTooOld = 2;
 
 ListenerRegistry registry;
 
-// The two names of initialize alone are made this way: where they cannot be made, nothing works.
+// For the two class names of initialize: without platform strings nothing else can work
+// (StartStopDeathTest.AProbeNameThatCannotBeMadeIsAStructuredException).
 void CreateOrDie(StringReference& string, std::basic_string_view<WCHAR> text) {
     if (const HRESULT code = string.Create(text); code < 0) {
         RaiseStructuredException(code);
@@ -48,7 +49,8 @@ int32_t initialize() {
     if (RoGetActivationFactory(api_information.Get(), abi::IApiInformationStatics::Iid,
                                reinterpret_cast<void**>(types.Put())) < 0 ||
         !types) {
-        // The Windows Runtime stays initialised; that is intended.
+        // The Windows Runtime deliberately stays initialised: the host's thread keeps its apartment
+        // (StartStop.AMissingProbeAnswersOneAndLeavesThePlatformStarted).
         return kPlatformUnavailable;
     }
     StringReference required;
@@ -72,7 +74,8 @@ bool init_dial_listener(IDialHost* host) {
         PrintFailure("register", code, 110);
         return false;
     }
-    // Asked a second time on purpose: the second answer is the key.
+    // Deliberately asked a second time, after the registration: brindle.h tells hosts that this answer is the
+    // key (Listener.TheSecondAnswerIsTheKey).
     registry.Insert(host->GetWindowHandle(), std::move(listener));
     return true;
 }

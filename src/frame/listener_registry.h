@@ -1,4 +1,4 @@
-// Which listener serves which window.
+// Maps window handles to listeners.
 #pragma once
 
 #include <cstddef>
@@ -10,21 +10,21 @@ namespace brindle {
 
 class DialListener;
 
-// Owns the listeners filed here until EndAll. When the process ends without it, they are left alone on
-// purpose: the platform may be gone by then. No lock: used on the host's thread only.
+// Owns its listeners until EndAll. When the process ends without EndAll they are not destroyed: the platform
+// may be unloaded by then. No lock: used on the host's thread only.
 class ListenerRegistry {
 public:
-    // Files the listener under the window. One that was filed there before is left as it is, alive and
-    // subscribed, which is intended: the host of a displaced listener goes on getting its events.
+    // Inserts the listener under the window. A listener that it displaces deliberately stays alive and
+    // subscribed: its host goes on getting events (Listener.ADisplacedListenerGoesOnCallingItsHost).
     void Insert(std::uint64_t window, std::unique_ptr<DialListener> listener);
 
-    // Null when the window has none; a miss leaves the registry as it is.
+    // Null when the window has none; a miss inserts nothing.
     DialListener* Find(std::uint64_t window) const {
         const auto entry = listeners_.find(window);
         return entry == listeners_.end() ? nullptr : entry->second;
     }
 
-    // Ends every filed listener in ascending order of window and empties the registry.
+    // Destroys every listener, in ascending order of window, and empties the registry.
     void EndAll();
 
     std::size_t Size() const { return listeners_.size(); }

@@ -1,12 +1,11 @@
-// The four settings functions: which places are asked, and in which order. Roaming settings come before the
-// vault, the vault before local settings.
+// The four settings exports and the order of the stores: roaming settings, vault, local settings.
 #include "brindle.h"
 #include "platform/errors.h"
 #include "storage/storage_context.h"
 
 using namespace brindle;
 
-// Every step swallows its own failures; the handlers here are for what would escape one all the same.
+// Every step catches its own platform failures; the handlers here catch what a step throws all the same.
 
 int32_t set_string_in_storage(const BrindleChar* resource, const BrindleChar* key, const BrindleChar* value) {
     try {
@@ -52,7 +51,8 @@ int32_t get_int_from_storage(const BrindleChar* resource, const BrindleChar* key
         const StorageContext storage(resource);
         int32_t number = storage.GetIntFromSettings(Container::Roaming, key);
         if (number == kAbsentNumber) {
-            // A text counts as the number that it begins with, and as 0 when it begins with none: intended.
+            // No check of the parse: hosts rely on a text without digits reading as 0 and on trailing text
+            // being ignored (NumberSettings.ATextWithoutDigitsIsZero).
             if (HostText text = storage.GetStringFromVault(key)) {
                 number = wcstol(text.get(), nullptr, 10);
                 Wipe(std::move(text));

@@ -1,4 +1,4 @@
-// add_custom_menu: from the host's descriptions to the window's menu.
+// add_custom_menu: creates the items of the window's menu from the host's records.
 #include <memory>
 #include <optional>
 #include <utility>
@@ -11,14 +11,14 @@ namespace brindle {
 
 namespace {
 
-// A CustomFont item addresses its file by the 8.3 form only. Null when there is none to be had, also when it
-// no longer fits what was asked for.
+// A CustomFont item refers to its file by the 8.3 path only. Null when the file has none, or when it has
+// grown since its length was queried.
 std::unique_ptr<WCHAR[]> ShortPath(const WCHAR* path) {
     const DWORD characters = GetShortPathNameW(path, nullptr, 0);
     if (characters == 0) {
         return nullptr;
     }
-    // Not std::make_unique, whose check of the length takes a kilobyte of the DLL.
+    // Not std::make_unique, whose length check adds a kilobyte to the DLL.
     std::unique_ptr<WCHAR[]> buffer(new WCHAR[characters]());
     const DWORD written = GetShortPathNameW(path, buffer.get(), characters);
     return written == 0 || written >= characters ? nullptr : std::move(buffer);
@@ -26,8 +26,9 @@ std::unique_ptr<WCHAR[]> ShortPath(const WCHAR* path) {
 
 }  // namespace
 
-// The menu held before is released first, by every call and every attempt. An event that the platform lets in
-// here may make the menu too: what it has stored then is released for this one.
+// Every call and every attempt releases the former menu first. An event that arrives inside get_Menu may
+// fetch the menu too: the menu that it has stored is released and replaced
+// (MenuMadeInACall.WhileTheMenuIsFetchedIsReplacedAndLeavesNoReference).
 HRESULT DialListener::FetchMenu() {
     menu_.Reset();
     ComPtr<abi::IRadialControllerMenu> menu;
@@ -60,15 +61,18 @@ HRESULT DialListener::AddCustomMenu(const MenuItemDescription* items, std::uint3
     return S_OK;
 }
 
-// A failing item does not stop the others, nor make the call fail; only where the factory for known icons is
-// not to be had, the rest is skipped and its code is what the whole call ends with. An entry is recorded even
-// for an item that failed, where the source is a known icon or a glyph: intended.
+// A failing item neither stops the others nor fails the call. Only a failure to get the factory for known
+// icons skips the remaining records and ends the call with its code. The entry of a known icon or a glyph is
+// deliberately recorded even when its item failed, as brindle.h tells hosts
+// (CustomMenu.AFailingKnownIconIsRecordedAndTheNextItemIsMade,
+// CustomMenu.AFailingGlyphIsRecordedAndTheNextItemIsMade).
 std::optional<HRESULT> DialListener::AddDescribedItem(const MenuItemDescription& item) {
     MenuEntry entry = MakeEntry(item.display_text, item.item_id, item.haptic_feedback != 0);
     switch (item.kind) {
         case MenuItemKind::KnownIcon: {
             const auto icon = static_cast<abi::RadialControllerMenuKnownIcon>(item.source.number);
-            // A factory that is null although the call succeeded fails the item, not the menu: intended.
+            // A null factory under a success code deliberately fails the item and not the call: the records
+            // after it are still added (CustomMenu.AFactoryForKnownIconsThatIsNullFailsTheItemAndNotTheMenu).
             RETURN_IF_STEP_FAILS(151, GetFactoryOrNull<abi::RadialControllerMenuItem>(item_statics_));
             LOG_IF_STEP_FAILS("AddMenuItemFromKnownIcon", 152, AddMenuItemFromKnownIcon(entry, icon));
             menu_entries_.push_back(std::move(entry));
@@ -86,7 +90,7 @@ std::optional<HRESULT> DialListener::AddDescribedItem(const MenuItemDescription&
             AddCustomFontItem(std::move(entry), item);
             break;
         case MenuItemKind::FilePNG: {
-            // The entry is not recorded here: the load records its own when it completes.
+            // Not recorded here: the completion of the load records its own entry.
             const TextReference path(item.source.text);
             LOG_IF_STEP_FAILS("AddMenuItemFromFilePNG", 199, AddMenuItemFromFilePNG(entry, path.Get()));
             break;

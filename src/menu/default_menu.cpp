@@ -1,4 +1,4 @@
-// set_default_menu: which of the system's own entries remain.
+// set_default_menu: selects the system's own entries that remain.
 #include <algorithm>
 #include <vector>
 
@@ -11,7 +11,8 @@ namespace brindle {
 
 namespace {
 
-// Null when the window has none: the platform's own code for that is not consulted.
+// Null when the window has none. The code of GetForWindow is deliberately ignored: a configuration that comes
+// with a failure code works (DefaultMenu.AConfigurationThatComesWithAFailureIsUsed).
 ComPtr<abi::IRadialControllerConfiguration> GetConfigurationForWindow(std::uint64_t window) {
     ComPtr<abi::IActivationFactory> factory;
     ThrowIfFailed(GetFactory<abi::RadialControllerConfiguration>(factory));
@@ -23,7 +24,7 @@ ComPtr<abi::IRadialControllerConfiguration> GetConfigurationForWindow(std::uint6
     return configuration;
 }
 
-// Closes the sequence however the call ends.
+// Closes the sequence when the call ends, also by an exception.
 class OpenSequence {
 public:
     OpenSequence(const std::int32_t* kinds, std::uint32_t count) {
@@ -44,7 +45,8 @@ private:
 
 }  // namespace
 
-// The window is the one that the host names now, not the one that it was asked for with.
+// Deliberately the window that the host object reports now, not the argument of the export, as brindle.h
+// tells hosts (DefaultMenu.TheWindowIsTheOneThatTheHostNamesNow).
 HRESULT DialListener::SetDefaultMenu(const std::int32_t* kinds, std::uint32_t count) {
     if (host_ == nullptr) {
         return E_FAIL;

@@ -17,7 +17,9 @@ HRESULT DialListener::AddMenuItemFromSystemFont(MenuEntry& entry, HSTRING glyph,
     return S_OK;
 }
 
-// The Uri's absolute form and the item's text are read and not used: intended.
+// The URI's absolute form and the item's text are read and not used: each is a guarded step, and an item
+// whose URI or text cannot be read is deliberately not added
+// (FontFileStep.ThatFailsIsTriedSixTimesAndTheEntryRecorded).
 HRESULT DialListener::AddMenuItemFromCustomFont(MenuEntry& entry, HSTRING glyph, HSTRING font_family,
                                                 HSTRING short_path) {
     ComPtr<abi::IRadialControllerMenuItemStatics2> statics;

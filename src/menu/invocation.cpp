@@ -1,5 +1,5 @@
-// The user chooses an item: its haptic setting becomes the controller's. The host is not told; it sees the
-// item's tag with the next turn.
+// Invoked: applies the haptic setting of the chosen item to the controller. The host is not called; the next
+// turn carries the item's tag.
 #include <algorithm>
 
 #include "dial/dial_listener.h"
@@ -14,13 +14,13 @@ constexpr auto kInvokedLine = Wide("ItemInvoked %s\n");
 
 }  // namespace
 
-// Every failure is swallowed: the choice itself has happened.
+// Ignores every failure: the user's choice has taken effect already (Invocation.EveryFailureIsSwallowed).
 HRESULT DialListener::OnItemInvoked(abi::IRadialControllerMenuItem* sender, abi::IInspectable* /*args*/) {
     if (sender == nullptr) {
         return S_OK;
     }
-    // The first entry wins, however old: a menu's predecessor decides for an identifier that both have.
-    // Intended.
+    // Deliberately the first entry with this item_id, also that of an earlier menu: brindle.h tells hosts to
+    // use fresh identifiers for new meanings (Invocation.AnEntryOfAnEarlierMenuDecidesForALaterOne).
     const std::uint32_t item_id = ReadTag(*sender);
     const auto entry = std::find_if(menu_entries_.begin(), menu_entries_.end(),
                                     [&](const MenuEntry& recorded) { return recorded.item_id == item_id; });

@@ -1,4 +1,4 @@
-// The host's identifier of a menu item, as the item carries it.
+// The tag of a menu item: the host's item_id.
 #pragma once
 
 #include <cstdint>
@@ -9,7 +9,8 @@
 
 namespace brindle {
 
-// 0 for anything that cannot be read: a missing tag is no reason to withhold an event.
+// 0 when the tag is missing or cannot be read: the event is delivered all the same
+// (CustomMenu.ATagThatCannotBeReadIsZero).
 inline std::uint32_t ReadTag(abi::IRadialControllerMenuItem& item) {
     ComPtr<abi::IInspectable> tag;
     if (item.get_Tag(tag.Put()) < 0 || !tag) {

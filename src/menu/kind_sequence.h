@@ -1,4 +1,4 @@
-// The system entries that a host wants to keep, as the platform reads them.
+// The sequence of system entries that set_default_menu gives the platform.
 #pragma once
 
 #include <cstdint>
@@ -12,9 +12,10 @@ namespace brindle {
 
 using SystemItemKind = abi::RadialControllerSystemMenuItemKind;
 
-// A read-only sequence for the time of one call. A platform that keeps it, or an iterator over it, beyond
-// that finds it closed: the memory is still there, the list is not. It is freed right after the call, which
-// is intended, and without a lock: nothing protects a reader on another thread that is still at work then.
+// A read-only sequence for one call. Its list is deliberately freed when the call ends, so that the host's
+// values are used during the call only: a platform that keeps the sequence or an iterator then gets
+// RO_E_CLOSED (DefaultMenu.ASequenceThatThePlatformKeptIsClosedAfterTheCall). No lock: the platform must not
+// read it on another thread while the call ends.
 class KindSequence final : public ImplementsInspectable<abi::IIterable<SystemItemKind>> {
 public:
     static constexpr HRESULT kOutOfBounds = static_cast<HRESULT>(0x8000000B);  // E_BOUNDS
@@ -24,7 +25,7 @@ public:
 
     HRESULT First(abi::IIterator<SystemItemKind>** result) noexcept override;
 
-    // On the thread of the call that made it.
+    // On the thread of the call that created the sequence.
     void Close() noexcept {
         closed_ = true;
         std::vector<SystemItemKind>().swap(kinds_);
@@ -55,7 +56,7 @@ public:
         *result = Left() > 0;
         return sequence_->IsClosed() ? KindSequence::kClosed : S_OK;
     }
-    // Past the end it stays there and answers false.
+    // At the end it stays there and returns false.
     HRESULT MoveNext(abi::boolean* result) noexcept override {
         next_ += Left() > 0;
         return get_HasCurrent(result);
@@ -86,7 +87,8 @@ inline HRESULT KindSequence::First(abi::IIterator<SystemItemKind>** result) noex
         return kClosed;
     }
     AddRef();
-    // Owned before there is an iterator: without memory for it nothing of that expression would be evaluated.
+    // Owned before the iterator is allocated: when nothrow new fails, its arguments are not evaluated, and
+    // the reference would leak (AllocationFailures.OfAnIteratorKeepNoReference).
     auto self = ComPtr<KindSequence>::Attach(this);
     *result = new (std::nothrow) KindIterator(std::move(self));
     return *result == nullptr ? E_OUTOFMEMORY : S_OK;

@@ -1,11 +1,12 @@
-// Items with an icon of the platform's own.
+// KnownIcon items: a built-in icon of the platform.
 #include "dial/dial_listener.h"
 #include "frame/diagnostics/steps.h"
 
 namespace brindle {
 
 HRESULT DialListener::AddMenuItemFromKnownIcon(MenuEntry& entry, abi::RadialControllerMenuKnownIcon icon) {
-    // An event that the platform lets in may make the menu anew, and with it replace the factory.
+    // A reference of its own: an event that arrives inside a call may replace the menu and with it the
+    // factory.
     const ComPtr<abi::IRadialControllerMenuItemStatics> statics = item_statics_;
     if (!statics) {
         return E_NOINTERFACE;

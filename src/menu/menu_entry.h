@@ -1,4 +1,4 @@
-// The listener's record of one item handed to the dial's menu.
+// The listener's record of one menu item.
 #pragma once
 
 #include <cstdint>
@@ -9,20 +9,21 @@
 namespace brindle {
 
 struct MenuEntry {
-    // Boxed, so that the entry moves in its array without the string being touched.
+    // A heap allocation of its own: moving the entry within the vector leaves the platform string alone
+    // (DialListenerTest.EntriesKeepTheirLabelsWhileTheListGrows).
     std::unique_ptr<String> display_text;
     std::uint32_t item_id = 0;
-    // Recorded only: the subscription is never ended.
+    // Stored and never read: Invoked is never unsubscribed.
     std::int64_t invoked_token = 0;
     bool haptic_feedback = false;
 };
 
-// Raises what copying the label raises.
+// Throws what CopyText throws.
 inline MenuEntry MakeEntry(const WCHAR* label, std::uint32_t item_id, bool haptic_feedback) {
     return {std::make_unique<String>(CopyText(label)), item_id, 0, haptic_feedback};
 }
 
-// The empty text without a box.
+// The empty text when the entry has no label.
 inline const WCHAR* LabelOf(const MenuEntry& entry) noexcept {
     static constexpr WCHAR kEmpty[] = {0};
     return entry.display_text ? TextOf(*entry.display_text) : kEmpty;

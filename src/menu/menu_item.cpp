@@ -1,5 +1,5 @@
-// What every item goes through once it exists: subscribed, put into the menu, tagged, in this order. One that
-// fails at its tag is in the menu and subscribed all the same.
+// Adds an item to the menu: subscribe, append, tag. The order is deliberate: an item whose tag fails stays in
+// the menu and subscribed (CustomMenu.AnItemThatFailsAtItsTagIsInTheMenuAndSubscribed).
 #include "dial/dial_listener.h"
 #include "frame/diagnostics/steps.h"
 #include "platform/activation.h"
@@ -30,8 +30,9 @@ HRESULT DialListener::SubscribeInvoked(abi::IRadialControllerMenuItem& item, std
 }
 
 HRESULT DialListener::AddItemToMenu(abi::IRadialControllerMenuItem* item, MenuEntry& entry) {
-    // None when the window's last add_custom_menu did not get one, and a picture file of an earlier one
-    // comes. Held: an event that the platform lets in may make the menu anew.
+    // Null when the last add_custom_menu got no menu and the picture file of an earlier call completes
+    // (PictureFile.ThatComesWhenTheWindowHasNoMenuIsAFailure). A reference of its own: an event that arrives
+    // inside a call may replace the menu.
     const ComPtr<abi::IRadialControllerMenu> menu = menu_;
     if (item == nullptr || !menu) {
         return E_NOINTERFACE;

@@ -1,4 +1,4 @@
-// Items with a picture from a PNG file, which the platform opens in its own time.
+// FilePNG items: a PNG file that the platform opens asynchronously.
 #include <string_view>
 #include <vector>
 
@@ -12,8 +12,9 @@
 
 namespace brindle {
 
-// Does not wait for the file. The completion handler holds a plain pointer to the listener, which has to
-// outlive the load, and no haptic setting: the item's entry will say false.
+// Does not wait for the file. The completion handler holds a plain pointer to the listener, which must
+// outlive the load, and deliberately no haptic setting: the item's entry records false, as brindle.h tells
+// hosts (PictureFile.HasNoHapticSettingOfItsOwn).
 HRESULT DialListener::AddMenuItemFromFilePNG(const MenuEntry& entry, HSTRING path) {
     using OpenOperation = abi::IAsyncOperation<abi::StorageFile>;
     using Handler = abi::AsyncOperationCompletedHandler<abi::StorageFile>;
@@ -26,7 +27,8 @@ HRESULT DialListener::AddMenuItemFromFilePNG(const MenuEntry& entry, HSTRING pat
         return E_NOINTERFACE;
     }
 
-    // The label with its terminator in a vector: a string would bring the C++ library's into the DLL.
+    // The label and its terminator in a vector: std::basic_string would add the C++ library's code to the
+    // DLL.
     const std::basic_string_view<WCHAR> text(LabelOf(entry));
     const auto handler = MakeDelegate<Handler>(
         [this, label = std::vector<WCHAR>(text.data(), text.data() + text.size() + 1),
@@ -40,12 +42,13 @@ HRESULT DialListener::AddMenuItemFromFilePNG(const MenuEntry& entry, HSTRING pat
     if (!handler) {
         throw std::bad_alloc();
     }
-    opening->put_Completed(handler.Get());  // its answer is ignored: intended
+    // The code is deliberately ignored: a second attempt of the step would start a second load
+    // (PictureFile.WhoseHandlerCannotBeAttachedIsStillASuccess).
+    opening->put_Completed(handler.Get());
     return S_OK;
 }
 
-// On the thread that the platform completes the load on. Loads complete in any order, and so do their items
-// appear.
+// Runs on the platform's thread. Loads complete in any order, and their items appear in that order.
 HRESULT DialListener::OnImageFileOpened(abi::IAsyncOperation<abi::StorageFile>* operation,
                                         abi::AsyncStatus status, const WCHAR* label, std::uint32_t item_id) {
     if (status != abi::AsyncStatus::Completed && status != abi::AsyncStatus::Error) {

@@ -1,4 +1,4 @@
-// Items with a picture from a module's resource.
+// ResourcePNG items: a PNG resource of a module.
 #include "menu/png_resource.h"
 
 #include <cstring>
@@ -31,7 +31,8 @@ HRESULT FillStream(const Bytes& bytes, ComPtr<abi::IStream>& stream, GlobalBlock
     if (code < 0 || !stream) {
         code = E_FAIL;
     } else {
-        // The same bytes once more, through the stream: intended.
+        // Deliberately writes the same bytes through the stream: a stream that takes fewer fails the item
+        // (PngResource.WhoseStreamIsWrittenInPartIsOutOfMemoryAndStillReturned).
         std::uint32_t written = 0;
         if (stream->Write(bytes.data, bytes.size, &written) < 0 || written < bytes.size) {
             code = E_OUTOFMEMORY;
@@ -88,7 +89,9 @@ HRESULT DialListener::AddMenuItemFromResourcePNG(MenuEntry& entry, HMODULE modul
         return S_OK;
     }
 
-    // The last two steps are evaluated once each, unlike the guarded ones: intended.
+    // The last two steps are deliberately reported and not guarded: support identifies them by their single
+    // lines, which docs/steps.md lists (PictureResource.WhoseItemCannotBeMadeIsNamedWithItsStep,
+    // PictureResource.WhoseTagAlwaysFailsIsInTheMenuButNotRecorded).
     const TextReference label(LabelOf(entry));
     ComPtr<abi::IRadialControllerMenuItem> item;
     if (const HRESULT code = statics->CreateFromIcon(label.Get(), picture.Get(), item.Put()); code < 0) {
@@ -96,7 +99,9 @@ HRESULT DialListener::AddMenuItemFromResourcePNG(MenuEntry& entry, HMODULE modul
         return code;
     }
     const HRESULT code = AddItemToMenu(item.Get(), entry);
-    // Under the streams over it, which the platform's item may still hold: intended.
+    // Deliberately freed as soon as the item is added, under streams that the platform's item may still hold:
+    // they do not own the block, and nothing could free it later
+    // (PictureResource.IsFreedAsSoonAsItsItemIsAdded).
     block.Reset();
     if (code < 0) {
         PrintFailure(code, 727);

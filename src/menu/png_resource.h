@@ -1,4 +1,4 @@
-// A PNG resource of a module as a stream.
+// Loads a PNG resource of a module into a stream.
 #pragma once
 
 #include "platform/com_ptr.h"
@@ -27,8 +27,8 @@ private:
     HGLOBAL block_ = nullptr;
 };
 
-// Copies the "PNG" resource with this identifier into `block` and a stream over it, which does not own it.
-// What has been made when something fails is handed out all the same.
+// Copies the "PNG" resource with this identifier into `block` and creates a stream over it, which does not
+// own the block. After a failure `block` and `stream` hold what has been created so far.
 HRESULT LoadPngResourceStream(HMODULE module, std::uint16_t resource, ComPtr<abi::IStream>* stream,
                               GlobalBlock& block);
 

@@ -1,4 +1,4 @@
-// set_current_custom_menu: the first item that carries the identifier becomes the selected one.
+// set_current_custom_menu: selects the first item whose tag is the identifier.
 #include "dial/dial_listener.h"
 #include "platform/errors.h"
 #include "platform/interfaces/property_value.h"
@@ -15,7 +15,8 @@ std::uint32_t SizeOf(ItemList& list) {
     return size;
 }
 
-// A tag that is there and no number ends the search; an item without a tag is skipped.
+// An item without a tag is skipped. A tag that is no UInt32 deliberately ends the search with its failure
+// (Selection.ATagOfAnotherTypeEndsTheSearchBeforeAMatch).
 bool HasTag(abi::IRadialControllerMenuItem& item, std::uint32_t item_id) {
     ComPtr<abi::IInspectable> tag;
     ThrowIfFailed(item.get_Tag(tag.Put()));
@@ -40,7 +41,7 @@ HRESULT SelectItem(abi::IRadialController& controller, std::uint32_t item_id) {
     if (!list) {
         return E_NOINTERFACE;
     }
-    // The list is the platform's live one: its size is asked for anew on every step.
+    // The list is live, so its size is read on every step (Selection.AListThatShrinksDuringTheSearchEndsIt).
     for (std::uint32_t i = 0; i < SizeOf(*list.Get()); ++i) {
         ComPtr<abi::IRadialControllerMenuItem> item;
         ThrowIfFailed(list->GetAt(i, item.Put()));

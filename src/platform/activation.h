@@ -16,8 +16,9 @@ constexpr std::basic_string_view<WCHAR> ClassName() noexcept {
     return {kClassName<RuntimeClass>.data(), kClassName<RuntimeClass>.size() - 1};
 }
 
-// What was held before is released first, before the string of the name is made. Null where the call
-// succeeded and yielded nothing.
+// Releases the former factory first, before it creates the string of the class name
+// (CustomMenu.TheFormerFactoryForKnownIconsGoesBeforeTheNextOnesNameIsMade). Null when the platform succeeds
+// and yields null.
 inline HRESULT GetFactoryOrNull(std::basic_string_view<WCHAR> class_name, const GUID& iid,
                                 abi::IUnknown*& factory) noexcept {
     ReleaseReference(std::exchange(factory, nullptr));
@@ -34,7 +35,7 @@ HRESULT GetFactoryOrNull(ComPtr<Factory>& factory) noexcept {
     return code;
 }
 
-// A success that yields nothing counts as a failure.
+// A success that yields null counts as a failure.
 template <class RuntimeClass, class Factory>
 HRESULT GetFactory(ComPtr<Factory>& factory) noexcept {
     const HRESULT code = GetFactoryOrNull<RuntimeClass>(factory);

@@ -1,4 +1,4 @@
-// An owned reference to a platform object.
+// A smart pointer that owns a reference to a platform object.
 #pragma once
 
 #include <utility>
@@ -7,7 +7,7 @@
 
 namespace brindle {
 
-// One piece of code for every kind of pointer.
+// One function for every kind of pointer: keeps the DLL small.
 inline void ReleaseReference(abi::IUnknown* object) noexcept {
     if (object != nullptr) {
         object->Release();
@@ -41,11 +41,12 @@ public:
     Interface* operator->() const noexcept { return pointer_; }
     explicit operator bool() const noexcept { return pointer_ != nullptr; }
 
-    // Cleared before the release, so that a call back in from the object's end finds nothing here.
+    // Cleared before the release: the object's destructor may call back and must find null here
+    // (OwnedReferences.AnObjectThatLooksBackDuringResetFindsNothing).
     void Reset() noexcept { ReleaseReference(std::exchange(pointer_, nullptr)); }
     Interface* Detach() noexcept { return std::exchange(pointer_, nullptr); }
 
-    // The place for an out parameter; what was held before is released first.
+    // For an out parameter; the former reference is released first.
     Interface** Put() noexcept {
         Reset();
         return &pointer_;
@@ -55,7 +56,7 @@ private:
     Interface* pointer_ = nullptr;
 };
 
-// A success that yields nothing counts as a failure.
+// A success that yields null counts as a failure.
 inline HRESULT Query(abi::IUnknown* object, const GUID& iid, void** result) noexcept {
     const HRESULT code = object->QueryInterface(iid, result);
     return code >= 0 && *result == nullptr ? E_NOINTERFACE : code;

@@ -1,4 +1,4 @@
-// A callback object that the platform keeps: one template for every event handler and completion handler.
+// Delegates: one template for every event handler and completion handler.
 #pragma once
 
 #include <new>
@@ -8,7 +8,7 @@
 
 namespace brindle {
 
-// `Action` runs inside Invoke, on the thread that the platform raises the event on; what it throws leaves
+// `Action` runs inside Invoke, on the thread that the platform raises the event on; its exceptions leave
 // Invoke.
 template <class Handler, class Action, class Signature = decltype(&Handler::Invoke)>
 class Delegate;
@@ -24,7 +24,7 @@ private:
     Action action_;
 };
 
-// Empty when there is no memory for it.
+// Null without memory.
 template <class Handler, class Action>
 ComPtr<Handler> MakeDelegate(Action action) noexcept {
     return ComPtr<Handler>::Attach(new (std::nothrow) Delegate<Handler, Action>(std::move(action)));

@@ -15,7 +15,7 @@ HRESULT Originate(HRESULT code, const std::exception& error) noexcept {
     try {
         RoOriginateLanguageException(code, ToPlatformString(error.what()).Get(), nullptr);
     } catch (...) {
-        // The message is extra: without memory for it the code goes alone.
+        // The message is optional: without memory for it the code alone is returned.
     }
     return code;
 }

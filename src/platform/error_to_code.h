@@ -1,12 +1,12 @@
-// The border of what the platform calls: no exception leaves it.
+// Converts exceptions to codes at the functions that the platform calls.
 #pragma once
 
 #include "platform/types.h"
 
 namespace brindle {
 
-// Inside a catch block of an object that the platform calls: the code for what is being handled. The message
-// of a standard error other than std::bad_alloc goes to the platform along with the code.
+// Call in a catch block: returns the code for the exception that is being handled. The message of a standard
+// exception other than std::bad_alloc is reported to the platform with the code.
 HRESULT ErrorToCode() noexcept;
 
 }  // namespace brindle

@@ -1,4 +1,4 @@
-// Platform failures as raised errors, and back.
+// Platform failures as exceptions.
 #pragma once
 
 #include <array>
@@ -26,7 +26,7 @@ public:
     explicit hresult_error(HRESULT code) noexcept;
     hresult_error(const hresult_error&) = default;
     hresult_error& operator=(const hresult_error&) = default;
-    // Inside those of the kinds, which then are all the same, and one in the DLL.
+    // Inlined into the destructors of the kinds, which the linker then merges into one.
     [[gnu::always_inline]] ~hresult_error() override = default;
 
     HRESULT code() const noexcept { return code_; }
@@ -38,7 +38,7 @@ private:
     std::array<char, 32> text_;
 };
 
-// The kinds differ in their one code only.
+// The kinds differ only in their code.
 template <HRESULT Code>
 class hresult_error_of : public hresult_error {
 public:
@@ -59,8 +59,8 @@ using hresult_illegal_state_change = hresult_error_of<kIllegalStateChange>;
 using hresult_illegal_delegate_assignment = hresult_error_of<kIllegalDelegateAssignment>;
 using hresult_canceled = hresult_error_of<kCanceled>;
 
-// Raises a negative code as its kind of hresult_error; 0x8007000E as std::bad_alloc, which a handler for
-// platform errors therefore lets pass.
+// Throws the kind of hresult_error for a negative code, and std::bad_alloc for 0x8007000E, which handlers for
+// hresult_error therefore do not catch.
 [[noreturn]] void Throw(HRESULT code);
 
 inline void ThrowIfFailed(HRESULT code) {
@@ -69,8 +69,8 @@ inline void ThrowIfFailed(HRESULT code) {
     }
 }
 
-// Whether the platform refuses, where nobody minds: no exception is thrown for what is usual. 0x8007000E is
-// raised all the same.
+// Whether the code is a failure, for calls that fail in ordinary use: avoids the cost of an exception.
+// 0x8007000E throws std::bad_alloc all the same.
 inline bool Failed(HRESULT code) {
     if (code == E_OUTOFMEMORY) {
         Throw(code);

@@ -1,5 +1,5 @@
-// A delegate that stays the same object in every apartment, also for a caller that marshals it instead of
-// asking whether it is agile.
+// A delegate that is the same object in every apartment, also for a caller that marshals it instead of
+// querying for IAgileObject.
 #pragma once
 
 #include <atomic>
@@ -30,8 +30,8 @@ private:
         }
     }
 
-    // The platform's, aggregated: its IMarshal counts on this object. Two threads may ask at once; one is
-    // kept.
+    // The platform's free-threaded marshaler, aggregated: its IMarshal counts references on this object. Two
+    // threads may create one at once; the first is kept.
     HRESULT MakeMarshaler() noexcept {
         if (marshaler_ != nullptr) {
             return S_OK;
@@ -53,7 +53,7 @@ private:
     std::atomic<abi::IUnknown*> marshaler_ = nullptr;
 };
 
-// Empty when there is no memory for it.
+// Null without memory.
 template <class Handler, class Action>
 ComPtr<Handler> MakeFreeThreadedDelegate(Action action) noexcept {
     return ComPtr<Handler>::Attach(new (std::nothrow)

@@ -1,25 +1,25 @@
-// The flat functions of the platform that the library calls and that can be intercepted: the one place that
-// lists them.
+// The flat platform functions that the library calls and the simulator can intercept, listed once.
 //
-//   result      of the function
+//   result      the return type
 //   name        as published
 //   parameters  with their names
-//   arguments   the same names, to pass on
-//   by          who does the work of an intercepted call: real, the function itself; tracked, a wrapper of
-//   the
-//               simulator's that also counts what is handed out (intercepted.cpp)
-//   journal     what the journal prints as the call's arguments
-//   fault       what the caller gets where a fault applies and the call does not take place:
-//                 CODE      the fault's code (a function without a result: nothing)
+//   arguments   the names of the parameters
+//   by          what an intercepted call calls:
+//                 real      the original function
+//                 tracked   a wrapper of the simulator's that also tracks outstanding references
+//                           (intercepted.cpp)
+//   journal     the arguments that the journal prints
+//   fault       what an intercepted call returns under a fault:
+//                 CODE      the fault's code; nothing for a function without a result
 //                 OUT(p)    the fault's code; *p is null or zero
-//                 VALUE(v)  v under a failure code; a positive code itself, as a number. Also after a late
-//                 fault ELSE(v)   v; a late fault changes nothing
+//                 VALUE(v)  v under a failure code, a positive code as the number itself; also under a late
+//                           fault
+//                 ELSE(v)   v; a late fault changes nothing
 //   late        whether a late fault can be set: the call takes place and then reports a failure. NEVER for
-//               functions whose result is what they hand out, and for a promotion, which consumes its
-//               argument
+//               functions that return what they allocate, and for a promotion, which consumes its argument
 //
-// The order is that of dialsim_operation. RaiseException, _vsnwprintf and DisableThreadLibraryCalls are
-// called too; they are declared in functions.h and not intercepted. An OVERLOAD stands beside a function of
+// The order is that of dialsim_operation. RaiseException, _vsnwprintf and DisableThreadLibraryCalls are also
+// called; functions.h declares them, and they are not intercepted. An OVERLOAD has the name of a function of
 // the native C library and cannot have C linkage there.
 #pragma once
 

@@ -1,17 +1,18 @@
-// Every platform function the library calls, in one place. On Windows the platform's headers declare them
-// and its libraries answer; natively they are declared here and whatever is linked underneath answers.
+// Every platform function that the library calls. On Windows the platform's headers declare them and its
+// import libraries define them; natively they are declared here, and the simulator or the stub platform of
+// bench/ defines them.
 //
 //   function                            called by                   thread          on failure
 //   RoInitialize                        initialize                  the host's      code; result 1
 //   RoUninitialize                      uninit                      the host's      cannot fail
 //   RoGetActivationFactory              GetFactory, initialize      any             code; no factory
 //   WindowsCreateStringReference        StringReference             any             code; no string
-//   WindowsCreateString                 MakeString                  any             code, raised
-//   WindowsDuplicateString              CopyText                    host's, load's  code, raised
+//   WindowsCreateString                 MakeString                  any             code, thrown
+//   WindowsDuplicateString              CopyText                    host's, load's  code, thrown
 //   WindowsGetStringRawBuffer           TextOf                      any             cannot fail
 //   WindowsGetStringLen                 LengthOf                    any             cannot fail
-//   WindowsPreallocateStringBuffer      ToPlatformString            any             code, raised
-//   WindowsPromoteStringBuffer          ToPlatformString            any             code, raised
+//   WindowsPreallocateStringBuffer      ToPlatformString            any             code, thrown
+//   WindowsPromoteStringBuffer          ToPlatformString            any             code, thrown
 //   WindowsDeleteStringBuffer           ToPlatformString            any             cannot fail
 //   WindowsDeleteString                 String                      any             cannot fail
 //   RoOriginateLanguageException        ErrorToCode                 any             ignored
@@ -65,7 +66,7 @@ extern "C" HRESULT WINAPI CreateRandomAccessStreamOverStream(IStream* stream, BS
 
 #include <cstdarg>
 #include <cstddef>
-#include <cwchar>  // before an overload of one of its functions
+#include <cwchar>  // before the overload of one of its functions
 
 enum RO_INIT_TYPE : int { RO_INIT_SINGLETHREADED = 0, RO_INIT_MULTITHREADED = 1 };
 enum BSOS_OPTIONS : int { BSOS_DEFAULT = 0 };
@@ -93,7 +94,7 @@ extern "C" {
 
 [[noreturn]] void RaiseException(DWORD code, DWORD flags, DWORD argument_count,
                                  const std::uintptr_t* arguments);
-// The runtime library's bounded wide formatter: %s takes UTF-16.
+// The runtime library's bounded wide formatter; %s takes UTF-16.
 int _vsnwprintf(WCHAR* buffer, std::size_t size, const WCHAR* format, std::va_list arguments);
 
 }  // extern "C"

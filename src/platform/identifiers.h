@@ -1,4 +1,5 @@
-// Interface identifiers as compile-time values: from their text, and by name for parameterised interfaces.
+// Interface identifiers as compile-time values: parsed from text, and name-based for parameterised
+// interfaces.
 #pragma once
 
 #include <array>
@@ -11,7 +12,7 @@
 
 namespace brindle::abi {
 
-// Text whose length is part of its type; std::string is not a constant expression on every compiler we use.
+// Text with its length in its type; std::string is not a constant expression on every supported compiler.
 template <std::size_t N>
 struct FixedText {
     char Chars[N + 1]{};
@@ -42,7 +43,7 @@ constexpr auto operator+(const FixedText<N>& left, const char (&right)[M]) {
     return left + FixedText(right);
 }
 
-// The platform's headers give GUID an operator== that is not a constant expression, hence this name.
+// Not operator==: that of the platform's headers is no constant expression.
 constexpr bool SameId(const GUID& left, const GUID& right) {
     for (std::size_t i = 0; i < 8; ++i) {
         if (left.Data4[i] != right.Data4[i])
@@ -51,7 +52,7 @@ constexpr bool SameId(const GUID& left, const GUID& right) {
     return left.Data1 == right.Data1 && left.Data2 == right.Data2 && left.Data3 == right.Data3;
 }
 
-// The sixteen bytes in the order of the text, which for the first three members is not the order in memory.
+// The sixteen bytes in text order, which differs from memory order for the first three members.
 using IdBytes = std::array<std::uint8_t, 16>;
 
 constexpr GUID IdFromBytes(const IdBytes& bytes) {
@@ -86,7 +87,7 @@ constexpr bool IsHyphenPlace(std::size_t place) {
     return place == 8 || place == 13 || place == 18 || place == 23;
 }
 
-// Not a constant expression on purpose: reaching it stops the compilation, and its name is the message.
+// Not constexpr: a call stops the compilation, and its name is the error message.
 inline void MalformedIdentifier() {}
 
 constexpr std::uint8_t HexValue(char digit) {
@@ -119,7 +120,7 @@ consteval GUID Id(std::string_view text) {
     return IdFromBytes(bytes);
 }
 
-// Lower case and in braces, as signatures want it.
+// In lower case and braces, as type signatures require.
 constexpr FixedText<detail::IdTextLength + 2> IdText(const GUID& id) {
     constexpr std::string_view digits = "0123456789abcdef";
     FixedText<detail::IdTextLength + 2> text;
@@ -135,7 +136,7 @@ constexpr FixedText<detail::IdTextLength + 2> IdText(const GUID& id) {
     return text;
 }
 
-// For naming only; nothing here is meant to resist anyone.
+// For name-based identifiers; not for security.
 class Sha1 {
 public:
     constexpr void Add(std::uint8_t byte) {
@@ -197,7 +198,7 @@ private:
     std::uint64_t length_ = 0;
 };
 
-// RFC 4122, version 5.
+// A name-based UUID, RFC 4122 version 5.
 constexpr GUID NameBasedId(const GUID& name_space, std::string_view name) {
     Sha1 hash;
     for (const std::uint8_t byte : BytesOf(name_space))

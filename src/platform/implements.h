@@ -1,4 +1,4 @@
-// What an object of the library's own needs to be one of the platform's.
+// Base classes for the library's own platform objects.
 #pragma once
 
 #include <atomic>
@@ -8,7 +8,7 @@
 
 namespace brindle {
 
-// What every object answers: its own interface, the root, and the marker of agility.
+// Answers for the object's own interface, IUnknown and IAgileObject.
 inline HRESULT AnswerQuery(abi::IUnknown& self, const GUID& own, const GUID& iid, void** object) noexcept {
     if (object == nullptr) {
         return E_POINTER;
@@ -23,8 +23,8 @@ inline HRESULT AnswerQuery(abi::IUnknown& self, const GUID& own, const GUID& iid
     return S_OK;
 }
 
-// Counted, made with one reference, and agile: the platform may call the object on any thread and let it go
-// on any, so the count is atomic.
+// Reference-counted, created with one reference, and agile: the platform may call and release the object on
+// any thread, so the count is atomic.
 template <class Interface>
 class Implements : public Interface {
 public:
@@ -32,7 +32,7 @@ public:
     Implements(const Implements&) = delete;
     Implements& operator=(const Implements&) = delete;
 
-    // A class that answers more overrides it.
+    // A class with more interfaces overrides it.
     HRESULT QueryInterface(const GUID& iid, void** object) noexcept override {
         return AnswerQuery(*this, Interface::Iid, iid, object);
     }
@@ -52,7 +52,7 @@ private:
     std::atomic<std::uint32_t> references_{1};
 };
 
-// The same with the roots of a Windows Runtime interface: an object without a class of its own.
+// The same with IInspectable: an object without a runtime class name.
 template <class Interface>
 class ImplementsInspectable : public Implements<Interface> {
 public:

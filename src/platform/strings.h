@@ -1,4 +1,4 @@
-// Texts as the platform takes them.
+// Platform strings.
 #pragma once
 
 #include <array>
@@ -10,8 +10,8 @@
 
 namespace brindle {
 
-// An ASCII literal as UTF-16, made at compile time: class names are needed narrow for identifiers and wide
-// for activation.
+// Converts an ASCII literal to UTF-16 at compile time: class names are narrow in identifiers and wide in
+// activation.
 template <std::size_t N>
 consteval std::array<WCHAR, N> Wide(const char (&text)[N]) {
     std::array<WCHAR, N> wide{};
@@ -21,8 +21,8 @@ consteval std::array<WCHAR, N> Wide(const char (&text)[N]) {
     return wide;
 }
 
-// A platform string over characters that it does not own and that must outlive it. Stays where it was made:
-// the platform points into the header.
+// A platform string that borrows its characters, which must outlive it. Not copied or moved: the platform
+// points into the header.
 class StringReference {
 public:
     StringReference() = default;
@@ -39,7 +39,7 @@ private:
     HSTRING string_ = nullptr;
 };
 
-// An owned platform string; null is the empty text.
+// An owned platform string; null is the empty string.
 class String {
 public:
     String() = default;

@@ -8,7 +8,7 @@ namespace brindle {
 
 namespace {
 
-// A string in the making; given back to the platform unless it was promoted.
+// A preallocated string buffer; deleted unless it is promoted.
 class StringBuffer {
 public:
     StringBuffer() = default;

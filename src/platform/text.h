@@ -1,4 +1,4 @@
-// Texts of the host and of the library as platform strings.
+// Conversions between texts and platform strings.
 #pragma once
 
 #include <string_view>
@@ -7,13 +7,12 @@
 
 namespace brindle {
 
-// At most 2147483647 bytes. Empty or unconvertible text gives the empty string and reports nothing; a string
-// that the platform cannot make is raised.
+// Converts at most 2147483647 bytes. Empty or unconvertible text gives the empty string without an error.
+// Throws when the platform cannot create the string.
 String ToPlatformString(std::string_view utf8);
 
-// A platform string over a host's text, NUL-terminated and alive as long as this is. A text longer than 32
-// bits can count is raised as an arithmetic overflow (0x80070216), what the platform refuses with its own
-// code.
+// A platform string that borrows a host's NUL-terminated text, which must outlive it. Throws an arithmetic
+// overflow (0x80070216) for a text longer than 4294967295 units, and the platform's failures.
 class TextReference {
 public:
     explicit TextReference(const WCHAR* text);
@@ -24,18 +23,19 @@ private:
     StringReference string_;
 };
 
-// An owned copy of a host's text; raises as TextReference does, and what the platform's copying answers.
+// An owned copy of a host's text. Throws what TextReference throws, and the failures of
+// WindowsDuplicateString.
 String CopyText(const WCHAR* text);
 
-// The characters of a string, terminated; they live as long as it does.
+// The NUL-terminated characters of a string, valid as long as the string.
 inline const WCHAR* TextOf(const String& string) noexcept {
     return WindowsGetStringRawBuffer(string.Get(), nullptr);
 }
 
-// How many characters they are, without the terminator.
+// The number of characters without the terminator.
 inline UINT LengthOf(const String& string) noexcept { return WindowsGetStringLen(string.Get()); }
 
-// Unit by unit, up to the first NUL of either.
+// Compares unit by unit, up to the first NUL of either.
 inline bool SameText(const String& string, const WCHAR* text) noexcept {
     return std::basic_string_view<WCHAR>(TextOf(string)) == text;
 }

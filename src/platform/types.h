@@ -1,5 +1,5 @@
-// The platform's own types under their published names. On Windows its headers declare them; natively
-// they are declared here with the same sizes, so that everything above reads the same in both builds.
+// The platform's types under their published names. On Windows its headers declare them; natively they are
+// declared here with the same sizes, so that the other files need no #ifdef.
 #pragma once
 
 #include <cstdint>
@@ -81,7 +81,7 @@ struct Rect {
     float Height;
 };
 
-// A span or a moment, in units of 100 ns.
+// A duration in units of 100 ns.
 struct TimeSpan {
     std::int64_t Duration;
 };

@@ -1,10 +1,10 @@
-// is_dial_present: a fresh enumeration of the platform's on every call, and a wait for it.
+// is_dial_present: starts a device enumeration on every call and waits for it.
 //
 //   the caller                                   the platform's thread
 //   presence_done = 0, start the enumeration
-//   sleep 1 ms until presence_done is 1,         found = is one of them the dial?
+//   sleep 1 ms until presence_done is 1,         found = one of the devices is the dial
 //     10,001 times at most                       presence_done = 1
-//   answer what was found
+//   return found
 #include <new>
 
 #include "dial/dial_listener.h"
@@ -23,13 +23,15 @@ using DeviceList = abi::IVectorView<abi::DeviceInformation>;
 using Enumeration = abi::IAsyncOperation<abi::DeviceInformationCollection>;
 using EnumerationHandler = abi::AsyncOperationCompletedHandler<abi::DeviceInformationCollection>;
 
-// The enabled interfaces of the dial's class. Every character is required, the three tabs too.
+// The enabled interfaces of the dial's class. Passed to the platform unchanged, the three tabs included
+// (Presence.TheFilterIsCreatedFirstAndPassedUnchanged).
 constexpr auto kInterfaceFilter = Wide(
     "System.Devices.InterfaceClassGuid:=\"{80795c47-03f0-446d-b1f2-e424b30db4da}\" AND"
     "\t\t\tSystem.Devices.InterfaceEnabled: = System.StructuredQueryType.Boolean#True");
 static_assert(kInterfaceFilter.size() - 1 == 156);
 
-// One dial by its Bluetooth address, on purpose: any other, however similar, does not count.
+// Deliberately one dial, by its Bluetooth address: brindle.h tells hosts that any other counts as none
+// (Presence.ASimilarIdIsNoDial).
 constexpr auto kDialPrefix = Wide("\\\\?\\BTHLE#Dev_bc838528f72a#");
 static_assert(kDialPrefix.size() - 1 == 27);
 
@@ -42,7 +44,8 @@ String MakeString(const std::array<WCHAR, N>& text) {
     return string;
 }
 
-// The answer stands before what it was read from is released.
+// Stores the result before it releases the strings
+// (DialListenerTest.TheAnswerStandsBeforeTheTextsItWasReadFromAreReleased).
 bool IsTheDial(abi::IDeviceInformation& device, SharedFlag& found) {
     const String prefix = MakeString(kDialPrefix);
     String id;
@@ -53,7 +56,8 @@ bool IsTheDial(abi::IDeviceInformation& device, SharedFlag& found) {
     return equal;
 }
 
-// The first match ends the scan.
+// The first match ends the scan: a failure behind it does not count
+// (Presence.AFailureBehindTheDialIsNeverMet).
 void FindDial(DeviceList& devices, SharedFlag& found) {
     std::uint32_t size = 0;
     ThrowIfFailed(devices.get_Size(&size));
@@ -66,7 +70,8 @@ void FindDial(DeviceList& devices, SharedFlag& found) {
     }
 }
 
-// The status is not asked for: an enumeration that failed has no results either.
+// The status is deliberately not read: GetResults of a failed enumeration fails
+// (Presence.TheStatusOfTheCompletionIsNotConsulted).
 void OnPresenceQueryCompleted(Enumeration& enumeration, SharedFlag& found, SharedFlag& done) {
     ComPtr<DeviceList> devices;
     ThrowIfFailed(enumeration.GetResults(devices.Put()));
@@ -84,7 +89,9 @@ ComPtr<Enumeration> StartEnumeration(const String& filter) {
     return enumeration;
 }
 
-// Counts sleeps, not time: ends with the first above the bound, after which the flag is not read any more.
+// Counts sleeps, not time: ends with the sleep above the bound, after which the flag is not read
+// (Presence.TheWaitGivesUpAfterTenThousandAndOneSleeps,
+// PresenceWait.ReadsTheFlagLastAfterTheTenThousandthSleep).
 void WaitFor(const SharedFlag& done) {
     for (int sleeps = 0; sleeps <= kWaitBound && done.value < 1; ++sleeps) {
         Sleep(1);
@@ -93,15 +100,18 @@ void WaitFor(const SharedFlag& done) {
 
 }  // namespace
 
-// Both flags are shared with the completion handler, which may come when the call, or the listener, has
-// ended.
+// The completion handler shares both flags: it may run after the call, or after the listener's end
+// (Presence.ALateCompletionAfterUninitTouchesNothing).
 void DialListener::StartPresenceQuery(const ComPtr<SharedFlag>& found, const ComPtr<SharedFlag>& done) {
     const String filter = MakeString(kInterfaceFilter);
     const ComPtr<Enumeration> enumeration = StartEnumeration(filter);
     if (!enumeration) {
-        return;  // nothing will complete: the caller waits in vain, as it is meant to
+        // Nothing will complete. The caller deliberately waits the full time, as after a failed enumeration
+        // (Presence.AnOperationThatIsYieldedAsNullIsWaitedForInVain).
+        return;
     }
-    // A failure leaves the flag unset, and the waiter to its bound: that is intended.
+    // A failure deliberately leaves the flag unset and the caller waiting to the bound, as brindle.h tells
+    // hosts (ScanningStep.ThatFailsLeavesTheWaitToItsBoundAndItsCodeToThePlatform).
     const auto handler = MakeFreeThreadedDelegate<EnumerationHandler>(
         [found, done](Enumeration* completed, abi::AsyncStatus) noexcept {
             try {

@@ -1,4 +1,4 @@
-// What a call and a completion that may outlive it tell each other by.
+// A flag that a call shares with a completion that may outlive it.
 #pragma once
 
 #include <atomic>

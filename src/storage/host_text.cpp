@@ -16,7 +16,8 @@ HostText CopyForHost(const String& text) {
     return copy;
 }
 
-// Through a volatile pointer: what is about to be freed would otherwise not be written at all.
+// Through a volatile pointer: the compiler removes plain writes to memory that is about to be freed
+// (WipedTexts.AWipedTextIsFreedWithoutItsCharacters).
 void Wipe(HostText text) noexcept {
     for (volatile WCHAR* unit = text.get(); *unit != 0; ++unit) {
         *unit = 0;

@@ -1,4 +1,4 @@
-// Texts that the host is given to keep.
+// Texts that the library returns to the host, which frees them.
 #pragma once
 
 #include <cstdlib>
@@ -12,13 +12,13 @@ struct FreeText {
     void operator()(WCHAR* text) const noexcept { std::free(text); }
 };
 
-// On the heap that the host's free() returns to.
+// Allocated with the C runtime's heap, which the host's free() uses.
 using HostText = std::unique_ptr<WCHAR, FreeText>;
 
-// Of the text's length and its terminator; std::bad_alloc without memory.
+// A buffer of the text's length + 1 units. Throws std::bad_alloc without memory.
 HostText CopyForHost(const String& text);
 
-// Frees a text that the host does not get, wiped first: it may be a secret.
+// Overwrites a text that may be a secret, and frees it.
 void Wipe(HostText text) noexcept;
 
 }  // namespace brindle

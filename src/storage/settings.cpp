@@ -1,4 +1,4 @@
-// Settings in the application's roaming and local containers; a program without package identity has neither.
+// Settings in the application's roaming and local containers. A program without package identity has neither.
 #include "platform/activation.h"
 #include "platform/errors.h"
 #include "platform/interfaces/property_value.h"
@@ -12,7 +12,7 @@ namespace {
 
 using Values = abi::IMap<HSTRING, abi::IInspectable>;
 
-// Empty where the platform has none or refuses, as it does whenever the program has no package identity.
+// Null when the platform refuses or yields null, as it does for a program without package identity.
 ComPtr<Values> ValuesOf(Container container) {
     ComPtr<abi::IApplicationDataStatics> statics;
     if (Failed(GetFactory<abi::ApplicationData>(statics))) {
@@ -39,7 +39,7 @@ ComPtr<Values> ValuesOf(Container container) {
     return values;
 }
 
-// Empty when there is no entry, when the platform refuses to look, or when the entry is no value.
+// Null when there is no entry, when Lookup fails, or when the entry is no property value.
 ComPtr<abi::IPropertyValue> LookUp(Values& values, HSTRING key) {
     ComPtr<abi::IInspectable> entry;
     if (Failed(values.Lookup(key, entry.Put())) || !entry) {
@@ -64,7 +64,7 @@ std::int32_t NumberIn(abi::IPropertyValue& value) {
     return number;
 }
 
-// What `read` makes of the entry, or `absent`.
+// The entry as `read` converts it, or `absent`.
 template <class Result, class Read>
 Result ReadSetting(Container container, const WCHAR* key, Result absent, Read read) {
     try {
@@ -80,8 +80,8 @@ Result ReadSetting(Container container, const WCHAR* key, Result absent, Read re
     }
 }
 
-// Whether the entry is what is to be written; otherwise it is removed. An entry that cannot be read, of the
-// other kind for instance, or removed, counts as different and stays for the insertion to replace.
+// True when the entry has the new value already; otherwise it is removed. An entry that cannot be read or
+// removed, such as one of another type, counts as different and stays for Insert to replace.
 template <class IsSame>
 bool KeepOrRemove(Values& values, HSTRING key, IsSame is_same) {
     try {
@@ -92,12 +92,13 @@ bool KeepOrRemove(Values& values, HSTRING key, IsSame is_same) {
             ThrowIfFailed(values.Remove(key));
         }
     } catch (const hresult_error&) {
-        // intended: the write goes on
+        // Deliberately ignored: Insert replaces the entry
+        // (NumberSettings.AnEntryOfAnotherKindIsOverwrittenWithoutBeingRemoved).
     }
     return false;
 }
 
-// `make` makes the new value with the platform's factory.
+// `make` creates the new property value.
 template <class IsSame, class Make>
 void WriteSetting(Container container, const WCHAR* key, IsSame is_same, Make make) {
     try {
@@ -116,7 +117,8 @@ void WriteSetting(Container container, const WCHAR* key, IsSame is_same, Make ma
         abi::boolean replaced = 0;
         ThrowIfFailed(values->Insert(name.Get(), made.Get(), &replaced));
     } catch (const hresult_error&) {
-        // intended: nothing is reported
+        // Deliberately ignored: the setters write to the other stores and return 0
+        // (SettingsFailures.SettersSucceedEvenWhereNothingCanBeWritten).
     }
 }
 

@@ -1,14 +1,14 @@
-// The three places where a setting is kept, and the steps that read and write one place.
+// The three stores of a setting, and the steps that read and write one store.
 //
-//   place                      texts                       numbers
+//   store                      texts                       numbers
 //   roaming settings           key -> String               key -> Int32
 //   the user's vault           (resource, key) -> password  never written
 //   local settings             key -> String               key -> Int32
 //
-// Lives for one call, on the host's thread; keeps nothing. Each step gets its platform objects anew and
-// swallows every failure of the platform: a read then finds nothing, a write goes on past a look at the old
-// value that failed and stops at any other failure, and what it has done stays done. A platform that is out
-// of memory (0x8007000E) is not swallowed: std::bad_alloc.
+// A context lives for one call, on the host's thread, and caches nothing. Each step gets its platform objects
+// anew and catches platform failures: a read then finds nothing; a write ignores a failure to read or remove
+// the old value, stops at any other failure, and undoes nothing. A platform that is out of memory
+// (0x8007000E) makes a step throw std::bad_alloc.
 #pragma once
 
 #include <cstdint>
@@ -19,12 +19,13 @@ namespace brindle {
 
 enum class Container { Roaming, Local };
 
-// Also a number that can be stored; it cannot be told from a missing one, and that is kept.
+// Also a number that can be stored, deliberately indistinguishable from an absent one: hosts use INT32_MIN as
+// the marker that brindle.h names (NumberSettings.TheSmallestNumberGivesWayToTheVaultAndTheLocalContainer).
 inline constexpr std::int32_t kAbsentNumber = INT32_MIN;
 
 class StorageContext {
 public:
-    // The text is the host's and has to live for the call.
+    // `resource` is the host's text and must outlive the context.
     explicit StorageContext(const WCHAR* resource) : resource_(resource) {}
 
     // settings.cpp

@@ -1,5 +1,5 @@
-// Texts in the user's credential vault: the resource is the host's name for its settings, the user name the
-// key, the password the text. Any process of the user can read them.
+// Texts in the user's credential vault: the resource is the host's name for its settings, the user name is
+// the key, the password is the text. Any process of the user can read them.
 #include "platform/activation.h"
 #include "platform/errors.h"
 #include "platform/interfaces/credentials.h"
@@ -23,8 +23,8 @@ ComPtr<abi::IPasswordVault> MakeVault() {
     return vault;
 }
 
-// Under any resource. The platform fails a search that finds nothing; one that fails otherwise counts the
-// same.
+// Under any resource. The platform fails a search without results; every failure counts as no result
+// (SettingsFailures.ASearchThatFailsOrFindsNoListCountsAsNoMatch).
 bool HasCredential(abi::IPasswordVault& vault, HSTRING key) {
     ComPtr<abi::IVectorView<abi::PasswordCredential>> found;
     if (Failed(vault.FindAllByUserName(key, found.Put())) || !found) {
@@ -79,7 +79,8 @@ void StorageContext::SetStringInVault(const WCHAR* key, const WCHAR* value) cons
         const TextReference user_name(key);
         const TextReference resource(resource_);
         if (HasCredential(*vault.Get(), user_name.Get())) {
-            // A key known under another resource only cannot be retrieved, and the write ends here: intended.
+            // Fails for a key that exists under other resources only, and deliberately ends the write, as
+            // brindle.h tells hosts (TextSettings.ACredentialOfAnotherResourceBlocksTheVault).
             const ComPtr<abi::IPasswordCredential> old =
                 Retrieve(*vault.Get(), resource.Get(), user_name.Get());
             if (old && SameText(PasswordOf(*old.Get()), value)) {
@@ -92,7 +93,8 @@ void StorageContext::SetStringInVault(const WCHAR* key, const WCHAR* value) cons
         const ComPtr<abi::IPasswordCredential> made = MakeCredential(resource.Get(), user_name.Get(), value);
         ThrowIfFailed(vault->Add(made.Get()));
     } catch (const hresult_error&) {
-        // intended: nothing is reported
+        // Deliberately ignored: the setter writes to the other stores and returns 0
+        // (SettingsFailures.SettersSucceedEvenWhereNothingCanBeWritten).
     }
 }
 

@@ -21,10 +21,11 @@ int FormatWide(WCHAR* buffer, std::size_t size, const WCHAR* format, ...) noexce
     }
     std::va_list arguments;
     va_start(arguments, format);
-    // The unchecked formatter: the runtime's checked ones may end the process where a text does not fit.
+    // The unchecked formatter: the checked ones of the runtime library may end the process when a text does
+    // not fit (WideFormatting.ALabelLongerThanTheLineFailsAndTheProcessLives).
     const int written = _vsnwprintf(buffer, size, format, arguments);
     va_end(arguments);
-    // It leaves out the terminator when the text fills the buffer to its last character.
+    // It omits the terminator when the text fills the buffer.
     if (written < 0 || static_cast<std::size_t>(written) >= size) {
         buffer[0] = 0;
         return -1;

@@ -1,8 +1,10 @@
-// The rule by which a step of the platform is judged.
+// The guarded step.
 //
 // A step that fails is evaluated again, a line is printed with the second code, and it is evaluated a third
 // time; the enclosing operation ends with the third code, whether or not that one is a failure. All three
-// evaluations happen, side effects included. This is intended: hosts tell by the lines what took place.
+// evaluations happen, side effects included. Deliberate: hosts and support read from the lines what took
+// place (Steps.AStepThatKeepsFailingPrintsTheSecondCodeAndEndsWithTheThird,
+// Steps.TheSideEffectsOfEveryEvaluationStay).
 //
 //   first     second    third     printed             the operation
 //   succeeds                                          goes on
@@ -22,8 +24,8 @@
         }                                                 \
     } while (false)
 
-// The other form, for a step whose failure does not end the operation: evaluated a second time, and a line
-// with the step's name printed with the second code. Intended likewise.
+// The logged step: its failure does not end the operation. It is evaluated a second time, and a line with its
+// name and the second code is printed (CustomMenu.AListThatCannotBeClearedIsTriedTwiceAndStillFilled).
 #define LOG_IF_STEP_FAILS(step, line, operation)                  \
     do {                                                          \
         if ((operation) < 0) {                                    \

@@ -66,7 +66,7 @@ protected:
 };
 
 template <class Key, class Value>
-struct IMapView;  // Never looked into: it only gives its slots the published shape.
+struct IMapView;  // Opaque: declared for the signatures of the slots.
 
 template <class Key, class Value>
 struct IMap : IInspectable {
@@ -84,7 +84,7 @@ protected:
     ~IMap() = default;
 };
 
-// Has no methods of its own: it is queried for IMap<HSTRING, IInspectable>.
+// Without methods of its own: it is queried for IMap<HSTRING, IInspectable>.
 struct IPropertySet : IInspectable {
     static constexpr GUID Iid = Id("8a43ed9f-f4e6-4421-acf9-1dab2986820c");
 

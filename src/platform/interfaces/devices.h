@@ -18,7 +18,7 @@ struct DeviceInformationCollection {
     static constexpr char Name[] = "Windows.Devices.Enumeration.DeviceInformationCollection";
 };
 
-// Never looked into: they only give their slots the published shape.
+// Opaque: declared for the signatures of the slots.
 enum class DeviceClass : std::int32_t;
 struct DeviceInformationUpdate;
 struct DeviceThumbnail;

@@ -1,7 +1,7 @@
-// The roots of every interface, the delegates, and asynchronous operations.
+// The base interfaces, the delegates, and asynchronous operations.
 //
-// The order of the virtual functions is the binary contract: nothing may be added, moved or overloaded, and
-// there is no virtual destructor, which would take slots of its own. Objects die in their own Release().
+// The order of the virtual functions is the binary interface: do not add, move or overload any. There is no
+// virtual destructor, which would take slots of its own; objects are deleted by their own Release().
 #pragma once
 
 #include <cstdint>
@@ -39,7 +39,7 @@ protected:
     ~IActivationFactory() = default;
 };
 
-// A marker: its object may be called from any thread.
+// A marker interface: the object may be called from any thread.
 struct IAgileObject : IUnknown {
     static constexpr GUID Iid = Id("94ea2b94-e9cc-49e0-c0ff-ee64ca8f5b90");
 
@@ -47,10 +47,11 @@ protected:
     ~IAgileObject() = default;
 };
 
-// Only ever asked for; the platform's free-threaded marshaler implements it.
+// Only queried for; the platform's free-threaded marshaler implements it.
 inline constexpr GUID IMarshalIid = Id("00000003-0000-0000-c000-000000000046");
 
-// Delegates' Invoke alone is not noexcept: an error raised in an event handler leaves it as an exception.
+// Invoke of a delegate is not noexcept: an exception of an event handler leaves it
+// (Delegates.WhatTheActionRaisesLeavesInvoke).
 template <class Sender, class Args>
 struct TypedEventHandler : IUnknown {
     static constexpr GUID GenericId = Id("9de1c534-6ae1-11e0-84e1-18a905bcc53f");
@@ -86,7 +87,7 @@ protected:
     ~IAsyncInfo() = default;
 };
 
-// IAsyncInfo is not its base; an operation is queried for it.
+// Not derived from IAsyncInfo: an operation is queried for it.
 template <class Result>
 struct IAsyncOperation : IInspectable {
     static constexpr GUID GenericId = Id("9fc2b0bb-e446-44e2-aa61-9cab8f636af2");

@@ -1,4 +1,4 @@
-// Checks only: what the platform publishes, against what the headers of this directory compute.
+// Compile-time checks of the identifiers and layouts that the headers of this folder declare.
 #include <type_traits>
 
 #include "platform/interfaces/collections.h"
@@ -60,7 +60,7 @@ static_assert(IsOneVtablePointer<IRadialController> && IsOneVtablePointer<IRadia
 static_assert(IsOneVtablePointer<TypedEventHandler<RadialController, IInspectable>>);
 static_assert(IsOneVtablePointer<IMap<HSTRING, IInspectable>>);
 
-// What crosses the boundary by value or is written through a pointer.
+// Layouts that are passed by value or written through a pointer.
 static_assert(sizeof(RadialControllerMenuKnownIcon) == 4 && sizeof(RadialControllerSystemMenuItemKind) == 4);
 static_assert(sizeof(AsyncStatus) == 4 && sizeof(TrustLevel) == 4 && sizeof(PropertyType) == 4);
 static_assert(sizeof(DeviceClass) == 4 && sizeof(ApplicationDataLocality) == 4);

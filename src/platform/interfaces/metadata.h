@@ -10,7 +10,7 @@ struct ApiInformation {
     static constexpr char Name[] = "Windows.Foundation.Metadata.ApiInformation";
 };
 
-// Never used: a platform that knows it is recent enough.
+// Never created: a platform that has this class is recent enough.
 struct EdgeGesture {
     static constexpr char Name[] = "Windows.UI.Input.EdgeGesture";
 };

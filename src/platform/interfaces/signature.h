@@ -1,4 +1,4 @@
-// Arguments of the parameterised interfaces: how each is passed, and how it is written in a signature.
+// Type arguments of the parameterised interfaces: their ABI types and their type signatures.
 #pragma once
 
 #include <type_traits>
@@ -9,7 +9,7 @@ namespace brindle::abi {
 
 struct IInspectable;
 
-// A runtime class is declared here as a tag with its full Name and its Default interface.
+// A runtime class is declared as a tag with its full Name and its Default interface.
 template <class T>
 concept RuntimeClass = requires {
     typename T::Default;
@@ -41,11 +41,12 @@ struct AbiOf<HSTRING> {
 
 }  // namespace detail
 
-// A class tag becomes a pointer to its default interface, an interface a pointer to itself, a value itself.
+// The ABI type: for a class tag a pointer to its default interface, for an interface a pointer to it, for a
+// value type the type.
 template <class T>
 using Abi = typename detail::AbiOf<T>::Type;
 
-// Enumerations that serve as arguments specialise this next to their declaration.
+// An enumeration that is a type argument specialises this next to its declaration.
 template <class T>
 struct Signature {
     static constexpr auto Text = IdText(T::Iid);

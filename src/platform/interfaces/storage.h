@@ -26,7 +26,7 @@ struct StorageFile {
     static constexpr char Name[] = "Windows.Storage.StorageFile";
 };
 
-// Never looked into: they only give their slots the published shape.
+// Opaque: declared for the signatures of the slots.
 enum class ApplicationDataCreateDisposition : std::int32_t;
 enum class ApplicationDataLocality : std::int32_t;
 struct ApplicationDataSetVersionHandler;
@@ -102,7 +102,7 @@ protected:
     ~IStorageFileStatics() = default;
 };
 
-// Only passed along, so its own methods are not declared.
+// Only passed on, so its methods are not declared.
 struct IStorageFile : IInspectable {
     static constexpr GUID Iid = Id("fa3f6186-4214-428c-a64c-14c9ac7315ea");
 

@@ -15,7 +15,7 @@ struct RandomAccessStreamReference {
     static constexpr char Name[] = "Windows.Storage.Streams.RandomAccessStreamReference";
 };
 
-// Never looked into: they only give their slots the published shape.
+// Opaque: declared for the signatures of the slots.
 struct IInputStream;
 struct IOutputStream;
 struct IRandomAccessStreamWithContentType;

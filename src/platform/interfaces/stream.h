@@ -1,4 +1,4 @@
-// The classic stream, older than the Windows Runtime: its roots are IUnknown's.
+// The classic COM stream, older than the Windows Runtime: derived from IUnknown alone.
 #pragma once
 
 #include <cstdint>
@@ -16,7 +16,7 @@ protected:
     ~ISequentialStream() = default;
 };
 
-struct StreamStatistics;  // STATSTG; never asked for
+struct StreamStatistics;  // STATSTG; unused
 
 struct IStream : ISequentialStream {
     static constexpr GUID Iid = Id("0000000c-0000-0000-c000-000000000046");

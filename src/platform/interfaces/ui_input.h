@@ -179,7 +179,7 @@ protected:
     ~IRadialControllerConfiguration() = default;
 };
 
-// How a desktop program, which has windows but no view, reaches the two classes.
+// The interop interfaces by which a desktop program, which has windows and no view, gets the two classes.
 struct IRadialControllerInterop : IInspectable {
     static constexpr GUID Iid = Id("1b0535c9-57ad-45c1-9d79-ad5c34360513");
     virtual HRESULT CreateForWindow(HWND window, const GUID& iid, void** result) noexcept = 0;

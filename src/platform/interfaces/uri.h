@@ -13,7 +13,7 @@ struct Uri {
     static constexpr char Name[] = "Windows.Foundation.Uri";
 };
 
-struct WwwFormUrlDecoder;  // Never looked into: it only gives its slot the published shape.
+struct WwwFormUrlDecoder;  // Opaque: declared for the signature of its slot.
 
 struct IUriRuntimeClass : IInspectable {
     static constexpr GUID Iid = Id("9e365e57-48b2-4160-956f-c7385120bbfc");
