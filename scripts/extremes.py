@@ -1,14 +1,14 @@
-"""Mutations that show only for large or extreme values, for scripts/mutate.
+"""Mutations that differ only for large or extreme values, for scripts/mutate.
 
-  loops     end after 4000 rounds
-  growth    a list takes 4000 elements
-  lengths   sizes, counts and lengths stop at 4000
+  loops     end after 4000 iterations
+  growth    lists hold at most 4000 elements
+  lengths   sizes, counts and lengths are at most 4000
   bits      an integer that is read, passed or compared loses its top bit
-  reals     a floating-point number stops at a million
+  reals     a floating-point number is at most a million
   texts     a function returns at once for an empty text
 
-The declaration before a name, or the field of that name in the headers, tells its type. A mutation is (start, end,
-replacement) in the source; `code` is the source with comments and literals blanked.
+The type of a name is that of its last declaration before its use, or of the field of that name in the headers. A
+mutation is (start, end, replacement) in the source; `code` is the source with comments and literals blanked.
 """
 
 import re
@@ -22,7 +22,7 @@ REAL = re.compile(r"double|float")
 
 
 def closing(code, opening):
-    """Of the parenthesis that opens there."""
+    """The place of the parenthesis that closes the one at `opening`."""
     depth = 0
     for place in range(opening, len(code)):
         depth += {"(": 1, ")": -1}.get(code[place], 0)
@@ -50,7 +50,7 @@ class Names:
                 self.fields.setdefault(match[2], match[1])
 
     def type_of(self, name, path, place):
-        """Of `path.name`, or of `name` itself as it was declared last before it is used."""
+        """The type of `path.name`, or of the last declaration of `name` before `place`."""
         if not path:
             types = [match[1] for match in self.declarations if match[2] == name and match.end() < place]
             if types:
@@ -58,8 +58,8 @@ class Names:
         return self.fields.get(name, "")
 
     def reads(self):
-        """(start, end, name, type) of what is read, a pointer's target included; not constants, nor names of a letter:
-        what counts rounds has a mutation of its own."""
+        """(start, end, name, type) of each read of a variable or of a pointer's target. Excludes constants, and names of
+        one letter: loop counters, which loops() mutates."""
         places = {match.start(2) for match in self.declarations}
         for match in NAME.finditer(self.code):
             star, path, name = match.groups()
@@ -73,13 +73,13 @@ class Names:
                 yield match.start(), match.end(), name, declared.removesuffix("*")
 
     def calls(self):
-        """The same of calls of functions that this file declares."""
+        """The same for each call of a function that this file declares."""
         for declared, name in set(RESULT.findall(self.code)):
             for match in re.finditer(rf"(?<![\w.:>])(?<![\w>] ){name}\(|(?<=return ){name}\(", self.code):
                 yield match.start(), closing(self.code, match.end() - 1) + 1, name, declared
 
 
-# --- The mutations; @ stands for what is replaced ---
+# --- The mutations; @ stands for the replaced source ---
 
 
 def loops(code):
@@ -95,7 +95,7 @@ def growth(code):
 
 
 def lengths(code, names):
-    """Compared with 0, a bound makes no difference."""
+    """Excludes comparisons with 0, where a bound makes no difference."""
     found = [(start, end) for start, end, name, declared in names.reads()
              if LENGTH.fullmatch(name) and LENGTH_TYPE.fullmatch(declared)]
     found += [match.span() for match in re.finditer(r"(?<![\w.>])[\w.]+\.size\(\)|\bLengthOf\([\w.]+\)", code)]
@@ -105,7 +105,7 @@ def lengths(code, names):
 
 
 def bits(names):
-    """A test that detects this loss detects the loss of the whole upper half."""
+    """A test that kills the loss of the top bit also kills the loss of the upper half."""
     for start, end, name, declared in [*names.reads(), *names.calls()]:
         integer = INTEGER.fullmatch(declared)
         if integer and not LENGTH.fullmatch(name):
@@ -133,8 +133,7 @@ def texts(code):
 
 
 def extremes(source, code, headers):
-    """All of them. `headers` is the code of the files whose records have the fields; of two with one name the first
-    counts."""
+    """All mutations. `headers` is the code of the headers that declare the fields; the first field of a name counts."""
     names = Names(code, headers)
     for found in (loops(code), growth(code), lengths(code, names), bits(names), reals(names), texts(code)):
         for start, end, replacement in found:

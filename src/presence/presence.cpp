@@ -56,8 +56,7 @@ bool IsTheDial(abi::IDeviceInformation& device, SharedFlag& found) {
     return equal;
 }
 
-// The first match ends the scan: a failure behind it does not count
-// (Presence.AFailureBehindTheDialIsNeverMet).
+// The first match ends the scan: later devices are not read (Presence.TheFirstMatchEndsTheScan).
 void FindDial(DeviceList& devices, SharedFlag& found) {
     std::uint32_t size = 0;
     ThrowIfFailed(devices.get_Size(&size));
