@@ -1,6 +1,6 @@
-// What the library takes from the heap: per event and call, and what a window and a menu item keep. Prints a
-// line of JSON for each. The program is linked with --wrap of what allocates; the platform is a library of
-// its own and is not counted.
+// Counts the heap allocations of each workload, and the memory that a window and a menu item hold. Prints a
+// line of JSON for each. The program is linked with --wrap for the allocation functions; the stub platform is
+// a library of its own and is not counted.
 #include <cstdio>
 #include <cstdlib>
 #include <new>
@@ -64,7 +64,7 @@ void PrintMemory(const char* what, std::size_t bytes, std::size_t number, std::s
                 static_cast<double>(bytes) / static_cast<double>(number), fields);
 }
 
-// A delegate without what its action keeps: the table of its functions and the count.
+// The size of a delegate without the state of its action: the function table and the reference count.
 constexpr std::size_t kDelegate = sizeof(void*) + sizeof(std::uint32_t);
 
 void PrintWindowMemory() {

@@ -8,7 +8,7 @@ namespace bench {
 
 inline constexpr std::uint64_t kWindow = 0x20316;
 
-// Adds up what it is told.
+// Computes a checksum of all events.
 class Host final : public IDialHost {
 public:
     explicit Host(std::uint64_t window = kWindow, bool plays_haptics = false)

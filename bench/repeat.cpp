@@ -1,5 +1,5 @@
-// One side's work of one pair, so many times and nothing else: its instructions are counted.
-// Usage: bench_repeat PAIR library|baseline NUMBER
+// Runs one side of one workload a number of times, for counting instructions.
+// Usage: bench_repeat WORKLOAD library|baseline NUMBER
 #include <algorithm>
 #include <cstdlib>
 

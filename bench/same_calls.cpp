@@ -1,5 +1,5 @@
-// Over the platform that records: for every pair, both sides make the same calls in the same order, and the
-// same comes of it. Otherwise their times could not be compared.
+// Checks, over the recording platform, that both sides of every workload make the same platform calls in the
+// same order with the same result: a condition for comparing their costs.
 #include <cstdio>
 
 #include "bench/stub/platform.h"
@@ -14,7 +14,7 @@ struct Done {
     std::int64_t result;
 };
 
-// The third run: what the first ones find is new to them.
+// Compares the third run: the first two fill caches and settings.
 Done CallsOf(bench::Workload& work) {
     work.Run();
     work.Run();
@@ -29,7 +29,7 @@ void PrintDifference(const Calls& library, const Calls& baseline) {
         ++i;
     }
     const auto at = [i](const Calls& calls) { return i < calls.size() ? calls[i].c_str() : "(the end)"; };
-    std::printf("  call %zu\n  library  %s\n  by hand  %s\n", i, at(library), at(baseline));
+    std::printf("  call %zu\n  library   %s\n  baseline  %s\n", i, at(library), at(baseline));
 }
 
 bool Compare(const bench::Comparison& pair) {

@@ -1,4 +1,4 @@
-// The times, with Google Benchmark: each pair as Library/... and Baseline/..., one right after the other.
+// Measures times with Google Benchmark: each workload as Library/... and Baseline/..., in direct succession.
 // Usage: bench_speed library-first|baseline-first [OPTION OF GOOGLE BENCHMARK...]
 #include <benchmark/benchmark.h>
 

@@ -17,7 +17,7 @@ namespace {
 constexpr char16_t kResource[] = u"Example Paint";
 constexpr char16_t kKey[] = u"Example Paint/last brush";
 
-// The library behind the names of baseline.h.
+// The library with the interface of baseline.h.
 class LibraryDial {
 public:
     explicit LibraryDial(IDialHost& host) {
@@ -120,7 +120,7 @@ private:
     Dial dial_;
 };
 
-// Windows that have no listener, each between two that have one, in no order.
+// Windows without a listener, each between two with one, shuffled.
 std::vector<std::uint64_t> UnknownWindows(std::size_t count) {
     std::vector<std::uint64_t> windows(count);
     std::iota(windows.begin(), windows.end(), 0);
@@ -152,7 +152,7 @@ private:
     std::vector<std::unique_ptr<Host>> hosts_;
 };
 
-// For a window without a listener an export does nothing but look it up.
+// For a window without a listener an export only searches the registry.
 class LibraryLookUp final : public LookUp {
 public:
     explicit LibraryLookUp(std::size_t count) : LookUp(count) {
@@ -191,7 +191,7 @@ struct BaselineStores {
     static std::int32_t GetNumber() { return baseline::GetNumber(kResource, kKey); }
 };
 
-// Between two texts of one length, or the same one again.
+// Alternates between two texts of one length, or writes the same one again.
 template <class Stores>
 class TextSetting final : public Workload {
 public:
@@ -226,7 +226,7 @@ private:
     std::int32_t number_ = 7;
 };
 
-// From the roaming settings, or without package identity from the vault.
+// Reads from the roaming settings, or without package identity from the vault.
 template <class Stores>
 class TextReading final : public Workload {
 public:

@@ -1,4 +1,4 @@
-// The pieces of work that are measured, each done by the library and by hand.
+// The workloads of the benchmarks, each with the library and with the baseline.
 #pragma once
 
 #include <cstdint>
@@ -9,22 +9,22 @@
 
 namespace bench {
 
-// Made ready by its constructor, which nobody measures.
+// The constructor prepares it and is not measured.
 class Workload {
 public:
     virtual ~Workload() = default;
-    // Once; the result, the same on both sides.
+    // Does the work once; returns a result that is the same on both sides.
     virtual std::int64_t Run() = 0;
 };
 
 struct Comparison {
     std::string name;
-    // How often in one measurement; 0: as often as the time allows. Set where every run leaves something
-    // behind.
+    // Runs in one time measurement, set where each run allocates memory that stays; 0: as many as the time
+    // allows.
     std::int64_t runs;
     std::function<std::unique_ptr<Workload>()> library;
     std::function<std::unique_ptr<Workload>()> baseline;
-    // Whether both make the same calls; looking a window up makes none.
+    // False for finding a window, which makes no platform calls.
     bool makes_calls = true;
 };
 

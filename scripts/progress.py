@@ -5,7 +5,7 @@
         step.advance()
 
 While a step runs, its name, count and time are shown: on a terminal on one line that is updated every second, in a log on
-a new line every fifteen seconds. At its end the time taken is printed.
+a new line every fifteen seconds. At its end the time taken is printed. All output goes to standard error.
 """
 
 import pathlib
@@ -37,7 +37,7 @@ class Step:
     def __exit__(self, kind, *_):
         self.ended.set()
         self.monitor.join()
-        print(f"{self.name:16} {self.seconds():4.0f} s{'' if kind is None else '  failed'}", flush=True)
+        print(f"{self.name:16} {self.seconds():4.0f} s{'' if kind is None else '  failed'}", file=sys.stderr, flush=True)
 
     def advance(self):
         """Call under a lock, or on one thread."""

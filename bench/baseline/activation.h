@@ -19,7 +19,7 @@ consteval std::array<WCHAR, N> Wide(const char (&text)[N]) {
 template <class RuntimeClass>
 inline constexpr auto kName = Wide(RuntimeClass::Name);
 
-// What the place held is released before the class's name is made.
+// Releases the former factory before it creates the string of the class name.
 template <class RuntimeClass, class Factory>
 HRESULT GetFactory(Factory*& factory) {
     if (factory != nullptr) {

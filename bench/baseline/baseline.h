@@ -1,6 +1,5 @@
-// What a host author would write instead of using the library: the same platform calls in the same order,
-// straight on the interfaces, with plain pointers. Only what is measured, for one window, and no more care
-// for failures than returning.
+// The baseline: the same platform calls in the same order, written by hand with plain pointers. Only what the
+// benchmarks measure, for one window, with minimal error handling.
 #pragma once
 
 #include <cstdint>
@@ -47,7 +46,7 @@ private:
     std::vector<Entry> entries_;
 };
 
-// The dials of a host with several windows.
+// The dials of several windows.
 class Windows {
 public:
     void Add(IDialHost& host);
@@ -57,13 +56,13 @@ private:
     std::map<std::uint64_t, std::unique_ptr<Dial>> dials_;
 };
 
-// Settings, as the library's functions of these names.
+// Settings: the baselines of the four settings functions.
 std::int32_t SetText(const WCHAR* resource, const WCHAR* key, const WCHAR* value);
 WCHAR* GetText(const WCHAR* resource, const WCHAR* key);
 std::int32_t SetNumber(const WCHAR* key, std::int32_t value);
 std::int32_t GetNumber(const WCHAR* resource, const WCHAR* key);
 
-// The enumeration alone: the caller sleeps until the completion wakes it.
+// Enumerates devices; the completion wakes the caller.
 bool IsDialPresent();
 
 }  // namespace baseline

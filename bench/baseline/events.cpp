@@ -1,4 +1,4 @@
-// The window's controller, and what its events lead to.
+// The window's controller and its event handlers.
 #include <cmath>
 #include <limits>
 
@@ -46,7 +46,7 @@ private:
     Dial& dial_;
 };
 
-// The five events that tell the host nothing.
+// For the five events that do not reach the host.
 template <class Args>
 class IgnoringHandler final : public Counted<abi::TypedEventHandler<abi::RadialController, Args>> {
 public:
@@ -58,7 +58,7 @@ private:
     [[maybe_unused]] Dial& dial_;
 };
 
-// The controller takes the only reference.
+// The controller holds the only reference.
 template <class Handler, class Add>
 void Subscribe(abi::IRadialController* controller, Add add, Dial& dial) {
     auto* handler = new Handler(dial);
@@ -207,7 +207,7 @@ Dial::~Dial() {
 
 void Dial::OnRotation(abi::IRadialController* sender, Rotation* args) {
     DialRotationInfo info{};
-    // Held: an event inside a call may make the menu anew.
+    // A reference of its own: an event inside a call may replace the menu.
     if (abi::IRadialControllerMenu* const menu = menu_; menu != nullptr) {
         menu->AddRef();
         info.selectedItemTag = SelectedTag(menu);
@@ -227,7 +227,7 @@ void Dial::OnRotation(abi::IRadialController* sender, Rotation* args) {
 }
 
 void Dial::OnClick(abi::IRadialController* sender, abi::IRadialControllerButtonClickedEventArgs* args) {
-    abi::IRadialControllerScreenContact* contact = nullptr;  // kept, as the library does
+    abi::IRadialControllerScreenContact* contact = nullptr;  // never released, as in the library
     if (args->get_Contact(&contact) < 0) {
         return;
     }

@@ -9,7 +9,7 @@ namespace baseline {
 
 namespace abi = brindle::abi;
 
-// The roots of an event handler.
+// Base class of the event handlers.
 template <class Handler>
 class Counted : public Handler {
 public:

@@ -1,4 +1,4 @@
-// Filling the menu with known icons, and selecting an item.
+// Fills the menu with known icons and selects an item.
 #include <cstdarg>
 #include <string>
 
@@ -18,7 +18,7 @@ class InvokedHandler final
 public:
     explicit InvokedHandler(Dial& dial) : dial_(dial) {}
 
-    // No measured work chooses an item.
+    // No workload chooses an item.
     HRESULT Invoke(abi::IRadialControllerMenuItem*, abi::IInspectable*) override { return E_NOTIMPL; }
 
 private:
@@ -82,7 +82,8 @@ HRESULT Dial::FillMenu(const MenuItemDescription* items, std::uint32_t count) {
     }
     menu_ = nullptr;
     controller_->get_Menu(&menu_);
-    // Held: an event inside a call may make the menu anew. So are the factory and the menu below.
+    // A reference of its own, as of the factory and the menu below: an event inside a call may replace the
+    // menu.
     abi::IRadialControllerMenu* const menu = menu_;
     menu->AddRef();
     List* list = nullptr;

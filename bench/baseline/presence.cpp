@@ -43,7 +43,7 @@ bool Holds(Devices* devices) {
     return found;
 }
 
-// Outlives the call where the completion does.
+// May outlive the call, as the completion may.
 class Completion final
     : public Counted<abi::AsyncOperationCompletedHandler<abi::DeviceInformationCollection>> {
 public:

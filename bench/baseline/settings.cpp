@@ -1,4 +1,4 @@
-// Texts and numbers in the application's settings, texts in the user's vault.
+// Texts and numbers in the application's settings, texts also in the user's vault.
 #include <cstdlib>
 #include <string_view>
 
@@ -42,7 +42,7 @@ Values* ValuesIn(abi::IApplicationData* data, bool roaming) {
     return values;
 }
 
-// The settings' map; null where there is none.
+// The map of a settings container; null when there is none.
 Values* OpenValues(bool roaming) {
     abi::IApplicationDataStatics* statics = nullptr;
     if (GetFactory<abi::ApplicationData>(statics) < 0) {
@@ -75,7 +75,7 @@ bool SameString(HSTRING string, const WCHAR* text) {
     return same;
 }
 
-// True when the value is there already; a different one is removed.
+// True when the entry has the value; removes an entry with another value.
 template <class IsSame>
 bool Has(Values* values, HSTRING key, IsSame is_same) {
     abi::IPropertyValue* value = Find(values, key);

@@ -8,7 +8,7 @@ namespace stub {
 
 namespace {
 
-// The enumeration's thread and its caller take turns: no lock.
+// No lock: the enumeration's thread and its caller do not run concurrently.
 std::vector<std::string> calls;
 
 }  // namespace

@@ -1,4 +1,4 @@
-// Which calls were made. The platform that is measured has nothing of it left.
+// The recorded calls. Compiles to nothing in the platform that is measured.
 #pragma once
 
 #ifdef STUB_RECORDS_CALLS

@@ -1,4 +1,4 @@
-// The radial controller, its events and what they carry.
+// The radial controller, its events and their arguments.
 #include "bench/stub/factories.h"
 #include "bench/stub/menu.h"
 #include "bench/stub/platform.h"

@@ -1,4 +1,4 @@
-// The factories that RoGetActivationFactory chooses from, all fixed.
+// The static factories that RoGetActivationFactory returns.
 #pragma once
 
 #include "bench/stub/object.h"

@@ -1,5 +1,4 @@
-// The platform's functions but those for texts. What only items from files and resources need finds nothing
-// here.
+// The platform's functions except those for texts. Those for files and resources return failures.
 #include "platform/functions.h"
 
 #include <cstdlib>
@@ -78,7 +77,7 @@ HRESULT RoInitialize(RO_INIT_TYPE) {
 }
 void RoUninitialize() { STUB_RECORD_CALL(); }
 
-// By the interface alone: each factory has one of its own.
+// Chosen by the interface: each factory has a different one.
 HRESULT RoGetActivationFactory(HSTRING, const IID& iid, void** factory) {
     STUB_RECORD_CALL();
     for (const auto& entry : stub::kFactories) {
@@ -92,13 +91,13 @@ HRESULT RoGetActivationFactory(HSTRING, const IID& iid, void** factory) {
 
 BOOL RoOriginateLanguageException(HRESULT, HSTRING, IUnknown*) { return 0; }
 
-// A clock of steps, so that every turn takes the same way through the library.
+// Advances in steps, so that every turn takes the same path through the library.
 ULONGLONG GetTickCount64() {
     STUB_RECORD_CALL();
     return stub::ticks += 50;
 }
 
-// How a caller waits is its own affair, and not among the calls that are compared.
+// Not recorded: the two sides wait in different ways.
 void Sleep(DWORD milliseconds) {
     const std::timespec time{0, static_cast<long>(milliseconds) * 1'000'000};
     nanosleep(&time, nullptr);

@@ -9,7 +9,7 @@
 
 namespace stub {
 
-// Part of its menu. Appended to and cleared, as the library does.
+// Member of its menu. Supports appending and clearing only.
 class ItemList final : public StaticObject<abi::IVector<abi::RadialControllerMenuItem>> {
     using Item = abi::IRadialControllerMenuItem;
 
@@ -38,7 +38,7 @@ private:
     std::vector<Item*> items_;
 };
 
-// Part of its controller. Remembers no more than which item is selected.
+// Member of its controller. Its only state is the selected item.
 class Menu final : public StaticObject<abi::IRadialControllerMenu> {
 public:
     HRESULT get_Items(abi::IVector<abi::RadialControllerMenuItem>** result) noexcept override;

@@ -1,4 +1,4 @@
-// The roots of the lean platform's objects.
+// Base classes of the stub platform's objects.
 #pragma once
 
 #include <cstdint>
@@ -15,7 +15,7 @@ inline constexpr HRESULT kOutOfBounds = static_cast<HRESULT>(0x8000000B);   // E
 inline constexpr HRESULT kNotFound = static_cast<HRESULT>(0x80070490);      // ERROR_NOT_FOUND
 inline constexpr HRESULT kTypeMismatch = static_cast<HRESULT>(0x80028CA0);  // TYPE_E_TYPEMISMATCH
 
-// All sixteen bytes at once.
+// Compares identifiers as two 64-bit numbers.
 inline bool SameId(const GUID& left, const GUID& right) noexcept {
     return std::memcmp(&left, &right, sizeof(GUID)) == 0;
 }
@@ -55,7 +55,7 @@ private:
     }
 };
 
-// There as long as the program, or as long as what it is a part of: nobody counts.
+// A static object or a member: not reference-counted.
 template <class Default, class... More>
 class StaticObject : public ObjectBase<Default, More...> {
 public:
@@ -72,7 +72,7 @@ protected:
     ~StaticObject() = default;
 };
 
-// Made with one reference.
+// Created with one reference.
 template <class Default, class... More>
 class Counted : public ObjectBase<Default, More...> {
 public:
@@ -96,7 +96,7 @@ private:
     std::uint32_t references_ = 1;
 };
 
-// Hands a reference to the caller.
+// Returns a reference to the caller.
 template <class Object, class Interface>
 HRESULT ReturnReference(Object* object, Interface** result) noexcept {
     if (object != nullptr) {
@@ -106,7 +106,7 @@ HRESULT ReturnReference(Object* object, Interface** result) noexcept {
     return S_OK;
 }
 
-// Keeps a reference to the new one in place of the old one.
+// Stores a reference to the new object and releases the old one.
 template <class Interface>
 void StoreReference(Interface*& place, Interface* object) noexcept {
     if (object != nullptr) {

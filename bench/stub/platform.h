@@ -1,9 +1,8 @@
-// The leanest platform that answers the library, in place of the simulator: fixed objects where there is one
-// of a kind, no journal, no locks, plain counts. What a measured piece of work costs here, it costs both
-// sides. Whatever no measured work asks for is answered with E_NOTIMPL.
+// The stub platform, in place of the simulator: static objects where possible, no journal, no locks, no
+// atomic counts. Library and baseline share its cost. What no workload uses returns E_NOTIMPL.
 //
-// Built twice: stub_platform to be measured, recording_platform to compare the calls of both sides. Used on
-// one thread; only an enumeration that takes its time completes on another, while its caller waits.
+// Built twice: stub_platform for the measurements, recording_platform to compare the calls of both sides.
+// Used on one thread; only a delayed enumeration completes on another thread, while its caller waits.
 #pragma once
 
 #include <chrono>
@@ -14,26 +13,25 @@
 
 namespace stub {
 
-// What the next events carry.
+// The arguments of the next event.
 struct Event {
     bool contact = false;
 };
 
-// Raised at the controller that was made last; the clock has gone on by 50 ms, which is when the acceleration
-// is computed anew.
+// Raise an event of the newest controller. The clock has advanced by 50 ms, so the acceleration is
+// recomputed.
 void RaiseRotation(const Event& event);
 void RaiseClick(const Event& event);
 
-// How long an enumeration takes; without a time it completes inside put_Completed. It yields some other
-// device and then the dial.
+// How long an enumeration takes; 0: it completes inside put_Completed. It finds another device and the dial.
 void SetEnumerationTime(std::chrono::milliseconds time);
-// Until the enumeration's thread has ended.
+// Returns when the enumeration's thread has ended.
 void WaitForEnumeration();
 
-// No settings, nothing in the vault. Without package identity there are no containers for settings.
+// Empties the stores. Without package identity there are no settings containers.
 void ClearStores(bool package_identity);
 
-// The calls since the last time, in order; empty but for the platform that records.
+// Returns and clears the recorded calls, in order. Empty in stub_platform.
 std::vector<std::string> TakeCalls();
 
 }  // namespace stub

@@ -4,7 +4,7 @@
 #include "bench/stub/factories.h"
 #include "bench/stub/strings.h"
 
-// The types that no measured work boxes, and those of arrays.
+// The types that no workload uses, and arrays.
 #define STUB_OTHERS(ROW)         \
     ROW(UInt8, std::uint8_t)     \
     ROW(Int16, std::int16_t)     \

@@ -1,4 +1,4 @@
-// Application data: a roaming and a local container, a map in each.
+// Application data: the roaming and the local container, each with a map.
 #include <map>
 #include <string>
 

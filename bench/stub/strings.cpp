@@ -1,5 +1,5 @@
-// Counted strings, and the runtime library's functions for UTF-16. Counts are plain: of two threads one
-// waits.
+// Reference-counted strings, and the runtime library's functions for UTF-16. Counts are not atomic: no two
+// threads run concurrently.
 #include "bench/stub/strings.h"
 
 #include <cstdlib>
@@ -91,7 +91,7 @@ UINT WindowsGetStringLen(HSTRING string) {
     return static_cast<UINT>(stub::View(string).size());
 }
 
-// %s alone: no other conversion is measured.
+// Supports %s only, which is all that the workloads format.
 int _vsnwprintf(WCHAR* buffer, std::size_t size, const WCHAR* format, std::va_list arguments) {
     STUB_RECORD_CALL();
     std::size_t written = 0;
@@ -136,7 +136,7 @@ int wcscpy_s(WCHAR* copy, std::size_t size, const WCHAR* text) {
     return 0;
 }
 
-// Of decimal digits and a sign.
+// Parses decimal digits and a sign.
 LONG wcstol(const WCHAR* text, WCHAR**, int) {
     STUB_RECORD_CALL();
     const bool negative = *text == u'-';

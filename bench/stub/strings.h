@@ -8,7 +8,7 @@ namespace stub {
 
 std::u16string_view View(HSTRING string) noexcept;
 
-// A reference of its own to the text; kept until it goes.
+// Owns a reference to the text.
 class Text {
 public:
     explicit Text(HSTRING string) noexcept { WindowsDuplicateString(string, &string_); }

@@ -1,4 +1,4 @@
-// The user's vault: credentials by user name, one for each.
+// The user's vault: one credential for each user name.
 #include "bench/stub/vault.h"
 
 #include <map>
@@ -38,7 +38,7 @@ private:
     const Text password_;
 };
 
-// What a search has found: one, or the search fails.
+// The result of a search: one credential; a search without results fails.
 class Found final : public StaticObject<abi::IVectorView<abi::PasswordCredential>> {
 public:
     HRESULT get_Size(std::uint32_t* result) noexcept override {

@@ -1,4 +1,4 @@
-// Does what brindle.dll does when it is loaded, and nothing else.
+// The DLL entry point of brindle.dll, and nothing else.
 #include <windows.h>
 
 extern "C" BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, LPVOID /*reserved*/) {
