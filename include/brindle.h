@@ -1,9 +1,9 @@
 /*
  * brindle.h - a rotary dial with a press button, for classic desktop programs on 64-bit Windows
  *
- * brindle.dll listens to the dial for your windows and reports turns and clicks, fills the dial's
- * on-screen menu, answers whether the dial is there, and keeps small named settings. This header is all
- * a host needs; it includes standard headers only and serves C (C11) and C++ (C++11 or later) alike.
+ * brindle.dll reports turns and clicks of the dial for your windows, fills the dial's on-screen menu, detects
+ * whether the dial is present, and stores small named settings. This header is all that a host needs. It
+ * includes standard headers only and supports C (C11) and C++ (C++11 or later).
  *
  *
  * A complete host
@@ -22,7 +22,7 @@
  *             level_ += turn->deltaDegrees * turn->acceleration;
  *             if (level_ > 100.0) {
  *                 level_ = 100.0;
- *                 turn->hapticRequest = &kBuzz;          // the dial shakes at the end of the scale
+ *                 turn->hapticRequest = &kBuzz;          // haptic feedback at the end of the scale
  *             }
  *         }
  *         void OnButtonClicked(void*, const DialContactRect*) override { level_ = 0.0; }
@@ -32,11 +32,11 @@
  *         double level_ = 0.0;
  *     };
  *
- *     // On the thread that owns the window and pumps its messages.
+ *     // On the thread that owns the window and handles its messages.
  *     void RunWithDial(HWND window) {
- *         if (initialize() == 1) return;                // no dial here; uninit is not due
+ *         if (initialize() == 1) return;                // no dial support; do not call uninit
  *         Volume volume(window);                        // must outlive uninit
- *         if (init_dial_listener(&volume)) {            // false: see the lines on standard output
+ *         if (init_dial_listener(&volume)) {            // false: see standard output
  *             MSG message;
  *             while (GetMessageW(&message, nullptr, 0, 0) > 0) DispatchMessageW(&message);
  *         }
@@ -47,50 +47,49 @@
  * Conventions
  * -----------
  *
- * Order      initialize, once; init_dial_listener, once for each top-level window; then the window functions;
- *            uninit, once, at the end. The settings functions may be called at any time between initialize
- *            and uninit. The library does not guard against another order.
+ * Order      Call initialize once; init_dial_listener once for each top-level window; then the window
+ *            functions; uninit once, at the end. The settings functions may be called at any time between
+ *            initialize and uninit. The library does not guard against another order.
  *
- * Threads    Call every function on the one thread that called initialize; it becomes a single-threaded
- *            apartment. The platform chooses the threads that events, picture loads and the answer to
- *            is_dial_present arrive on.
+ * Threads    Call every function on the thread that called initialize, which becomes a single-threaded
+ *            apartment. The platform chooses the threads of events, picture loads and presence queries.
  *
- *            On the thread of initialize a callback may call every function of this header but initialize and
- *            uninit; on another thread it may call none. On that thread events may also arrive while a
- *            function is at work, in a platform call that handles messages, and a menu may be made anew while
- *            a picture file is on its way into it.
+ *            A callback on the thread of initialize may call every function of this header except initialize
+ *            and uninit; a callback on another thread may call none. On the thread of initialize, events may
+ *            also arrive while a function runs, in a platform call that handles messages, and a menu may be
+ *            replaced while one of its picture files loads.
  *
- *            There are no locks. No two events may run at once on different threads, whichever windows they
- *            belong to. Events on another thread may run concurrently with every function but uninit and, for
- *            the window they belong to, init_dial_listener and add_custom_menu.
+ *            There are no locks. No two events may run concurrently on different threads, whichever windows
+ *            they belong to. Events on another thread may run concurrently with every function except uninit
+ *            and, for the window they belong to, init_dial_listener and add_custom_menu.
  *
  *            When picture files are loaded on another thread, give a menu at most one FilePNG item, as its
  *            last record. Until that load has ended, do not call add_custom_menu for the window, and no item
- *            of its menu may be chosen. The load ends a moment after its item can be selected; one that fails
- *            gives no sign. ResourcePNG items are there when the call returns.
+ *            of its menu may be chosen. The load ends shortly after its item can be selected; a failed load
+ *            is not reported. ResourcePNG items are added during the call.
  *
- * Windows    A window is named by its handle as an unsigned 64-bit number: (uint64_t)hwnd.
+ * Windows    A window is identified by its handle as an unsigned 64-bit number: (uint64_t)hwnd.
  *
- * Results    Window functions return true or false. True means that the operation ended with a success code.
- *            It does not mean that every step took place (see Diagnostics). initialize returns 0, 1 or 2.
- *            Storage setters return 0 or a negative code, storage getters the value or a marker for "nothing
- *            there".
+ * Results    Window functions return true or false. True means that the operation ended with a success code;
+ *            it does not mean that every step took place (see Diagnostics). initialize returns 0, 1 or 2.
+ *            Storage setters return 0 or a negative code; storage getters return the value or a marker for an
+ *            absent value.
  *
- * Texts      NUL-terminated UTF-16, borrowed for the call. A text returned to you is yours to free (see
+ * Texts      NUL-terminated UTF-16, borrowed for the call. You own a returned text and free it (see
  *            get_string_from_storage).
  *
- * Errors     A platform failure becomes a result. The exceptions to this rule:
- *              std::bad_alloc, without memory, from every function but initialize and uninit; a guarded step
- *              that is out of memory fails like any other
+ * Errors     A platform failure becomes a result, with these exceptions:
+ *              std::bad_alloc, out of memory, from every function except initialize and uninit; a guarded
+ *              step that is out of memory fails like any other
  *              hresult_error, from add_custom_menu, for a text that the platform refuses
- *              a structured exception with the code, from initialize, when the platform cannot make a string
- *              what leaves a rotation's event handler (see IDialHost)
+ *              a structured exception with the code, from initialize, when the platform creates no string
+ *              exceptions that leave a rotation's event handler (see IDialHost)
  *            Hosts built with another compiler than the DLL cannot catch the C++ exceptions and should treat
  *            them as fatal.
  *
- * Ownership  The library owns nothing of yours. It keeps a plain pointer to your IDialHost and calls it until
- *            uninit; a listener that a second init_dial_listener for its window has displaced calls its host
- *            for ever. What is passed to a callback lives for that call only.
+ * Ownership  The library keeps a plain pointer to your IDialHost and calls it until uninit. A listener that a
+ *            second init_dial_listener for its window has displaced calls its host as long as the platform
+ *            raises its events. Arguments of a callback are valid during that callback only.
  *
  * Diagnostics
  *            Lines on standard output, "failed with 80070005 at line 460" or with a step's name in front,
@@ -99,15 +98,15 @@
  *
  *            A guarded step that fails is attempted three times in all. The code printed is the second
  *            attempt's. The third attempt's ends the operation that the step belongs to, even when it is a
- *            success: what follows the step in its operation then did not take place. Making one menu item is
+ *            success: the steps after it in its operation then did not take place. Creating one menu item is
  *            an operation of its own; when it ends early, add_custom_menu goes on with the next record.
  *
  *            A step with a name is attempted twice, and its operation goes on. "register", "CreateFromIcon"
- *            and line 727 are attempted once, and end theirs.
+ *            and line 727 are attempted once and end their operation.
  *
- *            A step that consists of steps prints their lines in each of its attempts: a contact that cannot
- *            be read prints four. Where the platform succeeds and yields nothing, no step has failed: a null
- *            controller gives the "register" line only, a null menu or item list no line.
+ *            A step that consists of other steps prints their lines in each of its attempts: a contact that
+ *            cannot be read prints four. When the platform succeeds and yields null, no step has failed: a
+ *            null controller prints the "register" line only, a null menu or item list prints no line.
  */
 #ifndef BRINDLE_H
 #define BRINDLE_H
@@ -125,7 +124,7 @@
 #define BRINDLE_VERSION_TEXT "0.1.0" /* the three numbers; a test compares them */
 
 #if UINTPTR_MAX != 0xFFFFFFFFFFFFFFFFu
-#error "brindle.h: the library exists for 64-bit programs only"
+#error "brindle.h: only 64-bit programs are supported"
 #endif
 
 /* One UTF-16 unit: wchar_t on Windows, char16_t in the native test build. */
@@ -139,11 +138,11 @@ typedef char16_t BrindleChar;
  * Records
  * ------------------------------------------------------------------------------------------------------ */
 
-/* Where the dial stands on the screen, in the coordinates that the platform reports for the window, fractions
- * truncated toward zero; a coordinate outside the range of int32_t becomes INT32_MIN. All zero when the dial
- * is not on the screen or its place cannot be read. For a turn, right is the sum of left and width, cut off
- * once; for a click it is the sum of the already cut left and width, cut off again, so that the two can
- * differ by one (bottom likewise). 16 bytes. */
+/* The place of the dial on the screen, in the coordinates that the platform reports for the window, truncated
+ * toward zero; a coordinate outside the range of int32_t becomes INT32_MIN. All zero when the dial is not on
+ * the screen or its place cannot be read. For a turn, right is the truncated sum of left and width; for a
+ * click it is the truncated sum of the truncated left and width, so the two can differ by one. The same holds
+ * for bottom. 16 bytes. */
 typedef struct DialContactRect {
     int32_t left;
     int32_t top;
@@ -151,7 +150,7 @@ typedef struct DialContactRect {
     int32_t bottom;
 } DialContactRect;
 
-/* hapticRequest is the one field of the record that the host may write; in C++ the rest is const. */
+/* In C++ the record is const except hapticRequest, the only field that the host may write. */
 #ifdef __cplusplus
 #define BRINDLE_ANSWER mutable
 #else
@@ -161,30 +160,29 @@ typedef struct DialContactRect {
 /* One turn of the dial. 56 bytes. */
 typedef struct DialRotationInfo {
     DialContactRect contact;
-    /* The dial's button is held down during the turn. */
+    /* Whether the dial's button is down during the turn. */
     bool buttonPressed;
-    /* Degrees since the last event, clockwise positive; 0.0 when the platform cannot tell. */
+    /* Degrees since the last event, clockwise positive; 0.0 when they cannot be read. */
     double deltaDegrees;
-    /* How fast the user turns, as a factor to multiply deltaDegrees by: 1.0 or more, and 1.0 for the first
-     * 10 degrees of a movement. It is sqrt(max(|s| - 10, 0)) / 2.07 + 1, with s the sum of deltaDegrees. A
-     * turn 50 ms or more after the last computation computes it anew; one more than 100 ms after the last
-     * computation restarts the sum first; one less than 50 ms after it only adds to the sum. So after a
+    /* The acceleration, a factor to multiply deltaDegrees by: 1.0 or more, and 1.0 for the first 10 degrees
+     * of a movement. It is sqrt(max(|s| - 10, 0)) / 2.07 + 1, where s is the sum of deltaDegrees. A turn 50
+     * ms or more after the last computation computes it again; a turn more than 100 ms after the last
+     * computation restarts the sum first; a turn less than 50 ms after it only adds to the sum. So after a
      * computation at 0 ms, a turn at 49 ms computes nothing, and one at 101 ms restarts the sum. The first
-     * turn in the process computes nothing. One sum serves the whole process, whichever window the dial
-     * turns for. */
+     * turn in the process computes nothing. One sum serves the whole process, for all windows. */
     double acceleration;
-    /* The item_id of the menu item that is selected; 0 when none is, the window has no custom menu, or the
-     * platform cannot tell the item's tag. */
+    /* The item_id of the selected menu item; 0 when no item is selected, the window has no custom menu, or
+     * the item's tag cannot be read. */
     uint32_t selectedItemTag;
-    /* Null when you are called. Point it at the value 1 or 2, which must stay readable until the library
-     * has read it just after your return, and the dial plays its first haptic waveform three times at full
-     * intensity, with pauses of 200 ms. Any other value, or a dial without waveforms: nothing is played. */
+    /* Null when the callback is called. Set it to the address of the value 1 or 2 to play the dial's first
+     * haptic waveform three times at full intensity, with pauses of 200 ms. The value must stay readable
+     * until just after the callback returns. Another value, or a dial without waveforms, plays nothing. */
     BRINDLE_ANSWER const uint32_t* hapticRequest;
 } DialRotationInfo;
 
 #undef BRINDLE_ANSWER
 
-/* What a menu item's picture comes from. Other values are skipped silently. */
+/* The source of a menu item's picture. Records with another value are skipped silently. */
 #ifdef __cplusplus
 enum class MenuItemKind : int32_t {
     FilePNG = 0,
@@ -222,11 +220,11 @@ typedef struct MenuItemDescription {
     MenuItemKind kind;
     /* The label; must not be null, may be empty. */
     const BrindleChar* display_text;
-    /* Yours to choose; comes back as DialRotationInfo::selectedItemTag, which cannot tell 0 from no
-     * selection. */
+    /* The host's identifier of the item, reported as DialRotationInfo::selectedItemTag, where 0 is
+     * indistinguishable from no selection. */
     uint32_t item_id;
-    /* Not 0: choosing the item turns the dial's automatic haptic feedback on; 0: off. add_custom_menu says
-     * what decides for items that share an item_id, and for picture files. */
+    /* Choosing the item turns the dial's automatic haptic feedback on (not 0) or off (0). See add_custom_menu
+     * for items that share an item_id, and for picture files. */
     uint8_t haptic_feedback;
     union {
         const BrindleChar* text;
@@ -236,49 +234,52 @@ typedef struct MenuItemDescription {
 } MenuItemDescription;
 
 /* ---------------------------------------------------------------------------------------------------------
- * Your side: the callback object
+ * The callback object of the host
  * ------------------------------------------------------------------------------------------------------ */
 
 /*
- * What the platform sends, and what you get:
+ * Events of the platform and callbacks of the host:
  *
- *   the user ...                    the platform raises     the host is called with
+ *   the user ...                    platform event          callback
  *   turns the dial                  RotationChanged         OnRotation
- *   presses and lets go             ButtonClicked           OnButtonClicked
+ *   presses and releases it         ButtonClicked           OnButtonClicked
  *   puts it on the screen, moves
- *   it there, lifts it              ScreenContact...        nothing; turns and clicks carry `contact`
- *   chooses a menu item             Invoked                 nothing; later turns carry its item_id
- *   comes to or leaves the window   Control...              nothing
+ *   it there, lifts it              ScreenContact...        none; turns and clicks have the rectangle
+ *   chooses a menu item             Invoked                 none; later turns have its item_id
+ *   enters or leaves the window     Control...              none
  *
- * Arguments are never null and live for the call only. `sender` is the platform's controller
- * (IRadialController*). A reference that you take of it keeps its events coming: release it before uninit,
- * and before init_dial_listener returns anything but true, or events reach freed memory. Callbacks
- * must not throw or unwind: above them stands the platform.
+ * Arguments are never null and valid during the call only. `sender` is the platform's controller
+ * (IRadialController*). A reference that you add to it keeps its events coming: release it before uninit, and
+ * before init_dial_listener returns anything but true, or events access freed memory. Callbacks must not
+ * throw or unwind, because the platform calls them.
  *
- * What the platform cannot tell about an event:
+ * When the data of an event cannot be read:
  *
- *   a turn's degrees, the contact's place, the selected item's tag   0, and you are called
- *   which item is selected, a click's contact                        you are not called; a line is printed
- *   a turn's button, the haptic answer that you asked for            the failure leaves the event as a C++
- *       exception (hresult_error, or std::bad_alloc for 0x8007000E) that only the platform stands above:
- *       Windows ends the process on it. In the simulator it is reported to the script or the test.
+ *   a turn's degrees, the contact's place, the selected item's tag   0, and the callback is called
+ *   the selected item, a click's contact                             the callback is not called; a line is
+ *                                                                    printed
+ *   a turn's button, the requested haptic feedback                   the event handler throws a C++ exception
+ *                                                                    (hresult_error, or std::bad_alloc for
+ *                                                                    0x8007000E): Windows ends the process,
+ *                                                                    the simulator reports it to the script
+ *                                                                    or the test
  */
 #ifdef __cplusplus
 
 class IDialHost {
 public:
-    /* The dial was turned. You may write info->hapticRequest and nothing else. */
+    /* The dial was turned. The callback may write info->hapticRequest and nothing else. */
     virtual void OnRotation(void* sender, const DialRotationInfo* info) = 0;
-    /* The window this object serves. init_dial_listener asks twice: the first answer is the window the dial
-     * is bound to, the second, after a registration that succeeded, the one that the listener is registered
-     * under. set_default_menu asks once. */
+    /* Returns the window of this object. init_dial_listener calls it twice: the first result is the window
+     * that the dial is bound to; the second, after a successful registration, is the key of the listener.
+     * set_default_menu calls it once. */
     virtual uint64_t GetWindowHandle() = 0;
-    /* The button was pressed and let go; `rect` is where the dial stands on the screen. */
+    /* The button was pressed and released; `rect` is the place of the dial on the screen. */
     virtual void OnButtonClicked(void* sender, const DialContactRect* rect) = 0;
 
 protected:
-    /* Not virtual: a virtual destructor would take a place in the function table. Declare your class final,
-     * so that no compiler warns about it. */
+    /* Not virtual: a virtual destructor would take a slot of the function table. Declare your class final to
+     * avoid compiler warnings. */
     ~IDialHost() = default;
 };
 
@@ -288,8 +289,8 @@ extern "C" {
 
 typedef struct IDialHost IDialHost;
 
-/* In C, a host is a struct whose first member is an IDialHost that points at a table of functions; `self`
- * is then a pointer to the host. */
+/* In C, a host is a struct whose first member is an IDialHost that points to a table of functions; `self` is
+ * a pointer to that struct. */
 typedef struct IDialHostFunctions {
     void (*OnRotation)(IDialHost* self, void* sender, DialRotationInfo* info);
     uint64_t (*GetWindowHandle)(IDialHost* self);
@@ -303,256 +304,275 @@ struct IDialHost {
 #endif
 
 /* ---------------------------------------------------------------------------------------------------------
- * Start and stop
+ * Initialisation
  * ------------------------------------------------------------------------------------------------------ */
 
 /*
- * Starts the Windows Runtime on the calling thread, single-threaded, and asks whether it is recent enough.
+ * Initialises the Windows Runtime on the calling thread, single-threaded, and checks its version.
  *
  *   Returns
- *     0        ready; whether this Windows knows the dial shows in init_dial_listener, line 458
+ *     0        ready; where this Windows has no dial support, init_dial_listener fails with line 458
  *     1        the Windows Runtime cannot be initialised, for instance because the thread is already in a
- *              multithreaded apartment, or has no class to ask
- *     2        this Windows is too old, or the question failed
+ *              multithreaded apartment, or it lacks the class for the check. Call nothing more, uninit
+ *              included: the Windows Runtime may have stayed initialised, which the result does not report
+ *     2        this Windows is too old, or the check failed. Call uninit
  *
- *   Errors     a structured exception, non-continuable, when the platform cannot make a string
- *   Thread     the one that makes all other calls
+ *   Errors     a structured exception, non-continuable, when the platform cannot create a string
+ *   Threads    the thread that makes all other calls
  *   Since      0.1
- *
- * Call uninit after 0 or 2. After 1 call nothing more, uninit included: the Windows Runtime may have stayed
- * initialised on the thread, and the result does not tell.
  */
 int32_t initialize(void);
 
 /*
- * Ends every listener, in ascending order of window handle, and stops the Windows Runtime on this thread.
+ * Deletes every listener, in ascending order of window handle, and uninitialises the Windows Runtime.
  *
- *   Thread     that of initialize, never from a callback
+ *   Errors     none
+ *   Threads    the thread of initialize, outside callbacks. No event may be running on another thread, and no
+ *              picture file may be loading: they use the listeners that are deleted
  *   Since      0.1
  *
- * No event may be running on another thread, and no picture file may be on its way into a menu: the listeners
- * that they use go away here. A listener that was displaced by a second init_dial_listener for its window is
- * not ended: it stays in memory and calls its host as long as the platform raises its events, so that host
- * must live on.
+ * A listener that a second init_dial_listener for its window has displaced is not deleted. It calls its host
+ * as long as the platform raises its events, so that host must live on.
  */
 void uninit(void);
 
 /*
- * Makes the dial work for the window of `host` and registers the listener under that window.
+ * Creates a listener for the window of `host`, which reports the dial's events, and registers it for that
+ * window.
  *
  *   Parameters
  *     host     called until uninit; not owned; null gives false
  *
  *   Returns
  *     true     the registration ended with a success code. Without a line on standard output the host gets
- *              all events. With one it ended early: after line 458 or 460 no event arrives; after one from
- *              467 to 491 the events subscribed before it arrive, its own perhaps more than once, and those
- *              after it do not. Line 487 subscribes turns, line 491 clicks
+ *              all events. With one the registration ended early: after line 458 or 460 no event arrives;
+ *              after one from 467 to 491 the events subscribed before it arrive, those after it do not, and
+ *              its own may arrive more than once. Line 487 subscribes turns, line 491 clicks
  *     false    host is null (no line), a step failed, or the platform yielded no controller ("register" line
- *              only). Nothing of the registration is left
+ *              only). The registration is undone
  *
  *   Errors     std::bad_alloc when the listener or its entry cannot be allocated
- *   Thread     that of initialize
+ *   Threads    the thread of initialize. Events may arrive before the function returns
  *   Since      0.1
  *
- * Events may arrive before it returns. A second call for the same window registers a new listener in the
- * place of the older one, which is neither ended nor unsubscribed and goes on calling its host.
+ * A second call for the same window registers a new listener in place of the older one, which is neither
+ * deleted nor unsubscribed and goes on calling its host.
  */
 bool init_dial_listener(IDialHost* host);
 
 /* ---------------------------------------------------------------------------------------------------------
- * The dial's menu. A window that has no listener gets false, with no other effect.
+ * The menu of the dial. For a window without a listener the functions return false and do nothing.
  * ------------------------------------------------------------------------------------------------------ */
 
 /*
  * Replaces the custom items of the window's dial menu.
  *
  *   Parameters
- *     window   a registered window
+ *     window   a window with a listener
  *     items    `count` records, read during the call; null adds none
  *     count    0 to 4294967295; 0 clears the menu
  *
  *   Returns
  *     true     the call ended with a success code. Without a line on standard output the menu has the new
- *              items, but for those that are skipped silently and picture files (below). Line 124 or 129:
- *              nothing was changed. "clear" with a code other than 0: the old items stand before the new
- *              ones. Line 151: the records from a known icon on are skipped. Any other line: an item may be
- *              missing, lack its tag, or be in the menu more than once
- *     false    no listener, or one without a controller; or the menu or its item list could not be had (line
- *              124 or 129; no line when the platform yields none), and the old items still stand; or the
- *              factory for known icons failed (151), and the records from that one on are skipped. Until a
- *              later call gets the menu, turns tell no tag, and picture files that come are refused (line
- *              649)
+ *              items, except those that are skipped silently and picture files (see below). Line 124 or 129:
+ *              nothing was changed. "clear" with a code other than 0: the old items precede the new ones.
+ *              Line 151: the records from a known icon on are skipped. Another line: an item may be missing,
+ *              lack its tag, or be in the menu more than once
+ *     false    no listener, or one without a controller; or the menu or its item list cannot be read (line
+ *              124 or 129, no line when the platform yields null), and the old items stay; or the factory for
+ *              known icons failed (151), and the records from that one on are skipped. Until a later call
+ *              gets the menu, turns report no tag, and picture files that complete are refused (line 649)
  *
- *   Errors     hresult_error when the platform cannot make a string of a label, of a skipped record too, or
- *              of a source text, or when a text is longer than 4294967295 units; std::bad_alloc without
- *              memory. The old items are gone, the items made before stay, and later records are not read
- *   Thread     that of initialize
+ *   Errors     hresult_error when the platform cannot create a string from a label, also of a skipped record,
+ *              or from a source text, or when a text is longer than 4294967295 units; std::bad_alloc out of
+ *              memory. The old items are removed, the items created before stay, and later records are not
+ *              read
+ *   Threads    the thread of initialize
  *   Since      0.1
  *
  * A record is skipped silently when its kind is unknown, when its font file does not exist or has no short
  * path, and when the platform yields no stream for its PNG resource.
  *
- * Items from PNG files appear when the platform has opened the file, usually after the call, in the order in
- * which that happens; also in a menu that a later call has made meanwhile. A file that does not exist never
- * appears. Call uninit only when those loads are over.
+ * A FilePNG item is added when the platform has opened the file, usually after the call. Items appear in the
+ * order in which their files are opened, also in a menu that a later call has created meanwhile. A file that
+ * does not exist adds no item. Call uninit only when those loads have ended.
  *
  * For each listener, the first recorded entry of an item_id decides its haptic setting, also for later menus.
  * Use fresh identifiers for new meanings. A known icon or a glyph is recorded even when its item could not be
- * made; a picture file is recorded when its item has been added, with the setting 0.
+ * created; a picture file is recorded when its item has been added, with the setting 0.
  */
 bool add_custom_menu(uint64_t window, const MenuItemDescription* items, uint32_t count);
 
 /*
- * Says which of the system's own entries remain in the window's dial menu, in this order.
+ * Sets which of the system's own entries remain in the window's dial menu, in this order.
  *
  *   Parameters
- *     window   a registered window; the menu is that of the window that its host object reports now
+ *     window   a window with a listener; the menu is that of the window that its host object reports now
  *     kinds    `count` values, read during the call: 0 scroll, 1 zoom, 2 undo and redo, 3 volume, 4 next and
  *              previous track; passed on unchanged; null gives false
  *     count    0 leaves no system entry
  *
  *   Returns
- *     true     the platform has taken them
- *     false    no listener, no configuration for the window, a null list, or the platform refused them
+ *     true     the platform has accepted the list
+ *     false    no listener, no configuration for the window, a null list, or the platform refused the list
  *
- *   Errors     std::bad_alloc without memory
- *   Thread     that of initialize
+ *   Errors     std::bad_alloc out of memory
+ *   Threads    the thread of initialize
  *   Since      0.1
  */
 bool set_default_menu(uint64_t window, const int32_t* kinds, uint32_t count);
 
 /*
- * Selects the first item of the window's custom menu whose item_id equals `item_id`. Selecting does not count
- * as choosing: no haptic setting changes.
+ * Selects the first item of the window's custom menu whose item_id equals `item_id`. Selecting does not
+ * invoke the item: no haptic setting changes.
  *
  *   Parameters
- *     window   a registered window
- *     item_id  every value is ordinary
+ *     window   a window with a listener
+ *     item_id  any value
  *
  *   Returns
  *     true     the item is selected
- *     false    no listener, no such item, or the platform refused a step of the search
+ *     false    no listener, no such item, or a step of the search failed
  *
- *   Errors     std::bad_alloc when the platform is without memory
- *   Thread     that of initialize
+ *   Errors     std::bad_alloc when the platform is out of memory
+ *   Threads    the thread of initialize
  *   Since      0.1
  */
 bool set_current_custom_menu(uint64_t window, uint32_t item_id);
 
 /* ---------------------------------------------------------------------------------------------------------
- * Is the dial there
+ * Presence of the dial
  * ------------------------------------------------------------------------------------------------------ */
 
 /*
- * Asks Windows whether the dial is there: whether one of the enabled Bluetooth interfaces of its class begins
- * with this one dial's address. Any other dial, however similar, counts as none. Every call asks anew.
+ * Enumerates the devices and returns whether the dial is present: whether one of the enabled Bluetooth
+ * interfaces of its class begins with the address of this one dial. Any other dial counts as none.
  *
  *   Parameters
- *     window   a registered window
+ *     window   a window with a listener
  *
  *   Returns
- *     true     it is there
- *     false    it is not; Windows could not be asked, or did not answer in time; another answer ended the
+ *     true     the dial is present
+ *     false    it is not; the enumeration failed or did not complete in time; another completion ended the
  *              wait; or the window has no listener
  *
- *   Errors     std::bad_alloc without memory, also when Windows says so (0x8007000E) to the question
- *   Thread     that of initialize
+ *   Errors     std::bad_alloc out of memory, also when the platform fails with 0x8007000E to start the
+ *              enumeration
+ *   Threads    the thread of initialize. Blocks it without handling messages until the enumeration completes,
+ *              usually a few milliseconds. For an enumeration that fails or does not complete, the wait is
+ *              10,001 sleeps of 1 ms: 10 seconds with a fine system timer, up to 160 with a tick of 16 ms
  *   Since      0.1
  *
- * Blocks the caller until Windows has answered, usually a few milliseconds, and handles no messages
- * meanwhile. An answer that fails or never comes is waited for to the end: 10,001 sleeps of 1 ms, 10 seconds
- * where the system's timer is fine and up to 160 where it ticks every 16 ms.
- *
- * Calls for one window must not overlap, as in a callback that arrives during the call: the first answer ends
- * both waits, and each call answers with what its own enumeration has found by then. An answer that comes
- * after its wait touches no freed memory, not even after uninit, but it ends a later wait of the window in
- * the same way, with false, and the answer to that call is then late in its turn. After a call that took the
- * whole wait, ask again only after a pause.
+ * Calls for one window must not overlap, as in a callback that arrives during the call: the first completion
+ * ends both waits, and each call returns what its own enumeration has found so far. A completion after the
+ * end of its wait accesses no freed memory, not even after uninit, but it ends a later wait of the window in
+ * the same way, with false, and the completion of that call is then late too. After a call that took the
+ * whole wait, pause before the next call.
  */
 bool is_dial_present(uint64_t window);
 
 /* ---------------------------------------------------------------------------------------------------------
- * Small named settings: texts and numbers, each under a key
+ * Settings: texts and numbers, each under a key
  * ------------------------------------------------------------------------------------------------------ */
 
 /*
- * They need initialize, but no window, no listener and no dial. A value is kept in the places below, and read
- * from the first of them that has it:
+ * The settings functions need initialize, but no window, listener or dial. A value is written to the stores
+ * below and read from the first of them that has it:
  *
  *                        1. roaming settings    2. the user's vault          3. local settings
- *   a text is kept in    yes                    yes, under `resource`        yes
- *   a number is kept in  yes                    no, but a text found there   yes
+ *   a text is in         yes                    yes, under `resource`        yes
+ *   a number is in       yes                    no, but a text found there   yes
  *                                               is read as a number
  *   for a program with
  *   package identity     yes                    yes                          yes
  *   for any other        no                     yes                          no
  *
- * So an ordinary desktop program, one without package identity, keeps texts in the vault only and numbers
- * nowhere: keep a number as a text there, and get_int_from_storage reads it.
+ * So an ordinary desktop program, without package identity, stores texts in the vault only and cannot store
+ * numbers: store a number as a text, which get_int_from_storage reads.
  *
- * The vault is the user's credential store. Every process of the user can read it: what is kept there is no
- * secret from the user's other programs. `resource` tells your texts from theirs; a key that the vault has
- * under other resources only is not written under yours, so make your keys unlikely ones too
- * ("Example Paint/last brush"). Windows keeps at most twenty texts there for a program with package identity.
+ * The vault is the user's credential store. Every process of the user can read it, so it keeps no secret from
+ * the user's other programs. `resource` separates your texts from theirs; a key that exists in the vault
+ * under other resources only is not written under yours, so choose unlikely keys too ("Example Paint/last
+ * brush"). For a program with package identity Windows limits the vault to twenty texts.
  *
  * Roaming settings no longer roam: since Windows 11 they stay on the computer like local ones.
  *
- * Sizes: Windows takes keys up to 255 characters and values up to 8192 bytes (4096 UTF-16 units) into
- * settings, and no empty resource, key or text into the vault. The library has no limits of its own.
+ * Windows accepts keys up to 255 characters and values up to 8192 bytes (4096 UTF-16 units) in settings, and
+ * no empty resource, key or text in the vault. The library has no limits of its own.
  *
- * A place that fails, or refuses a value, is skipped silently: a setter returns 0 even when nothing was kept
- * anywhere. To be sure, read the value back. A change is not one step: it removes the old value and then
- * writes the new one, in each place, and a failure in between leaves the place without either. A value that a
- * place already has is not written there again.
- *
- * Of all four:
+ * A store that fails or refuses a value is skipped silently: a setter returns 0 even when no store took the
+ * value. Read the value back to be sure. A change is not atomic: it removes the old value and then writes the
+ * new one, in each store, and a failure in between leaves the store without either. A store that has the
+ * value already is not written to.
+ */
+
+/*
+ * Stores a text. An empty text is stored in the settings only; in the vault it removes the former text.
  *
  *   Parameters
  *     resource, key, value   NUL-terminated UTF-16, not null, read during the call
  *
- *   Errors     std::bad_alloc without memory, also when Windows says so (0x8007000E)
- *   Thread     that of initialize
- *   Since      0.1
- */
-
-/*
- * Keeps a text. An empty one is kept in the settings only; in the vault it removes the text that was there.
- *
  *   Returns
  *     0, or a negative HRESULT for an unhandled platform error
+ *
+ *   Errors     std::bad_alloc out of memory, also when the platform fails with 0x8007000E
+ *   Threads    the thread of initialize
+ *   Since      0.1
  */
 int32_t set_string_in_storage(const BrindleChar* resource, const BrindleChar* key, const BrindleChar* value);
 
 /*
- * The text kept under `key`. Settings are found under any `resource`, the vault's texts under their own.
+ * Returns the text of `key`. In settings it is found under any `resource`, in the vault under its own only.
+ *
+ *   Parameters
+ *     resource, key   NUL-terminated UTF-16, not null, read during the call
  *
  *   Returns
- *     a text   yours: a new buffer on every call, of its length + 1 units, to give to free() of the Universal
- *              C Runtime. A host with another runtime library calls that one's free:
+ *     a text   a new buffer on every call, of its length + 1 units, which you own and release with free() of
+ *              the Universal C Runtime. A host with another runtime library gets that function with
  *              GetProcAddress(GetModuleHandleW(L"ucrtbase.dll"), "free")
- *     null     no place yields one
+ *     null     no store has one
+ *
+ *   Errors     std::bad_alloc out of memory, also when the platform fails with 0x8007000E
+ *   Threads    the thread of initialize
+ *   Since      0.1
  */
 BrindleChar* get_string_from_storage(const BrindleChar* resource, const BrindleChar* key);
 
 /*
- * Keeps a number; `resource` is not used.
+ * Stores a number.
+ *
+ *   Parameters
+ *     resource   not used
+ *     key        NUL-terminated UTF-16, not null, read during the call
+ *     value      any value; INT32_MIN reads as an absent number
  *
  *   Returns
  *     0, or a negative HRESULT for an unhandled platform error
+ *
+ *   Errors     std::bad_alloc out of memory, also when the platform fails with 0x8007000E
+ *   Threads    the thread of initialize
+ *   Since      0.1
  */
 int32_t set_int_in_storage(const BrindleChar* resource, const BrindleChar* key, int32_t value);
 
 /*
- * The number kept under `key`. A number that the settings hold as a value of another kind, such as a text, is
- * not found there; a text in the vault is read as a number.
+ * Returns the number of `key`. A settings entry of another type, such as a text, is not read as a number; a
+ * text in the vault is.
+ *
+ *   Parameters
+ *     resource, key   NUL-terminated UTF-16, not null, read during the call
  *
  *   Returns
- *     a number    from the roaming settings; or else the decimal number that the vault's text begins with
- *                 (blanks and a sign before it are allowed), limited to the range of int32_t, 0 when the text
- *                 begins with none; or else from the local settings
- *     INT32_MIN   (0x80000000) there is none. INT32_MIN itself does not count as a number in any place, nor
- *                 does a vault text that reads as INT32_MIN or below: the next place is asked
+ *     a number    from the roaming settings; or else the decimal number at the beginning of the vault's text
+ *                 (after blanks and a sign), limited to the range of int32_t, 0 when the text begins with
+ *                 none; or else from the local settings
+ *     INT32_MIN   (0x80000000) absent. INT32_MIN does not count as a number in any store, nor does a text in
+ *                 the vault that reads as INT32_MIN or below: the next store is read
+ *
+ *   Errors     std::bad_alloc out of memory, also when the platform fails with 0x8007000E
+ *   Threads    the thread of initialize
+ *   Since      0.1
  */
 int32_t get_int_from_storage(const BrindleChar* resource, const BrindleChar* key);
 
@@ -561,7 +581,7 @@ int32_t get_int_from_storage(const BrindleChar* resource, const BrindleChar* key
 #endif
 
 /* ---------------------------------------------------------------------------------------------------------
- * The layouts, checked by your compiler
+ * Checks of the layouts
  * ------------------------------------------------------------------------------------------------------ */
 
 #ifdef __cplusplus
