@@ -10,8 +10,8 @@
  * -----------
  *
  * Parameters  `window` is a window handle, or 0 for the window whose controller is the newest; handles need
- * not belong to existing windows. Texts are NUL-terminated UTF-8, borrowed for the call. Pointers must not be
- * null unless the function says so.
+ *             not belong to existing windows. Texts are NUL-terminated UTF-8, borrowed for the call. Pointers
+ *             must not be null unless the function says so.
  *
  * Returns     A function that raises an event returns the HRESULT of its handlers: the first failure when
  *             handlers of several windows are called, DIALSIM_NO_CONTROLLER without a controller, and
@@ -20,7 +20,7 @@
  *             included; the buffer may be null for size 0.
  *
  * Errors      Failures are results. The exception of a handler is caught and becomes DIALSIM_RAISED; on
- * Windows it ends the process.
+ *             Windows it ends the process.
  *
  * Threads     Every function may be called from any thread, also in a handler, unless it says otherwise. No
  *             lock is held while handlers run.
@@ -289,8 +289,7 @@ uint64_t dialsim_now(void);
 /* Lets time pass: natively sets the clock forward and returns at once, on Windows sleeps. */
 void dialsim_wait(uint32_t milliseconds);
 /* Sets whether the platform's Sleep returns at once on Windows, without time passing (default: no). Natively
- * Sleep always sets the clock forward, and returns when the simulator's threads have done what is then due.
- */
+ * Sleep always sets the clock forward, and returns when the simulator's threads have done what is due. */
 void dialsim_skip_sleeps(bool skip);
 /* Sets the clock natively and returns true; returns false on Windows, where the clock is the system's. */
 bool dialsim_set_clock(uint64_t milliseconds);
@@ -328,7 +327,7 @@ enum {
  *   draw menu       writes the picture of dialsim_menu_svg to a file
  *   mouse           the left mouse button in the window; on Windows only
  *   shot            writes a screenshot of the window and of the simulator's dial to a PNG file; on Windows
- * only
+ *                   only
  *
  *   Parameters
  *     script   the text of the script
@@ -365,12 +364,14 @@ bool dialsim_record(const char* path);
  * Environment variables control a program that does not call the simulator:
  *
  *   DIALSIM_SETUP    a script that is played before the first class of the platform is activated, with the
- *                    program and brindle.dll intercepted (see dialsim_watch): for faults, devices and
- * identity DIALSIM_SCRIPT   a script that is played in the background, in real time, from the creation of the
- * first controller on. Begin it with a wait, so that the program can subscribe. With DIALSIM_CLOSE=1 the
- * window is closed at its end, and a script with a syntax error ends the program with status 2 DIALSIM_WINDOW
- * 1: shows a dial to turn beside the window of the first controller; on Windows only DIALSIM_RECORD   the
- * file of a recording from the creation of the first controller on
+ *                    program and brindle.dll intercepted (see dialsim_watch): for faults, devices and package
+ *                    identity
+ *   DIALSIM_SCRIPT   a script that is played in the background, in real time, from the creation of the first
+ *                    controller on. Begin it with a wait, so that the program can subscribe. With
+ *                    DIALSIM_CLOSE=1 the window is closed at its end, and a script with a syntax error ends
+ *                    the program with status 2
+ *   DIALSIM_WINDOW   1: shows a dial to turn beside the window of the first controller; on Windows only
+ *   DIALSIM_RECORD   the file of a recording from the creation of the first controller on
  *
  * Errors are printed on standard error.
  */
@@ -385,12 +386,14 @@ bool dialsim_record(const char* path);
  *
  *   Parameters
  *     operation   one of dialsim_operation, "IRadialController::add_RotationChanged", or one with the
- * arguments that the journal prints, "RoGetActivationFactory(Windows.UI.Input.RadialController)" code the
- * failure code. A function without a code returns null, zero or false instead, GlobalFree the block, and
- * WindowsGetStringRawBuffer an empty text. With a positive code a function that returns a number returns that
- * number: dialsim_fail("GetShortPathNameW", 2, 1, 1) simulates a short path that has grown since its length
- * was queried from        the first matching call that fails, counted from now; 1 is the next times       the
- * number of calls that fail; 0: all
+ *                 arguments that the journal prints,
+ *                 "RoGetActivationFactory(Windows.UI.Input.RadialController)"
+ *     code        the failure code. A function without a code returns null, zero or false instead, GlobalFree
+ *                 the block, and WindowsGetStringRawBuffer an empty text. With a positive code a function
+ *                 that returns a number returns that number: dialsim_fail("GetShortPathNameW", 2, 1, 1)
+ *                 simulates a short path that has grown since its length was queried
+ *     from        the first matching call that fails, counted from now; 1 is the next
+ *     times       the number of calls that fail; 0: all
  *
  *   Returns
  *     false       there is no such operation; arguments are not checked
