@@ -2,9 +2,9 @@
 #
 #     cmake --preset windows && cmake --build --preset windows
 #
-# Debian's compiler links msvcrt.dll. A host built with any current compiler uses the UCRT instead, and free() there
-# must find the heap of malloc() here, so the compiler's specs are rewritten to name the UCRT.
-# The compiler is the one with the Win32 thread model: it needs no thread library beside the DLL.
+# Debian's compiler links msvcrt.dll. Hosts of current compilers use the UCRT, and their free() must use the same heap as
+# malloc() here, so the compiler's specs are rewritten to link the UCRT.
+# The compiler with the Win32 thread model needs no thread library in addition to the DLL.
 
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR x86_64)
@@ -16,7 +16,7 @@ set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
 
-# Also evaluated for CMake's own compiler checks, each in a folder of its own.
+# CMake's compiler checks evaluate this file too, each in its own folder.
 set(ucrt_specs ${CMAKE_BINARY_DIR}/ucrt.specs)
 if(NOT EXISTS ${ucrt_specs})
     execute_process(COMMAND ${CMAKE_CXX_COMPILER} -dumpspecs OUTPUT_VARIABLE specs COMMAND_ERROR_IS_FATAL ANY)
@@ -24,7 +24,7 @@ if(NOT EXISTS ${ucrt_specs})
     file(WRITE ${ucrt_specs} "${specs}")
 endif()
 
-# The runtime's own printf, not the toolchain's replacement: it shares the host's standard output.
+# The runtime's printf, which shares the host's standard output, instead of the toolchain's replacement.
 set(CMAKE_C_FLAGS_INIT "-specs=${ucrt_specs} -D_UCRT -D_WIN32_WINNT=0x0A00 -D__USE_MINGW_ANSI_STDIO=0")
 set(CMAKE_CXX_FLAGS_INIT "${CMAKE_C_FLAGS_INIT}")
 set(link_flags "-static -Wl,--dynamicbase,--nxcompat,--high-entropy-va")

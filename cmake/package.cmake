@@ -1,18 +1,18 @@
-# `add_package` makes a library a package, and installs that as a component of its own name.
+# `add_package` defines the package of a library and installs it as a component with the library's name.
 include(CMakePackageConfigHelpers)
 
-# For the code of the libraries that are given away: symbols that do not tell in what folder they were made.
+# Flags of the packaged libraries: reproducible symbols, without the names of build folders.
 add_library(package_flags INTERFACE)
 if(WIN32)
     target_compile_options(package_flags INTERFACE $<$<COMPILE_LANGUAGE:CXX>:
         -ffile-prefix-map=${PROJECT_SOURCE_DIR}=. -ffile-prefix-map=${CMAKE_BINARY_DIR}=.>)
     find_program(LLVM_DLLTOOL llvm-dlltool)
     if(NOT LLVM_DLLTOOL)
-        message(STATUS "No llvm-dlltool: the import libraries for MSVC are left out (apt-get install llvm)")
+        message(STATUS "No llvm-dlltool: the import libraries for MSVC are not built (apt-get install llvm)")
     endif()
 endif()
 
-# The short import library, which linkers of the MSVC family expect, made from the module definition.
+# The short import library for MSVC-compatible linkers, generated from the module definition.
 function(add_msvc_import_library package definition)
     set(library ${CMAKE_ARCHIVE_OUTPUT_DIRECTORY}/${package}.lib)
     add_custom_command(OUTPUT ${library}
@@ -23,8 +23,8 @@ function(add_msvc_import_library package definition)
     install(FILES ${library} DESTINATION lib COMPONENT ${package})
 endfunction()
 
-# The symbols go into a file beside the DLL, where debuggers look for them by the name that the DLL keeps. Without the
-# word to preserve dates, the time of day would get into the headers.
+# Debug symbols are in a separate file next to the DLL, which debuggers find by the name in the DLL. Without
+# --preserve-dates the headers would contain the current time.
 function(split_debug_symbols package)
     set(dll $<TARGET_FILE:${package}>)
     add_custom_command(TARGET ${package} POST_BUILD
@@ -34,13 +34,13 @@ function(split_debug_symbols package)
     install(FILES ${dll}.debug DESTINATION bin COMPONENT ${package})
 endfunction()
 
-# The parts of a package that only Windows has.
+# The Windows part of a package: version resource, module definition, symbols and import library.
 function(configure_dll package description definition)
     set(resource ${CMAKE_CURRENT_BINARY_DIR}/package/version.rc)
     configure_file(${CMAKE_CURRENT_FUNCTION_LIST_DIR}/package/version.rc.in ${resource} @ONLY)
     target_sources(${package} PRIVATE ${resource} ${definition})
     set_target_properties(${package} PROPERTIES PREFIX "")
-    # Of the compiler's libraries only what is called; and two builds of one source are the same.
+    # Discards unused functions of the compiler's libraries, and makes the build reproducible.
     target_link_options(${package} PRIVATE -Wl,--gc-sections,--no-insert-timestamp)
     split_debug_symbols(${package})
     if(LLVM_DLLTOOL)
@@ -48,7 +48,7 @@ function(configure_dll package description definition)
     endif()
 endfunction()
 
-# What finds the package: CMake's find_package, and pkg-config.
+# The package files for find_package and pkg-config.
 function(install_package_config package description dependency)
     set(templates ${CMAKE_CURRENT_FUNCTION_LIST_DIR}/package)
     set(made ${CMAKE_CURRENT_BINARY_DIR}/package)
@@ -64,8 +64,8 @@ function(install_package_config package description dependency)
     install(FILES ${made}/${package}.pc DESTINATION lib/pkgconfig COMPONENT ${package})
 endfunction()
 
-# ship(<target> DESCRIPTION <a line> HEADER <file>
-#      DEFINITION <module definition, for Windows> DEPENDENCY <package that the native library needs>)
+# add_package(<target> DESCRIPTION <text> HEADER <file> DEFINITION <module definition, for Windows>
+#             DEPENDENCY <package that the native library needs>)
 function(add_package package)
     cmake_parse_arguments(PARSE_ARGV 1 arg "" "DESCRIPTION;HEADER;DEFINITION;DEPENDENCY" "")
     if(WIN32)

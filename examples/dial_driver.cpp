@@ -33,10 +33,10 @@ DialDriver::DialDriver(const char* script_path) {
     if (!ReadFile(script_path, script_)) {
         error_ = std::string("the script ") + script_path + " cannot be read";
     }
-    // Wine lacks a function of the platform that pictures of resources need; the simulator puts its own in
-    // place.
+    // Intercepts the platform's functions: Wine lacks one that PNG resources need, which the simulator
+    // provides.
     dialsim_watch("brindle.dll");
-    // On Windows this changes nothing: the picture is a resource of the program there.
+    // On Windows the picture is a resource of the program, and the call has no effect.
     std::string picture;
     if (ReadFile(SAMPLE_RESOURCE, picture)) {
         dialsim_add_resource(kSampleModule, 101, "PNG", picture.data(),
@@ -55,7 +55,7 @@ void DialDriver::Start(std::function<void()> done) {
 
 void DialDriver::Wait() { dialsim_wait_for_scripts(); }
 
-std::string DialDriver::PlaceOf(const char* key) {
+std::string DialDriver::StoreOf(const char* key) {
     constexpr std::pair<const char*, const char*> kStores[] = {{"roaming", "from the roaming settings"},
                                                                {"vault", "from the vault"},
                                                                {"local", "from the local settings"}};

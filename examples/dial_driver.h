@@ -1,29 +1,27 @@
-// A hand for the simulated dial: plays a dial script in the background. The one file of the sample that knows
-// of the simulator.
+// Plays a dial script in the background. The only file of the sample host that uses the simulator.
 #pragma once
 
 #include <cstdint>
 #include <functional>
 #include <string>
 
-// Natively programs have no resources: the driver gives the simulator the sample's, under this module.
+// Natively programs have no resources: the driver adds those of the sample host to this module.
 inline constexpr std::uint64_t kSampleModule = 1;
 
 class DialDriver {
 public:
     explicit DialDriver(const char* script_path);
 
-    // `done` is called at the end of the script, from the thread that played it.
+    // Calls `done` at the end of the script, on the thread that played it.
     void Start(std::function<void()> done);
 
-    // Until the script has come to its end, so that no event is under way any more.
+    // Returns when the script has ended and no event is running.
     void Wait();
 
-    // Where the simulated platform keeps a setting, the first of the places that the library asks; "nowhere".
-    // A real host cannot tell: it is told what, not from where.
-    static std::string PlaceOf(const char* key);
+    // The store that the library reads the setting from. The library does not report it to hosts.
+    static std::string StoreOf(const char* key);
 
-    // After Wait: whether the script could not be played, and why.
+    // After Wait: whether the script failed, and the reason.
     bool Failed() const { return !error_.empty(); }
     const char* Error() const { return error_.c_str(); }
 

@@ -1,10 +1,10 @@
-// A top-level window with its message loop; in the native build, which has no windows, a number and a wait.
+// A top-level window with its message loop. The native build, which has no windows, uses a number and a wait.
 #pragma once
 
 #include <cstdint>
 #include <memory>
 
-// The module that this program is, for its resources.
+// The module of this program, for its resources.
 const void* OwnModule();
 
 class HostWindow {

@@ -4,7 +4,7 @@
 #include "dial_driver.h"
 #include "host_window.h"
 
-// There are no modules here; the simulator is told what this one holds.
+// The module that the DialDriver adds resources to.
 const void* OwnModule() { return reinterpret_cast<const void*>(kSampleModule); }
 
 struct HostWindow::Impl {

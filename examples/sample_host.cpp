@@ -1,9 +1,9 @@
-// A complete host: it makes a window, listens to the dial there, fills its menu with an item of each kind,
-// prints what it is told as a table, and remembers from run to run which item was used last and how often the
-// dial was turned. Usage: sample_host SCRIPT.dial PICTURE.png FONT.ttf, with absolute paths.
+// A complete host: it creates a window and a dial listener, fills the menu with an item of each kind, prints
+// the events as a table, and stores the last item and the number of turns as settings.
+// Usage: sample_host SCRIPT.dial PICTURE.png FONT.ttf, with absolute paths.
 //
-// This is the code to copy. Only the lines that name the DialDriver are not for you: they turn a
-// simulated dial by a script, where a person would turn a real one.
+// Copy this code for a host of your own, without the lines that use the DialDriver: they turn a simulated
+// dial with a script.
 #include <brindle.h>
 
 #include <chrono>
@@ -30,7 +30,7 @@ public:
 
     uint64_t GetWindowHandle() override { return window_; }
 
-    // Both callbacks come on whatever thread the platform raises the dial's events on.
+    // Both callbacks run on the thread that raises the dial's events.
     void OnRotation(void* /*sender*/, const DialRotationInfo* turn) override {
         PrintTime();
         std::printf("  %+8.1f  %12.2f  %6s  %4u  ", turn->deltaDegrees, turn->acceleration,
@@ -40,7 +40,7 @@ public:
         item_ = turn->selectedItemTag;
         angle_ += turn->deltaDegrees;
         if (angle_ > 90.0) {
-            turn->hapticRequest = &kBuzz;  // past the end of our scale: let the user feel it
+            turn->hapticRequest = &kBuzz;  // haptic feedback at the end of the scale
         }
     }
 
@@ -52,7 +52,7 @@ public:
     }
 
     int32_t Turns() const { return turns_; }
-    // The one that was selected at the last turn; 0 when there was none.
+    // The item that was selected at the last turn; 0 for none.
     uint32_t LastItem() const { return item_; }
 
 private:
@@ -81,12 +81,12 @@ private:
     uint32_t item_ = 0;
 };
 
-// The identifiers of our menu's items, from 1; a turn tells which one is selected.
+// The identifiers of the menu's items, from 1: a turn reports 0 when no item is selected.
 enum Item : uint32_t { kVolume = 1, kPalette = 2, kNotes = 3, kBrush = 4, kDial = 5 };
 const BrindleChar* const kLabels[] = {TEXT16(""),      TEXT16("Volume"), TEXT16("Palette"),
                                       TEXT16("Notes"), TEXT16("Brush"),  TEXT16("Dial")};
 
-// One item of each kind. Everything is read during the call; the picture file is opened after it.
+// One item of each kind. The records are read during the call; the picture file is opened after it.
 bool FillMenu(uint64_t window, const Text& picture_path, const Text& font_path) {
     const MenuItemDescription items[] = {
         {MenuItemKind::KnownIcon, kLabels[kVolume], kVolume, 1, {.number = 3}, {}, {}},
@@ -99,45 +99,44 @@ bool FillMenu(uint64_t window, const Text& picture_path, const Text& font_path) 
          {TEXT16("DejaVu Sans")},
          {font_path.c_str()}},
         {MenuItemKind::ResourcePNG, kLabels[kDial], kDial, 1, {.module = OwnModule()}, {.number = 101}, {}},
-        // The last one: its entry may be recorded on another thread.
+        // The last record: its load may complete on another thread.
         {MenuItemKind::FilePNG, kLabels[kBrush], kBrush, 0, {picture_path.c_str()}, {}, {}},
     };
-    const int32_t system_items[] = {3, 2};  // of the system's own entries, volume and undo
+    const int32_t system_items[] = {3, 2};  // volume, undo and redo
     return add_custom_menu(window, items, 5) && set_default_menu(window, system_items, 2) &&
            set_current_custom_menu(window, kPalette);
 }
 
-// What is remembered from run to run, a text and a number. A program without package identity keeps the text
-// only.
-struct Memory {
+// The settings: a text and a number. A program without package identity can store the text only.
+struct Settings {
     Text item;
     int32_t turns = 0;
 };
 
 const BrindleChar* const kResource = TEXT16("Brindle sample host");
 
-Memory LoadSettings() {
-    Memory memory;
-    // The text is ours to free.
+Settings LoadSettings() {
+    Settings settings;
+    // The host owns the text.
     const std::unique_ptr<BrindleChar, decltype(&std::free)> item(
         get_string_from_storage(kResource, TEXT16("item")), &std::free);
     if (item) {
-        memory.item = item.get();
+        settings.item = item.get();
     }
     const int32_t turns = get_int_from_storage(kResource, TEXT16("turns"));
-    memory.turns = turns == INT32_MIN ? 0 : turns;
-    return memory;
+    settings.turns = turns == INT32_MIN ? 0 : turns;
+    return settings;
 }
 
-void SaveSettings(const Memory& memory) {
-    set_string_in_storage(kResource, TEXT16("item"), memory.item.c_str());
-    set_int_in_storage(kResource, TEXT16("turns"), memory.turns);
+void SaveSettings(const Settings& settings) {
+    set_string_in_storage(kResource, TEXT16("item"), settings.item.c_str());
+    set_int_in_storage(kResource, TEXT16("turns"), settings.turns);
 }
 
-void PrintSettings(const Memory& memory) {
+void PrintSettings(const Settings& settings) {
     std::printf("remembered: item %s (%s), %d turns (%s)\n",
-                memory.item.empty() ? "none" : ToUtf8(memory.item).c_str(),
-                DialDriver::PlaceOf("item").c_str(), memory.turns, DialDriver::PlaceOf("turns").c_str());
+                settings.item.empty() ? "none" : ToUtf8(settings.item).c_str(),
+                DialDriver::StoreOf("item").c_str(), settings.turns, DialDriver::StoreOf("turns").c_str());
 }
 
 int Fail(const char* what) {
@@ -149,30 +148,30 @@ int Fail(const char* what) {
 
 int main(int argc, char** argv) {
     if (argc != 4) {
-        return Fail("give it a dial script, a PNG picture and a font file");
+        return Fail("usage: sample_host SCRIPT.dial PICTURE.png FONT.ttf");
     }
     HostWindow window("Brindle sample host");
     if (window.Handle() == 0) {
-        return Fail("no window can be made; is there a display?");
+        return Fail("the window cannot be created; is there a display?");
     }
     if (initialize() == 1) {
-        return Fail("this system has no Windows Runtime");
+        return Fail("the Windows Runtime is not available");
     }
     TableHost host(window.Handle());
     if (!init_dial_listener(&host)) {
         uninit();
-        return Fail("the dial cannot be listened to; the lines above say which step failed");
+        return Fail("the dial listener cannot be created; the lines above identify the step");
     }
 
     DialDriver driver(argv[1]);
-    Memory memory = LoadSettings();
-    PrintSettings(memory);
+    Settings settings = LoadSettings();
+    PrintSettings(settings);
 
     const std::vector<Text> arguments = Arguments(argc, argv);
     if (!is_dial_present(window.Handle())) {
-        std::printf("no dial is paired with this computer: it gets no menu\n");
+        std::printf("the dial is not present: no menu\n");
     } else if (!FillMenu(window.Handle(), arguments[2], arguments[3])) {
-        std::printf("the dial has no menu; the lines above say which step failed\n");
+        std::printf("the menu cannot be created; the lines above identify the step\n");
     }
     host.PrintHeading();
     driver.Start([&window] { window.Close(); });
@@ -180,10 +179,10 @@ int main(int argc, char** argv) {
     window.RunMessageLoop();
     driver.Wait();
     if (host.LastItem() != 0) {
-        memory.item = kLabels[host.LastItem()];
+        settings.item = kLabels[host.LastItem()];
     }
-    memory.turns += host.Turns();
-    SaveSettings(memory);
+    settings.turns += host.Turns();
+    SaveSettings(settings);
     uninit();
     return driver.Failed() ? Fail(driver.Error()) : 0;
 }

@@ -1,9 +1,9 @@
-// Reads and writes settings by hand, through the library as a host would:
+// Reads and writes settings from the command line, through the library:
 //
 //   settings get-text RESOURCE KEY          settings set-text RESOURCE KEY TEXT
 //   settings get-int RESOURCE KEY           settings set-int RESOURCE KEY NUMBER
 //
-// Getting prints the value; the status is 1 when there is none, 2 when the command cannot be understood.
+// get-text and get-int print the value. The exit status is 1 for an absent setting and 2 for a usage error.
 #include <brindle.h>
 
 #include <charconv>
@@ -25,7 +25,7 @@ int Absent() {
 }
 
 int GetText(const Text& resource, const Text& key) {
-    // What the library hands out is ours to free.
+    // The host owns the text.
     const std::unique_ptr<BrindleChar, decltype(&std::free)> text(
         get_string_from_storage(resource.c_str(), key.c_str()), &std::free);
     if (!text) {
@@ -60,7 +60,7 @@ int SetInt(const Text& resource, const Text& key, const Text& value) {
     if (error != std::errc() || end != digits.data() + digits.size()) {
         return UsageError();
     }
-    // Negative when the library could not even try; whether it was kept shows in reading it.
+    // A setter that returns 0 may have stored nothing: reading the value shows it.
     return set_int_in_storage(resource.c_str(), key.c_str(), number) < 0 ? kAbsent : kDone;
 }
 

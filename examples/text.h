@@ -1,4 +1,4 @@
-// Texts between the host's UTF-16 and the console's UTF-8.
+// Conversions between UTF-16 and the console's UTF-8.
 #pragma once
 
 #include <brindle.h>

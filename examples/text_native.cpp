@@ -7,15 +7,15 @@
 
 namespace {
 
-// What mbrtoc16 answers beside the number of bytes that it took.
-constexpr auto kSecondHalf = static_cast<std::size_t>(-3);  // of a pair whose bytes are taken already
+// Results of mbrtoc16 other than the number of converted bytes.
+constexpr auto kSecondHalf = static_cast<std::size_t>(-3);  // of a surrogate pair whose bytes are converted
 constexpr auto kIncomplete = static_cast<std::size_t>(-2);
 constexpr auto kDamaged = static_cast<std::size_t>(-1);
 
-// For the functions below; the texts of programs are taken to be UTF-8 whatever the user's language is.
+// For the functions below: texts are UTF-8 in every locale.
 void UseUtf8() { std::setlocale(LC_CTYPE, "C.UTF-8"); }
 
-// Up to what is damaged.
+// Converts up to the first invalid byte.
 Text FromUtf8(const char* utf8) {
     const char* const end = utf8 + std::char_traits<char>::length(utf8) + 1;
     Text text;

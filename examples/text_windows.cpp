@@ -12,7 +12,7 @@ std::string ToUtf8(const Text& text) {
     return utf8;
 }
 
-// The narrow arguments have lost what the system's code page does not know.
+// The narrow arguments lack the characters that the system's code page does not have.
 std::vector<Text> Arguments(int /*argc*/, char** /*argv*/) {
     int count = 0;
     wchar_t** arguments = CommandLineToArgvW(GetCommandLineW(), &count);

@@ -1,10 +1,9 @@
-// A small drawing program for mouse and dial: the mouse paints, and the dial changes what its menu has
-// selected, the brush's size, hue, opacity or petals, or takes strokes back. A click of the dial shows and
+// A small paint program for mouse and dial: the mouse paints, and the dial changes the tool that is selected
+// in its menu (the brush's size, hue, opacity or petals) or undoes strokes. A click of the dial shows or
 // hides a grid.
 //
-// From top to bottom: what the dial can change, and what of it is remembered; the host object, which hears of
-// the dial and passes that on to the window as messages; the menu; the window, which knows nothing else of
-// the dial; and WinMain, which brings them together.
+// The file has, in this order: the tools and their settings; the host object, which sends the dial's events
+// to the window as messages; the menu; the window, which uses no other part of the dial; and WinMain.
 #include <brindle.h>
 #include <windows.h>
 
@@ -20,9 +19,9 @@
 
 namespace {
 
-// --- what the dial can change
+// --- tools
 
-// The identifiers of the menu's items; 0 is what a turn has selected when it is none of them.
+// The identifiers of the menu's items; a turn reports 0 when none of them is selected.
 enum Tool : uint32_t { kSize = 1, kHue, kOpacity, kPetals, kUndo };
 
 struct Scale {
@@ -34,7 +33,7 @@ struct Scale {
     double per_degree;
 };
 
-// By tool; going back has no scale, only strokes.
+// Indexed by tool; undo has no scale.
 constexpr Scale kScales[] = {{},
                              {L"Size", L" px", 1, 120, 18, 0.4},
                              {L"Hue", L"\u00B0", 0, 359, 210, 1.0},
@@ -42,14 +41,14 @@ constexpr Scale kScales[] = {{},
                              {L"Petals", L"", 1, 24, 1, 0.05},
                              {L"Undo", L" strokes", 0, 0, 0, 0.05}};
 
-// --- what the program remembers
+// --- settings
 
 constexpr wchar_t kResource[] = L"Brindle canvas";
 
-// The vault knows one owner for each key: ours have the program's name in them.
+// The vault stores a key for one resource only: these keys contain the program's name.
 std::wstring KeyOf(const std::wstring& setting) { return std::wstring(kResource) + L'/' + setting; }
 
-// As a text, numbers too: a program without package identity keeps nothing else.
+// Numbers are stored as texts: a program without package identity can store nothing else.
 void SaveSetting(const std::wstring& setting, const std::wstring& value) {
     set_string_in_storage(kResource, KeyOf(setting).c_str(), value.c_str());
 }
@@ -68,12 +67,12 @@ uint32_t LoadTool() {
     return scale == std::end(kScales) ? kSize : static_cast<uint32_t>(scale - kScales);
 }
 
-// --- from the dial to the window
+// --- the host object
 
 constexpr UINT kDialTurned = WM_APP;  // WPARAM: the selected tool; LPARAM: hundredths of a degree
 constexpr UINT kDialClicked = WM_APP + 1;
 
-// Its callbacks come on any thread: they touch nothing of the window's and only send it messages.
+// Callbacks run on any thread: they only post messages to the window.
 class DialHost final : public IDialHost {
 public:
     explicit DialHost(HWND window) : window_(window) {}
@@ -110,8 +109,8 @@ std::wstring BesideProgram(const wchar_t* file) {
     return program.substr(0, program.find_last_of(L'\\') + 1) + file;
 }
 
-// An item from each kind of source, and of the system's own entries the volume. Everything is read during the
-// call but the picture file, which is the last: its item comes into the menu somewhat later.
+// An item of each kind, and the system's volume entry. The picture file is the last record: its item is added
+// after the call.
 bool FillMenu(HWND window) {
     const std::wstring picture = BesideProgram(L"opacity.png");
     const std::wstring font = BesideProgram(L"DejaVuSans.ttf");
@@ -224,7 +223,7 @@ private:
 
     void OnTurn(uint32_t selected, double degrees) {
         if (selected < kSize || selected > kUndo) {
-            return;  // one of the system's own entries
+            return;  // a system entry is selected
         }
         KillTimer(window_, kSelectionTimer);
         tool_ = selected;
@@ -240,7 +239,7 @@ private:
         Redraw();
     }
 
-    // To the left they go, to the right they come back.
+    // A turn to the left undoes strokes, a turn to the right redoes them.
     void StepThroughHistory(double strokes) {
         undoing_ += strokes;
         for (; undoing_ <= -1; undoing_ += 1) {
@@ -251,8 +250,8 @@ private:
         }
     }
 
-    // Selects in the menu what was used last. The item of a picture file can be selected once it is there, or
-    // never: the user's first turn ends the trying.
+    // Selects the tool of the last run in the menu. The item of a picture file can be selected when it has
+    // been added, which may be never: the user's first turn ends the attempts.
     void SelectTool() {
         if (set_current_custom_menu(reinterpret_cast<uint64_t>(window_), tool_)) {
             KillTimer(window_, kSelectionTimer);
@@ -280,7 +279,7 @@ private:
                 Value(kPetals)};
     }
 
-    // The paper lies in the middle of what the bar leaves.
+    // The paper is in the middle of the area that the bar leaves.
     POINT PaperCorner() const {
         RECT client;
         GetClientRect(window_, &client);
@@ -349,7 +348,7 @@ private:
     bool dial_present_ = false;
 };
 
-// The window's procedure finds its canvas here.
+// The canvas of the window procedure.
 Canvas* canvas_of_window = nullptr;
 
 LRESULT CALLBACK OnMessage(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
@@ -386,7 +385,7 @@ int WINAPI WinMain(HINSTANCE program, HINSTANCE /*former*/, LPSTR /*arguments*/,
     if (window == nullptr || initialize() == 1) {
         return 1;
     }
-    // Painting goes on without a dial: that it cannot be had shows in the window.
+    // Without a dial the program paints all the same; the window shows that there is no dial.
     DialHost host(window);
     if (init_dial_listener(&host)) {
         FillMenu(window);
@@ -395,7 +394,7 @@ int WINAPI WinMain(HINSTANCE program, HINSTANCE /*former*/, LPSTR /*arguments*/,
     canvas_of_window = &canvas;
     ShowWindow(window, show);
     RunMessageLoop();
-    // A turn may still be under way on another thread, and uninit must not meet it.
+    // A turn may still be running on another thread; uninit must not run concurrently.
     Sleep(300);
     uninit();
     return 0;

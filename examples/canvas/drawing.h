@@ -1,4 +1,4 @@
-// Drawing into a window with GDI: areas, lines of text, paintings.
+// Drawing into a window with GDI: areas, text, paintings.
 #pragma once
 
 #include <windows.h>
@@ -8,14 +8,14 @@
 
 #include "painting.h"
 
-// For WM_PAINT: draws the client area into memory first, so that nothing flickers.
+// For WM_PAINT: draws the client area into memory first to avoid flicker.
 void PaintWindow(HWND window, const std::function<void(HDC context, const RECT& client)>& draw);
 
 void Fill(HDC context, const RECT& area, COLORREF color);
 
 void Show(HDC context, const Painting& painting, int left, int top);
 
-// One dot of the brush in the middle of a square, on white.
+// One dot of the brush in the middle of a white square.
 void ShowDot(HDC context, Brush brush, int side, int left, int top);
 
 // The height in pixels; the font is the caller's to delete.

@@ -43,7 +43,7 @@ Point Rotated(Point point, Point middle, double angle) {
 }  // namespace
 
 Color FromHsv(double hue, double saturation, double value) {
-    // Each part of the colour is at its full value for a third of the circle, and falls off on both sides.
+    // Each component of the colour has its full value for a third of the circle and decreases on both sides.
     const auto part = [&](double offset) {
         const double sector = std::fmod(hue / 60 + offset, 6);
         return value * (1 - saturation * std::clamp(std::min(sector, 4 - sector), 0.0, 1.0));
@@ -82,7 +82,7 @@ void Painting::End() {
     if (!InStroke()) {
         return;
     }
-    // The stroke is taken out of the picture and then done once more, as any other that was undone.
+    // Restores the picture before the stroke and then applies the stroke like a redo.
     pixels_.swap(before_);
     Change stroke{painted_, CopyArea(before_, painted_)};
     before_.clear();
@@ -126,7 +126,7 @@ std::vector<Color> Painting::CopyArea(const std::vector<Color>& picture, const A
     return cut;
 }
 
-// Where the brush may reach on this way; without width and height when that is beside the paper.
+// The area that the brush covers on this line; empty outside the paper.
 Painting::Area Painting::AreaOf(Point from, Point to) const {
     const double reach = brush_.width / 2 + 1;
     const auto column = [&](double x) {

@@ -1,4 +1,4 @@
-// A picture to paint on: soft-edged strokes, repeated around the middle if asked for, and a way back.
+// A picture with soft-edged strokes, optionally repeated around the middle, and with undo and redo.
 #pragma once
 
 #include <cstddef>
@@ -20,7 +20,7 @@ struct Brush {
     Color color;
     double width;    // in pixels
     double opacity;  // from 0 to 1
-    int petals;      // how often a stroke is repeated around the middle
+    int petals;      // the number of copies of a stroke around the middle
 };
 
 class Painting {
@@ -32,26 +32,26 @@ public:
     // Rows from the top, without gaps.
     const Color* pixels() const { return pixels_.data(); }
 
-    // A stroke: it begins with a dot, goes from point to point, and has to be ended.
+    // A stroke begins with a dot, continues from point to point, and must be ended.
     void Begin(const Brush& brush, Point at);
     void LineTo(Point to);
     void End();
     bool InStroke() const { return !before_.empty(); }
 
-    // One stroke back or forth; false where there is none, or while one is being painted.
+    // Undo or redo one stroke; false when there is none, or during a stroke.
     bool Undo();
     bool Redo();
     std::size_t Strokes() const { return done_.size(); }
 
 private:
-    // From left and top up to, and without, right and bottom.
+    // Right and bottom are exclusive.
     struct Area {
         int left;
         int top;
         int right;
         int bottom;
     };
-    // What a stroke has painted over, or, once it is undone, what it had painted.
+    // The pixels under a stroke, or, after undo, the pixels of the stroke.
     struct Change {
         Area area;
         std::vector<Color> pixels;
@@ -69,7 +69,7 @@ private:
     std::vector<Change> done_;
     std::vector<Change> undone_;
 
-    // Of the stroke that is being painted: it covers a pixel once, however often it passes.
+    // The coverage of the current stroke: it covers a pixel once, however often it passes.
     Brush brush_{};
     Point last_{};
     Area painted_{};

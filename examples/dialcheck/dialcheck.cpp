@@ -1,11 +1,11 @@
-// A probe for the computer of a user whose dial does nothing. It asks, one line each: does Windows have every
-// class that the library needs, is the program elevated, does it have a package and so which settings keep
-// what, is the dial there, and does a turn arrive. The last line says what to do.
+// Diagnoses a dial that does nothing on a user's computer. Prints a line for each check: the classes that the
+// library needs, elevation, package identity and the stores that follow from it, presence of the dial, and
+// arrival of a turn. The last line says what to do.
 //
 //   dialcheck [--wait SECONDS]
 //
-// The exit status is 0 when all is there and a turn arrived, 1 when something is missing, 2 when all is there
-// but no turn arrived, 3 when the command cannot be understood.
+// The exit status is 0 when all checks succeed and a turn arrives, 1 when something is missing, 2 when only
+// the turn is missing, 3 for a usage error.
 #include <brindle.h>
 
 #include <atomic>
@@ -26,13 +26,13 @@ enum Status { kWorks = 0, kMissing = 1, kNoTurn = 2, kUsageError = 3 };
 constexpr char kUsage[] =
     "usage: dialcheck [--wait SECONDS]\n"
     "\n"
-    "Tells whether the dial works for a program on this computer. Turn the dial when asked to; a turn is\n"
-    "waited for 10 seconds unless another time is given.\n"
+    "Checks whether the dial works for a program on this computer. Turn the dial when asked to. The program\n"
+    "waits 10 seconds for a turn unless another time is given.\n"
     "\n"
     "exit status  0  everything is there and a turn arrived\n"
     "             1  something is missing\n"
     "             2  everything is there, but no turn arrived\n"
-    "             3  the command cannot be understood\n";
+    "             3  usage error\n";
 
 struct Findings {
     bool platform = false;
@@ -42,7 +42,7 @@ struct Findings {
     bool turned = false;
 };
 
-// At once, also into a file: what has been said is there whatever comes next.
+// Flushed at once: the output is complete even when the process ends unexpectedly.
 void Report(const std::string& what, const std::string& answer) {
     std::printf("%s: %s\n", what.c_str(), answer.c_str());
     std::fflush(stdout);
@@ -56,7 +56,7 @@ std::string NotFound(int32_t code) {
 
 std::string FoundOrNot(int32_t code) { return code < 0 ? NotFound(code) : "found"; }
 
-// An object of the platform is a pointer to a table of functions, which take it as their first argument.
+// A platform object begins with a pointer to its function table.
 struct Object {
     void* const* functions;
 };
@@ -122,7 +122,7 @@ bool CheckElevation() {
     return elevated.value_or(false);
 }
 
-// Says what arrives, at once.
+// Prints each event.
 class ProbeHost final : public IDialHost {
 public:
     explicit ProbeHost(ProbeWindow& window) : window_(window) {}
@@ -147,7 +147,7 @@ private:
     std::atomic<bool> turned_ = false;
 };
 
-// Where events come on a thread of their own, one is not under way any more when this has passed.
+// Events that run on another thread have ended after this time.
 constexpr std::chrono::milliseconds kRestOfAMovement(300);
 
 void CheckTurn(ProbeWindow& window, const ProbeHost& host, std::chrono::seconds wait) {

@@ -1,4 +1,4 @@
-// The classes of the Windows Runtime that the library uses, and what it asks of their factories.
+// The Windows Runtime classes that the library uses, and the interfaces of their factories.
 #pragma once
 
 #include <cstdint>

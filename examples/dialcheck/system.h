@@ -1,4 +1,4 @@
-// What the probe asks of the system itself, past the library. Codes are HRESULTs: negative for a failure.
+// System functions that dialcheck calls directly. Codes are HRESULTs.
 #pragma once
 
 #include <chrono>
@@ -10,20 +10,21 @@
 
 #include "needs.h"
 
-// The Windows Runtime on this thread, single-threaded; to be stopped unless the code is negative.
+// Initialises the Windows Runtime on this thread, single-threaded. Call StopRuntime unless the code is
+// negative.
 int32_t StartRuntime();
 void StopRuntime();
 
-// A factory's interface; the reference is the caller's.
+// Gets a factory's interface; the caller owns the reference.
 int32_t GetFactory(const Need& need, void** factory);
 
-// Nothing where the system does not say.
+// Empty when the system does not report it.
 std::optional<bool> IsElevated();
 
-// The full name of the package that the program belongs to, or a word about why there is none.
+// The full name of the program's package, or the reason why it has none.
 std::string PackageName();
 
-// A plain top-level window. In the native build, which has no windows, a number.
+// A top-level window. The native build, which has no windows, uses a number.
 class ProbeWindow {
 public:
     explicit ProbeWindow(const char* title);
@@ -31,13 +32,13 @@ public:
     ProbeWindow& operator=(const ProbeWindow&) = delete;
     ~ProbeWindow();
 
-    // 0 when it could not be made.
+    // 0 when it could not be created.
     uint64_t Handle() const;
 
-    // Handles messages until the time is over, the window has been closed, or `enough` holds.
+    // Handles messages until the time is over, the window is closed, or `enough` returns true.
     void HandleMessages(std::chrono::milliseconds limit, const std::function<bool()>& enough);
 
-    // Has `enough` asked again. From any thread.
+    // Calls `enough` again. From any thread.
     void Wake();
 
 private:

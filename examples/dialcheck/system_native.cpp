@@ -4,7 +4,7 @@
 #include "../text.h"
 #include "system.h"
 
-// The functions of the platform that whatever is linked underneath answers.
+// Platform functions, which the simulator defines.
 extern "C" {
 int32_t RoInitialize(int type);
 void RoUninitialize();

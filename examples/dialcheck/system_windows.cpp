@@ -12,7 +12,7 @@ constexpr char kClassName[] = "BrindleDialcheck";
 
 using PackageNameFunction = LONG(WINAPI*)(UINT32* length, wchar_t* name);
 
-// Not linked: it came with the first Windows that has packages.
+// Loaded dynamically: Windows versions before packages lack it.
 PackageNameFunction FindPackageNameFunction() {
     const FARPROC found = GetProcAddress(GetModuleHandleA("kernel32.dll"), "GetCurrentPackageFullName");
     return reinterpret_cast<PackageNameFunction>(reinterpret_cast<void*>(found));
@@ -56,7 +56,7 @@ std::string PackageName() {
     if (get_name == nullptr) {
         return "none, this Windows has no packages";
     }
-    wchar_t name[128];  // the longest one has 127 characters
+    wchar_t name[128];  // names have at most 127 characters
     UINT32 length = 128;
     const LONG error = get_name(&length, name);
     if (error != ERROR_SUCCESS) {

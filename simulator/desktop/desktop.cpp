@@ -18,10 +18,10 @@ namespace dialsim {
 
 namespace {
 
-constexpr int kMargin = 24;  // around what a screenshot shows
+constexpr int kMargin = 24;  // around the windows of a screenshot
 constexpr std::uint32_t kBackdrop = 0xC9D3DF;
 
-// The encoder of PNG files, as the system names it.
+// The class identifier of the system's PNG encoder.
 constexpr CLSID kPngEncoder = {0x557CF406, 0x1A04, 0x11D3, {0x9A, 0x73, 0x00, 0x00, 0xF8, 0x1E, 0xF3, 0x2E}};
 
 HWND HandleOf(std::uint64_t window) {
@@ -29,7 +29,7 @@ HWND HandleOf(std::uint64_t window) {
     return reinterpret_cast<HWND>(controller ? controller->window() : 0);
 }
 
-// What is on the screen at the places, on a plain ground.
+// Copies these areas of the screen onto a plain background.
 void CaptureScreen(const Surface& surface, const std::vector<RECT>& places, POINT corner) {
     surface.Fill({0, 0}, surface.width() + surface.height(), {kBackdrop}, [](Point) { return -1.0; });
     const HDC screen = GetDC(nullptr);
@@ -41,7 +41,7 @@ void CaptureScreen(const Surface& surface, const std::vector<RECT>& places, POIN
     GdiFlush();
 }
 
-// Soft edges are full of colours that nobody could tell apart, and that fill the file.
+// Reduces the number of colours: anti-aliased edges have many similar ones, which make the file large.
 void QuantizeColors(const Surface& surface) {
     for (int y = 0; y < surface.height(); ++y) {
         for (int x = 0; x < surface.width(); ++x) {

@@ -29,7 +29,7 @@ constexpr std::uint32_t kAccent = 0x4C9AFF;
 constexpr std::uint32_t kText = 0x57606A;
 
 constexpr double kDegreesForNotch = 10;
-constexpr int kGap = 20;  // from what the host's window shows to the dial, in pixels
+constexpr int kGap = 20;  // between the visible frame of the host's window and the dial, in pixels
 constexpr UINT kUpdateDisplay = WM_APP;
 constexpr UINT_PTR kHoldTimer = 1;
 constexpr UINT kHoldMs = 500;
@@ -46,7 +46,7 @@ void DrawBody(const Surface& surface) {
     surface.Circle(kMiddle, kBody - 1.5, 3, {0x444C56});
 }
 
-// Turns with the dial; one mark is its pointer.
+// The marks turn with the dial; one of them is the pointer.
 void DrawMarks(const Surface& surface, double degrees) {
     const double turned = degrees / 180 * kHalfTurn - kHalfTurn / 2;
     for (int i = 1; i < 36; ++i) {
@@ -80,7 +80,7 @@ void DrawDial(const Surface& surface, const DialState& state) {
     surface.Text({kMiddle.x, 242}, 12, FW_NORMAL, kText, L"click or space: press, hold: menu");
 }
 
-// On Windows the process would end here.
+// The real platform ends the process.
 void Report(HRESULT code) {
     if (code == kHandlerRaised) {
         std::fprintf(stderr, "dial: a handler raised: %s\n", LastRaised().c_str());
@@ -91,7 +91,7 @@ class DialWindow {
 public:
     explicit DialWindow(HWND host) : host_(host) {}
 
-    // The window's other messages are for the system.
+    // Other messages go to the default window procedure.
     bool OnMessage(HWND window, UINT message, WPARAM wparam);
     void Paint(HWND window);
 
@@ -110,7 +110,7 @@ private:
     RingWindow ring_;
     RECT host_rect_{};
     bool pressed_ = false;
-    bool press_handled_ = false;  // the press has become a turn or has opened the menu: it is no click
+    bool press_handled_ = false;  // the press was a turn or opened the menu, and is no click
 };
 
 bool DialWindow::OnMessage(HWND window, UINT message, WPARAM wparam) {
@@ -196,7 +196,7 @@ void DialWindow::OnKeyDown(HWND window, WPARAM key) {
     }
 }
 
-// Keys repeat while they are down.
+// Ignores the repetitions of a key that is held down.
 void DialWindow::Press(HWND window) {
     if (pressed_) {
         return;
@@ -225,7 +225,7 @@ void DialWindow::TurnBy(HWND window, double degrees) {
     Report(Turn(Host(), degrees));
 }
 
-// The dial goes where the host's window goes, and stays on the screen.
+// Moves the dial with the host's window and keeps it on the screen.
 void DialWindow::Follow(HWND window) {
     if (!IsWindowVisible(host_) || IsIconic(host_)) {
         ShowWindow(window, SW_HIDE);

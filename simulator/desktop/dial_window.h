@@ -1,4 +1,4 @@
-// The dial, drawn beside the host's window for a person to turn: by the mouse wheel, clicks and keys.
+// The window of the dial beside the host's window, for use with mouse wheel, clicks and keys.
 #pragma once
 
 #include <windows.h>
@@ -7,17 +7,17 @@
 
 namespace dialsim {
 
-// On a thread of its own, which raises the dial's events unless others are to do so, and which ends with the
-// process. Returns when the dial is there.
+// Creates the window on a thread of its own, which raises the dial's events unless another thread is set, and
+// which ends with the process. Returns when the window exists.
 void OpenDialWindow(std::uint64_t host);
 
-// What a window shows between its borders, on the screen.
+// The client area of a window in screen coordinates.
 RECT ClientScreenRect(HWND window);
 
-// Null while there is none.
+// Null without a dial window.
 HWND TheDialWindow();
 
-// Returns when dial and ring show what is so now.
+// Returns when dial and ring show the current state.
 void RedrawDialWindow();
 
 }  // namespace dialsim

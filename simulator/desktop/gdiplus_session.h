@@ -1,4 +1,4 @@
-// The system's reader and writer of picture files, ready for use as long as this object lives.
+// Starts GDI+, the system's library for picture files, for the lifetime of the object.
 #pragma once
 
 #include <windows.h>

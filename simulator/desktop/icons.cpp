@@ -11,7 +11,7 @@ namespace dialsim {
 
 namespace {
 
-// Icons are drawn in a square of 24 by 24 with its middle at 0, and sized afterwards.
+// Icons are drawn in a square of 24 by 24 around the origin and then scaled.
 constexpr double kIconSquare = 24;
 constexpr double kPen = 2;
 const double kHalfTurn = std::acos(-1.0);
@@ -24,7 +24,7 @@ public:
     void Line(Point from, Point to, double width = kPen) const {
         surface_.Line(Place(from), Place(to), width * scale_, paint_);
     }
-    // Two lines that meet at the tip, `back` and, across, `side` behind it.
+    // Two lines from the tip, which end `back` behind it and `side` to its sides.
     void Tip(Point tip, Point back, Point side) const {
         Line({tip.x + back.x + side.x, tip.y + back.y + side.y}, tip);
         Line({tip.x + back.x - side.x, tip.y + back.y - side.y}, tip);
@@ -126,7 +126,7 @@ std::wstring PathOfUri(const std::string& uri) {
     return path;
 }
 
-// A font of a file is this process's own, for as long as this object lives.
+// Adds the font of a file to this process for the lifetime of the object.
 class FontFile {
 public:
     explicit FontFile(const std::string& uri) : path_(PathOfUri(uri)) {
@@ -144,7 +144,7 @@ void DrawGlyph(const Surface& surface, Point middle, double size, std::uint32_t 
                const Picture& picture) {
     const FontFile file(picture.font_file);
     const int side = static_cast<int>(size);
-    // White on black: how light a pixel is tells how much of it the glyph covers.
+    // White on black: the brightness of a pixel is the coverage by the glyph.
     const Surface mask(2 * side, 2 * side);
     mask.Text({size, size}, side, FW_NORMAL, 0xFFFFFF, picture.glyph.c_str(), picture.font_family.c_str());
     for (int y = 0; y < mask.height(); ++y) {
@@ -158,7 +158,7 @@ void DrawGlyph(const Surface& surface, Point middle, double size, std::uint32_t 
 
 // --- pictures
 
-// The part of the picture that a pixel of the drawing stands for, its colour and how much of it covers.
+// The average colour and coverage of the part of the picture that one pixel of the drawing shows.
 Paint AverageOf(Gdiplus::Bitmap& bitmap, double left, double top, double step) {
     constexpr int kSamples = 4;
     double parts[4] = {};
@@ -191,7 +191,7 @@ void DrawBitmap(const Surface& surface, Point middle, double size, Gdiplus::Bitm
     }
 }
 
-// What is no picture leaves its item without one.
+// Empty for an invalid picture: the item is drawn without one.
 void DrawPng(const Surface& surface, Point middle, double size, const std::string& png) {
     const GdiplusSession session;
     IStream* stream =

@@ -1,4 +1,4 @@
-// The pictures of menu items, from whatever they were given.
+// The pictures of menu items, from all sources.
 #pragma once
 
 #include <cstdint>
@@ -8,11 +8,11 @@
 
 namespace dialsim {
 
-// In a square of the size; nothing where the picture cannot be had.
+// Drawn in a square of this size; empty when the picture cannot be loaded.
 void DrawPicture(const Surface& surface, Point middle, double size, std::uint32_t color,
                  const Picture& picture);
 
-// One of the platform's own, 0 scroll ... 8 pen type.
+// A known icon, 0 scroll ... 8 pen type.
 void DrawKnownIcon(const Surface& surface, Point middle, double size, Paint paint, std::uint32_t icon);
 
 }  // namespace dialsim

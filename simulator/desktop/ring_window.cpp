@@ -21,10 +21,10 @@ constexpr std::uint32_t kAccent = 0x1F6FEB;
 constexpr std::uint32_t kWhite = 0xFFFFFF;
 constexpr std::uint32_t kLabel = 0x1C2128;
 constexpr std::uint32_t kFaint = 0x6E7681;
-// The system's entries are there to be seen; they lead nowhere here.
+// System entries are drawn but cannot be chosen.
 constexpr std::uint32_t kSystems = 0x7D8590;
 
-// A piece of the ring around an angle, with straight sides.
+// A segment of the ring around an angle, with straight sides.
 void DrawSector(const Surface& surface, double angle, double half_angle, Paint paint) {
     surface.Fill(kMiddle, kOuter, paint, [=](Point point) {
         const double x = point.x - kMiddle.x;
@@ -57,7 +57,7 @@ void DrawMenu(const Surface& surface, const MenuModel& menu, std::uint32_t highl
     }
     for (std::size_t i = 0; i < menu.system_items.size(); ++i) {
         const Point place = PointOnCircle(kMiddle, kBand, AngleInRing(menu.items.size() + i, count));
-        // The system's entries have the first of the known icons, in the same order.
+        // The system entries have the first known icons, in the same order.
         DrawKnownIcon(surface, place, kPictureSize, {kSystems},
                       static_cast<std::uint32_t>(menu.system_items[i]));
     }
@@ -105,7 +105,7 @@ void RingWindow::UpdateDisplay() {
     RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
 }
 
-// The ring lets what is behind it shine through, on systems too that cannot do that for windows.
+// Copies the screen as the ring's background: looks transparent also where windows cannot be.
 void RingWindow::PlaceOver(HWND host) {
     RECT client{};
     GetClientRect(host, &client);

@@ -9,7 +9,7 @@
 
 namespace dialsim {
 
-// Made, used and destroyed on one thread, which handles its messages.
+// Created, used and destroyed on one thread, which handles its messages.
 class RingWindow {
 public:
     RingWindow();
@@ -17,7 +17,7 @@ public:
     RingWindow& operator=(const RingWindow&) = delete;
     ~RingWindow();
 
-    // Appears, changes or goes, as the open menu is now.
+    // Shows, updates or hides the ring according to the open menu.
     void UpdateDisplay();
 
 private:
@@ -25,7 +25,7 @@ private:
     void PlaceOver(HWND host);
 
     const HWND window_;
-    // What it covers; there while it is shown.
+    // The area of the ring while it is shown.
     std::unique_ptr<Surface> background_;
     const std::unique_ptr<Surface> surface_;
 };

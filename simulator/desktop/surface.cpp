@@ -64,7 +64,7 @@ void Surface::Arc(Point middle, double radius, double from, double to, double wi
     const double half = (to - from) / 2;
     const double turned = from + half;
     const Point end = PointOnCircle({0, 0}, radius, half);
-    // Seen from the arc's middle, both halves are alike.
+    // The arc is symmetric about its middle.
     Fill(middle, radius + width / 2, paint, [=](Point point) {
         const double x = point.x - middle.x;
         const double y = point.y - middle.y;

@@ -1,4 +1,4 @@
-// Drawing with soft edges: shapes are given by how far a place is from them.
+// Anti-aliased drawing: shapes are distance functions.
 #pragma once
 
 #include <windows.h>
@@ -19,7 +19,7 @@ struct Paint {
     double opacity = 1;
 };
 
-// A picture in memory that the system's functions and this one's draw on alike.
+// A bitmap in memory, for the system's drawing functions and those of this class.
 class Surface {
 public:
     Surface(int width, int height);
@@ -36,8 +36,8 @@ public:
 
     void Blend(int x, int y, Paint paint) const;
 
-    // Covers what is inside the shape: `distance` answers, in pixels, how far outside of it a place is, and a
-    // negative number inside. Only the square around the middle is looked at.
+    // Fills the shape: `distance` returns the distance of a place from the shape in pixels, negative inside.
+    // Only the square around the middle is drawn.
     template <class Distance>
     void Fill(Point middle, double reach, Paint paint, Distance distance) const {
         const auto within = [](double place, int size) {
@@ -54,13 +54,13 @@ public:
     }
 
     void Disc(Point middle, double radius, Paint paint) const;
-    // A circle's line, of the width.
+    // The outline of a circle with this width.
     void Circle(Point middle, double radius, double width, Paint paint) const;
     void Line(Point from, Point to, double width, Paint paint) const;
-    // Part of a circle, clockwise between two angles in radians.
+    // An arc, clockwise between two angles in radians.
     void Arc(Point middle, double radius, double from, double to, double width, Paint paint) const;
 
-    // One line, its middle there, in pixels.
+    // One line of text, centred at the place; sizes in pixels.
     void Text(Point middle, int size, int weight, std::uint32_t color, const wchar_t* text,
               const wchar_t* family = L"Segoe UI") const;
 
@@ -73,7 +73,7 @@ private:
     HGDIOBJ former_;
 };
 
-// The place on a circle, the angle in radians clockwise from the right.
+// The point on a circle at this angle, in radians clockwise from the right.
 inline Point PointOnCircle(Point middle, double radius, double angle) {
     return {middle.x + radius * std::cos(angle), middle.y + radius * std::sin(angle)};
 }

@@ -1,5 +1,5 @@
-// The files of the stores on the disk, and the folder that they are in. Paths are UTF-8; failures of the
-// system are codes of its own, 0x8007xxxx.
+// The files of the stores on the disk and their folder. Paths are UTF-8; failures are the system's codes,
+// 0x8007xxxx.
 #pragma once
 
 #include <cstdint>
@@ -10,14 +10,14 @@
 
 namespace dialsim {
 
-// Empty where it is not set.
+// Empty when the variable is not set.
 std::string Environment(const char* variable);
 
-// Where the user's stores are unless the environment says something else; empty when the user has no home.
+// The default folder of the user's stores; empty when the user has no home folder.
 std::string UserDataFolder();
 
-// The folder for this process alone as long as the object lives: the system takes the lock back from a
-// process that is killed. Makes the folder.
+// Locks the folder for this process during the lifetime of the object, and creates it. The system releases
+// the lock of a process that is killed.
 class FolderLock {
 public:
     explicit FolderLock(const std::string& folder);
@@ -25,7 +25,7 @@ public:
     FolderLock& operator=(const FolderLock&) = delete;
     ~FolderLock();
 
-    // Negative when the folder cannot be had.
+    // Negative when the folder cannot be created or locked.
     HRESULT code() const { return code_; }
 
 private:
@@ -35,15 +35,15 @@ private:
 
 enum class Readers { Anyone, OwnerOnly };
 
-// What follows is done with the folder locked: nobody else has its files open then.
+// The functions below require the lock: no other process has the files open.
 
-// Nothing when there is no such file.
+// Empty when there is no such file.
 HRESULT ReadStoreFile(const std::string& path, std::optional<std::string>& content);
 
-// The whole file at once, whatever ends the process.
+// Replaces the file atomically.
 HRESULT ReplaceStoreFile(const std::string& path, const std::string& content, Readers readers);
 
-// What a killed process had not put in place yet goes too. That there is no file is no failure.
+// Also removes the temporary file of a killed process. Succeeds when there is no file.
 HRESULT RemoveStoreFile(const std::string& path);
 
 }  // namespace dialsim

@@ -7,7 +7,7 @@ namespace dialsim {
 
 namespace {
 
-// Never destroyed: a script may use the stores after main.
+// Never destroyed: a background script may use the stores after main returns.
 std::map<std::string, std::string>& files_in_memory = *new std::map<std::string, std::string>;
 
 }  // namespace

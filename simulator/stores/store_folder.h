@@ -1,4 +1,4 @@
-// The folder of the stores' files: on the disk, or in the memory of this process.
+// The folder of the stores' files, on the disk or in the memory of this process.
 #pragma once
 
 #include <optional>
@@ -12,20 +12,20 @@ namespace dialsim {
 // The path of the folder in memory.
 inline constexpr std::string_view kMemoryFolder = ":memory:";
 
-// One at a time in a process: its memory has no lock of its own. On the disk it keeps other processes out.
+// Use one at a time in a process: the files in memory have no lock. On the disk it locks out other processes.
 class StoreFolder {
 public:
     explicit StoreFolder(std::string path);
 
-    // Negative when the folder cannot be had; the operations are then not to be called.
+    // Negative when the folder cannot be created or locked; do not call the operations then.
     HRESULT code() const { return lock_ ? lock_->code() : S_OK; }
 
     std::string PathOf(const std::string& name) const { return path_ + "/" + name; }
 
-    // Nothing when there is no such file.
+    // Empty when there is no such file.
     HRESULT Read(const std::string& name, std::optional<std::string>& content) const;
     HRESULT Replace(const std::string& name, const std::string& content, Readers readers) const;
-    // That there is no file is no failure.
+    // Succeeds when there is no file.
     HRESULT Remove(const std::string& name) const;
 
 private:

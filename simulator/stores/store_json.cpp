@@ -24,7 +24,7 @@ class CorruptStore : public std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
-// A platform string need not be well-formed: one that is not is written unit by unit.
+// Platform strings may be ill-formed UTF-16; these are written as lists of units.
 Json WriteText(WideView text) {
     std::string utf8 = Narrow(text);
     if (Widen(utf8) == text) {
@@ -37,7 +37,7 @@ Json WriteText(WideView text) {
     return units;
 }
 
-// The parser calls an unsigned number an integer too; asked for as a signed one it would wrap around.
+// The parser accepts an unsigned number as an integer, which would wrap around as a signed one.
 template <class Number>
 Number ReadNumber(const Json& json) {
     const bool fits = json.is_number_unsigned()
@@ -80,7 +80,7 @@ Scalar ReadScalar(const Json& json) {
     return ReadNumber<Number>(json);
 }
 
-// In the order of the scalars.
+// In the order of the alternatives of Scalar.
 constexpr Type kTypes[] = {
     {"UInt8", ReadScalar<std::uint8_t>},
     {"Int16", ReadScalar<std::int16_t>},
@@ -135,7 +135,7 @@ std::string Position(const std::string& text, std::size_t byte) {
     return "line " + std::to_string(line) + ", column " + std::to_string(column);
 }
 
-// Of several members of one name the parser would keep one, and the next change lose the others.
+// Rejects duplicate members: the parser would keep one, and the next change would lose the others.
 Json ParseRejectingDuplicates(const std::string& text) {
     std::vector<std::set<std::string>> names;  // of the members so far, for each object that is open
     return Json::parse(text, [&names](int, Json::parse_event_t event, const Json& parsed) {
@@ -150,7 +150,7 @@ Json ParseRejectingDuplicates(const std::string& text) {
     });
 }
 
-// The library's own messages quote what they stumble over, passwords too.
+// The parser's own messages quote the text, which may contain passwords.
 Json Parse(const std::string& text) {
     try {
         return ParseRejectingDuplicates(text);
@@ -161,7 +161,7 @@ Json Parse(const std::string& text) {
     }
 }
 
-// Exactly these members, for a file that holds more is not ours to write anew.
+// Requires exactly these members: a change would lose any others.
 void ExpectMembers(const Json& object, std::size_t count) {
     if (!object.is_object() || object.size() != count) {
         throw CorruptStore("there is something else than " + std::to_string(count) + " members");

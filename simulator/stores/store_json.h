@@ -1,4 +1,4 @@
-// What the stores hold, and how it is written down.
+// The contents of the stores and their JSON format.
 #pragma once
 
 #include <map>
@@ -11,7 +11,7 @@
 
 namespace dialsim {
 
-// Nothing: an object that is no value.
+// Empty: an object that is no property value.
 using Setting = std::optional<Scalar>;
 using Settings = std::map<WideString, Setting>;
 
@@ -21,15 +21,15 @@ using Vault = std::map<std::pair<WideString, WideString>, WideString>;
 std::string ToJson(const Settings& settings);
 std::string ToJson(const Vault& vault);
 
-// Throws std::runtime_error with what is wrong, and where; passwords are not in it.
+// Throws std::runtime_error with the error and its position, without passwords.
 Settings SettingsFrom(const std::string& json);
 Vault VaultFrom(const std::string& json);
 
-// An entry a line, for a person to read.
+// A line for each entry, as dialsim_store copies them.
 std::string Listing(const Settings& settings);
 std::string Listing(const Vault& vault);
 
-// False where the stores have no such type or the type no such value.
+// False for an unknown type or an invalid value.
 bool ParseSetting(std::string_view type, const std::string& value, Setting& setting);
 
 }  // namespace dialsim

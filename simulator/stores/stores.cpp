@@ -57,7 +57,7 @@ std::string FolderPath() {
     return set.empty() ? UserDataFolder() : set;
 }
 
-// Does what returns an HRESULT with the folder that nobody else has meanwhile.
+// Calls a function that returns an HRESULT with exclusive access to the folder.
 template <class Action>
 HRESULT InFolder(Action action) {
     const std::lock_guard guard(mutex);
@@ -83,7 +83,7 @@ void ParseIfChanged(const std::optional<std::string>& json, ParsedFile<Content>&
     }
 }
 
-// Reports a damaged file once, until it is whole again.
+// Prints once what is wrong with a file, until the file is valid again.
 template <class Content>
 HRESULT Load(const StoreFolder& folder, const StoreFile& file, ParsedFile<Content>& parsed) {
     std::optional<std::string> json;
@@ -118,7 +118,7 @@ HRESULT WithStore(const StoreFile& file, ParsedFile<Content>& parsed,
     });
 }
 
-// Texts are what can be too long.
+// Only texts can be too long.
 bool IsTooLong(const Setting& setting) {
     const auto* text = setting ? std::get_if<WideString>(&*setting) : nullptr;
     return text != nullptr && text->size() * sizeof(WCHAR) > kValueBytes;
@@ -129,7 +129,7 @@ std::string TextOf(HRESULT code, const Content& content) {
     return code < 0 ? "damaged\n" : Listing(content);
 }
 
-// Null where no store has the name.
+// Null when no store has the name.
 const StoreFile* FileNamed(const std::string& name) {
     const auto* file = std::find_if(std::begin(kStoreFiles), std::end(kStoreFiles),
                                     [&](const StoreFile* store) { return store->name == name + ".json"; });

@@ -1,4 +1,4 @@
-// What outlives the program: the settings of the application and the credentials of the user.
+// The persistent stores: the application's settings and the user's credentials.
 #pragma once
 
 #include <functional>
@@ -13,19 +13,19 @@ enum class SettingsStore { Local, Roaming };
 
 inline constexpr HRESULT kNotFound = static_cast<HRESULT>(0x80070490);  // ERROR_NOT_FOUND
 
-// Gives `use` what is in the store at this moment, and keeps what it has changed unless it fails. Nobody else
-// gets to the stores meanwhile, in this process or another: `use` calls nobody. Fails without calling it
-// where the store cannot be read.
+// Calls `use` with the contents of the store, and writes its changes unless it fails. The stores are locked
+// meanwhile, for this process and others: `use` must not call code outside the stores. Fails without calling
+// it when the store cannot be read.
 HRESULT UseSettings(SettingsStore store, const std::function<HRESULT(Settings&)>& use);
 HRESULT UseVault(const std::function<HRESULT(Vault&)>& use);
 
 // With the platform's limits for names and values.
 HRESULT PutSetting(SettingsStore store, const WideString& key, const Setting& setting, bool& replaced);
 
-// In the place of the password that is there. None of the three may be empty.
+// Replaces an existing password. None of the three may be empty.
 HRESULT PutCredential(const WideString& resource, const WideString& user_name, const WideString& password);
 
-// A path, which may be kMemoryFolder; none: back to the folder of the environment or the user.
+// A path, which may be kMemoryFolder; none: the folder of the environment or the user.
 void SetStoresFolder(std::optional<std::string> folder);
 
 // By the names "roaming", "local" and "vault".
@@ -33,13 +33,13 @@ std::optional<SettingsStore> SettingsNamed(const std::string& name);
 std::string StoreText(const std::string& name);
 std::string AllStoresText();
 
-// Removes all that the stores have in the folder.
+// Deletes the files of all stores.
 bool ClearStores();
 
-// The file of a store as it is, damaged or not. Nothing where it is missing or cannot be read, or no store
-// has the name.
+// The bytes of a store's file, valid or damaged. Empty when it is missing or cannot be read, or no store has
+// the name.
 std::optional<std::string> StoreContent(const std::string& name);
-// False where it cannot be written, or no store has the name.
+// False when it cannot be written, or no store has the name.
 bool PutStoreContent(const std::string& name, const std::string& content);
 
 }  // namespace dialsim

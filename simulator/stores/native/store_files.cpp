@@ -12,7 +12,7 @@ namespace dialsim {
 
 namespace {
 
-// The platform's word for what the system says.
+// Converts an error of the system to the platform's code.
 HRESULT CodeOf(int error) {
     switch (error) {
         case EACCES:
@@ -51,7 +51,7 @@ HRESULT MakeFolder(const std::string& folder) {
     return MakeOneFolder(folder) ? S_OK : LastCode();
 }
 
-// The lock belongs to this opening of the file, so that two threads of a process exclude each other too.
+// The lock belongs to the open file description, so it also excludes other threads of the process.
 bool Lock(int file) {
     struct flock whole {};
     whole.l_type = F_WRLCK;
@@ -67,7 +67,7 @@ std::string NewName(const std::string& path) { return path + ".new"; }
 
 bool RemoveOne(const std::string& path) { return unlink(path.c_str()) == 0 || errno == ENOENT; }
 
-// A file of nobody's so far: its mode is this one from the beginning.
+// Creates a new file, which has this mode from the beginning.
 HRESULT WriteNewFile(const std::string& path, const std::string& content, mode_t mode) {
     if (!RemoveOne(path)) {
         return LastCode();

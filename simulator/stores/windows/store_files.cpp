@@ -59,7 +59,7 @@ HANDLE CreateNew(const WideString& path, SECURITY_ATTRIBUTES* protection) {
                        nullptr);
 }
 
-// Protected from its beginning as this says, in the language for security descriptors.
+// Creates a file with this security descriptor from the beginning, in SDDL.
 HANDLE CreateProtected(const WideString& path, const WCHAR* description) {
     SECURITY_ATTRIBUTES protection{sizeof protection, nullptr, FALSE};
     if (!ConvertStringSecurityDescriptorToSecurityDescriptorW(description, SDDL_REVISION_1,
@@ -73,9 +73,9 @@ HANDLE CreateProtected(const WideString& path, const WCHAR* description) {
     return file;
 }
 
-// Rights for whoever owns the file, and none inherited. Wine would give what a user is granted by name to the
-// user's group as well; not what "owner rights" are granted, but these it knows only if they also are the
-// owner by name. Windows refuses such an owner, and needs none.
+// Grants rights to the owner only, without inheritance. Wine extends rights that are granted to a user to the
+// user's group, but not rights of OWNER RIGHTS (OW), which it honours only when OW is also the owner. Windows
+// refuses that owner and does not need it.
 HANDLE CreateForOwner(const WideString& path) {
     const HANDLE file = CreateProtected(path, L"O:OWD:P(A;;FRFWSD;;;OW)");
     const bool refused = file == INVALID_HANDLE_VALUE && GetLastError() == ERROR_INVALID_OWNER;
@@ -88,7 +88,7 @@ bool RemoveOne(const WideString& path) {
     return DeleteFileW(path.c_str()) || GetLastError() == ERROR_FILE_NOT_FOUND;
 }
 
-// A file of nobody's so far: its protection is this one from the beginning.
+// Creates a new file, which has this protection from the beginning.
 HRESULT WriteNewFile(const WideString& path, const std::string& content, Readers readers) {
     if (!RemoveOne(path)) {
         return LastCode();
