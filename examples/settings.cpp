@@ -20,7 +20,7 @@ namespace {
 enum Status { kDone = 0, kAbsent = 1, kUsageError = 2 };
 
 int Absent() {
-    std::fputs("settings: there is no such setting\n", stderr);
+    std::fputs("settings: no such setting\n", stderr);
     return kAbsent;
 }
 
@@ -89,7 +89,7 @@ int Execute(const std::vector<Text>& words) {
 
 int main(int argc, char** argv) {
     if (initialize() == 1) {
-        std::fputs("settings: this system has no Windows Runtime\n", stderr);
+        std::fputs("settings: the Windows Runtime is not available\n", stderr);
         return kUsageError;
     }
     const int status = Execute(Arguments(argc, argv));

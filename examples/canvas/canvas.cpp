@@ -103,7 +103,7 @@ private:
 
 // --- the menu
 
-std::wstring BesideProgram(const wchar_t* file) {
+std::wstring InProgramFolder(const wchar_t* file) {
     wchar_t path[MAX_PATH];
     const std::wstring program(path, GetModuleFileNameW(nullptr, path, MAX_PATH));
     return program.substr(0, program.find_last_of(L'\\') + 1) + file;
@@ -112,8 +112,8 @@ std::wstring BesideProgram(const wchar_t* file) {
 // An item of each kind, and the system's volume entry. The picture file is the last record: its item is added
 // after the call.
 bool FillMenu(HWND window) {
-    const std::wstring picture = BesideProgram(L"opacity.png");
-    const std::wstring font = BesideProgram(L"DejaVuSans.ttf");
+    const std::wstring picture = InProgramFolder(L"opacity.png");
+    const std::wstring font = InProgramFolder(L"DejaVuSans.ttf");
     const MenuItemDescription items[] = {
         {MenuItemKind::SystemFont, L"Size", kSize, 1, {L"\u25CF"}, {L"Segoe UI Symbol"}, {}},
         {MenuItemKind::ResourcePNG,

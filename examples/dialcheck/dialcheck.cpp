@@ -29,9 +29,9 @@ constexpr char kUsage[] =
     "Checks whether the dial works for a program on this computer. Turn the dial when asked to. The program\n"
     "waits 10 seconds for a turn unless another time is given.\n"
     "\n"
-    "exit status  0  everything is there and a turn arrived\n"
+    "exit status  0  nothing is missing and a turn arrived\n"
     "             1  something is missing\n"
-    "             2  everything is there, but no turn arrived\n"
+    "             2  nothing is missing, but no turn arrived\n"
     "             3  usage error\n";
 
 struct Findings {
@@ -116,9 +116,7 @@ void CheckSettings() {
 
 bool CheckElevation() {
     const std::optional<bool> elevated = IsElevated();
-    Report("elevated", !elevated   ? "not known"
-                       : *elevated ? "yes, turns are known not to arrive then"
-                                   : "no");
+    Report("elevated", !elevated ? "unknown" : *elevated ? "yes, Windows then sends no turns" : "no");
     return elevated.value_or(false);
 }
 
@@ -161,13 +159,13 @@ void CheckTurn(ProbeWindow& window, const ProbeHost& host, std::chrono::seconds 
 
 void CheckWindow(std::chrono::seconds wait, Findings& found) {
     ProbeWindow window("Turn the dial now");
-    Report("window", window.Handle() != 0 ? "made" : "cannot be made");
+    Report("window", window.Handle() != 0 ? "created" : "cannot be created");
     ProbeHost host(window);
     found.listening = window.Handle() != 0 && init_dial_listener(&host);
     Report("listener", found.listening ? "registered" : "refused");
     if (found.listening) {
         found.dial = is_dial_present(window.Handle());
-        Report("dial", found.dial ? "there" : "not there");
+        Report("dial", found.dial ? "present" : "not present");
         CheckTurn(window, host, wait);
         found.turned = host.Turned();
     }
@@ -177,8 +175,8 @@ void CheckWindow(std::chrono::seconds wait, Findings& found) {
 void CheckLibrary(std::chrono::seconds wait, Findings& found) {
     const int32_t started = initialize();
     Report("library", started == 0   ? "ready"
-                      : started == 1 ? "finds no Windows Runtime"
-                                     : "finds this Windows too old");
+                      : started == 1 ? "the Windows Runtime is not available"
+                                     : "this Windows is too old");
     found.platform = found.platform && started == 0;
     if (started == 0) {
         CheckWindow(wait, found);
@@ -203,16 +201,16 @@ Findings Check(std::chrono::seconds wait) {
 
 Status ReportVerdict(const Findings& found) {
     if (!found.platform) {
-        Report("verdict", "Windows lacks something that the dial needs, see above; install its updates");
+        Report("verdict", "Windows lacks a required class, see above; install Windows updates");
         return kMissing;
     }
     if (!found.listening) {
-        Report("verdict", "the dial cannot be listened to; send all these lines to whoever supports you");
+        Report("verdict", "the dial listener cannot be created; send this output to your support");
         return kMissing;
     }
     if (!found.dial) {
-        Report("verdict", found.turned ? "a dial turns, but it is not the one that the library knows"
-                                       : "Windows does not know the dial; pair it in the Bluetooth settings");
+        Report("verdict", found.turned ? "a dial turns, but it is not the supported one"
+                                       : "the dial is not paired; pair it in the Bluetooth settings");
         return kMissing;
     }
     if (!found.turned) {

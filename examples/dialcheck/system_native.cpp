@@ -32,7 +32,7 @@ int32_t GetFactory(const Need& need, void** factory) {
 
 std::optional<bool> IsElevated() { return {}; }
 
-std::string PackageName() { return "none, this system has no packages"; }
+std::string PackageName() { return "none, this system does not support packages"; }
 
 struct ProbeWindow::Impl {
     std::mutex mutex;

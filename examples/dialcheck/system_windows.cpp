@@ -54,7 +54,7 @@ std::optional<bool> IsElevated() {
 std::string PackageName() {
     const PackageNameFunction get_name = FindPackageNameFunction();
     if (get_name == nullptr) {
-        return "none, this Windows has no packages";
+        return "none, this Windows does not support packages";
     }
     wchar_t name[128];  // names have at most 127 characters
     UINT32 length = 128;
