@@ -1,6 +1,6 @@
 """Progress of long Python scripts: the counterpart of scripts/progress.bash.
 
-    with Step("build", log=path):            # counts the lines of a build's log
+    with Step("build", log=path):            # with the count in the log of a build or a test program
     with Step("mutants", 120, "mutants") as step:
         step.advance()
 
@@ -17,6 +17,17 @@ import time
 
 LOG_INTERVAL = 15
 NINJA_COUNT = re.compile(r"^\[(\d+)/(\d+)\]", re.MULTILINE)
+TESTS = re.compile(r"^\[=+\] Running (\d+) tests?", re.MULTILINE)
+TEST_END = re.compile(r"^\[ +(?:OK|FAILED) \]", re.MULTILINE)
+
+
+def count_in(log):
+    """The count in the log of a build (12 of 79 files) or of a test program (12 of 79 tests)."""
+    if counts := NINJA_COUNT.findall(log):
+        return "{} of {} files".format(*counts[-1])
+    if tests := TESTS.search(log):
+        return f"{len(TEST_END.findall(log))} of {tests[1]} tests"
+    return ""
 
 
 class Step:
@@ -49,8 +60,7 @@ class Step:
     def count(self):
         if self.total:
             return f"{self.done} of {self.total} {self.unit}"
-        counts = NINJA_COUNT.findall(self.log.read_text(errors="replace")) if self.log and self.log.exists() else []
-        return "{} of {} files".format(*counts[-1]) if counts else ""
+        return count_in(self.log.read_text(errors="replace")) if self.log and self.log.exists() else ""
 
     def show(self):
         live = sys.stderr.isatty()
