@@ -48,7 +48,7 @@ HRESULT DialListener::OnRotationChanged(abi::IRadialController* sender,
                                         abi::IRadialControllerRotationChangedEventArgs* args) {
     DialRotationInfo info{};
     // A reference of its own: an event that arrives inside a call may replace the menu.
-    if (const ComPtr<abi::IRadialControllerMenu> menu = menu_) {
+    if (const ComPtr<abi::IRadialControllerMenu> menu = menu_.Get()) {
         ComPtr<abi::IRadialControllerMenuItem> selected;
         RETURN_IF_STEP_FAILS(847, menu->GetSelectedMenuItem(selected.Put()));
         if (selected) {

@@ -81,19 +81,20 @@ bool init_dial_listener(IDialHost* host) {
 }
 
 bool add_custom_menu(uint64_t window, const MenuItemDescription* items, uint32_t count) {
-    return CallListener(window, [&](DialListener& listener) { return listener.AddCustomMenu(items, count); });
+    return CallListener(window,
+                        [&](DialListener& listener) { return listener.Menu().AddCustomMenu(items, count); });
 }
 
 bool set_default_menu(uint64_t window, const int32_t* kinds, uint32_t count) {
     return CallListener(window,
-                        [&](DialListener& listener) { return listener.SetDefaultMenu(kinds, count); });
+                        [&](DialListener& listener) { return listener.Menu().SetDefaultMenu(kinds, count); });
 }
 
 bool set_current_custom_menu(uint64_t window, uint32_t item_id) {
-    return CallListener(window,
-                        [&](DialListener& listener) { return listener.SetCurrentCustomMenu(item_id); });
+    return CallListener(
+        window, [&](DialListener& listener) { return listener.Menu().SetCurrentCustomMenu(item_id); });
 }
 
 bool is_dial_present(uint64_t window) {
-    return CallListener(window, [](DialListener& listener) { return listener.IsDialPresent(); });
+    return CallListener(window, [](DialListener& listener) { return listener.Presence().IsDialPresent(); });
 }

@@ -3,8 +3,8 @@
 #include <optional>
 #include <utility>
 
-#include "dial/dial_listener.h"
 #include "frame/diagnostics/steps.h"
+#include "menu/dial_menu.h"
 #include "platform/activation.h"
 
 namespace brindle {
@@ -29,7 +29,7 @@ std::unique_ptr<WCHAR[]> ShortPath(const WCHAR* path) {
 // Every call and every attempt releases the former menu first. An event that arrives inside get_Menu may
 // fetch the menu too: the menu that it has stored is released and replaced
 // (MenuMadeInACall.WhileTheMenuIsFetchedIsReplacedAndLeavesNoReference).
-HRESULT DialListener::FetchMenu() {
+HRESULT DialMenu::FetchMenu() {
     menu_.Reset();
     ComPtr<abi::IRadialControllerMenu> menu;
     const HRESULT code = controller_->get_Menu(menu.Put());
@@ -37,7 +37,7 @@ HRESULT DialListener::FetchMenu() {
     return code;
 }
 
-HRESULT DialListener::AddCustomMenu(const MenuItemDescription* items, std::uint32_t count) {
+HRESULT DialMenu::AddCustomMenu(const MenuItemDescription* items, std::uint32_t count) {
     if (!controller_) {
         return E_FAIL;
     }
@@ -66,7 +66,7 @@ HRESULT DialListener::AddCustomMenu(const MenuItemDescription* items, std::uint3
 // deliberately recorded even when its item failed, as brindle.h tells hosts
 // (CustomMenu.AFailingKnownIconIsRecordedAndTheNextItemIsMade,
 // CustomMenu.AFailingGlyphIsRecordedAndTheNextItemIsMade).
-std::optional<HRESULT> DialListener::AddDescribedItem(const MenuItemDescription& item) {
+std::optional<HRESULT> DialMenu::AddDescribedItem(const MenuItemDescription& item) {
     MenuEntry entry = MakeEntry(item.display_text, item.item_id, item.haptic_feedback != 0);
     switch (item.kind) {
         case MenuItemKind::KnownIcon: {
@@ -75,7 +75,7 @@ std::optional<HRESULT> DialListener::AddDescribedItem(const MenuItemDescription&
             // after it are still added (CustomMenu.AFactoryForKnownIconsThatIsNullFailsTheItemAndNotTheMenu).
             RETURN_IF_STEP_FAILS(151, GetFactoryOrNull<abi::RadialControllerMenuItem>(item_statics_));
             LOG_IF_STEP_FAILS("AddMenuItemFromKnownIcon", 152, AddMenuItemFromKnownIcon(entry, icon));
-            menu_entries_.push_back(std::move(entry));
+            entries_.push_back(std::move(entry));
             break;
         }
         case MenuItemKind::SystemFont: {
@@ -83,7 +83,7 @@ std::optional<HRESULT> DialListener::AddDescribedItem(const MenuItemDescription&
             const TextReference glyph(item.source.text);
             LOG_IF_STEP_FAILS("AddMenuItemFromSystemFont", 157,
                               AddMenuItemFromSystemFont(entry, glyph.Get(), font_family.Get()));
-            menu_entries_.push_back(std::move(entry));
+            entries_.push_back(std::move(entry));
             break;
         }
         case MenuItemKind::CustomFont:
@@ -108,7 +108,7 @@ std::optional<HRESULT> DialListener::AddDescribedItem(const MenuItemDescription&
     return std::nullopt;
 }
 
-void DialListener::AddCustomFontItem(MenuEntry entry, const MenuItemDescription& item) {
+void DialMenu::AddCustomFontItem(MenuEntry entry, const MenuItemDescription& item) {
     const auto short_path = PathFileExistsW(item.source3.text) ? ShortPath(item.source3.text) : nullptr;
     if (!short_path) {
         return;
@@ -118,7 +118,7 @@ void DialListener::AddCustomFontItem(MenuEntry entry, const MenuItemDescription&
     const TextReference glyph(item.source.text);
     LOG_IF_STEP_FAILS("AddMenuItemFromCustomFont", 189,
                       AddMenuItemFromCustomFont(entry, glyph.Get(), font_family.Get(), path.Get()));
-    menu_entries_.push_back(std::move(entry));
+    entries_.push_back(std::move(entry));
 }
 
 }  // namespace brindle

@@ -2,7 +2,7 @@
 #include <algorithm>
 #include <vector>
 
-#include "dial/dial_listener.h"
+#include "menu/dial_menu.h"
 #include "menu/kind_sequence.h"
 #include "platform/activation.h"
 #include "platform/errors.h"
@@ -47,7 +47,7 @@ private:
 
 // Deliberately the window that the host object reports now, not the argument of the export, as brindle.h
 // tells hosts (DefaultMenu.TheWindowIsTheOneThatTheHostNamesNow).
-HRESULT DialListener::SetDefaultMenu(const std::int32_t* kinds, std::uint32_t count) {
+HRESULT DialMenu::SetDefaultMenu(const std::int32_t* kinds, std::uint32_t count) {
     if (host_ == nullptr) {
         return E_FAIL;
     }

@@ -1,12 +1,12 @@
 // Items with a glyph of an installed font, or of a font file.
-#include "dial/dial_listener.h"
 #include "frame/diagnostics/steps.h"
+#include "menu/dial_menu.h"
 #include "platform/activation.h"
 #include "platform/interfaces/uri.h"
 
 namespace brindle {
 
-HRESULT DialListener::AddMenuItemFromSystemFont(MenuEntry& entry, HSTRING glyph, HSTRING font_family) {
+HRESULT DialMenu::AddMenuItemFromSystemFont(MenuEntry& entry, HSTRING glyph, HSTRING font_family) {
     ComPtr<abi::IRadialControllerMenuItemStatics2> statics;
     RETURN_IF_STEP_FAILS(528, GetFactory<abi::RadialControllerMenuItem>(statics));
 
@@ -20,8 +20,8 @@ HRESULT DialListener::AddMenuItemFromSystemFont(MenuEntry& entry, HSTRING glyph,
 // The URI's absolute form and the item's text are read and not used: each is a guarded step, and an item
 // whose URI or text cannot be read is deliberately not added
 // (FontFileStep.ThatFailsIsTriedSixTimesAndTheEntryRecorded).
-HRESULT DialListener::AddMenuItemFromCustomFont(MenuEntry& entry, HSTRING glyph, HSTRING font_family,
-                                                HSTRING short_path) {
+HRESULT DialMenu::AddMenuItemFromCustomFont(MenuEntry& entry, HSTRING glyph, HSTRING font_family,
+                                            HSTRING short_path) {
     ComPtr<abi::IRadialControllerMenuItemStatics2> statics;
     RETURN_IF_STEP_FAILS(543, GetFactory<abi::RadialControllerMenuItem>(statics));
     ComPtr<abi::IUriRuntimeClassFactory> uris;

@@ -1,10 +1,10 @@
 // KnownIcon items: a built-in icon of the platform.
-#include "dial/dial_listener.h"
 #include "frame/diagnostics/steps.h"
+#include "menu/dial_menu.h"
 
 namespace brindle {
 
-HRESULT DialListener::AddMenuItemFromKnownIcon(MenuEntry& entry, abi::RadialControllerMenuKnownIcon icon) {
+HRESULT DialMenu::AddMenuItemFromKnownIcon(MenuEntry& entry, abi::RadialControllerMenuKnownIcon icon) {
     // A reference of its own: an event that arrives inside a call may replace the menu and with it the
     // factory.
     const ComPtr<abi::IRadialControllerMenuItemStatics> statics = item_statics_;

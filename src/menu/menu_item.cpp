@@ -1,7 +1,7 @@
 // Adds an item to the menu: subscribe, append, tag. The order is deliberate: an item whose tag fails stays in
 // the menu and subscribed (CustomMenu.AnItemThatFailsAtItsTagIsInTheMenuAndSubscribed).
-#include "dial/dial_listener.h"
 #include "frame/diagnostics/steps.h"
+#include "menu/dial_menu.h"
 #include "platform/activation.h"
 #include "platform/delegate.h"
 #include "platform/interfaces/property_value.h"
@@ -14,7 +14,7 @@ constexpr auto kAddedLine = Wide("Added %s to menu\n");
 
 }  // namespace
 
-HRESULT DialListener::SubscribeInvoked(abi::IRadialControllerMenuItem& item, std::int64_t& token) {
+HRESULT DialMenu::SubscribeInvoked(abi::IRadialControllerMenuItem& item, std::int64_t& token) {
     using Handler = abi::TypedEventHandler<abi::RadialControllerMenuItem, abi::IInspectable>;
     const auto handler =
         MakeDelegate<Handler>([this](auto* sender, auto* args) { return OnItemInvoked(sender, args); });
@@ -29,7 +29,7 @@ HRESULT DialListener::SubscribeInvoked(abi::IRadialControllerMenuItem& item, std
     return code;
 }
 
-HRESULT DialListener::AddItemToMenu(abi::IRadialControllerMenuItem* item, MenuEntry& entry) {
+HRESULT DialMenu::AddItemToMenu(abi::IRadialControllerMenuItem* item, MenuEntry& entry) {
     // Null when the last add_custom_menu got no menu and the picture file of an earlier call completes
     // (PictureFile.ThatComesWhenTheWindowHasNoMenuIsAFailure). A reference of its own: an event that arrives
     // inside a call may replace the menu.

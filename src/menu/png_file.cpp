@@ -2,8 +2,8 @@
 #include <string_view>
 #include <vector>
 
-#include "dial/dial_listener.h"
 #include "frame/diagnostics/steps.h"
+#include "menu/dial_menu.h"
 #include "platform/activation.h"
 #include "platform/delegate.h"
 #include "platform/error_to_code.h"
@@ -15,7 +15,7 @@ namespace brindle {
 // Does not wait for the file. The completion handler holds a plain pointer to the listener, which must
 // outlive the load, and deliberately no haptic setting: the item's entry records false, as brindle.h tells
 // hosts (PictureFile.HasNoHapticSettingOfItsOwn).
-HRESULT DialListener::AddMenuItemFromFilePNG(const MenuEntry& entry, HSTRING path) {
+HRESULT DialMenu::AddMenuItemFromFilePNG(const MenuEntry& entry, HSTRING path) {
     using OpenOperation = abi::IAsyncOperation<abi::StorageFile>;
     using Handler = abi::AsyncOperationCompletedHandler<abi::StorageFile>;
 
@@ -49,8 +49,8 @@ HRESULT DialListener::AddMenuItemFromFilePNG(const MenuEntry& entry, HSTRING pat
 }
 
 // Runs on the platform's thread. Loads complete in any order, and their items appear in that order.
-HRESULT DialListener::OnImageFileOpened(abi::IAsyncOperation<abi::StorageFile>* operation,
-                                        abi::AsyncStatus status, const WCHAR* label, std::uint32_t item_id) {
+HRESULT DialMenu::OnImageFileOpened(abi::IAsyncOperation<abi::StorageFile>* operation,
+                                    abi::AsyncStatus status, const WCHAR* label, std::uint32_t item_id) {
     if (status != abi::AsyncStatus::Completed && status != abi::AsyncStatus::Error) {
         return S_FALSE;
     }
@@ -70,7 +70,7 @@ HRESULT DialListener::OnImageFileOpened(abi::IAsyncOperation<abi::StorageFile>* 
     RETURN_IF_STEP_FAILS(642, statics->CreateFromIcon(shown.Get(), picture.Get(), item.Put()));
     MenuEntry entry = MakeEntry(label, item_id, false);
     RETURN_IF_STEP_FAILS(649, AddItemToMenu(item.Get(), entry));
-    menu_entries_.push_back(std::move(entry));
+    entries_.push_back(std::move(entry));
     return S_OK;
 }
 

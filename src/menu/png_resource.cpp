@@ -3,8 +3,8 @@
 
 #include <cstring>
 
-#include "dial/dial_listener.h"
 #include "frame/diagnostics/steps.h"
+#include "menu/dial_menu.h"
 #include "platform/activation.h"
 #include "platform/interfaces/storage_streams.h"
 
@@ -69,7 +69,7 @@ HRESULT LoadPngResourceStream(HMODULE module, std::uint16_t resource, ComPtr<abi
     return code;
 }
 
-HRESULT DialListener::AddMenuItemFromResourcePNG(MenuEntry& entry, HMODULE module, std::uint32_t resource) {
+HRESULT DialMenu::AddMenuItemFromResourcePNG(MenuEntry& entry, HMODULE module, std::uint32_t resource) {
     GlobalBlock block;
     ComPtr<abi::IStream> bytes;
     if (LoadPngResourceStream(module, static_cast<std::uint16_t>(resource), &bytes, block) < 0) {
@@ -107,7 +107,7 @@ HRESULT DialListener::AddMenuItemFromResourcePNG(MenuEntry& entry, HMODULE modul
         PrintFailure(code, 727);
         return code;
     }
-    menu_entries_.push_back(std::move(entry));
+    entries_.push_back(std::move(entry));
     return S_OK;
 }
 

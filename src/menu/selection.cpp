@@ -1,5 +1,5 @@
 // set_current_custom_menu: selects the first item whose tag is the identifier.
-#include "dial/dial_listener.h"
+#include "menu/dial_menu.h"
 #include "platform/errors.h"
 #include "platform/interfaces/property_value.h"
 
@@ -55,7 +55,7 @@ HRESULT SelectItem(abi::IRadialController& controller, std::uint32_t item_id) {
 
 }  // namespace
 
-HRESULT DialListener::SetCurrentCustomMenu(std::uint32_t item_id) {
+HRESULT DialMenu::SetCurrentCustomMenu(std::uint32_t item_id) {
     if (!controller_) {
         return E_NOINTERFACE;
     }

@@ -53,8 +53,8 @@ struct DialListenerTest : SimulatorApartmentTest {
     }
 
     abi::IRadialControllerMenu* GiveMenu() {
-        EXPECT_EQ(listener->controller_->get_Menu(listener->menu_.Put()), S_OK);
-        return listener->menu_.Get();
+        EXPECT_EQ(listener->controller_->get_Menu(listener->menu_.menu_.Put()), S_OK);
+        return listener->menu_.menu_.Get();
     }
     // A new item at the end of the menu, selected.
     ComPtr<abi::IRadialControllerMenuItem> SelectNewItem() {
@@ -98,29 +98,29 @@ struct DialListenerTest : SimulatorApartmentTest {
     }
 
     void AddEntry(const char* label) {
-        listener->menu_entries_.push_back({std::make_unique<String>(ToPlatformString(label)), 7, 1, true});
+        listener->menu_.entries_.push_back({std::make_unique<String>(ToPlatformString(label)), 7, 1, true});
     }
-    void AddEntryWithoutLabel() { listener->menu_entries_.emplace_back(); }
+    void AddEntryWithoutLabel() { listener->menu_.entries_.emplace_back(); }
     void SetItemStatics(abi::IRadialControllerMenuItemStatics* statics) {
-        listener->item_statics_ = ComPtr<abi::IRadialControllerMenuItemStatics>::Attach(statics);
+        listener->menu_.item_statics_ = ComPtr<abi::IRadialControllerMenuItemStatics>::Attach(statics);
     }
     HRESULT AddKnownIcon() {
         MenuEntry entry = MakeEntry(UTF16("Brush"), 7, true);
-        return listener->AddMenuItemFromKnownIcon(entry, abi::RadialControllerMenuKnownIcon::Ruler);
+        return listener->menu_.AddMenuItemFromKnownIcon(entry, abi::RadialControllerMenuKnownIcon::Ruler);
     }
     // The token of a new item's subscription, as its entry has it.
     std::int64_t TokenOfNewItem() {
         MenuEntry entry = MakeEntry(UTF16("Brush"), 7, true);
         EXPECT_EQ(entry.invoked_token, 0);
-        listener->AddMenuItemFromKnownIcon(entry, abi::RadialControllerMenuKnownIcon::Ruler);
+        listener->menu_.AddMenuItemFromKnownIcon(entry, abi::RadialControllerMenuKnownIcon::Ruler);
         return entry.invoked_token;
     }
     static void StartQuery(const ComPtr<SharedFlag>& found, const ComPtr<SharedFlag>& done) {
-        DialListener::StartPresenceQuery(found, done);
+        PresenceQuery::Start(found, done);
     }
-    HRESULT InvokeNothing() { return listener->OnItemInvoked(nullptr, nullptr); }
+    HRESULT InvokeNothing() { return listener->menu_.OnItemInvoked(nullptr, nullptr); }
     void SetMenu(abi::IRadialControllerMenu* menu) {
-        listener->menu_ = ComPtr<abi::IRadialControllerMenu>::Attach(menu);
+        listener->menu_.menu_ = ComPtr<abi::IRadialControllerMenu>::Attach(menu);
     }
     std::uint32_t StateWord() const { return listener->state_; }
     bool HasSpare() const { return static_cast<bool>(listener->spare_); }
@@ -296,7 +296,7 @@ TEST_F(DialListenerTest, WithoutAHostAClickSucceeds) {
 TEST_F(DialListenerTest, WithoutAHostTheDefaultMenuIsNotAskedFor) {
     Listen(nullptr);
     const std::int32_t scroll = 0;
-    EXPECT_EQ(listener->SetDefaultMenu(&scroll, 1), E_FAIL);
+    EXPECT_EQ(listener->Menu().SetDefaultMenu(&scroll, 1), E_FAIL);
     EXPECT_EQ(Journal(), "");
 }
 
@@ -314,7 +314,7 @@ TEST_F(DialListenerTest, NoItemInvokedIsNoFailure) {
 
 TEST_F(DialListenerTest, ADialThatIsNotThereIsAFailure) {
     dialsim_remove_devices();
-    EXPECT_EQ(listener->IsDialPresent(), E_FAIL);
+    EXPECT_EQ(listener->Presence().IsDialPresent(), E_FAIL);
 }
 
 // A wait that something else ends meanwhile answers from what has been found so far.
@@ -473,8 +473,8 @@ TEST_F(DialListenerTest, AnItemsSubscriptionIsKeptWithItsEntryWhenItSucceeded) {
 }
 
 TEST_F(DialListenerTest, TheStateWordAndTheSpareInterfaceStayEmpty) {
-    ASSERT_EQ(listener->AddCustomMenu(nullptr, 0), S_OK);
-    ASSERT_EQ(listener->IsDialPresent(), S_OK);
+    ASSERT_EQ(listener->Menu().AddCustomMenu(nullptr, 0), S_OK);
+    ASSERT_EQ(listener->Presence().IsDialPresent(), S_OK);
     EXPECT_EQ(dialsim_turn(kWindow, 1.0), 0);
     EXPECT_EQ(StateWord(), 0u);
     EXPECT_FALSE(HasSpare());

@@ -1,13 +1,14 @@
 // is_dial_present: starts a device enumeration on every call and waits for it.
 //
 //   the caller                                   the platform's thread
-//   presence_done = 0, start the enumeration
-//   sleep 1 ms until presence_done is 1,         found = one of the devices is the dial
-//     10,001 times at most                       presence_done = 1
+//   done = 0, start the enumeration
+//   sleep 1 ms until done is 1,                  found = one of the devices is the dial
+//     10,001 times at most                       done = 1
 //   return found
+#include "presence/presence_query.h"
+
 #include <new>
 
-#include "dial/dial_listener.h"
 #include "platform/activation.h"
 #include "platform/error_to_code.h"
 #include "platform/errors.h"
@@ -101,7 +102,7 @@ void WaitFor(const SharedFlag& done) {
 
 // The completion handler shares both flags: it may run after the call, or after the listener's end
 // (Presence.ALateCompletionAfterUninitTouchesNothing).
-void DialListener::StartPresenceQuery(const ComPtr<SharedFlag>& found, const ComPtr<SharedFlag>& done) {
+void PresenceQuery::Start(const ComPtr<SharedFlag>& found, const ComPtr<SharedFlag>& done) {
     const String filter = MakeString(kInterfaceFilter);
     const ComPtr<Enumeration> enumeration = StartEnumeration(filter);
     if (!enumeration) {
@@ -126,15 +127,15 @@ void DialListener::StartPresenceQuery(const ComPtr<SharedFlag>& found, const Com
     ThrowIfFailed(enumeration->put_Completed(handler.Get()));
 }
 
-HRESULT DialListener::IsDialPresent() {
+HRESULT PresenceQuery::IsDialPresent() {
     const auto found = ComPtr<SharedFlag>::Attach(new SharedFlag);
-    presence_done_->value.exchange(0);
+    done_->value.exchange(0);
     try {
-        StartPresenceQuery(found, presence_done_);
+        Start(found, done_);
     } catch (const hresult_error& error) {
         return error.code();
     }
-    WaitFor(*presence_done_.Get());
+    WaitFor(*done_.Get());
     return found->value != 0 ? S_OK : E_FAIL;
 }
 
