@@ -3,8 +3,9 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <map>
 #include <memory>
+#include <utility>
+#include <vector>
 
 namespace brindle {
 
@@ -19,10 +20,7 @@ public:
     void Insert(std::uint64_t window, std::unique_ptr<DialListener> listener);
 
     // Null when the window has none; a miss inserts nothing.
-    DialListener* Find(std::uint64_t window) const {
-        const auto entry = listeners_.find(window);
-        return entry == listeners_.end() ? nullptr : entry->second;
-    }
+    DialListener* Find(std::uint64_t window);
 
     // Destroys every listener, in ascending order of window, and empties the registry.
     void EndAll();
@@ -30,7 +28,12 @@ public:
     std::size_t Size() const { return listeners_.size(); }
 
 private:
-    std::map<std::uint64_t, DialListener*> listeners_;
+    using Entry = std::pair<std::uint64_t, DialListener*>;
+
+    // Where the window is or belongs.
+    std::vector<Entry>::iterator Place(std::uint64_t window);
+
+    std::vector<Entry> listeners_;  // in ascending order of window
 };
 
 }  // namespace brindle

@@ -24,10 +24,6 @@ inline constexpr HRESULT kArithmeticOverflow = static_cast<HRESULT>(0x80070216);
 class hresult_error : public std::exception {
 public:
     explicit hresult_error(HRESULT code) noexcept;
-    hresult_error(const hresult_error&) = default;
-    hresult_error& operator=(const hresult_error&) = default;
-    // Inlined into the destructors of the kinds, which the linker then merges into one.
-    [[gnu::always_inline]] ~hresult_error() override = default;
 
     HRESULT code() const noexcept { return code_; }
     // "platform error 80004005"
