@@ -13,7 +13,7 @@ FOLDERS = {"library": ROOT / "src", "baseline": ROOT / "bench" / "baseline"}
 RUNS = (100, 1100)
 RUNS_OF_LONG_WORKLOADS = {"menu/10000": (1, 3), "select/1000": (10, 60)}
 
-# The workload whose count is in data/instructions_per_rotation.txt.
+# The workload whose count is in instructions_per_rotation.txt.
 GUARDED = "rotation/menu, selection and contact"
 
 

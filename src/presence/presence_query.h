@@ -1,11 +1,19 @@
 // Whether the dial is there.
 #pragma once
 
+#include <atomic>
+#include <cstdint>
+
 #include "platform/com_ptr.h"
-#include "platform/types.h"
-#include "presence/shared_flag.h"
+#include "platform/implements.h"
 
 namespace brindle {
+
+// Shared with a completion that may outlive the call and the listener: each holds a reference.
+class SharedFlag final : public Implements<abi::IUnknown> {
+public:
+    std::atomic<std::int32_t> value = 0;
+};
 
 // Part of a window's listener. The host's thread calls it.
 class PresenceQuery {
