@@ -1,6 +1,7 @@
 // Maps window handles to listeners.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -20,7 +21,10 @@ public:
     void Insert(std::uint64_t window, std::unique_ptr<DialListener> listener);
 
     // Null when the window has none; a miss inserts nothing.
-    DialListener* Find(std::uint64_t window);
+    DialListener* Find(std::uint64_t window) {
+        const auto place = Place(window);
+        return place != listeners_.end() && place->first == window ? place->second : nullptr;
+    }
 
     // Destroys every listener, in ascending order of window, and empties the registry.
     void EndAll();
@@ -31,7 +35,10 @@ private:
     using Entry = std::pair<std::uint64_t, DialListener*>;
 
     // Where the window is or belongs.
-    std::vector<Entry>::iterator Place(std::uint64_t window);
+    std::vector<Entry>::iterator Place(std::uint64_t window) {
+        return std::partition_point(listeners_.begin(), listeners_.end(),
+                                    [&](const Entry& entry) { return entry.first < window; });
+    }
 
     std::vector<Entry> listeners_;  // in ascending order of window
 };
