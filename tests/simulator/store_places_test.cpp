@@ -1,0 +1,144 @@
+// Where the stores are: in a folder, in memory, and where the environment says.
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "stores.h"
+#include "support/environment_variable.h"
+
+namespace brindle {
+namespace {
+
+constexpr HRESULT kDenied = Code(0x80070005);
+
+TEST_F(StoresInAFolder, ThatCannotBeReadFailWithTheSystemsCode) {
+    const std::string in_the_way = folder.PathOf("roaming.json");
+    StoresFolder::MakeFolder(in_the_way);
+    Object value;
+    EXPECT_EQ(Lookup("key", value), kDenied);
+    EXPECT_EQ(StoreFile("roaming"), std::nullopt);
+    StoresFolder::RemoveFolder(in_the_way);
+    EXPECT_EQ(Lookup("key", value), S_OK);
+}
+
+TEST_F(StoresInAFolder, ThatCannotBeWrittenFailWithTheSystemsCodeAndStay) {
+    ASSERT_EQ(InsertText("key", "old"), S_OK);
+    const std::string in_the_way = folder.PathOf("roaming.json.new");
+    StoresFolder::MakeFolder(in_the_way);
+    EXPECT_EQ(InsertText("key", "new"), kDenied);
+    EXPECT_FALSE(PutStoreFile("roaming", "content"));
+    EXPECT_EQ(TextAt("key"), UTF16("old"));
+    StoresFolder::RemoveFolder(in_the_way);
+    EXPECT_EQ(InsertText("key", "new"), S_OK);
+}
+
+TEST_F(StoresInAFolder, InNoFolderFailWithTheSystemsCode) {
+    folder.Write("file", "no folder");
+    dialsim_set_stores(folder.PathOf("file").c_str());
+    EXPECT_EQ(InsertText("key", "text"), Code(0x80070003));
+    EXPECT_FALSE(dialsim_clear_stores());
+    EXPECT_FALSE(PutStoreFile("roaming", "content"));
+    EXPECT_EQ(StoreFile("roaming"), std::nullopt);
+    std::remove(folder.PathOf("file").c_str());
+}
+
+TEST_F(StoresInAFolder, AreTheFilesThere) {
+    const std::string bytes("\0\r\n\xFF", 4);
+    for (const char* store : kStores) {
+        const std::string file = std::string(store) + ".json";
+        EXPECT_TRUE(PutStoreFile(store, bytes));
+        EXPECT_EQ(folder.Read(file), bytes) << store;
+        folder.Write(file, store);
+        EXPECT_EQ(StoreFile(store), store);
+    }
+}
+
+TEST_F(StoresInAFolder, AreClearedWithWhatAKilledWriterHasLeftBehind) {
+    folder.Write("vault.json.new", "left behind");
+    EXPECT_TRUE(dialsim_clear_stores());
+    EXPECT_FALSE(folder.Has("vault.json.new"));
+}
+
+// Uses the folder that is not given, and takes it away again.
+void ExpectStoresIn(const StoresFolder& folder, const std::vector<std::string>& below) {
+    dialsim_set_stores(nullptr);
+    std::string path;
+    std::vector<std::string> made;
+    for (const std::string& name : below) {
+        path += (path.empty() ? "" : "/") + name;
+        made.insert(made.begin(), folder.PathOf(path));
+    }
+    EXPECT_TRUE(dialsim_put_setting("local", "key", "Int32", "1"));
+    EXPECT_TRUE(folder.Has(path + "/local.json")) << path;
+    EXPECT_TRUE(dialsim_clear_stores());
+    std::remove(folder.PathOf(path + "/lock").c_str());
+    for (const std::string& each : made) {
+        StoresFolder::RemoveFolder(each);
+    }
+}
+
+TEST_F(StoresInAFolder, AreInTheFolderOfTheEnvironment) {
+    const EnvironmentVariable stores("DIALSIM_STORES", folder.PathOf("some/where"));
+    ExpectStoresIn(folder, {"some", "where"});
+}
+
+TEST_F(StoresInAFolder, AreInTheUsersOwnDataOtherwise) {
+    const EnvironmentVariable stores("DIALSIM_STORES", "");
+#ifdef _WIN32
+    const EnvironmentVariable data("LOCALAPPDATA", folder.path());
+    ExpectStoresIn(folder, {"dialsim"});
+#else
+    const EnvironmentVariable home("HOME", folder.path());
+    {
+        const EnvironmentVariable state("XDG_STATE_HOME", folder.PathOf("state"));
+        ExpectStoresIn(folder, {"state", "dialsim"});
+    }
+    const EnvironmentVariable no_state("XDG_STATE_HOME", "");
+    ExpectStoresIn(folder, {".local", "state", "dialsim"});
+    const EnvironmentVariable no_home("HOME", "");
+    EXPECT_FALSE(dialsim_put_setting("local", "key", "Int32", "1"));
+#endif
+}
+
+using StoresInMemory = StoresInAFolder;
+
+// Each place keeps its own while the other one is used.
+TEST_F(StoresInMemory, AreApartFromThoseInAFolder) {
+    dialsim_put_setting("roaming", "key", "String", "in the folder");
+    dialsim_set_stores(DIALSIM_MEMORY);
+    EXPECT_EQ(StoreText("roaming"), "");
+    dialsim_put_setting("roaming", "key", "String", "in memory");
+    dialsim_put_setting("local", "key", "String", "in memory");
+    dialsim_put_credential("resource", "user", "secret");
+    dialsim_set_stores(folder.path().c_str());
+    EXPECT_EQ(StoreText("roaming"), "\"key\" String \"in the folder\"\n");
+    EXPECT_FALSE(folder.Has("local.json"));
+    EXPECT_FALSE(folder.Has("vault.json"));
+    EXPECT_TRUE(dialsim_clear_stores());
+    dialsim_set_stores(DIALSIM_MEMORY);
+    EXPECT_EQ(StoreText("roaming"), "\"key\" String \"in memory\"\n");
+    EXPECT_EQ(StoreText("vault"), "\"resource\" \"user\" \"secret\"\n");
+    EXPECT_TRUE(dialsim_clear_stores());
+}
+
+TEST_F(StoresInMemory, MakeNoFolder) {
+    dialsim_set_stores(DIALSIM_MEMORY);
+    EXPECT_TRUE(dialsim_put_setting("local", "key", "Int32", "1"));
+    EXPECT_EQ(std::fopen(DIALSIM_MEMORY "/lock", "rb"), nullptr);
+    EXPECT_TRUE(dialsim_clear_stores());
+}
+
+TEST_F(StoresInMemory, MayBeThoseOfTheEnvironment) {
+    const EnvironmentVariable stores("DIALSIM_STORES", DIALSIM_MEMORY);
+    dialsim_set_stores(DIALSIM_MEMORY);
+    dialsim_put_setting("local", "key", "Int32", "1");
+    dialsim_set_stores(nullptr);
+    EXPECT_EQ(StoreText("local"), "\"key\" Int32 1\n");
+    EXPECT_TRUE(dialsim_clear_stores());
+}
+
+}  // namespace
+}  // namespace brindle
