@@ -1,0 +1,17 @@
+# Read by CTest when it has discovered the tests. The sweeps, and tests of about half a second and more, are slow as well:
+# ctest -LE slow leaves them out.
+foreach(test IN LISTS behaviour_tests_TESTS)
+    if(test MATCHES "Sweep\\.")
+        set_tests_properties(${test} PROPERTIES LABELS "behaviour;slow")
+    endif()
+endforeach()
+foreach(test IN LISTS unit_tests_TESTS)
+    if(test MATCHES "\\.Long(Text|Path)\\.")
+        set_tests_properties(${test} PROPERTIES LABELS "unit;slow")
+    endif()
+endforeach()
+foreach(test IN LISTS simulator_tests_TESTS)
+    if(test MATCHES "Outlive.*Killed")
+        set_tests_properties(${test} PROPERTIES LABELS "simulator;slow")
+    endif()
+endforeach()
