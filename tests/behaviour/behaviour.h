@@ -11,21 +11,10 @@
 #include <string>
 
 #include "simulator/dialsim.h"
+#include "support/constants.h"
 #include "support/dialsim_text.h"
 #include "support/recording_host.h"
 #include "support/stores_folder.h"
-
-inline constexpr std::int32_t kFail = static_cast<std::int32_t>(0x80004005);
-inline constexpr std::int32_t kNoInterface = static_cast<std::int32_t>(0x80004002);
-inline constexpr std::int32_t kAccessDenied = static_cast<std::int32_t>(0x80070005);
-inline constexpr std::int32_t kOutOfMemory = static_cast<std::int32_t>(0x8007000E);
-inline constexpr std::int32_t kClassNotRegistered = static_cast<std::int32_t>(0x80040154);
-inline constexpr std::int32_t kDisconnected = static_cast<std::int32_t>(0x80010108);
-
-inline constexpr char kControllers[] = "Windows.UI.Input.RadialController";
-inline constexpr char kContacts[] = "Windows.UI.Input.RadialControllerScreenContact";
-
-inline constexpr std::uint64_t kWindow = 0x20316;
 
 class UninitializedTest : public testing::Test {
 protected:

@@ -291,7 +291,7 @@ TEST_F(CustomMenu, AnItemThatFailsAtItsTagIsInTheMenuAndSubscribed) {
 }
 
 TEST_F(CustomMenu, ALabelMayBeEmptyLongOrBeyondTheBasicPlane) {
-    const std::basic_string<BrindleChar> longer(2500, 'x');
+    const WideText longer(2500, 'x');
     EXPECT_TRUE(SetMenu(kWindow, {KnownIcon(1, 0, UTF16("")), KnownIcon(2, 0, longer.c_str()),
                                   KnownIcon(3, 0, UTF16("\U0001F39B"))}));
     EXPECT_EQ(dialsim_objects(kMenuItems), 3u);

@@ -25,11 +25,9 @@ protected:
     }
 };
 
-using WideUnits = std::basic_string<BrindleChar>;
-
 // A text of so many units, whose last one shows whether it is whole; and the same as the simulator prints it.
-WideUnits LongText(std::size_t length) {
-    WideUnits text(length, 'x');
+WideText LongText(std::size_t length) {
+    WideText text(length, 'x');
     if (length > 0) {
         text.back() = 0x9F8D;  // a unit with its top bit
     }
@@ -201,7 +199,7 @@ TEST_F(FontFile, ATagThatAlwaysFailsIsPrintedByTheAddingStep) {
 class GlyphLength : public FontFile, public testing::WithParamInterface<std::size_t> {};
 
 TEST_P(GlyphLength, OfEitherSourceIsPassedOnWholeAndSoIsTheFontsName) {
-    const WideUnits text = LongText(GetParam());
+    const WideText text = LongText(GetParam());
     const std::string expected = LongUtf8(GetParam());
     MenuItemDescription installed = SystemFont(1);
     MenuItemDescription own = CustomFont(2, font_.Path());
@@ -296,7 +294,7 @@ TEST_F(PictureFile, MayBeOneOfAHundredOpenedBackwards) {
 TEST_F(PictureFile, MayHaveAPathOfAnyLengthForThePlatformToJudge) {
     for (const std::size_t length :
          {std::size_t{0}, std::size_t{1}, std::size_t{5000}, std::size_t{65'536}}) {
-        const WideUnits path = LongText(length);
+        const WideText path = LongText(length);
         EXPECT_TRUE(SetMenu(kWindow, {FilePNG(1, path.c_str())}));
         EXPECT_EQ(dialsim_calls((kOpen + ("(" + LongUtf8(length) + ")")).c_str()), 1u) << length;
         EXPECT_LT(dialsim_complete_all(), 0) << length;
@@ -574,7 +572,7 @@ INSTANTIATE_TEST_SUITE_P(AtTheEdges, IdentifierOfEverySource, testing::ValuesIn(
 class LabelOfEverySource : public EverySource, public testing::WithParamInterface<std::size_t> {};
 
 TEST_P(LabelOfEverySource, IsShownWholeAndMayBeChosen) {
-    const WideUnits label = LongText(GetParam());
+    const WideText label = LongText(GetParam());
     std::vector<MenuItemDescription> items = Items(1);
     for (MenuItemDescription& item : items) {
         item.display_text = label.c_str();

@@ -175,17 +175,17 @@ TEST_F(NumberSettings, AnEmptyTextThatWasSetIsNoNumberAnywhere) {
 TEST_F(NumberSettings, ANewNumberIsWrittenToBothContainersInTurn) {
     EXPECT_EQ(SetNumber(7), 0);
     EXPECT_EQ(Calls(), ContainerLookup("Roaming") + kNewEntry + ContainerLookup("Local") + kNewEntry);
-    EXPECT_EQ(Store("roaming"), NumberEntry(7));
-    EXPECT_EQ(Store("vault"), "");
-    EXPECT_EQ(Store("local"), NumberEntry(7));
+    EXPECT_EQ(StoreText("roaming"), NumberEntry(7));
+    EXPECT_EQ(StoreText("vault"), "");
+    EXPECT_EQ(StoreText("local"), NumberEntry(7));
     EXPECT_EQ(GetNumber(), 7);
 }
 
 TEST_F(NumberSettings, NumbersOfEitherSignAreKept) {
     for (const std::int32_t number : {0, -1, 42, -42, INT32_MAX, INT32_MIN + 1}) {
         EXPECT_EQ(SetNumber(number), 0);
-        EXPECT_EQ(Store("roaming"), NumberEntry(number));
-        EXPECT_EQ(Store("local"), NumberEntry(number));
+        EXPECT_EQ(StoreText("roaming"), NumberEntry(number));
+        EXPECT_EQ(StoreText("local"), NumberEntry(number));
         EXPECT_EQ(GetNumber(), number);
     }
 }
@@ -197,8 +197,8 @@ TEST_F(NumberSettings, AChangedNumberIsRemovedAndWrittenAgain) {
     const std::string replacement =
         "IPropertyValue::GetInt32()\nIMap<String, Object>::Remove(key)\n" + std::string(kNewEntry);
     EXPECT_EQ(Calls(), ContainerLookup("Roaming") + replacement + ContainerLookup("Local") + replacement);
-    EXPECT_EQ(Store("roaming"), NumberEntry(8));
-    EXPECT_EQ(Store("local"), NumberEntry(8));
+    EXPECT_EQ(StoreText("roaming"), NumberEntry(8));
+    EXPECT_EQ(StoreText("local"), NumberEntry(8));
 }
 
 TEST_F(NumberSettings, TheSameNumberOnceMoreIsWrittenNowhere) {
@@ -219,8 +219,8 @@ TEST_P(SimilarSettings, AreDifferent) {
         dialsim_clear_journal();
         EXPECT_EQ(SetNumber(number), 0);
         EXPECT_EQ(ContainerWrites(), 4u);
-        EXPECT_EQ(Store("roaming"), NumberEntry(number));
-        EXPECT_EQ(Store("local"), NumberEntry(number));
+        EXPECT_EQ(StoreText("roaming"), NumberEntry(number));
+        EXPECT_EQ(StoreText("local"), NumberEntry(number));
         EXPECT_EQ(GetNumber(), number);
     }
 }
@@ -233,13 +233,13 @@ TEST_F(NumberSettings, OnlyTheContainerThatDiffersIsWritten) {
     dialsim_clear_journal();
     EXPECT_EQ(SetNumber(7), 0);
     EXPECT_EQ(ContainerWrites(), 2u);
-    EXPECT_EQ(Store("roaming"), NumberEntry(7));
+    EXPECT_EQ(StoreText("roaming"), NumberEntry(7));
 }
 
 TEST_F(NumberSettings, TheVaultIsNotTouchedByNumbers) {
     PutInVault("old");
     EXPECT_EQ(SetNumber(7), 0);
-    EXPECT_EQ(Store("vault"), Credential("host", "old"));
+    EXPECT_EQ(StoreText("vault"), Credential("host", "old"));
     EXPECT_EQ(dialsim_calls(kNewVault), 0u);
 }
 
@@ -250,8 +250,8 @@ TEST_F(NumberSettings, AnEntryOfAnotherKindIsOverwrittenWithoutBeingRemoved) {
         dialsim_clear_journal();
         EXPECT_EQ(SetNumber(7), 0);
         EXPECT_EQ(dialsim_calls(kRemoveEntry), 0u) << type;
-        EXPECT_EQ(Store("roaming"), NumberEntry(7)) << type;
-        EXPECT_EQ(Store("local"), NumberEntry(7)) << type;
+        EXPECT_EQ(StoreText("roaming"), NumberEntry(7)) << type;
+        EXPECT_EQ(StoreText("local"), NumberEntry(7)) << type;
     }
 }
 
@@ -293,8 +293,8 @@ TEST_F(NumberSettings, AKeyMayHaveTwoHundredAndFiftyFiveUnits) {
 
 TEST_F(NumberSettings, TheSmallestNumberIsStoredLikeAnyOther) {
     EXPECT_EQ(SetNumber(INT32_MIN), 0);
-    EXPECT_EQ(Store("roaming"), NumberEntry(INT32_MIN));
-    EXPECT_EQ(Store("local"), NumberEntry(INT32_MIN));
+    EXPECT_EQ(StoreText("roaming"), NumberEntry(INT32_MIN));
+    EXPECT_EQ(StoreText("local"), NumberEntry(INT32_MIN));
     dialsim_clear_journal();
     EXPECT_EQ(SetNumber(INT32_MIN), 0);
     EXPECT_EQ(ContainerWrites(), 0u);
@@ -324,7 +324,7 @@ TEST_F(NumberSettings, WithoutAnIdentityNumbersAreKeptNowhere) {
     dialsim_set_packaged(false);
     EXPECT_EQ(SetNumber(7), 0);
     EXPECT_EQ(GetNumber(), kAbsentNumber);
-    EXPECT_EQ(Store("roaming") + Store("vault") + Store("local"), "");
+    EXPECT_EQ(StoreText("roaming") + StoreText("vault") + StoreText("local"), "");
 }
 
 TEST_F(NumberSettings, WithoutAnIdentityOnlyATextInTheVaultIsFound) {
@@ -355,7 +355,7 @@ TEST_F(NumberSettings, NothingIsHeldOrCachedBetweenCalls) {
     dialsim_clear_journal();
     EXPECT_EQ(SetNumber(7), 0);
     EXPECT_EQ(dialsim_calls(kCurrent), 2u);
-    EXPECT_EQ(Store("roaming"), NumberEntry(7));
+    EXPECT_EQ(StoreText("roaming"), NumberEntry(7));
 }
 
 }  // namespace

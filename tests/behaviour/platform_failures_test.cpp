@@ -19,8 +19,7 @@ void LiveThroughEverything() {
     RecordingHost host(kWindow);
     host.haptic_request = &buzz;
     init_dial_listener(&host);
-    const std::int32_t kinds[] = {3, 2};
-    set_default_menu(kWindow, kinds, 2);
+    set_default_menu(kWindow, kTwoSystemItems, 2);
     try {
         SetMenu(kWindow, {KnownIcon(1), SystemFont(2)});
     } catch (const std::exception&) {

@@ -9,72 +9,58 @@
 
 namespace {
 
-// Calls the library from inside its callbacks.
-class ReentrantHost final : public IDialHost {
-public:
-    void OnRotation(void*, const DialRotationInfo*) override { CallBackIn(); }
-    std::uint64_t GetWindowHandle() override { return kWindow; }
-    void OnButtonClicked(void*, const DialContactRect*) override { CallBackIn(); }
+class Reentrancy : public InitializedTest {
+protected:
+    // With a host that calls every window function in its callbacks.
+    void ListenReentrantly() {
+        host.on_rotation = [this](const DialRotationInfo&) { CallBackIn(); };
+        host.on_click = [this](const DialContactRect&) { CallBackIn(); };
+        ASSERT_TRUE(init_dial_listener(&host));
+    }
 
     bool registered = true;
     bool answered = true;
+    RecordingHost host{kWindow};
     RecordingHost other{kWindow + 1};
 
 private:
     void CallBackIn() {
         registered = registered && init_dial_listener(&other);
-        const MenuItemDescription item = KnownIcon(5);
         const std::int32_t kind = 3;
-        answered = answered && add_custom_menu(kWindow, &item, 1) && set_default_menu(kWindow, &kind, 1) &&
+        answered = answered && SetMenu(kWindow, {KnownIcon(5)}) && set_default_menu(kWindow, &kind, 1) &&
                    set_current_custom_menu(kWindow, 5) && is_dial_present(kWindow);
     }
 };
 
-using Reentrancy = InitializedTest;
-
 TEST_F(Reentrancy, ACallbackMayCallTheWindowFunctions) {
-    ReentrantHost host;
-    ASSERT_TRUE(init_dial_listener(&host));
+    ListenReentrantly();
     EXPECT_EQ(dialsim_turn(kWindow, 1.0), 0);
-    EXPECT_TRUE(host.registered);
-    EXPECT_TRUE(host.answered);
+    EXPECT_TRUE(registered);
+    EXPECT_TRUE(answered);
     EXPECT_EQ(dialsim_turn(kWindow + 1, 1.0), 0);
-    EXPECT_EQ(host.other.rotations.size(), 1u);
+    EXPECT_EQ(other.rotations.size(), 1u);
 }
 
 TEST_F(Reentrancy, AClickMayRegisterAHostAgain) {
-    ReentrantHost host;
-    ASSERT_TRUE(init_dial_listener(&host));
+    ListenReentrantly();
     EXPECT_EQ(dialsim_click(kWindow), 0);
     EXPECT_EQ(dialsim_click(kWindow), 0);
-    EXPECT_TRUE(host.registered);
-    // The second click displaced the listener that the first had filed: both call the host, one beyond
+    EXPECT_TRUE(registered);
+    // The second click displaced the listener that the first had inserted: both call the host, one beyond
     // uninit.
     EXPECT_EQ(dialsim_turn(kWindow + 1, 1.0), 0);
-    EXPECT_EQ(host.other.rotations.size(), 2u);
+    EXPECT_EQ(other.rotations.size(), 2u);
     uninit();
     EXPECT_EQ(dialsim_objects(kControllers), 1u);
     dialsim_reset();
 }
 
 TEST_F(Reentrancy, ATurnDuringTheRegistrationReachesTheHost) {
-    RecordingHost host(kWindow);
     const InsideCall turn("IRadialController::add_ButtonClicked", [] { dialsim_turn(kWindow, 2.0); });
     EXPECT_TRUE(init_dial_listener(&host));
     ASSERT_EQ(host.rotations.size(), 1u);
     EXPECT_EQ(host.LastRotation().deltaDegrees, 2.0);
 }
-
-// Calls `on_click` with each click.
-class ClickHost final : public IDialHost {
-public:
-    void OnRotation(void*, const DialRotationInfo*) override { ++rotations; }
-    std::uint64_t GetWindowHandle() override { return kWindow; }
-    void OnButtonClicked(void*, const DialContactRect*) override { on_click(); }
-
-    std::function<void()> on_click = [] {};
-    int rotations = 0;
-};
 
 // The dial is clicked inside a platform call, and the host answers by making the menu anew.
 class MenuMadeInACall : public InitializedTest {
@@ -86,13 +72,13 @@ protected:
 
     // With one item, tagged 50; `made` says what the function answered.
     void MakeMenuInside(const char* operation, const std::function<void()>& act) {
-        host_.on_click = [this] { made = SetMenu(kWindow, {KnownIcon(50)}); };
+        host_.on_click = [this](const DialContactRect&) { made = SetMenu(kWindow, {KnownIcon(50)}); };
         const InsideCall click(operation, [] { EXPECT_EQ(dialsim_click(kWindow), 0); });
         act();
     }
     // It gets no menu at all, and prints a line.
     void LoseMenuInside(const char* operation, const std::function<void()>& act) {
-        host_.on_click = [this] {
+        host_.on_click = [this](const DialContactRect&) {
             dialsim_fail("IRadialController::get_Menu", kFail, 1, 3);
             made = SetMenu(kWindow, {KnownIcon(50)});
         };
@@ -100,7 +86,7 @@ protected:
         act();
     }
     std::optional<bool> made;
-    ClickHost host_;
+    RecordingHost host_{kWindow};
 };
 
 constexpr char kLostMenu[] = "failed with 80004005 at line 124\n";
@@ -141,14 +127,14 @@ TEST_F(MenuMadeInACall, AndLostWhileATurnReadsTheSelectionLeavesTheTurnItsMenu) 
     FailInTurn(kGetSelected, {kFail, kAccessDenied, kDisconnected});
     LoseMenuInside(kGetSelected, [] { EXPECT_EQ(dialsim_turn(kWindow, 1.0), kDisconnected); });
     EXPECT_EQ(made, false);
-    EXPECT_EQ(host_.rotations, 0);
+    EXPECT_EQ(host_.rotations.size(), 0u);
     EXPECT_EQ(Printed(), kLostMenu + std::string("failed with 80070005 at line 847\n"));
 }
 
 // The menu made inside loses the factory for known icons; the item that is being made keeps its own.
 TEST_F(MenuMadeInACall, WithoutTheFactoryOfIconsLeavesTheItemItsFactory) {
     FailInTurn(kCreateFromKnownIcon, {kFail, kFail, kFail, 0, 0});
-    host_.on_click = [this] {
+    host_.on_click = [this](const DialContactRect&) {
         dialsim_fail("RoGetActivationFactory(Windows.UI.Input.RadialControllerMenuItem)", kFail, 1, 3);
         made = SetMenu(kWindow, {KnownIcon(50)});
     };

@@ -9,8 +9,6 @@
 #include "behaviour.h"
 #include "support/utf16.h"
 
-using WideText = std::basic_string<BrindleChar>;
-
 inline constexpr BrindleChar kResource[] = UTF16("host");
 inline constexpr BrindleChar kOtherResource[] = UTF16("other");
 inline constexpr BrindleChar kKey[] = UTF16("key");
@@ -54,12 +52,6 @@ protected:
         dialsim_set_packaged(true);
     }
 
-    static std::string Store(const char* store) {
-        std::string text(dialsim_store(store, nullptr, 0), '\0');
-        dialsim_store(store, text.data(), text.size());
-        text.pop_back();
-        return text;
-    }
     // How one entry under the key looks there.
     static std::string StringEntry(const std::string& text) { return "\"key\" String \"" + text + "\"\n"; }
     static std::string NumberEntry(std::int32_t number) {

@@ -15,8 +15,8 @@ TEST_F(SettingsFailures, NoWayToTheContainersLeavesTheVault) {
         ASSERT_TRUE(dialsim_fail(operation, kFail, 1, 4)) << operation;
         EXPECT_EQ(SetText(UTF16("text")), 0) << operation;
         EXPECT_EQ(SetNumber(7), 0) << operation;
-        EXPECT_EQ(Store("roaming") + Store("local"), "") << operation;
-        EXPECT_EQ(Store("vault"), Credential("host", "text")) << operation;
+        EXPECT_EQ(StoreText("roaming") + StoreText("local"), "") << operation;
+        EXPECT_EQ(StoreText("vault"), Credential("host", "text")) << operation;
     }
 }
 
@@ -26,8 +26,8 @@ TEST_F(SettingsFailures, ApplicationDataOrValuesThatAreYieldedAsNullLeaveTheVaul
         ASSERT_TRUE(dialsim_yield_null(operation, 1, 4)) << operation;
         EXPECT_EQ(SetText(UTF16("text")), 0) << operation;
         EXPECT_EQ(SetNumber(7), 0) << operation;
-        EXPECT_EQ(Store("roaming") + Store("local"), "") << operation;
-        EXPECT_EQ(Store("vault"), Credential("host", "text")) << operation;
+        EXPECT_EQ(StoreText("roaming") + StoreText("local"), "") << operation;
+        EXPECT_EQ(StoreText("vault"), Credential("host", "text")) << operation;
     }
 }
 
@@ -38,9 +38,9 @@ TEST_F(SettingsFailures, AMissingRoamingContainerIsIgnored) {
     EXPECT_EQ(GetText(), UTF16("text"));
     EXPECT_EQ(GetNumber(), 0) << "of the text in the vault";
     EXPECT_EQ(SetText(UTF16("new")), 0);
-    EXPECT_EQ(Store("roaming"), StringEntry("text"));
-    EXPECT_EQ(Store("vault"), Credential("host", "new"));
-    EXPECT_EQ(Store("local"), StringEntry("new"));
+    EXPECT_EQ(StoreText("roaming"), StringEntry("text"));
+    EXPECT_EQ(StoreText("vault"), Credential("host", "new"));
+    EXPECT_EQ(StoreText("local"), StringEntry("new"));
 }
 
 TEST_F(SettingsFailures, AMissingLocalContainerIsIgnored) {
@@ -48,9 +48,9 @@ TEST_F(SettingsFailures, AMissingLocalContainerIsIgnored) {
     ASSERT_TRUE(dialsim_yield_null(kLocalSettings, 1, 2));
     EXPECT_FALSE(GetText().has_value());
     EXPECT_EQ(SetText(UTF16("new")), 0);
-    EXPECT_EQ(Store("roaming"), StringEntry("new"));
-    EXPECT_EQ(Store("vault"), Credential("host", "new"));
-    EXPECT_EQ(Store("local"), StringEntry("local"));
+    EXPECT_EQ(StoreText("roaming"), StringEntry("new"));
+    EXPECT_EQ(StoreText("vault"), Credential("host", "new"));
+    EXPECT_EQ(StoreText("local"), StringEntry("local"));
 }
 
 // --- no place at all
@@ -59,7 +59,7 @@ TEST_F(SettingsFailures, SettersSucceedEvenWhereNothingCanBeWritten) {
     ASSERT_TRUE(dialsim_fail("RoGetActivationFactory", kClassNotRegistered, 1, 0));
     EXPECT_EQ(SetText(UTF16("text")), 0);
     EXPECT_EQ(SetNumber(7), 0);
-    EXPECT_EQ(Store("roaming") + Store("vault") + Store("local"), "");
+    EXPECT_EQ(StoreText("roaming") + StoreText("vault") + StoreText("local"), "");
 }
 
 TEST_F(SettingsFailures, GettersFindNothingWhereEveryPlaceFails) {
@@ -77,9 +77,9 @@ TEST_F(SettingsFailures, StringsThatCannotBeCreatedAreIgnoredToo) {
     EXPECT_EQ(SetNumber(7), 0);
     EXPECT_FALSE(GetText().has_value());
     EXPECT_EQ(GetNumber(), kAbsentNumber);
-    EXPECT_EQ(Store("roaming"), StringEntry("42"));
-    EXPECT_EQ(Store("vault"), Credential("host", "42"));
-    EXPECT_EQ(Store("local"), StringEntry("42"));
+    EXPECT_EQ(StoreText("roaming"), StringEntry("42"));
+    EXPECT_EQ(StoreText("vault"), Credential("host", "42"));
+    EXPECT_EQ(StoreText("local"), StringEntry("42"));
 }
 
 // --- an entry that cannot be compared or removed is written all the same
@@ -92,7 +92,7 @@ TEST_F(SettingsFailures, AnEntryThatCannotBeLookedUpIsWritten) {
         EXPECT_EQ(SetText(UTF16("same")), 0);
         EXPECT_EQ(dialsim_calls(kRemoveEntry), 0u) << operation;
         EXPECT_EQ(dialsim_calls(kInsertEntry), 1u) << operation;
-        EXPECT_EQ(Store("roaming"), StringEntry("same")) << operation;
+        EXPECT_EQ(StoreText("roaming"), StringEntry("same")) << operation;
     }
 }
 
@@ -100,11 +100,11 @@ TEST_F(SettingsFailures, AnEntryThatCannotBeRemovedIsReplaced) {
     EXPECT_EQ(SetText(UTF16("old")), 0);
     ASSERT_TRUE(dialsim_fail(kRemoveEntry, kFail, 1, 1));
     EXPECT_EQ(SetText(UTF16("new")), 0);
-    EXPECT_EQ(Store("roaming"), StringEntry("new"));
+    EXPECT_EQ(StoreText("roaming"), StringEntry("new"));
     EXPECT_EQ(SetNumber(7), 0);
     ASSERT_TRUE(dialsim_fail(kRemoveEntry, kFail, 1, 1));
     EXPECT_EQ(SetNumber(8), 0);
-    EXPECT_EQ(Store("roaming"), NumberEntry(8));
+    EXPECT_EQ(StoreText("roaming"), NumberEntry(8));
 }
 
 // --- what was done before a failure stays done
@@ -114,9 +114,9 @@ TEST_F(SettingsFailures, AnOldEntryIsGoneWhenTheNewOneCannotBeMadeOrInserted) {
         EXPECT_EQ(SetText(UTF16("old")), 0);
         ASSERT_TRUE(dialsim_fail(operation, kFail, 1, 1)) << operation;
         EXPECT_EQ(SetText(UTF16("new")), 0) << operation;
-        EXPECT_EQ(Store("roaming"), "") << operation;
-        EXPECT_EQ(Store("vault"), Credential("host", "new")) << operation;
-        EXPECT_EQ(Store("local"), StringEntry("new")) << operation;
+        EXPECT_EQ(StoreText("roaming"), "") << operation;
+        EXPECT_EQ(StoreText("vault"), Credential("host", "new")) << operation;
+        EXPECT_EQ(StoreText("local"), StringEntry("new")) << operation;
     }
 }
 
@@ -125,7 +125,7 @@ TEST_F(SettingsFailures, AnEntryOfAnotherKindStaysWhenTheNewOneCannotBeMadeOrIns
         Put("roaming", "Int32", "7");
         ASSERT_TRUE(dialsim_fail(operation, kFail, 1, 1)) << operation;
         EXPECT_EQ(SetText(UTF16("new")), 0) << operation;
-        EXPECT_EQ(Store("roaming"), NumberEntry(7)) << operation;
+        EXPECT_EQ(StoreText("roaming"), NumberEntry(7)) << operation;
     }
 }
 
@@ -134,9 +134,9 @@ TEST_F(SettingsFailures, AnOldCredentialIsGoneWhenTheNewOneCannotBeMadeOrAdded) 
         EXPECT_EQ(SetText(UTF16("old")), 0);
         ASSERT_TRUE(dialsim_fail(operation, kFail, 1, 1)) << operation;
         EXPECT_EQ(SetText(UTF16("new")), 0) << operation;
-        EXPECT_EQ(Store("vault"), "") << operation;
-        EXPECT_EQ(Store("roaming"), StringEntry("new")) << operation;
-        EXPECT_EQ(Store("local"), StringEntry("new")) << operation;
+        EXPECT_EQ(StoreText("vault"), "") << operation;
+        EXPECT_EQ(StoreText("roaming"), StringEntry("new")) << operation;
+        EXPECT_EQ(StoreText("local"), StringEntry("new")) << operation;
     }
 }
 
@@ -148,7 +148,7 @@ TEST_F(SettingsFailures, WithoutAVaultTheContainersAreUsed) {
             ASSERT_TRUE(dialsim_clear_stores());
             ASSERT_TRUE(null ? dialsim_yield_null(operation, 1, 3) : dialsim_fail(operation, kFail, 1, 3));
             EXPECT_EQ(SetText(UTF16("42")), 0) << operation;
-            EXPECT_EQ(Store("vault"), "") << operation;
+            EXPECT_EQ(StoreText("vault"), "") << operation;
             Put("roaming", "composite", "");
             EXPECT_EQ(GetText(), UTF16("42")) << operation << ", from the local container";
             EXPECT_EQ(GetNumber(), kAbsentNumber) << operation;
@@ -166,7 +166,8 @@ TEST_F(SettingsFailures, ASearchThatFailsOrFindsNoListCountsAsNoMatch) {
             dialsim_clear_journal();
             EXPECT_EQ(SetText(UTF16("new")), 0) << operation;
             EXPECT_EQ(dialsim_calls(kRetrieve), 0u) << operation;
-            EXPECT_EQ(Store("vault"), Credential("host", "new")) << operation << ": added over the old one";
+            EXPECT_EQ(StoreText("vault"), Credential("host", "new"))
+                << operation << ": added over the old one";
         }
     }
 }
@@ -175,7 +176,7 @@ TEST_F(SettingsFailures, ASearchThatFailsLiftsTheBlockOfAnotherResource) {
     PutInVault("theirs", "other");
     ASSERT_TRUE(dialsim_fail(kSearch, kFail, 1, 1));
     EXPECT_EQ(SetText(UTF16("ours")), 0);
-    EXPECT_EQ(Store("vault"), Credential("host", "ours") + Credential("other", "theirs"));
+    EXPECT_EQ(StoreText("vault"), Credential("host", "ours") + Credential("other", "theirs"));
 }
 
 TEST_F(SettingsFailures, ACredentialThatCannotBeRetrievedOrReadIsLeftAlone) {
@@ -185,8 +186,8 @@ TEST_F(SettingsFailures, ACredentialThatCannotBeRetrievedOrReadIsLeftAlone) {
         ASSERT_TRUE(dialsim_fail(operation, kFail, 1, 1)) << operation;
         EXPECT_EQ(SetText(UTF16("new")), 0) << operation;
         EXPECT_EQ(VaultWrites(), 0u) << operation;
-        EXPECT_EQ(Store("vault"), Credential("host", "old")) << operation;
-        EXPECT_EQ(Store("local"), StringEntry("new")) << operation;
+        EXPECT_EQ(StoreText("vault"), Credential("host", "old")) << operation;
+        EXPECT_EQ(StoreText("local"), StringEntry("new")) << operation;
     }
 }
 
@@ -197,7 +198,7 @@ TEST_F(SettingsFailures, ACredentialThatIsRetrievedAsNullIsReplacedButNotRead) {
     EXPECT_EQ(GetNumber(), kAbsentNumber);
     EXPECT_EQ(SetText(UTF16("new")), 0);
     EXPECT_EQ(dialsim_calls(kRemoveCredential), 0u);
-    EXPECT_EQ(Store("vault"), Credential("host", "new"));
+    EXPECT_EQ(StoreText("vault"), Credential("host", "new"));
 }
 
 TEST_F(SettingsFailures, ACredentialThatCannotBeRemovedStays) {
@@ -205,8 +206,8 @@ TEST_F(SettingsFailures, ACredentialThatCannotBeRemovedStays) {
     ASSERT_TRUE(dialsim_fail(kRemoveCredential, kFail, 1, 1));
     EXPECT_EQ(SetText(UTF16("new")), 0);
     EXPECT_EQ(dialsim_calls(kAddCredential), 0u);
-    EXPECT_EQ(Store("vault"), Credential("host", "old"));
-    EXPECT_EQ(Store("local"), StringEntry("new"));
+    EXPECT_EQ(StoreText("vault"), Credential("host", "old"));
+    EXPECT_EQ(StoreText("local"), StringEntry("new"));
 }
 
 // --- no memory
@@ -232,9 +233,9 @@ TEST_F(SettingsFailures, WithoutMemoryTheCallEndsWhereItStands) {
     PutInVault("old");
     ASSERT_TRUE(dialsim_fail(kRemoveCredential, kOutOfMemory, 1, 1));
     EXPECT_THROW(SetText(UTF16("new")), std::bad_alloc);
-    EXPECT_EQ(Store("roaming"), StringEntry("new"));
-    EXPECT_EQ(Store("vault"), Credential("host", "old"));
-    EXPECT_EQ(Store("local"), "");
+    EXPECT_EQ(StoreText("roaming"), StringEntry("new"));
+    EXPECT_EQ(StoreText("vault"), Credential("host", "old"));
+    EXPECT_EQ(StoreText("local"), "");
 }
 
 TEST_F(SettingsFailures, WithoutMemoryReadingIsAnAllocationFailureToo) {
@@ -252,7 +253,7 @@ TEST_F(SettingsFailures, WithoutMemoryReadingIsAnAllocationFailureToo) {
 TEST_F(SettingsFailures, WithoutMemoryANumberIsNotWrittenOn) {
     ASSERT_TRUE(dialsim_fail(kInsertEntry, kOutOfMemory, 1, 1));
     EXPECT_THROW(SetNumber(7), std::bad_alloc);
-    EXPECT_EQ(Store("roaming") + Store("local"), "");
+    EXPECT_EQ(StoreText("roaming") + StoreText("local"), "");
     EXPECT_EQ(LeakReport(), "");
 }
 

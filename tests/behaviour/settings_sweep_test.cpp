@@ -186,7 +186,7 @@ protected:
             Put(store, entry.type.c_str(), entry.value.c_str());
         }
     }
-    static Stores StoredContent() { return {Store("roaming"), Store("vault"), Store("local")}; }
+    static Stores StoredContent() { return {StoreText("roaming"), StoreText("vault"), StoreText("local")}; }
 
     // Calls `check` for each run in which a call fails. A text that is made as an empty one would be
     // a text all the same: that is not done.

@@ -72,40 +72,13 @@ struct Scenario {
     bool texts_are_deadly = false;
 };
 
-// A host that tells what it is told.
-class LoggingHost final : public IDialHost {
-public:
-    explicit LoggingHost(std::string& seen) : seen_(seen) {}
-
-    void OnRotation(void*, const DialRotationInfo* info) override {
-        char text[96];
-        std::snprintf(text, sizeof text, "turned by %g, %s, tag %u, contact ", info->deltaDegrees,
-                      info->buttonPressed ? "pressed" : "not pressed", info->selectedItemTag);
-        seen_ += text + RectText(info->contact);
-        info->hapticRequest = haptic_request;
-    }
-    std::uint64_t GetWindowHandle() override {
-        seen_ += "asked for the window\n";
-        return kWindow;
-    }
-    void OnButtonClicked(void*, const DialContactRect* rect) override {
-        seen_ += "clicked, contact " + RectText(*rect);
-    }
-
-    const std::uint32_t* haptic_request = nullptr;
-
-private:
-    static std::string RectText(const DialContactRect& rect) {
-        char text[64];
-        std::snprintf(text, sizeof text, "%d %d %d %d\n", rect.left, rect.top, rect.right, rect.bottom);
-        return text;
-    }
-
-    std::string& seen_;
-};
-
 class Sweep : public UninitializedTest {
 protected:
+    Sweep() {
+        host.on_window_query = [this] { seen += "asked for the window\n"; };
+        host.on_rotation = [this](const DialRotationInfo& turn) { LogTurn(turn); };
+        host.on_click = [this](const DialContactRect& rect) { LogClick(rect); };
+    }
     void TearDown() override {
         ReportSweep(operations_.size(), calls_, std::size(kFaultKinds), runs_);
         UninitializedTest::TearDown();
@@ -140,9 +113,23 @@ protected:
     }
 
     std::string seen;
-    LoggingHost host{seen};
+    RecordingHost host{kWindow};
 
 private:
+    // What the host is told.
+    void LogTurn(const DialRotationInfo& turn) {
+        char text[96];
+        std::snprintf(text, sizeof text, "turned by %g, %s, tag %u, contact ", turn.deltaDegrees,
+                      turn.buttonPressed ? "pressed" : "not pressed", turn.selectedItemTag);
+        seen += text + RectText(turn.contact);
+    }
+    void LogClick(const DialContactRect& rect) { seen += "clicked, contact " + RectText(rect); }
+    static std::string RectText(const DialContactRect& rect) {
+        char text[64];
+        std::snprintf(text, sizeof text, "%d %d %d %d\n", rect.left, rect.top, rect.right, rect.bottom);
+        return text;
+    }
+
     // The calls that were made.
     std::vector<RecordedCall> RunOnce(const Scenario& scenario, const std::optional<Fault>& fault) {
         SCOPED_TRACE(fault ? fault->call + ", call " + std::to_string(fault->number) + ", " +

@@ -17,8 +17,6 @@
 
 namespace sweep {
 
-inline constexpr std::int32_t kInvalidArgument = static_cast<std::int32_t>(0x80070057);
-inline constexpr std::int32_t kTypeMismatch = static_cast<std::int32_t>(0x80028CA0);
 inline constexpr std::int32_t kSkipped = 1;  // S_FALSE
 
 inline std::string Hex(std::int32_t code) {

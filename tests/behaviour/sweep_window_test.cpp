@@ -35,23 +35,13 @@ Row SettingTheDefaultMenu() {
         .Answers(Answer::Bool);
 }
 
-std::vector<std::int32_t> SystemItems() {
-    std::vector<std::int32_t> kinds(16);
-    kinds.resize(dialsim_system_items(kWindow, kinds.data(), 16));
-    return kinds;
-}
-
 TEST_F(WindowSweep, OfTheDefaultMenu) {
     InjectEachFault(
         {.name = "set_default_menu",
          .table = SettingTheDefaultMenu(),
-         .act =
-             [this] {
-                 const std::int32_t kinds[] = {3, 2};
-                 LogResult(set_default_menu(kWindow, kinds, 2));
-             },
+         .act = [this] { LogResult(set_default_menu(kWindow, kTwoSystemItems, 2)); },
          .prepare = [this] { Listen(); },
-         .check = [](const ExpectedState& world) { EXPECT_EQ(SystemItems(), world.system_items); }});
+         .check = [](const ExpectedState& world) { EXPECT_EQ(SystemItemsOf(kWindow), world.system_items); }});
 }
 
 // --- selecting an item

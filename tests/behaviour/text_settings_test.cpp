@@ -141,9 +141,9 @@ TEST_F(TextSettings, ANewTextIsWrittenToAllThreePlacesInTurn) {
     EXPECT_EQ(SetText(UTF16("new")), 0);
     EXPECT_EQ(Calls(), ContainerLookup("Roaming") + kNewEntry + kSearchWithoutSuccess + kNewCredential +
                            ContainerLookup("Local") + kNewEntry);
-    EXPECT_EQ(Store("roaming"), StringEntry("new"));
-    EXPECT_EQ(Store("vault"), Credential("host", "new"));
-    EXPECT_EQ(Store("local"), StringEntry("new"));
+    EXPECT_EQ(StoreText("roaming"), StringEntry("new"));
+    EXPECT_EQ(StoreText("vault"), Credential("host", "new"));
+    EXPECT_EQ(StoreText("local"), StringEntry("new"));
     EXPECT_EQ(GetText(), UTF16("new"));
 }
 
@@ -156,9 +156,9 @@ TEST_F(TextSettings, AChangedTextIsRemovedAndWrittenAgainEverywhere) {
     EXPECT_EQ(Calls(), ContainerLookup("Roaming") + replacement + kSearchWithSuccess +
                            "IPasswordVault::Remove(host, key)\n" + kNewCredential + ContainerLookup("Local") +
                            replacement);
-    EXPECT_EQ(Store("roaming"), StringEntry("new"));
-    EXPECT_EQ(Store("vault"), Credential("host", "new"));
-    EXPECT_EQ(Store("local"), StringEntry("new"));
+    EXPECT_EQ(StoreText("roaming"), StringEntry("new"));
+    EXPECT_EQ(StoreText("vault"), Credential("host", "new"));
+    EXPECT_EQ(StoreText("local"), StringEntry("new"));
 }
 
 TEST_F(TextSettings, TheSameTextOnceMoreIsWrittenNowhere) {
@@ -177,7 +177,7 @@ TEST_F(TextSettings, OnlyThePlaceThatDiffersIsWritten) {
     EXPECT_EQ(SetText(UTF16("same")), 0);
     EXPECT_EQ(ContainerWrites(), 2u);
     EXPECT_EQ(VaultWrites(), 0u);
-    EXPECT_EQ(Store("local"), StringEntry("same"));
+    EXPECT_EQ(StoreText("local"), StringEntry("same"));
 }
 
 TEST_F(TextSettings, TextsThatDifferInCaseOrLengthAreDifferent) {
@@ -194,8 +194,8 @@ TEST_F(TextSettings, TextsThatDifferInCaseOrLengthAreDifferent) {
 
 TEST_F(TextSettings, WhatFollowsTheFirstNulIsNoPartOfAnyText) {
     EXPECT_EQ(set_string_in_storage(UTF16("host\0x"), UTF16("key\0x"), UTF16("text\0x")), 0);
-    EXPECT_EQ(Store("roaming"), StringEntry("text"));
-    EXPECT_EQ(Store("vault"), Credential("host", "text"));
+    EXPECT_EQ(StoreText("roaming"), StringEntry("text"));
+    EXPECT_EQ(StoreText("vault"), Credential("host", "text"));
     dialsim_clear_journal();
     EXPECT_EQ(set_string_in_storage(UTF16("host\0y"), UTF16("key\0y"), UTF16("text\0y")), 0);
     EXPECT_EQ(ContainerWrites() + VaultWrites(), 0u);
@@ -208,32 +208,32 @@ TEST_F(TextSettings, AnEntryOfAnotherKindIsOverwrittenWithoutBeingRemoved) {
         dialsim_clear_journal();
         EXPECT_EQ(SetText(UTF16("1")), 0);
         EXPECT_EQ(dialsim_calls(kRemoveEntry), 0u) << type;
-        EXPECT_EQ(Store("roaming"), StringEntry("1")) << type;
-        EXPECT_EQ(Store("local"), StringEntry("1")) << type;
+        EXPECT_EQ(StoreText("roaming"), StringEntry("1")) << type;
+        EXPECT_EQ(StoreText("local"), StringEntry("1")) << type;
     }
 }
 
 TEST_F(TextSettings, ACredentialOfAnotherResourceBlocksTheVault) {
     PutInVault("theirs", "other");
     EXPECT_EQ(SetText(UTF16("ours")), 0);
-    EXPECT_EQ(Store("vault"), Credential("other", "theirs"));
+    EXPECT_EQ(StoreText("vault"), Credential("other", "theirs"));
     EXPECT_EQ(VaultWrites(), 0u);
-    EXPECT_EQ(Store("roaming"), StringEntry("ours"));
-    EXPECT_EQ(Store("local"), StringEntry("ours"));
+    EXPECT_EQ(StoreText("roaming"), StringEntry("ours"));
+    EXPECT_EQ(StoreText("local"), StringEntry("ours"));
 }
 
 TEST_F(TextSettings, BesideACredentialOfAnotherResourceTheOwnOneChanges) {
     PutInVault("old");
     PutInVault("theirs", "other");
     EXPECT_EQ(SetText(UTF16("new")), 0);
-    EXPECT_EQ(Store("vault"), Credential("host", "new") + Credential("other", "theirs"));
+    EXPECT_EQ(StoreText("vault"), Credential("host", "new") + Credential("other", "theirs"));
 }
 
 TEST_F(TextSettings, AnEmptyTextIsKeptInTheContainersAlone) {
     EXPECT_EQ(SetText(UTF16("")), 0);
-    EXPECT_EQ(Store("roaming"), StringEntry(""));
-    EXPECT_EQ(Store("vault"), "");
-    EXPECT_EQ(Store("local"), StringEntry(""));
+    EXPECT_EQ(StoreText("roaming"), StringEntry(""));
+    EXPECT_EQ(StoreText("vault"), "");
+    EXPECT_EQ(StoreText("local"), StringEntry(""));
     EXPECT_EQ(GetText(), UTF16(""));
 }
 
@@ -241,7 +241,7 @@ TEST_F(TextSettings, AnEmptyTextIsKeptInTheContainersAlone) {
 TEST_F(TextSettings, AnEmptyTextRemovesTheOldCredential) {
     EXPECT_EQ(SetText(UTF16("old")), 0);
     EXPECT_EQ(SetText(UTF16("")), 0);
-    EXPECT_EQ(Store("vault"), "");
+    EXPECT_EQ(StoreText("vault"), "");
     EXPECT_EQ(GetText(), UTF16(""));
 }
 
@@ -271,7 +271,7 @@ TEST_F(TextSettings, ACredentialOfTheEmptyKeyIsRead) {
     stores.Write("vault.json", R"({"credentials": [{"resource": "host", "user": "", "password": "text"}]})");
     EXPECT_EQ(GetText(kResource, UTF16("")), UTF16("text"));
     EXPECT_EQ(set_string_in_storage(kResource, UTF16(""), UTF16("new")), 0);
-    EXPECT_EQ(Store("vault"), "") << "removed, and the new one is refused";
+    EXPECT_EQ(StoreText("vault"), "") << "removed, and the new one is refused";
 }
 
 TEST_F(TextSettings, WithoutAResourceACredentialOfAnotherResourceBlocksTheVaultToo) {
@@ -284,8 +284,8 @@ TEST_F(TextSettings, WithoutAResourceACredentialOfAnotherResourceBlocksTheVaultT
 TEST_F(TextSettings, WithoutAResourceTheVaultRefusesAndTheContainersKeep) {
     EXPECT_EQ(set_string_in_storage(UTF16(""), kKey, UTF16("text")), 0);
     EXPECT_EQ(dialsim_calls("ICredentialFactory::CreatePasswordCredential(, key)"), 1u);
-    EXPECT_EQ(Store("vault"), "");
-    EXPECT_EQ(Store("roaming"), StringEntry("text"));
+    EXPECT_EQ(StoreText("vault"), "");
+    EXPECT_EQ(StoreText("roaming"), StringEntry("text"));
     EXPECT_EQ(GetText(UTF16("")), UTF16("text"));
 }
 
@@ -389,12 +389,12 @@ TEST_F(TextSettings, ATextThatIsTooLongForTheContainersIsKeptInTheVault) {
     const WideText fitting(4096, 'x');
     const WideText longer(4097, 'x');
     EXPECT_EQ(SetText(fitting), 0);
-    EXPECT_NE(Store("roaming"), "");
-    EXPECT_NE(Store("local"), "");
+    EXPECT_NE(StoreText("roaming"), "");
+    EXPECT_NE(StoreText("local"), "");
     EXPECT_EQ(GetText(), fitting);
     EXPECT_EQ(SetText(longer), 0);
-    EXPECT_EQ(Store("roaming"), "") << "the old one was removed before";
-    EXPECT_EQ(Store("local"), "");
+    EXPECT_EQ(StoreText("roaming"), "") << "the old one was removed before";
+    EXPECT_EQ(StoreText("local"), "");
     EXPECT_EQ(GetText(), longer);
 }
 
@@ -450,9 +450,9 @@ TEST_F(TextSettings, ACredentialAmongFiveThousandOfOneKeyIsFound) {
 TEST_F(TextSettings, WithoutAnIdentityTheVaultAloneIsUsed) {
     dialsim_set_packaged(false);
     EXPECT_EQ(SetText(UTF16("text")), 0);
-    EXPECT_EQ(Store("roaming"), "");
-    EXPECT_EQ(Store("vault"), Credential("host", "text"));
-    EXPECT_EQ(Store("local"), "");
+    EXPECT_EQ(StoreText("roaming"), "");
+    EXPECT_EQ(StoreText("vault"), Credential("host", "text"));
+    EXPECT_EQ(StoreText("local"), "");
     EXPECT_EQ(GetText(), UTF16("text"));
     EXPECT_FALSE(GetText(kOtherResource).has_value());
 }
@@ -494,7 +494,7 @@ TEST_F(TextSettings, NothingIsCachedBetweenCalls) {
     dialsim_clear_journal();
     EXPECT_EQ(SetText(UTF16("text")), 0);
     EXPECT_EQ(ContainerWrites(), 2u);
-    EXPECT_EQ(Store("roaming"), StringEntry("text"));
+    EXPECT_EQ(StoreText("roaming"), StringEntry("text"));
 }
 
 // A store that cannot be read counts as a place that is not there.
@@ -514,7 +514,7 @@ TEST_P(DamagedStore, IsIgnoredByReadsAndWrites) {
     for (const char* store : {"roaming", "vault", "local"}) {
         const std::string intact =
             store == std::string("vault") ? Credential("host", "new") : StringEntry("new");
-        EXPECT_EQ(Store(store), store == std::string(GetParam()) ? "damaged\n" : intact) << store;
+        EXPECT_EQ(StoreText(store), store == std::string(GetParam()) ? "damaged\n" : intact) << store;
     }
 }
 

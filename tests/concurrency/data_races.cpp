@@ -10,28 +10,17 @@
 #include <thread>
 
 #include "simulator/dialsim.h"
+#include "support/constants.h"
 #include "support/menu_items.h"
 #include "support/pictures.h"
+#include "support/silent_host.h"
 
 namespace {
 
-constexpr std::uint64_t kWindow = 0x20316;
-constexpr std::uint64_t kOtherWindow = 0x20318;
 constexpr int kRounds = 20'000;
 
-class Host final : public IDialHost {
-public:
-    explicit Host(std::uint64_t window) : window_(window) {}
-    void OnRotation(void*, const DialRotationInfo*) override {}
-    std::uint64_t GetWindowHandle() override { return window_; }
-    void OnButtonClicked(void*, const DialContactRect*) override {}
-
-private:
-    const std::uint64_t window_;
-};
-
-Host host(kWindow);
-Host other_host(kOtherWindow);
+SilentHost host(kWindow);
+SilentHost other_host(kOtherWindow);
 const TemporaryFile picture("brindle-races.png", SmallPng());
 
 void RunConcurrently(const std::function<void()>& one, const std::function<void()>& other) {

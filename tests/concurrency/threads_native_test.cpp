@@ -19,7 +19,6 @@
 namespace brindle {
 namespace {
 
-constexpr std::uint64_t kOtherWindow = 0x20318;
 constexpr int kRounds = 100;
 constexpr int kFullWaits = 5;  // of 10,001 sleeps each
 
@@ -95,10 +94,9 @@ TEST_F(Threads, TheDialIsUsedWhileTheHostKeepsSettings) {
 
 TEST_F(Threads, TheDialIsUsedWhileTheHostSelectsItemsAndKeepsSystemEntries) {
     ASSERT_TRUE(SetMenu(kWindow, {KnownIcon(1), KnownIcon(2)}));
-    constexpr std::int32_t kinds[] = {3, 2};
-    WorkWhileTheDialIsUsed([&kinds] {
+    WorkWhileTheDialIsUsed([] {
         EXPECT_TRUE(set_current_custom_menu(kWindow, 2));
-        EXPECT_TRUE(set_default_menu(kWindow, kinds, 2));
+        EXPECT_TRUE(set_default_menu(kWindow, kTwoSystemItems, 2));
     });
 }
 

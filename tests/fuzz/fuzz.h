@@ -13,11 +13,11 @@
 #include <string>
 
 #include "simulator/dialsim.h"
+#include "support/constants.h"
 #include "support/dialsim_text.h"
+#include "support/utf16.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size);
-
-using WideText = std::basic_string<BrindleChar>;
 
 inline void Check(bool holds, const std::string& what) {
     if (!holds) {

@@ -14,14 +14,10 @@
 
 namespace {
 
-constexpr std::uint64_t kWindow = 0x20316;
-constexpr std::int32_t kOutOfBounds = static_cast<std::int32_t>(0x8000000B);
-
 constexpr const char* kIcons[] = {"Scroll", "Zoom",     "UndoRedo",     "Volume", "NextPreviousTrack",
                                   "Ruler",  "InkColor", "InkThickness", "PenType"};
 constexpr std::size_t kSystemItems = 5;
 
-constexpr std::uint64_t kModule = 1;
 // One more is not there.
 enum Resource : std::uint16_t { kPicture = 101, kEmpty = 102, kNoPicture = 103 };
 

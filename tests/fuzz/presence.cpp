@@ -8,13 +8,9 @@
 
 namespace {
 
-constexpr std::uint64_t kWindow = 0x20316;
 constexpr std::string_view kPrefix = R"(\\?\bthle#dev_bc838528f72a#)";
 constexpr char kDialClass[] = "{80795c47-03f0-446d-b1f2-e424b30db4da}";
 constexpr char kOtherClass[] = "{80795c47-03f0-446d-b1f2-e424b30db4db}";
-
-constexpr std::int32_t kFail = static_cast<std::int32_t>(0x80004005);
-constexpr std::int32_t kOutOfMemory = static_cast<std::int32_t>(0x8007000E);
 
 // Without any one of these the dial is not found.
 constexpr const char* kNeeded[] = {

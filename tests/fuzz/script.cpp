@@ -10,13 +10,10 @@
 #include "support/menu_items.h"
 #include "support/recording_host.h"
 #include "support/stores_folder.h"
-#include "support/utf16.h"
 
 namespace {
 
-constexpr std::uint64_t kWindow = 0x20316;
 constexpr std::size_t kLongest = 2000;
-constexpr char kContacts[] = "Windows.UI.Input.RadialControllerScreenContact";
 
 struct Turn {
     double degrees;

@@ -12,6 +12,7 @@
 #include "event_recorder.h"
 #include "platform/interfaces/devices.h"
 #include "recorded_dial.h"
+#include "support/recording_host.h"
 
 namespace brindle {
 namespace {
@@ -80,34 +81,31 @@ TEST_F(RecordedTimes, AreNoneWhereTheClockIsSetBack) {
     EXPECT_EQ(Body(Recording()), "hold\nwait 4294967295\nrelease\n");
 }
 
-// Writes down all that its window's listener tells, every bit of it, with the time since the session's start.
-class LoggingHost final : public IDialHost {
+// What hosts are told, every bit of it, with the time since the session's start.
+class EventLog {
 public:
-    LoggingHost(std::uint64_t window, const char* name, std::vector<std::string>& diary)
-        : window_(window), name_(name), diary_(diary) {}
+    void Record(RecordingHost& host, const char* name) {
+        host.on_rotation = [this, name](const DialRotationInfo& turn) {
+            Add(name, "turn", turn.contact, turn.deltaDegrees, turn.acceleration, turn.selectedItemTag,
+                turn.buttonPressed);
+        };
+        host.on_click = [this, name](const DialContactRect& rect) {
+            Add(name, "click", rect, 0.0, 0.0, 0, false);
+        };
+    }
 
-    std::uint64_t GetWindowHandle() override { return window_; }
-    void OnRotation(void*, const DialRotationInfo* turn) override {
-        Write("turn", turn->contact, turn->deltaDegrees, turn->acceleration, turn->selectedItemTag,
-              turn->buttonPressed);
-    }
-    void OnButtonClicked(void*, const DialContactRect* rect) override {
-        Write("click", *rect, 0.0, 0.0, 0, false);
-    }
+    std::vector<std::string> entries;
 
 private:
-    void Write(const char* event, const DialContactRect& rect, double degrees, double acceleration,
-               std::uint32_t item, bool pressed) {
+    void Add(const char* name, const char* event, const DialContactRect& rect, double degrees,
+             double acceleration, std::uint32_t item, bool pressed) {
         char entry[200];
-        std::snprintf(entry, sizeof entry, "%s at %llu: %s %a factor %a item %u %s (%d, %d, %d, %d)", name_,
+        std::snprintf(entry, sizeof entry, "%s at %llu: %s %a factor %a item %u %s (%d, %d, %d, %d)", name,
                       static_cast<unsigned long long>(dialsim_now() - start_), event, degrees, acceleration,
                       item, pressed ? "pressed" : "", rect.left, rect.top, rect.right, rect.bottom);
-        diary_.emplace_back(entry);
+        entries.emplace_back(entry);
     }
 
-    const std::uint64_t window_;
-    const char* const name_;
-    std::vector<std::string>& diary_;
     const std::uint64_t start_ = dialsim_now();
 };
 
@@ -163,9 +161,11 @@ private:
 template <class Act>
 std::vector<std::string> LogOf(std::uint64_t first_window, std::uint64_t second_window, Act act) {
     EXPECT_EQ(initialize(), 0);
-    std::vector<std::string> diary;
-    LoggingHost first(first_window, "first", diary);
-    LoggingHost second(second_window, "second", diary);
+    EventLog log;
+    RecordingHost first(first_window);
+    RecordingHost second(second_window);
+    log.Record(first, "first");
+    log.Record(second, "second");
     EXPECT_TRUE(init_dial_listener(&first));
     EXPECT_TRUE(init_dial_listener(&second));
     const MenuItemDescription items[] = {
@@ -178,7 +178,7 @@ std::vector<std::string> LogOf(std::uint64_t first_window, std::uint64_t second_
     act();
     uninit();
     dialsim_reset();  // a click on the screen keeps its contact
-    return diary;
+    return log.entries;
 }
 
 TEST_F(RecordedTimes, ReplaysRaiseTheSameEventsAtTheSameTimes) {

@@ -76,26 +76,21 @@ protected:
         return configuration;
     }
     static HRESULT Set(KindList& kinds) { return ConfigurationOf(kWindow)->SetDefaultMenuItems(&kinds); }
-    static std::vector<int> Shown(std::uint64_t window = kWindow) {
-        std::vector<std::int32_t> kinds(dialsim_system_items(window, nullptr, 0));
-        dialsim_system_items(window, kinds.data(), static_cast<std::uint32_t>(kinds.size()));
-        return {kinds.begin(), kinds.end()};
-    }
 
     const std::vector<int> all_ = {0, 1, 2, 3, 4};
 };
 
 TEST_F(SystemItems, AreAllThereAtTheStart) {
-    EXPECT_EQ(Shown(), all_);
-    EXPECT_EQ(Shown(0), all_);
+    EXPECT_EQ(SystemItemsOf(kWindow), all_);
+    EXPECT_EQ(SystemItemsOf(0), all_);
 }
 
 TEST_F(SystemItems, AreTheWindowsOwnAndStayInTheirOrder) {
     KindList kinds({3, 0, 3});
     EXPECT_EQ(Set(kinds), S_OK);
     EXPECT_EQ(kinds.references, 1u);
-    EXPECT_EQ(Shown(), (std::vector<int>{3, 0, 3}));
-    EXPECT_EQ(Shown(kWindow + 1), all_);
+    EXPECT_EQ(SystemItemsOf(kWindow), (std::vector<int>{3, 0, 3}));
+    EXPECT_EQ(SystemItemsOf(kWindow + 1), all_);
     EXPECT_EQ(FirstLine(MenuText(kWindow)), "system items: Volume, Scroll, Volume");
     std::int32_t two[] = {-1, -1};
     EXPECT_EQ(dialsim_system_items(kWindow, two, 1), 3u);
@@ -108,7 +103,7 @@ TEST_F(SystemItems, MayBeNone) {
     EXPECT_EQ(Set(kinds), S_OK);
     EXPECT_EQ(FirstLine(MenuText(kWindow)), "system items: none");
     EXPECT_EQ(ConfigurationOf(kWindow)->ResetToDefaultMenuItems(), S_OK);
-    EXPECT_EQ(Shown(), all_);
+    EXPECT_EQ(SystemItemsOf(kWindow), all_);
 }
 
 TEST_F(SystemItems, ThatDoNotExistAreRefused) {
@@ -117,7 +112,7 @@ TEST_F(SystemItems, ThatDoNotExistAreRefused) {
     EXPECT_EQ(dialsim_calls("system items(0, 7)"), 1u);
     KindList negative({-1});
     EXPECT_EQ(Set(negative), E_INVALIDARG);
-    EXPECT_EQ(Shown(), all_);
+    EXPECT_EQ(SystemItemsOf(kWindow), all_);
 }
 
 TEST_F(SystemItems, OfABrokenSequenceAreNotTaken) {
@@ -128,7 +123,7 @@ TEST_F(SystemItems, OfABrokenSequenceAreNotTaken) {
     KindList empty_handed({0});
     empty_handed.gives_iterator = false;
     EXPECT_EQ(Set(empty_handed), Code(0x8000FFFF));
-    EXPECT_EQ(Shown(), all_);
+    EXPECT_EQ(SystemItemsOf(kWindow), all_);
 }
 
 TEST_F(SystemItems, CanBeSelectedWhileTheyAreThere) {
@@ -170,7 +165,7 @@ TEST_F(SystemItems, TheirSequenceMayBeKeptAndUsedOnceMore) {
     EXPECT_EQ(Set(kinds), S_OK);
     dialsim_reset();
     EXPECT_EQ(kinds.references, 1u);
-    EXPECT_EQ(Shown(), all_);
+    EXPECT_EQ(SystemItemsOf(kWindow), all_);
 }
 
 }  // namespace

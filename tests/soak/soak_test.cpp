@@ -26,27 +26,12 @@ extern "C" [[gnu::weak]] std::size_t __sanitizer_get_current_allocated_bytes();
 #endif
 
 #include "simulator/dialsim.h"
+#include "support/constants.h"
+#include "support/silent_host.h"
 #include "support/stores_folder.h"
 #include "support/utf16.h"
 
 namespace {
-
-constexpr std::uint64_t kWindow = 7;
-
-class SilentHost final : public IDialHost {
-public:
-    void OnRotation(void*, const DialRotationInfo* info) override {
-        ++events;
-        info->hapticRequest = &kHapticRequest;
-    }
-    std::uint64_t GetWindowHandle() override { return kWindow; }
-    void OnButtonClicked(void*, const DialContactRect*) override { ++events; }
-
-    std::uint64_t events = 0;
-
-private:
-    static constexpr std::uint32_t kHapticRequest = 1;
-};
 
 // What the process holds.
 struct ResourceUsage {
@@ -191,7 +176,7 @@ void RunOnce(SilentHost& host) {
 }
 
 void Write(std::uint64_t i) {
-    const std::basic_string<BrindleChar> text(100, static_cast<BrindleChar>('a' + i % 26));
+    const WideText text(100, static_cast<BrindleChar>('a' + i % 26));
     set_string_in_storage(UTF16("long run"), UTF16("text"), text.c_str());
     set_int_in_storage(UTF16("long run"), UTF16("number"), static_cast<std::int32_t>(i));
     std::free(get_string_from_storage(UTF16("long run"), UTF16("text")));
@@ -206,7 +191,9 @@ int main(int argc, char** argv) {
     }
     const StoresFolder stores;
     dialsim_async(DIALSIM_AT_ONCE);
-    SilentHost host;
+    SilentHost host(kWindow);
+    constexpr std::uint32_t kBuzz = 1;
+    host.haptic_request = &kBuzz;
     bool flat =
         StaysFlat("cycles", std::strtoull(argv[1], nullptr, 10), [&](std::uint64_t) { RunOnce(host); });
 

@@ -1,4 +1,4 @@
-// The simulator's texts as strings.
+// What the simulator shows, as strings and vectors.
 #pragma once
 
 #include <cstdint>
@@ -32,6 +32,13 @@ inline std::string MenuText(std::uint64_t window) {
     dialsim_menu(window, text.data(), text.size());
     text.pop_back();  // the terminator
     return text;
+}
+
+// The kinds of the system's items that the window's menu has.
+inline std::vector<std::int32_t> SystemItemsOf(std::uint64_t window) {
+    std::vector<std::int32_t> kinds(dialsim_system_items(window, nullptr, 0));
+    dialsim_system_items(window, kinds.data(), static_cast<std::uint32_t>(kinds.size()));
+    return kinds;
 }
 
 // The bytes of the store's file; nothing without a file.

@@ -59,3 +59,7 @@ inline MenuItemDescription WithHaptics(MenuItemDescription item) {
 inline bool SetMenu(std::uint64_t window, const std::vector<MenuItemDescription>& items) {
     return add_custom_menu(window, items.data(), static_cast<std::uint32_t>(items.size()));
 }
+
+inline bool SetSystemItems(std::uint64_t window, const std::vector<std::int32_t>& kinds) {
+    return set_default_menu(window, kinds.data(), static_cast<std::uint32_t>(kinds.size()));
+}

@@ -15,6 +15,8 @@
 #endif
 
 #include "simulator/dialsim.h"
+#include "support/constants.h"
+#include "support/utf16.h"
 
 // A picture of 2 by 3 pixels: enough of a PNG for its size to be read.
 inline const std::vector<std::uint8_t>& SmallPng() {
@@ -56,7 +58,7 @@ private:
     }
 
     std::string path_;
-    std::basic_string<BrindleChar> wide_;
+    WideText wide_;
 };
 
 // A module with a picture of 2 by 3 pixels under this identifier; on Windows it has those of pictures.rc.
@@ -65,8 +67,8 @@ inline std::uint64_t ModuleWithPng([[maybe_unused]] std::uint16_t resource = kPn
 #ifdef _WIN32
     return reinterpret_cast<std::uint64_t>(GetModuleHandleA(nullptr));
 #else
-    dialsim_add_resource(1, resource, "PNG", SmallPng().data(),
+    dialsim_add_resource(kModule, resource, "PNG", SmallPng().data(),
                          static_cast<std::uint32_t>(SmallPng().size()));
-    return 1;
+    return kModule;
 #endif
 }

@@ -1,9 +1,11 @@
-// A host that writes down what it is told.
+// A host that records what it is told, and does in its callbacks what a test asks for.
 #pragma once
 
 #include <brindle.h>
 
 #include <cstdint>
+#include <functional>
+#include <utility>
 #include <vector>
 
 class RecordingHost final : public IDialHost {
@@ -16,14 +18,17 @@ public:
         senders.push_back(sender);
         rotations.push_back(*info);
         info->hapticRequest = haptic_request;
+        on_rotation(*info);
     }
     std::uint64_t GetWindowHandle() override {
         const std::size_t asked = times_asked++;
+        on_window_query();
         return handles_[asked < handles_.size() ? asked : handles_.size() - 1];
     }
     void OnButtonClicked(void* sender, const DialContactRect* rect) override {
         senders.push_back(sender);
         clicks.push_back(*rect);
+        on_click(*rect);
     }
 
     const DialRotationInfo& LastRotation() const { return rotations.at(rotations.size() - 1); }
@@ -34,6 +39,10 @@ public:
     std::vector<void*> senders;
     std::size_t times_asked = 0;
     const std::uint32_t* haptic_request = nullptr;  // the answer to the next rotations
+
+    std::function<void(const DialRotationInfo&)> on_rotation = [](const DialRotationInfo&) {};
+    std::function<void(const DialContactRect&)> on_click = [](const DialContactRect&) {};
+    std::function<void()> on_window_query = [] {};
 
 private:
     std::vector<std::uint64_t> handles_;

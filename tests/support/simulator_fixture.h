@@ -8,6 +8,7 @@
 
 #include "platform/functions.h"
 #include "simulator/dialsim.h"
+#include "support/constants.h"
 #include "support/dialsim_text.h"
 #include "support/utf16.h"
 #ifndef _WIN32
@@ -15,11 +16,6 @@
 #endif
 
 namespace brindle {
-
-using WideText = std::basic_string<WCHAR>;
-
-inline constexpr std::uint64_t kWindow = 0x20316;
-inline constexpr char kControllers[] = "Windows.UI.Input.RadialController";
 
 constexpr HRESULT Code(std::uint32_t code) { return static_cast<HRESULT>(code); }
 inline constexpr HRESULT kFault = Code(0x80000001);

@@ -1,8 +1,14 @@
-// Literals as a host writes its texts.
+// Texts as a host writes them.
 #pragma once
+
+#include <brindle.h>
+
+#include <string>
 
 #ifdef _WIN32
 #define UTF16(literal) L##literal
 #else
 #define UTF16(literal) u##literal
 #endif
+
+using WideText = std::basic_string<BrindleChar>;

@@ -11,10 +11,11 @@
 
 #include "brindle.h"
 #include "menu/kind_sequence.h"
+#include "support/menu_items.h"
+#include "support/pictures.h"
+#include "support/silent_host.h"
 #include "support/simulator_fixture.h"
-#include "tests/support/menu_items.h"
-#include "tests/support/pictures.h"
-#include "tests/support/stores_folder.h"
+#include "support/stores_folder.h"
 
 namespace {
 
@@ -64,17 +65,6 @@ namespace {
 // Longer than what a string holds without allocating.
 constexpr char16_t kLabel[] = u"a label that does not fit into a string object";
 
-// Allocates nothing itself.
-class SilentHost final : public IDialHost {
-public:
-    void OnRotation(void*, const DialRotationInfo* info) override {
-        static const std::uint32_t buzz = 1;
-        info->hapticRequest = &buzz;
-    }
-    std::uint64_t GetWindowHandle() override { return kWindow; }
-    void OnButtonClicked(void*, const DialContactRect*) override {}
-};
-
 // A call of the library's, and what becomes of it when its first, second, third ... allocation fails.
 struct Case {
     const char* name;
@@ -94,6 +84,11 @@ std::vector<std::string> Always(const char* outcome, std::size_t times) {
 
 class AllocationFailures : public SimulatorTest {
 protected:
+    AllocationFailures() {
+        static const std::uint32_t buzz = 1;
+        host_.haptic_request = &buzz;
+    }
+
     void Try(const Case& tried) {
         SCOPED_TRACE(tried.name);
         const Run undisturbed = Act(tried, {});
@@ -135,7 +130,7 @@ protected:
     }
 
     const TemporaryFile file_{"brindle-allocation.png", SmallPng()};
-    SilentHost host_;
+    SilentHost host_{kWindow};
 
 private:
     struct Run {
@@ -219,9 +214,8 @@ TEST_F(AllocationFailures, OfOpeningAPictureFile) {
 // The sequence's iterator is made while the platform reads it, and its failure comes back through the
 // platform.
 TEST_F(AllocationFailures, OfTheDefaultMenu) {
-    static const std::int32_t kinds[] = {3, 2};
     Try({"set_default_menu", [this] { Listen(); },
-         [] { return std::int32_t{set_default_menu(kWindow, kinds, 2)}; }, Always(kRaised, 3)});
+         [] { return std::int32_t{set_default_menu(kWindow, kTwoSystemItems, 2)}; }, Always(kRaised, 3)});
 }
 
 TEST_F(AllocationFailures, OfLookingForTheDial) {

@@ -5,6 +5,8 @@
 #include <limits>
 #include <string>
 
+#include "support/utf16.h"
+
 namespace brindle {
 namespace {
 
@@ -15,7 +17,7 @@ TEST(ContactLine, HasThePositionFirstAndHeightBeforeWidth) {
         "Y=-4.250000\n");
     EXPECT_EQ(FormatContactLine(line, kWideLineCharacters, {1.5F, 2.0F}, {3.0F, -4.25F, 5.0F, 6.0F}),
               static_cast<int>(expected.size() - 1));
-    EXPECT_EQ(std::basic_string<WCHAR>(line), expected.data());
+    EXPECT_EQ(WideText(line), expected.data());
 }
 
 TEST(ContactLine, HasRoomForTheLargestNumbers) {
@@ -23,9 +25,8 @@ TEST(ContactLine, HasRoomForTheLargestNumbers) {
     WCHAR line[kWideLineCharacters];
     EXPECT_EQ(FormatContactLine(line, kWideLineCharacters, {-kLargest, 1e9F}, {0.0F, 1e30F, kLargest, -1e7F}),
               226);
-    EXPECT_NE(std::basic_string<WCHAR>(line).find(
-                  Wide("Width=340282346638528859811704183484516925440.000000").data()),
-              std::basic_string<WCHAR>::npos);
+    EXPECT_NE(WideText(line).find(Wide("Width=340282346638528859811704183484516925440.000000").data()),
+              WideText::npos);
 }
 
 }  // namespace

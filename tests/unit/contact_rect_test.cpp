@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <limits>
 
-#include "tests/support/recording_host.h"
+#include "support/recording_host.h"
 
 namespace brindle {
 namespace {

@@ -8,9 +8,9 @@
 #include "platform/activation.h"
 #include "platform/interfaces/property_value.h"
 #include "platform/text.h"
+#include "support/inside_call.h"
+#include "support/recording_host.h"
 #include "support/simulator_fixture.h"
-#include "tests/support/inside_call.h"
-#include "tests/support/recording_host.h"
 
 namespace brindle {
 

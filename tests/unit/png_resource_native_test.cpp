@@ -23,7 +23,7 @@ protected:
         for (std::uint32_t i = 0; i < GetParam(); ++i) {
             bytes_.push_back(static_cast<std::uint8_t>(i * 167 + i / 251));  // no period of a power of two
         }
-        dialsim_add_resource(1, kPngResource, "PNG", bytes_.data(), GetParam());
+        dialsim_add_resource(kModule, kPngResource, "PNG", bytes_.data(), GetParam());
     }
     static HRESULT Load(ComPtr<abi::IStream>& stream, GlobalBlock& block) {
         return LoadPngResourceStream(reinterpret_cast<HMODULE>(1), kPngResource, &stream, block);

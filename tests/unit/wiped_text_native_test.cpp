@@ -11,7 +11,7 @@
 #include "platform/text.h"
 #include "storage/host_text.h"
 #include "support/simulator_fixture.h"
-#include "tests/support/stores_folder.h"
+#include "support/stores_folder.h"
 
 namespace {
 
