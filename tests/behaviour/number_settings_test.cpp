@@ -6,7 +6,7 @@ namespace {
 
 using NumberSettings = Settings;
 
-constexpr char kNewEntry[] =
+constexpr char kNewNumber[] =
     "RoGetActivationFactory(Windows.Foundation.PropertyValue)\n"
     "IPropertyValueStatics::CreateInt32()\n"
     "IMap<String, Object>::Insert(key)\n";
@@ -174,7 +174,7 @@ TEST_F(NumberSettings, AnEmptyTextThatWasSetIsNoNumberAnywhere) {
 
 TEST_F(NumberSettings, ANewNumberIsWrittenToBothContainersInTurn) {
     EXPECT_EQ(SetNumber(7), 0);
-    EXPECT_EQ(Calls(), ContainerLookup("Roaming") + kNewEntry + ContainerLookup("Local") + kNewEntry);
+    EXPECT_EQ(Calls(), ContainerLookup("Roaming") + kNewNumber + ContainerLookup("Local") + kNewNumber);
     EXPECT_EQ(StoreText("roaming"), NumberEntry(7));
     EXPECT_EQ(StoreText("vault"), "");
     EXPECT_EQ(StoreText("local"), NumberEntry(7));
@@ -195,7 +195,7 @@ TEST_F(NumberSettings, AChangedNumberIsRemovedAndWrittenAgain) {
     dialsim_clear_journal();
     EXPECT_EQ(SetNumber(8), 0);
     const std::string replacement =
-        "IPropertyValue::GetInt32()\nIMap<String, Object>::Remove(key)\n" + std::string(kNewEntry);
+        "IPropertyValue::GetInt32()\nIMap<String, Object>::Remove(key)\n" + std::string(kNewNumber);
     EXPECT_EQ(Calls(), ContainerLookup("Roaming") + replacement + ContainerLookup("Local") + replacement);
     EXPECT_EQ(StoreText("roaming"), NumberEntry(8));
     EXPECT_EQ(StoreText("local"), NumberEntry(8));

@@ -27,7 +27,7 @@ constexpr char kFindAll[] = "IDeviceInformationStatics::FindAllAsyncAqsFilter";
 constexpr char kAttach[] = "IAsyncOperation<DeviceInformationCollection>::put_Completed";
 constexpr char kGetResults[] = "IAsyncOperation<DeviceInformationCollection>::GetResults";
 constexpr char kSize[] = "IVectorView<DeviceInformation>::get_Size";
-constexpr char kGetAt[] = "IVectorView<DeviceInformation>::GetAt";
+constexpr char kGetDevice[] = "IVectorView<DeviceInformation>::GetAt";
 constexpr char kId[] = "IDeviceInformation::get_Id";
 
 std::string MakingOf(const char* text) { return "WindowsCreateString(" + std::string(text) + ")"; }
@@ -110,14 +110,14 @@ TEST_F(Presence, ThePrefixIsCreatedForEachEntryBeforeItsIdIsRead) {
 TEST_F(Presence, WithoutADeviceThereIsNoDialAndNoWait) {
     dialsim_remove_devices();
     EXPECT_FALSE(is_dial_present(kWindow));
-    EXPECT_EQ(dialsim_calls(kGetAt), 0u);
+    EXPECT_EQ(dialsim_calls(kGetDevice), 0u);
     EXPECT_EQ(Sleeps(), 0u);
 }
 
 TEST_F(Presence, EntriesWithoutAnObjectAreNoDial) {
     ThereAreOnly({nullptr, nullptr});
     EXPECT_FALSE(is_dial_present(kWindow));
-    EXPECT_EQ(dialsim_calls(kGetAt), 2u);
+    EXPECT_EQ(dialsim_calls(kGetDevice), 2u);
     EXPECT_EQ(dialsim_calls(kId), 0u);
     EXPECT_EQ(Sleeps(), 0u);
 }
@@ -175,15 +175,15 @@ TEST_F(Presence, TheFirstMatchEndsTheScan) {
     const std::string second = kPrefix + std::string("2");
     ThereAreOnly({first.c_str(), second.c_str()});
     EXPECT_TRUE(is_dial_present(kWindow));
-    EXPECT_EQ(dialsim_calls((std::string(kGetAt) + "(0)").c_str()), 1u);
-    EXPECT_EQ(dialsim_calls(kGetAt), 1u);
+    EXPECT_EQ(dialsim_calls((std::string(kGetDevice) + "(0)").c_str()), 1u);
+    EXPECT_EQ(dialsim_calls(kGetDevice), 1u);
 }
 
 TEST_F(Presence, TheScanSkipsNullEntriesAndOtherDevices) {
     ThereAreOnly({nullptr, "USB#1", nullptr, kPrefix, "USB#2"});
     EXPECT_TRUE(is_dial_present(kWindow));
-    EXPECT_EQ(dialsim_calls(kGetAt), 4u);
-    EXPECT_EQ(dialsim_calls((std::string(kGetAt) + "(4)").c_str()), 0u);
+    EXPECT_EQ(dialsim_calls(kGetDevice), 4u);
+    EXPECT_EQ(dialsim_calls((std::string(kGetDevice) + "(4)").c_str()), 0u);
     EXPECT_EQ(dialsim_calls(kId), 2u);
 }
 
@@ -202,7 +202,7 @@ TEST_P(PlaceOfTheDial, AmongFiveThousandDevicesIsFound) {
         dialsim_add_device(i == GetParam() ? kPrefix : i % 2 == 0 ? "USB#1" : nullptr, nullptr, true);
     }
     EXPECT_TRUE(is_dial_present(kWindow));
-    EXPECT_EQ(dialsim_calls(kGetAt), GetParam() + 1);
+    EXPECT_EQ(dialsim_calls(kGetDevice), GetParam() + 1);
     EXPECT_EQ(Sleeps(), 0u);
 }
 
@@ -214,7 +214,7 @@ TEST_F(Presence, FiveThousandOtherDevicesAreNoDial) {
         dialsim_add_device("USB#1", nullptr, true);
     }
     EXPECT_FALSE(is_dial_present(kWindow));
-    EXPECT_EQ(dialsim_calls(kGetAt), kVeryMany);
+    EXPECT_EQ(dialsim_calls(kGetDevice), kVeryMany);
     EXPECT_EQ(Sleeps(), 0u);
 }
 
@@ -544,13 +544,13 @@ TEST_P(ScanningStep, ThatFailedDoesNotMatterToTheNextCall) {
 INSTANTIATE_TEST_SUITE_P(All, ScanningStep,
                          testing::Values(QueryStep{"GettingTheResults", kGetResults},
                                          QueryStep{"ReadingTheSize", kSize},
-                                         QueryStep{"GettingAnEntry", kGetAt},
+                                         QueryStep{"GettingAnEntry", kGetDevice},
                                          QueryStep{"MakingThePrefix", MakingOf(kPrefix)},
                                          QueryStep{"ReadingTheId", kId}),
                          kNameOfStep);
 
 TEST_F(Presence, WhatTheScanGetsAsNothingIsNoDialAndEndsTheWait) {
-    for (const char* operation : {kGetResults, kSize, kGetAt, kId}) {
+    for (const char* operation : {kGetResults, kSize, kGetDevice, kId}) {
         ASSERT_TRUE(dialsim_yield_null(operation, 1, 1)) << operation;
         EXPECT_FALSE(is_dial_present(kWindow)) << operation;
         EXPECT_EQ(Sleeps(), 0u) << operation;
@@ -559,7 +559,7 @@ TEST_F(Presence, WhatTheScanGetsAsNothingIsNoDialAndEndsTheWait) {
 }
 
 TEST_F(Presence, AFailureBehindOtherDevicesIsAFailureToo) {
-    for (const char* operation : {kGetAt, kId}) {
+    for (const char* operation : {kGetDevice, kId}) {
         ThereAreOnly({"USB#1", kPrefix});
         dialsim_clear_journal();
         ASSERT_TRUE(dialsim_fail(operation, kFail, 2, 1)) << operation;
@@ -570,7 +570,7 @@ TEST_F(Presence, AFailureBehindOtherDevicesIsAFailureToo) {
 
 TEST_F(Presence, AFailureBehindTheDialIsNeverMet) {
     ThereAreOnly({kPrefix, "USB#1"});
-    ASSERT_TRUE(dialsim_fail(kGetAt, kFail, 2, 1));
+    ASSERT_TRUE(dialsim_fail(kGetDevice, kFail, 2, 1));
     EXPECT_TRUE(is_dial_present(kWindow));
 }
 

@@ -10,6 +10,7 @@
 #include "settings.h"
 #include "sweep_summary.h"
 
+namespace settings_sweep {
 namespace {
 
 // In the order in which the functions visit them.
@@ -443,3 +444,4 @@ TEST_F(ReadingSweep, OfANumberYieldsWhatTheRemainingPlacesHold) {
 }
 
 }  // namespace
+}  // namespace settings_sweep

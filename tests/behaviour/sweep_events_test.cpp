@@ -3,9 +3,8 @@
 #include "support/menu_items.h"
 #include "sweep.h"
 
+namespace sweep {
 namespace {
-
-using namespace sweep;
 
 // --- starting and registering
 
@@ -194,3 +193,4 @@ TEST_F(EventSweep, OfContactsAndControl) {
 }
 
 }  // namespace
+}  // namespace sweep

@@ -4,9 +4,8 @@
 #include "support/pictures.h"
 #include "sweep.h"
 
+namespace sweep {
 namespace {
-
-using namespace sweep;
 
 constexpr char kReferences[] = "Windows.Storage.Streams.RandomAccessStreamReference";
 
@@ -270,3 +269,4 @@ TEST_F(MenuSweep, OfAllSourcesAtOnce) {
 }
 
 }  // namespace
+}  // namespace sweep

@@ -3,9 +3,8 @@
 #include "support/menu_items.h"
 #include "sweep.h"
 
+namespace sweep {
 namespace {
-
-using namespace sweep;
 
 class WindowSweep : public Sweep {
 protected:
@@ -219,3 +218,4 @@ TEST_F(PresenceSweep, OfAnotherDevice) {
 TEST_F(PresenceSweep, OfNoDevice) { SweepPresence("no device", {}, {}); }
 
 }  // namespace
+}  // namespace sweep

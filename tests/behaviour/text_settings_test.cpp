@@ -24,7 +24,7 @@ constexpr char kNewCredential[] =
     "RoGetActivationFactory(Windows.Security.Credentials.PasswordCredential)\n"
     "ICredentialFactory::CreatePasswordCredential(host, key)\n"
     "IPasswordVault::Add(host, key)\n";
-constexpr char kNewEntry[] =
+constexpr char kNewText[] =
     "RoGetActivationFactory(Windows.Foundation.PropertyValue)\n"
     "IPropertyValueStatics::CreateString()\n"
     "IMap<String, Object>::Insert(key)\n";
@@ -139,8 +139,8 @@ TEST_F(TextSettings, AnEmptyTextIsABufferOfItsEndAlone) {
 
 TEST_F(TextSettings, ANewTextIsWrittenToAllThreePlacesInTurn) {
     EXPECT_EQ(SetText(UTF16("new")), 0);
-    EXPECT_EQ(Calls(), ContainerLookup("Roaming") + kNewEntry + kSearchWithoutSuccess + kNewCredential +
-                           ContainerLookup("Local") + kNewEntry);
+    EXPECT_EQ(Calls(), ContainerLookup("Roaming") + kNewText + kSearchWithoutSuccess + kNewCredential +
+                           ContainerLookup("Local") + kNewText);
     EXPECT_EQ(StoreText("roaming"), StringEntry("new"));
     EXPECT_EQ(StoreText("vault"), Credential("host", "new"));
     EXPECT_EQ(StoreText("local"), StringEntry("new"));
@@ -152,7 +152,7 @@ TEST_F(TextSettings, AChangedTextIsRemovedAndWrittenAgainEverywhere) {
     dialsim_clear_journal();
     EXPECT_EQ(SetText(UTF16("new")), 0);
     const std::string replacement =
-        "IPropertyValue::GetString()\nIMap<String, Object>::Remove(key)\n" + std::string(kNewEntry);
+        "IPropertyValue::GetString()\nIMap<String, Object>::Remove(key)\n" + std::string(kNewText);
     EXPECT_EQ(Calls(), ContainerLookup("Roaming") + replacement + kSearchWithSuccess +
                            "IPasswordVault::Remove(host, key)\n" + kNewCredential + ContainerLookup("Local") +
                            replacement);

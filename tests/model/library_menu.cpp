@@ -5,8 +5,6 @@ namespace model {
 
 namespace {
 
-constexpr char kItem[] = "Windows.UI.Input.RadialControllerMenuItem";
-
 enum Kind { kFilePng, kResourcePng, kKnownIcon, kSystemFont, kCustomFont };
 
 }  // namespace

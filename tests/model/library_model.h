@@ -8,6 +8,8 @@
 
 namespace model {
 
+inline constexpr char kItem[] = "Windows.UI.Input.RadialControllerMenuItem";
+
 // A platform string that an entry owns.
 struct Label {
     Label(Platform& on, WideText of);

@@ -5,7 +5,6 @@ namespace model {
 
 namespace {
 
-constexpr char kItem[] = "Windows.UI.Input.RadialControllerMenuItem";
 constexpr char kReferences[] = "Windows.Storage.Streams.RandomAccessStreamReference";
 constexpr char kStatics[] = "IRadialControllerMenuItemStatics";
 constexpr char kStatics2[] = "IRadialControllerMenuItemStatics2";

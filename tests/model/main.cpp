@@ -55,7 +55,7 @@ bool Parse(int count, char** words, Options& options) {
 }
 
 bool Play(const std::string& name, const Sequence& sequence, const Files& files, const Options& options) {
-    const std::string difference = Run(sequence, files);
+    const std::string difference = model::Run(sequence, files);
     if (difference.empty()) {
         return true;
     }
@@ -66,7 +66,7 @@ bool Play(const std::string& name, const Sequence& sequence, const Files& files,
     } else if (options.reduce) {
         const Sequence reduced = Reduce(sequence, files);
         std::printf("reduced, for tests/model/regression_test.cpp:\n        {\"%s\",\n    {\n%s    }},\n%s",
-                    name.c_str(), CodeOf(reduced).c_str(), Run(reduced, files).c_str());
+                    name.c_str(), CodeOf(reduced).c_str(), model::Run(reduced, files).c_str());
     }
     return false;
 }

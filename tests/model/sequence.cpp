@@ -21,14 +21,14 @@ Operation Placed(Act act, std::uint64_t window, float x, float y, float width, f
     return operation;
 }
 
-Operation Setting(Act act, WideText resource, WideText key) {
+Operation SettingOf(Act act, WideText resource, WideText key) {
     Operation operation = At(act);
     operation.resource = std::move(resource);
     operation.key = std::move(key);
     return operation;
 }
 
-Operation Device(std::string id, std::string device_class, bool enabled) {
+Operation DeviceOf(std::string id, std::string device_class, bool enabled) {
     Operation operation = At(Act::AddDevice);
     operation.text = std::move(id);
     operation.text2 = std::move(device_class);
@@ -149,20 +149,20 @@ Operation NullDefaultMenu(std::uint64_t window, std::uint64_t count) {
 Operation Select(std::uint64_t window, std::uint64_t id) { return At(Act::Select, window, id); }
 Operation Present(std::uint64_t window) { return At(Act::Present, window); }
 Operation SetText(WideText resource, WideText key, WideText value) {
-    Operation operation = Setting(Act::SetText, std::move(resource), std::move(key));
+    Operation operation = SettingOf(Act::SetText, std::move(resource), std::move(key));
     operation.value = std::move(value);
     return operation;
 }
 Operation GetText(WideText resource, WideText key) {
-    return Setting(Act::GetText, std::move(resource), std::move(key));
+    return SettingOf(Act::GetText, std::move(resource), std::move(key));
 }
 Operation SetNumber(WideText resource, WideText key, Code value) {
-    Operation operation = Setting(Act::SetNumber, std::move(resource), std::move(key));
+    Operation operation = SettingOf(Act::SetNumber, std::move(resource), std::move(key));
     operation.code = value;
     return operation;
 }
 Operation GetNumber(WideText resource, WideText key) {
-    return Setting(Act::GetNumber, std::move(resource), std::move(key));
+    return SettingOf(Act::GetNumber, std::move(resource), std::move(key));
 }
 Operation Turn(std::uint64_t window, double degrees) {
     Operation operation = At(Act::Turn, window);
@@ -213,15 +213,15 @@ Operation Async(bool held) {
     return operation;
 }
 Operation AddDevice(std::string id, bool enabled, std::uint32_t times) {
-    Operation operation = Device(std::move(id), "", enabled);
+    Operation operation = DeviceOf(std::move(id), "", enabled);
     operation.times = times;
     return operation;
 }
 Operation AddOtherDevice(std::string id) {
-    return Device(std::move(id), "{00000000-0000-0000-0000-000000000000}", true);
+    return DeviceOf(std::move(id), "{00000000-0000-0000-0000-000000000000}", true);
 }
 Operation AddNullDevice() {
-    Operation operation = Device("", "", true);
+    Operation operation = DeviceOf("", "", true);
     operation.null_list = true;
     return operation;
 }
@@ -237,14 +237,14 @@ Operation Packaged(bool packaged) {
     return operation;
 }
 Operation PutSetting(std::string store, std::string key, std::string type, std::string value) {
-    Operation operation = Device(std::move(key), std::move(type), false);
+    Operation operation = DeviceOf(std::move(key), std::move(type), false);
     operation.act = Act::PutSetting;
     operation.text3 = std::move(value);
     operation.number = store == "local";
     return operation;
 }
 Operation PutCredential(std::string resource, std::string user, std::string password) {
-    Operation operation = Device(std::move(resource), std::move(user), false);
+    Operation operation = DeviceOf(std::move(resource), std::move(user), false);
     operation.act = Act::PutCredential;
     operation.text3 = std::move(password);
     return operation;

@@ -7,6 +7,7 @@
 
 #include "changing_text.h"
 #include "support/child_process.h"
+#include "support/sanitized.h"
 #include "support/simulator_fixture.h"
 #include "support/stores_folder.h"
 
@@ -15,10 +16,11 @@ namespace {
 
 using Moment = std::chrono::steady_clock::time_point;
 
+// Under Wine a process takes a while to start, under a sanitizer a change takes a while.
 #ifdef _WIN32
 constexpr int kKillsEach = 3;
 #else
-constexpr int kKillsEach = 20;
+constexpr int kKillsEach = kSanitized ? 4 : 20;
 #endif
 
 // A store, what it is called where, and what its lines begin with.
