@@ -40,7 +40,7 @@ public:
         } catch (const std::exception& error) {
             return {S_OK, true, error.what()};
         } catch (...) {
-            return {S_OK, true, "something that is no standard exception"};
+            return {S_OK, true, "not a standard exception"};
         }
     }
 

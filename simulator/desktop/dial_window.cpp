@@ -83,7 +83,7 @@ void DrawDial(const Surface& surface, const DialState& state) {
 // The real platform ends the process.
 void Report(HRESULT code) {
     if (code == kHandlerRaised) {
-        std::fprintf(stderr, "dial: a handler raised: %s\n", LastRaised().c_str());
+        std::fprintf(stderr, "dial: a handler threw: %s\n", LastRaised().c_str());
     }
 }
 

@@ -55,7 +55,7 @@ Number Parse(const std::string& word) {
         result = std::from_chars(word.data() + (hexadecimal ? 2 : 0), end, number, hexadecimal ? 16 : 10);
     }
     if (result.ec != std::errc() || result.ptr != end) {
-        throw ParseError("'" + word + "' is no number that fits here");
+        throw ParseError("'" + word + "' is not a number in range");
     }
     return number;
 }
@@ -78,7 +78,7 @@ Fault ParseFault(const Words& words, std::size_t counts, Fault::Kind kind, HRESU
     };
     Fault fault{words[1], kind, code, count(counts, 1), count(counts + 1, 0)};
     if (!IsApplicable(fault)) {
-        throw ParseError("there is no operation '" + words[1] + "' to do that to");
+        throw ParseError("no fault of this kind applies to '" + words[1] + "'");
     }
     return fault;
 }
@@ -168,21 +168,21 @@ const Command kCommands[] = {
     {"menu", 1, 1,
      [](const Words&) -> Action {
          return WithoutResult(
-             [](Player& player) { ReportIfFailed(OpenMenuOf(player.window), "there is no menu to open"); });
+             [](Player& player) { ReportIfFailed(OpenMenuOf(player.window), "no menu to open"); });
      }},
     {"close", 1, 1, [](const Words&) -> Action { return WithoutResult([](Player&) { CloseMenu(); }); }},
     {"mouse", 4, 4,
      [](const Words& words) -> Action {
          return WithoutResult([x = Parse<int>(words[1]), y = Parse<int>(words[2]),
                                action = ParseMouseAction(words[3])](Player& player) {
-             ReportIfFailed(UseMouse(player.window, action, x, y), "there is no window for the mouse");
+             ReportIfFailed(UseMouse(player.window, action, x, y), "no window for the mouse");
          });
      }},
     {"shot", 2, 2,
      [](const Words& words) -> Action {
          return WithoutResult([file = words[1]](Player& player) {
              ReportIfFailed(TheDesktop().WriteScreenshot(player.window, file),
-                            "the screen cannot be written to '" + file + "'");
+                            "cannot write the screenshot '" + file + "'");
          });
      }},
     {"lift", 1, 1, [](const Words&) -> Action { return [](Player& player) { return Lift(player.window); }; }},
@@ -267,10 +267,10 @@ const Command kCommands[] = {
     {"draw", 3, 3,
      [](const Words& words) -> Action {
          if (words[1] != "menu") {
-             throw ParseError("'" + words[1] + "' cannot be drawn");
+             throw ParseError("cannot draw '" + words[1] + "'");
          }
          return WithoutResult([file = words[2]](Player& player) {
-             ReportIfFailed(WriteFile(file, MenuSvg(player.window)), "'" + file + "' cannot be written");
+             ReportIfFailed(WriteFile(file, MenuSvg(player.window)), "cannot write '" + file + "'");
          });
      }},
 };
@@ -291,12 +291,12 @@ Action ParseCommand(const Words& words) {
             continue;
         }
         if (words.size() < command.least_words || words.size() > command.most_words) {
-            throw ParseError("'" + words[0] + "' does not go with " + std::to_string(words.size() - 1) +
+            throw ParseError("'" + words[0] + "' does not take " + std::to_string(words.size() - 1) +
                              " arguments");
         }
         return command.parse(words);
     }
-    throw ParseError("there is no command '" + words[0] + "'");
+    throw ParseError("unknown command '" + words[0] + "'");
 }
 
 struct Line {
@@ -323,11 +323,11 @@ std::vector<Line> ParseLines(const std::string& script) {
 // An event that came to nothing is no error of the script, but its author wants to know.
 void Report(int number, HRESULT code) {
     if (code == kNoController) {
-        std::fprintf(stderr, "dial script, line %d: no window listens\n", number);
+        std::fprintf(stderr, "dial script, line %d: no window has a listener\n", number);
     } else if (code == kHandlerRaised) {
-        std::fprintf(stderr, "dial script, line %d: a handler raised: %s\n", number, LastRaised().c_str());
+        std::fprintf(stderr, "dial script, line %d: a handler threw: %s\n", number, LastRaised().c_str());
     } else if (code < 0) {
-        std::fprintf(stderr, "dial script, line %d: a handler answered %x\n", number,
+        std::fprintf(stderr, "dial script, line %d: a handler returned %x\n", number,
                      static_cast<unsigned>(code));
     }
 }

@@ -83,7 +83,7 @@ bool Register() {
     library = library.substr(0, library.find_last_of(L'\\') + 1) + L"dialsim.dll";
     const HMODULE module = LoadLibraryW(library.c_str());
     if (module == nullptr) {
-        std::fprintf(stderr, "dialsim-run: there is no dialsim.dll beside it\n");
+        std::fprintf(stderr, "dialsim-run: no dialsim.dll in its folder\n");
         return false;
     }
     const auto do_register = reinterpret_cast<HRESULT(WINAPI*)()>(

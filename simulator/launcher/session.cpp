@@ -22,7 +22,7 @@ constexpr int kUsageError = 2;  // the program's status when its script makes no
 // False when nothing was played.
 bool PlayFile(const std::string& path, bool real_time) {
     const auto script = ReadFile(path);
-    const std::string reason = script ? PlayScript(*script, real_time) : "it cannot be read";
+    const std::string reason = script ? PlayScript(*script, real_time) : "cannot be read";
     if (!reason.empty()) {
         std::fprintf(stderr, "dial script %s: %s\n", path.c_str(), reason.c_str());
     }
@@ -59,7 +59,7 @@ void PlayAndClose(const std::string& path, std::uint64_t window) {
 void StartRequestedRecording() {
     const std::string recording = Environment("DIALSIM_RECORD");
     if (!recording.empty() && !StartRecording(recording)) {
-        std::fprintf(stderr, "dial recording %s: it cannot be written\n", recording.c_str());
+        std::fprintf(stderr, "dial recording %s: cannot be written\n", recording.c_str());
     }
 }
 

@@ -44,7 +44,7 @@ Number ReadNumber(const Json& json) {
                           ? std::in_range<Number>(json.get<std::uint64_t>())
                           : json.is_number_integer() && std::in_range<Number>(json.get<std::int64_t>());
     if (!fits) {
-        throw CorruptStore("there is no number of its type where one should be");
+        throw CorruptStore("expected a number of its type");
     }
     return json.get<Number>();
 }
@@ -54,7 +54,7 @@ WideString ReadText(const Json& json) {
         return Widen(json.get_ref<const std::string&>());
     }
     if (!json.is_array()) {
-        throw CorruptStore("there is no text where one should be");
+        throw CorruptStore("expected a text");
     }
     WideString text;
     for (const Json& unit : json) {
@@ -65,7 +65,7 @@ WideString ReadText(const Json& json) {
 
 bool ReadBoolean(const Json& json) {
     if (!json.is_boolean()) {
-        throw CorruptStore("there is neither true nor false where one should be");
+        throw CorruptStore("expected true or false");
     }
     return json.get<bool>();
 }
@@ -98,12 +98,12 @@ std::string TypeOf(const Setting& setting) { return setting ? kTypes[setting->in
 
 Setting ReadSetting(std::string_view type, const Json& value) {
     if (type == kComposite) {
-        return value.is_null() ? Setting() : throw CorruptStore("there is a value where none should be");
+        return value.is_null() ? Setting() : throw CorruptStore("expected no value");
     }
     const auto* known = std::find_if(std::begin(kTypes), std::end(kTypes),
                                      [&](const Type& candidate) { return type == candidate.name; });
     if (known == std::end(kTypes)) {
-        throw CorruptStore("the type is none that settings have");
+        throw CorruptStore("unknown type");
     }
     return known->read(value);
 }
@@ -122,7 +122,7 @@ Json WriteValue(const Setting& setting) {
 const Json& Member(const Json& object, const char* name) {
     const auto member = object.find(name);
     if (member == object.end()) {
-        throw CorruptStore(std::string("there is no \"") + name + "\"");
+        throw CorruptStore(std::string("missing \"") + name + "\"");
     }
     return *member;
 }
@@ -144,7 +144,7 @@ Json ParseRejectingDuplicates(const std::string& text) {
         } else if (event == Json::parse_event_t::object_end) {
             names.pop_back();
         } else if (event == Json::parse_event_t::key && !names.back().insert(parsed).second) {
-            throw CorruptStore("a member stands there twice");
+            throw CorruptStore("duplicate member");
         }
         return true;
     });
@@ -155,16 +155,16 @@ Json Parse(const std::string& text) {
     try {
         return ParseRejectingDuplicates(text);
     } catch (const Json::parse_error& error) {
-        throw CorruptStore(Position(text, error.byte) + ": this is not JSON, or it ends too early");
+        throw CorruptStore(Position(text, error.byte) + ": invalid or incomplete JSON");
     } catch (const Json::exception&) {
-        throw CorruptStore("there is a number that fits nowhere");
+        throw CorruptStore("number out of range");
     }
 }
 
 // Requires exactly these members: a change would lose any others.
 void ExpectMembers(const Json& object, std::size_t count) {
     if (!object.is_object() || object.size() != count) {
-        throw CorruptStore("there is something else than " + std::to_string(count) + " members");
+        throw CorruptStore("expected " + std::to_string(count) + " members");
     }
 }
 
@@ -174,13 +174,13 @@ void ForEachEntry(const std::string& text, const char* list, Handle handle) {
     ExpectMembers(file, 1);
     const Json& entries = Member(file, list);
     if (!entries.is_array()) {
-        throw CorruptStore(std::string("\"") + list + "\" is no list");
+        throw CorruptStore(std::string("\"") + list + "\" is not an array");
     }
     for (std::size_t i = 0; i < entries.size(); ++i) {
         try {
             ExpectMembers(entries[i], 3);
             if (!handle(entries[i])) {
-                throw CorruptStore("it stands there twice");
+                throw CorruptStore("duplicate entry");
             }
         } catch (const CorruptStore& reason) {
             throw CorruptStore("entry " + std::to_string(i + 1) + ": " + reason.what());

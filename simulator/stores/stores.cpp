@@ -97,7 +97,7 @@ HRESULT Load(const StoreFolder& folder, const StoreFile& file, ParsedFile<Conten
         return S_OK;
     }
     if (reported_corrupt.insert(path).second) {
-        std::fprintf(stderr, "dialsim: %s is damaged and left alone: %s\n", path.c_str(),
+        std::fprintf(stderr, "dialsim: %s is damaged and not changed: %s\n", path.c_str(),
                      parsed.problem.c_str());
     }
     return file.damaged;

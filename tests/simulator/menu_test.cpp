@@ -166,7 +166,7 @@ TEST_F(SimulatedMenu, IsDrawnIntoAFileByAScript) {
     std::fclose(again);
     EXPECT_EQ(drawn, PictureOf(0));
     EXPECT_FALSE(dialsim_play("draw journal x", 0, error, sizeof error));
-    EXPECT_STREQ(error, "line 1: 'journal' cannot be drawn");
+    EXPECT_STREQ(error, "line 1: cannot draw 'journal'");
 }
 
 TEST_F(SimulatedMenu, IsPrintedByAScript) {

@@ -97,11 +97,11 @@ TEST_F(Scripts, WhatCannotBeDoneIsReportedAndNoError) {
     testing::internal::CaptureStderr();
     Play("menu\nmouse 10 20 down\nmouse 10 20 move\nmouse 10 20 up\nshot nowhere/shot.png");
     EXPECT_EQ(testing::internal::GetCapturedStderr(),
-              "dial script: there is no menu to open\n"
-              "dial script: there is no window for the mouse\n"
-              "dial script: there is no window for the mouse\n"
-              "dial script: there is no window for the mouse\n"
-              "dial script: the screen cannot be written to 'nowhere/shot.png'\n");
+              "dial script: no menu to open\n"
+              "dial script: no window for the mouse\n"
+              "dial script: no window for the mouse\n"
+              "dial script: no window for the mouse\n"
+              "dial script: cannot write the screenshot 'nowhere/shot.png'\n");
 }
 
 TEST_F(Scripts, BeginWithTheNewestWindowAndDirectWhatFollows) {
@@ -132,8 +132,9 @@ TEST_F(Scripts, AWindowNumberWithoutAWindowIsNoWindow) {
     EventRecorder recorder(16);
     testing::internal::CaptureStderr();
     Play("window @2\nclick\nwindow @0\nclick");
-    EXPECT_EQ(testing::internal::GetCapturedStderr(),
-              "dial script, line 2: no window listens\ndial script, line 4: no window listens\n");
+    EXPECT_EQ(
+        testing::internal::GetCapturedStderr(),
+        "dial script, line 2: no window has a listener\ndial script, line 4: no window has a listener\n");
     EXPECT_EQ(recorder.TakeEvents(), "");
 }
 

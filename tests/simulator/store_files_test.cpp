@@ -196,15 +196,14 @@ TEST_P(StoreFiles, ThatAreDamagedAreReportedOnce) {
     PutStoreFile("local", "{\n  \"settings\": [x]\n}\n");
     EXPECT_EQ(ReportedError("local"),
               "dialsim: " + path +
-                  "/local.json is damaged and left alone: line 2, column 16: this is not JSON, or it ends "
-                  "too early\n");
+                  "/local.json is damaged and not changed: line 2, column 16: invalid or incomplete "
+                  "JSON\n");
     EXPECT_EQ(ReportedError("local"), "");
     PutStoreFile("local", R"({"settings": []})");
     EXPECT_EQ(ReportedError("local"), "");
     PutStoreFile("local", R"({"settings": [{"key": "a", "type": "Int32", "value": 1}, {}]})");
     EXPECT_EQ(ReportedError("local"),
-              "dialsim: " + path +
-                  "/local.json is damaged and left alone: entry 2: there is something else than 3 members\n");
+              "dialsim: " + path + "/local.json is damaged and not changed: entry 2: expected 3 members\n");
 }
 
 TEST_P(StoreFiles, ThatAreDamagedDoNotPrintTheirPasswords) {
