@@ -2,7 +2,6 @@
 #pragma once
 
 #include <algorithm>
-#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <utility>
@@ -28,8 +27,6 @@ public:
 
     // Destroys every listener, in ascending order of window, and empties the registry.
     void EndAll();
-
-    std::size_t Size() const { return listeners_.size(); }
 
 private:
     using Entry = std::pair<std::uint64_t, DialListener*>;
