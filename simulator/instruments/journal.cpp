@@ -47,7 +47,7 @@ Journal::Entry Journal::Begin(std::string_view operation, std::string_view argum
     const CallHook hook = hook_;
     void* const context = hook_context_;
     const std::string call = line.call;
-    const Entry entry = Write(std::move(line));
+    Entry entry = Write(std::move(line));
     guard.unlock();
     hook(context, call.c_str());
     return entry;
