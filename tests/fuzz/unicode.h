@@ -48,8 +48,8 @@ inline std::string EncodeUtf8(const std::u32string& characters) {
 inline char32_t Filled(std::string_view bytes, std::size_t length, unsigned char filler) {
     char32_t character = static_cast<unsigned char>(bytes[0]) & (length == 1 ? 0x7FU : 0x7FU >> length);
     for (std::size_t i = 1; i < length; ++i) {
-        const unsigned char byte = i < bytes.size() ? static_cast<unsigned char>(bytes[i]) : filler;
-        character = (character << 6) | (byte & 0x3FU);
+        const unsigned char next = i < bytes.size() ? static_cast<unsigned char>(bytes[i]) : filler;
+        character = (character << 6) | (next & 0x3FU);
     }
     return character;
 }
