@@ -1,6 +1,5 @@
-// How fast turning speeds up. The clock may be the system's here, which advances in steps of up to 16 ms: a
-// scenario whose gaps come out differently from what it needs is played again. Exact boundaries are tested
-// where the clock can be set.
+// Acceleration of fast turns. The clock may be the system's here, which ticks every 16 ms at most: a scenario
+// whose gaps miss their ranges is repeated. Tests with a simulated clock check the exact limits.
 #include <cmath>
 #include <cstdlib>
 #include <limits>
@@ -10,15 +9,14 @@
 
 namespace {
 
-constexpr std::uint32_t kStepMs =
-    77;  // between a recomputation (50) and a pause (100), with room on both sides
-constexpr std::uint32_t kPauseMs = 160;  // a pause, with room
+constexpr std::uint32_t kStepMs = 77;    // between a recomputation (50) and a pause (100), with margins
+constexpr std::uint32_t kPauseMs = 160;  // a pause, with a margin
 
 double FactorFor(double degrees) { return std::sqrt(std::fabs(degrees) - 10.0) / 2.07 + 1.0; }
 
 class Acceleration : public ListeningTest {
 protected:
-    // Starts a new sum with a turn of nothing.
+    // Starts a new sum with a turn of 0 degrees.
     void Settle() {
         dialsim_wait(kPauseMs);
         dialsim_turn(kWindow, 0.0);
@@ -32,7 +30,7 @@ protected:
         const std::uint64_t before = dialsim_now();
         dialsim_turn(window, degrees);
         const std::uint64_t after = dialsim_now();
-        // The turn's own reading lay somewhere between.
+        // The turn reads the clock between `before` and `after`.
         clean_ =
             clean_ && before - last_turn_ >= least_ms && after - last_turn_ <= most_ms && before == after;
         last_turn_ = after;
@@ -41,7 +39,7 @@ protected:
     double Step(double degrees) { return TurnAfter(kStepMs, degrees, 50, 100); }
     double Pause(double degrees) { return TurnAfter(kPauseMs, degrees, 101, 1000); }
 
-    // Plays until the clock has let a scenario through; its expectations hold for that run.
+    // Repeats the scenario until its gaps are in range; the expectations apply to that run.
     template <class Scenario>
     void Play(Scenario scenario) {
         for (int attempt = 0; attempt < 50; ++attempt) {
@@ -118,7 +116,7 @@ TEST_F(Acceleration, TurnsInQuickSuccessionKeepTheLastFactorAndStillCount) {
     Play([&] {
         const double first = Step(20.0);
         const double quick = TurnAfter(0, 20.0, 0, 0);
-        // Measured from the last recomputation, which was the step before.
+        // Measured from the last recomputation, one step earlier.
         const double later = TurnAfter(kStepMs, 20.0, 50, 100);
         return [=] {
             EXPECT_DOUBLE_EQ(first, FactorFor(20.0));
@@ -234,8 +232,8 @@ TEST_F(Acceleration, StoppingTheLibraryDoesNotResetTheHistory) {
 
 using AccelerationDeathTest = Acceleration;
 
-// In a process of its own: the history begins with the first turn that gets as far, not with the library's
-// load.
+// Runs in its own process: the history begins with the first turn that reads the clock, not when the library
+// is loaded.
 void TurnForTheFirstTime() {
     dialsim_reset();
     initialize();

@@ -1,6 +1,5 @@
-// What every behaviour test stands on: the library started on a fresh simulator; at the end nothing printed
-// that was not asked for, and nothing handed out that has not come back. Settings and credentials are the
-// test's own.
+// Fixtures of the behaviour tests: a fresh simulator with the library initialized. A test fails on unexpected
+// output and on leaked references. Settings and credentials are the test's own.
 #pragma once
 
 #include <brindle.h>
@@ -25,23 +24,23 @@ protected:
     void TearDown() override {
         EXPECT_EQ(Printed(), "") << "lines that nothing asked for";
         testing::internal::GetCapturedStdout();
-        dialsim_wait_for_async();  // a handler may be about to return
+        dialsim_wait_for_async();  // a handler may still be returning
         EXPECT_EQ(LeakReport(), "") << "handed out and not come back";
     }
 
     StoresFolder stores;
 
-    // What was printed since the last question.
+    // The output since the last call.
     static std::string Printed() {
         const std::string printed = testing::internal::GetCapturedStdout();
         if (HasFailure()) {
-            std::fputs(printed.c_str(), stderr);  // with what the test framework said of it
+            std::fputs(printed.c_str(), stderr);  // shown with the test framework's report
         }
         testing::internal::CaptureStdout();
         return printed;
     }
 
-    // The operation fails once for each code, call by call, 0 standing for a call that works.
+    // The operation fails once for each code, call by call; 0 is a call that succeeds.
     static void FailInTurn(const char* operation, std::initializer_list<std::int32_t> codes) {
         std::uint32_t call = 0;
         for (const std::int32_t code : codes) {
@@ -66,7 +65,7 @@ protected:
     }
 };
 
-// A host listens at kWindow.
+// A host is registered for kWindow.
 class ListeningTest : public InitializedTest {
 protected:
     void SetUp() override {

@@ -19,7 +19,7 @@ class ContactEvents : public ListeningTest, public testing::WithParamInterface<C
 protected:
     void SetUp() override {
         ListeningTest::SetUp();
-        // The dial already stands on the screen when control is acquired.
+        // The dial is already on the screen when control is acquired.
         dialsim_touch(kWindow, 10, 20, 30, 40);
         dialsim_clear_journal();
     }
@@ -79,7 +79,7 @@ TEST_P(ContactEvents, AFailureThatPassesWithTheThirdReadEndsTheLogAsASuccess) {
     EXPECT_EQ(Printed(), Line("80070005", 1073));
 }
 
-// The first log fails, the second works, the third decides.
+// The first log fails, the second succeeds, the third decides.
 TEST_P(ContactEvents, ASecondLogThatWorksIsPrintedAsZero) {
     dialsim_fail("IRadialControllerScreenContact::get_Bounds", kFail, 1, 3);
     EXPECT_EQ(Raise(), 0);

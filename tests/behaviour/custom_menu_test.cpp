@@ -1,4 +1,4 @@
-// Filling the dial's menu: the menu as a whole, and what every item goes through.
+// Filling the dial's menu: the menu itself, and the steps of every item.
 #include <string>
 #include <vector>
 
@@ -26,7 +26,7 @@ TEST_F(CustomMenu, OneKnownIconTakesTheseStepsInThisOrder) {
     EXPECT_TRUE(SetMenu(kWindow, {KnownIcon(7)}));
     std::string calls;
     for (const std::string& line : LinesOf(Journal())) {
-        // Strings come and go between the steps; their order is nobody's business.
+        // Strings are created and released between the steps, in any order.
         calls += line.find("Windows") == 0 ? "" : line + "\n";
     }
     EXPECT_EQ(calls,
@@ -60,7 +60,7 @@ TEST_F(CustomMenu, ASecondMenuReplacesTheFirstsItemsAndKeepsItsEntries) {
     EXPECT_TRUE(SetMenu(kWindow, {KnownIcon(1), KnownIcon(2)}));
     EXPECT_TRUE(SetMenu(kWindow, {KnownIcon(3)}));
     EXPECT_EQ(dialsim_objects(kMenuItems), 1u);
-    EXPECT_EQ(dialsim_strings(), 3u);  // one label an entry
+    EXPECT_EQ(dialsim_strings(), 3u);  // one label for each entry
 }
 
 TEST_F(CustomMenu, UninitReleasesTheEntriesAndTheMenu) {
@@ -78,7 +78,7 @@ TEST_F(CustomMenu, UnknownKindsAreSkippedSilently) {
     EXPECT_EQ(dialsim_objects(kMenuItems), 1u);
 }
 
-// Registration may end as a success without a controller: its first step failed once.
+// Registration can succeed without a controller: its first step failed once.
 TEST_F(CustomMenu, AListenerWithoutAControllerHasNoMenu) {
     RecordingHost bare(99);
     FailInTurn("RoGetActivationFactory(Windows.UI.Input.RadialController)", {kFail, 0, 0});
@@ -97,7 +97,7 @@ TEST_F(CustomMenu, AFailingGetMenuIsEvaluatedThreeTimes) {
     EXPECT_EQ(Printed(), "failed with 80070005 at line 124\n");
 }
 
-// Each attempt hands a reference out and fails: none is left behind.
+// Each attempt returns a reference and fails; none is leaked.
 TEST_F(CustomMenu, TheMenuOfAFailedAttemptIsReleased) {
     const std::uint32_t before = dialsim_references("Windows.UI.Input.RadialControllerMenu");
     dialsim_fail_late("IRadialController::get_Menu", kFail, 1, 2);
@@ -167,7 +167,7 @@ TEST_F(CustomMenu, WithoutTheFactoryForKnownIconsTheRestIsSkipped) {
     EXPECT_EQ(dialsim_strings(), 0u);
 }
 
-// The first item fails, and its haptic setting is recorded all the same: the second shares it.
+// The first item fails, but its haptic setting is recorded: the second item shares it.
 TEST_F(CustomMenu, AFactoryForKnownIconsThatIsNullFailsTheItemAndNotTheMenu) {
     dialsim_yield_null(kItemStatics, 1, 1);
     EXPECT_TRUE(SetMenu(kWindow, {WithHaptics(KnownIcon(1)), KnownIcon(1)}));
@@ -214,7 +214,7 @@ TEST_F(CustomMenu, OneKnownIconWhoseTagAlwaysFails) {
         "failed with 80004005 at line 760\n";
     EXPECT_EQ(Printed(),
               Repeated(builder, 2) + "AddMenuItemFromKnownIcon failed with 80004005 at line 152\n");
-    EXPECT_EQ(dialsim_strings(), 1u);  // the entry is recorded all the same
+    EXPECT_EQ(dialsim_strings(), 1u);  // the entry is recorded in spite of the failure
 }
 
 TEST_F(CustomMenu, AFailingKnownIconIsRecordedAndTheNextItemIsMade) {
@@ -260,10 +260,10 @@ void PrintTo(const AddStep& step, std::ostream* stream) { *stream << "line " << 
 
 class EveryItem : public ListeningTest, public testing::WithParamInterface<AddStep> {};
 
-// The step's line comes from each of three evaluations of the whole adding, and that from each of two
-// builders.
+// Each of the two builders evaluates the adding of the item three times, and each evaluation prints the
+// step's line.
 TEST_P(EveryItem, PrintsAFailingStepOfItsAdding) {
-    // Its first call belongs to the menu itself.
+    // The first call is the menu's own.
     const bool shared = GetParam().line == 747;
     dialsim_fail(GetParam().operation, kAccessDenied, shared ? 2 : 1, 0);
     EXPECT_TRUE(SetMenu(kWindow, {SystemFont(1)}));
@@ -308,7 +308,7 @@ protected:
         items.back().haptic_feedback = 1;
         ASSERT_TRUE(SetMenu(kWindow, items));
     }
-    // Different for all of them, and of all sizes.
+    // All different, of all sizes.
     static std::uint32_t IdentifierOf(std::uint32_t item) { return item * 0x9E3779B1; }
 };
 
@@ -359,7 +359,7 @@ INSTANTIATE_TEST_SUITE_P(AtTheEdges, UnknownKind,
                          testing::Values(INT32_MIN, INT32_MIN + 1, INT32_MIN + 2, -1, 5, 0x102, 0x10002,
                                          INT32_MAX));
 
-// Nothing in the library catches what a label raises.
+// The library catches no exception of a label.
 TEST_F(CustomMenu, ALabelThatThePlatformRefusesIsThrownToTheHost) {
     for (const char* operation : {"WindowsCreateStringReference", "WindowsDuplicateString"}) {
         for (const BrindleChar* label : {UTF16("Volume"), UTF16("")}) {
@@ -382,7 +382,7 @@ TEST_F(CustomMenu, APlatformWithoutMemoryForALabelIsAnAllocationFailure) {
 }
 
 TEST_F(CustomMenu, ALabelRefusedInsideAnItemSourceIsThrownWithoutALeak) {
-    // The label's copy, the factory's name, and then the label on the item.
+    // The copy of the label, the factory's class name, and the label on the item.
     dialsim_fail("WindowsCreateStringReference", kAccessDenied, 3, 1);
     EXPECT_ANY_THROW(SetMenu(kWindow, {KnownIcon(1)}));
     EXPECT_EQ(dialsim_strings(), 0u);

@@ -1,4 +1,4 @@
-// Which of the system's own entries remain.
+// Selection of the system's items.
 #include <string>
 #include <vector>
 
@@ -34,7 +34,7 @@ TEST_F(DefaultMenu, ACountOfZeroLeavesNoEntry) {
 
 TEST_F(DefaultMenu, ANullListIsRefusedEvenWithACountOfZero) {
     EXPECT_FALSE(set_default_menu(kWindow, nullptr, 0));
-    EXPECT_EQ(dialsim_calls(kGetForWindow), 1u);  // the list is looked at only after the configuration
+    EXPECT_EQ(dialsim_calls(kGetForWindow), 1u);  // the list is read only after the configuration
     EXPECT_EQ(dialsim_calls(kSetItems), 0u);
 }
 

@@ -1,4 +1,4 @@
-// Choosing an item: by the user, whose choice sets the controller's haptics, and by the host.
+// Choice of an item: by the user, which sets the controller's haptics, and by the host.
 #include <string>
 #include <vector>
 

@@ -25,11 +25,11 @@ protected:
     }
 };
 
-// A text of so many units, whose last one shows whether it is whole; and the same as the simulator prints it.
+// A text of `length` units whose last one shows truncation, and its printed form.
 WideText LongText(std::size_t length) {
     WideText text(length, 'x');
     if (length > 0) {
-        text.back() = 0x9F8D;  // a unit with its top bit
+        text.back() = 0x9F8D;  // its top bit is set
     }
     return text;
 }
@@ -39,7 +39,7 @@ std::string LongUtf8(std::size_t length) {
 
 class FontFile : public ItemSource {
 protected:
-    // Any file will do: the library only finds its short name.
+    // The content does not matter: the library only reads the short name.
     const TemporaryFile font_{"a font with a long name.ttf", SmallPng()};
 };
 
@@ -104,7 +104,7 @@ TEST_F(FontFile, TheBufferForAShortNameIsAsLongAsThePlatformSays) {
     EXPECT_TRUE(Shows("font file file:///"));
 }
 
-// The platform claims to have written a name, and has not.
+// The platform reports a written name and has written none.
 TEST_F(FontFile, AnEmptyShortNameIsThePlatformsToJudge) {
     dialsim_fail("GetShortPathNameW", 7, 2, 1);
     EXPECT_TRUE(SetMenu(kWindow, {CustomFont(5, font_.Path())}));
@@ -350,7 +350,7 @@ TEST_F(PictureFile, OfAPlatformWithoutFilesIsTriedSixTimes) {
     EXPECT_EQ(Printed(), Line(586) + Line(586) + NamedLine("AddMenuItemFromFilePNG", 199));
 }
 
-// The second attempt of the whole source starts a second load.
+// The second attempt of the source starts a second load.
 TEST_F(PictureFile, WhoseFirstAttemptFailsIsLoadedByTheSecond) {
     dialsim_fail_late(kOpen, kFail, 1, 3);
     EXPECT_TRUE(SetMenu(kWindow, {FilePNG(1, picture_.Path())}));
@@ -389,8 +389,8 @@ TEST_F(PictureFile, WhoseTagAlwaysFailsIsInTheMenuButNotRecorded) {
     EXPECT_EQ(dialsim_strings(), 0u);
 }
 
-// At this border an error becomes a code.
-// The window's menu could not be had meanwhile: there is none to put the item into.
+// The completion handler converts an error to a code. The window's menu was not available meanwhile, so that
+// the item has no menu.
 TEST_F(PictureFile, ThatComesWhenTheWindowHasNoMenuIsAFailure) {
     for (const bool fails : {true, false}) {
         ASSERT_TRUE(SetMenu(kWindow, {FilePNG(6, picture_.Path())}));
@@ -420,7 +420,7 @@ TEST_F(PictureResource, IsShownAndRecorded) {
     EXPECT_EQ(dialsim_blocks(), 0u);
 }
 
-// The platform may still hold the stream over it.
+// The platform may still hold the stream over the memory.
 TEST_F(PictureResource, IsFreedAsSoonAsItsItemIsAdded) {
     EXPECT_TRUE(SetMenu(kWindow, {ResourcePNG(7, ModuleWithPng(), kPngResource)}));
     const std::string journal = Journal();
@@ -497,7 +497,7 @@ TEST_F(PictureResource, WhoseReferenceIsYieldedAsNullAddsNothingSilently) {
     EXPECT_EQ(dialsim_strings(), 0u);
 }
 
-// Unlike all other steps these two are tried once by each of the two attempts of the whole source.
+// Each of the source's two attempts evaluates these two steps once, unlike all other steps.
 TEST_F(PictureResource, WhoseItemCannotBeMadeIsNamedWithItsStep) {
     dialsim_fail(kCreateFromIcon, kFail, 1, 0);
     EXPECT_TRUE(SetMenu(kWindow, {ResourcePNG(7, ModuleWithPng(), kPngResource)}));
@@ -517,14 +517,14 @@ TEST_F(PictureResource, WhoseTagAlwaysFailsIsInTheMenuButNotRecorded) {
     EXPECT_EQ(dialsim_strings(), 0u);
 }
 
-// A menu with an item of each of the five sources.
+// A menu with one item of each source.
 class EverySource : public FontFile {
 protected:
     std::vector<MenuItemDescription> Items(std::uint32_t item_id) {
         return {KnownIcon(item_id), SystemFont(item_id), CustomFont(item_id, font_.Path()),
                 ResourcePNG(item_id, ModuleWithPng(), kPngResource), FilePNG(item_id, picture_.Path())};
     }
-    // The menu's lines, one an item.
+    // The menu's lines, one for each item.
     static std::vector<std::string> RecordedCall(const std::vector<MenuItemDescription>& items) {
         dialsim_async(DIALSIM_AT_ONCE);
         EXPECT_TRUE(SetMenu(kWindow, items));
@@ -586,7 +586,7 @@ TEST_P(LabelOfEverySource, IsShownWholeAndMayBeChosen) {
     }
 }
 
-// Around the 2000 characters of the informational line, and far beyond.
+// Around the limit of 2000 characters of the informational line, and far above it.
 INSTANTIATE_TEST_SUITE_P(All, LabelOfEverySource,
                          testing::Values(0, 1, 1980, 1990, 2000, 2010, kVeryMany, 65'535, 65'536, 100'000));
 

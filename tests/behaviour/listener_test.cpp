@@ -1,4 +1,4 @@
-// Registration, the registry, and the end of listeners.
+// Registration, the registry, and the destruction of listeners.
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
@@ -67,7 +67,7 @@ TEST_F(Listener, TheSecondAnswerIsTheKey) {
     EXPECT_TRUE(init_dial_listener(&second));
     EXPECT_TRUE(init_dial_listener(&elsewhere));
     uninit();
-    // Filed under 20, the first listener was displaced there, so that uninit does not know it.
+    // The first listener, registered under 20, was displaced there: uninit does not find it.
     EXPECT_EQ(dialsim_turn(10, 1.0), 0);
     EXPECT_EQ(dialsim_turn(30, 1.0), DIALSIM_NO_CONTROLLER);
     EXPECT_EQ(dialsim_turn(40, 1.0), DIALSIM_NO_CONTROLLER);
@@ -184,7 +184,7 @@ TEST_F(Listener, ASuccessWithoutAControllerIsNoInterfaceSilently) {
     EXPECT_EQ(Printed(), "register failed with 80004002 at line 110\n");
 }
 
-// An attempt that hands out its result and still fails: the next one gives back what was stored.
+// An attempt that returns its result and fails: the next attempt releases the stored result.
 TEST_F(Listener, FactoriesAndControllersOfFailedAttemptsAreReleased) {
     for (const char* operation : {"RoGetActivationFactory(Windows.UI.Input.RadialController)",
                                   "IRadialControllerInterop::CreateForWindow"}) {
@@ -211,7 +211,7 @@ TEST_F(Listener, TheControllerOfAFailedAttemptIsReleasedBeforeTheNextIsMade) {
     Printed();
 }
 
-// A subscription that takes hold and still fails: all three attempts' handlers are alive and different.
+// A subscription that succeeds and reports a failure: the handlers of all three attempts live and differ.
 TEST_F(Listener, EachAttemptOfASubscriptionMakesAFreshHandler) {
     RecordingHost host(kWindow);
     dialsim_fail_late("IRadialController::add_ButtonClicked", kFail, 1, 2);
@@ -225,7 +225,7 @@ TEST_F(Listener, EachAttemptOfASubscriptionMakesAFreshHandler) {
 struct Step {
     const char* operation;
     int line;
-    std::uint32_t handlers_when_skipped;  // subscribed when the registration ends at this step
+    std::uint32_t handlers_when_skipped;  // subscribed when this step ends the registration
 };
 
 void PrintTo(const Step& step, std::ostream* stream) { *stream << "line " << step.line; }
@@ -285,7 +285,7 @@ INSTANTIATE_TEST_SUITE_P(Registration, EachStep,
                                          Step{"IRadialController::add_ButtonClicked", 491, 7}),
                          [](const auto& step_info) { return "Line" + std::to_string(step_info.param.line); });
 
-// What a host can tell by the line, and not by the result.
+// The host sees the difference in the line, not in the result.
 TEST_F(Listener, ATrueWithLine460IsAListenerWithoutEvents) {
     FailInTurn("IRadialControllerInterop::CreateForWindow", {kFail});
     RecordingHost host(kWindow);
@@ -413,7 +413,7 @@ TEST_P(WindowAtTheEdge, IsServedLikeAnyOther) {
 INSTANTIATE_TEST_SUITE_P(All, WindowAtTheEdge,
                          testing::Values(0, 1, 0xFFFFFFFF, 0x100000000, 0x8000000000000000, UINT64_MAX));
 
-// The handles are neither in order nor small.
+// The handles are neither sorted nor small.
 TEST_F(Listener, FiveThousandWindowsHaveTheirOwnHosts) {
     std::vector<std::unique_ptr<RecordingHost>> hosts;
     const auto window_of = [](std::uint64_t number) { return (number + 1) * 0x9E3779B97F4A7C15; };
@@ -461,7 +461,7 @@ INSTANTIATE_TEST_SUITE_P(AtTheEdges, SuccessCode, testing::Values(1, 0x7FFFFFFF)
 
 using DiagnosticsDeathTest = Listener;
 
-// Standard output that cannot be written to.
+// Standard output is not writable.
 void RegisterWithoutOutput() {
 #ifdef _WIN32
     constexpr char kReadOnly[] = "NUL";

@@ -6,7 +6,7 @@
 
 int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);
-    // Each death test starts the program anew: the library's process-wide state is then as at its load.
+    // Each death test runs in a new process: the library's process-wide state is initial.
     testing::FLAGS_gtest_death_test_style = "threadsafe";
     if (!dialsim_watch("brindle.dll")) {
         std::fprintf(stderr, "brindle.dll is not loaded\n");

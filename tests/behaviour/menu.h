@@ -1,4 +1,4 @@
-// The dial's menu in the tests: the platform's operations, and what it shows.
+// The dial's menu in the tests: the platform's operations, and the visible items.
 #pragma once
 
 #include <string>
@@ -15,7 +15,7 @@ inline constexpr char kCreateFromKnownIcon[] = "IRadialControllerMenuItemStatics
 inline constexpr char kAddInvoked[] = "IRadialControllerMenuItem::add_Invoked";
 inline constexpr char kPutTag[] = "IRadialControllerMenuItem::put_Tag";
 
-// The tags of the items that the menu shows, a line each.
+// The tags of the menu's items, a line each.
 inline std::string TagsShown() {
     std::string tags;
     for (const std::string& line : LinesOf(MenuText(kWindow))) {

@@ -1,4 +1,4 @@
-// Settings that are numbers: kept in the two containers, and also read from a text in the vault.
+// Number settings: stored in the two containers, and also read from a text in the vault.
 #include "settings.h"
 #include "support/edges.h"
 
@@ -137,7 +137,7 @@ TEST_F(NumberSettings, ATextInTheVaultMayBeOfAnyLength) {
     EXPECT_EQ(GetNumber(), 7) << "at or below the smallest number";
 }
 
-// It cannot be told from a number that is not there.
+// The result is the same as for an absent number.
 TEST_F(NumberSettings, ATextAtOrBelowTheSmallestNumberIsIgnored) {
     for (const char* text :
          {"-2147483648", " -2147483648x", "-2147483649", "-4294967296", "-99999999999999999999999"}) {
@@ -318,7 +318,7 @@ TEST_F(NumberSettings, TheSmallestNumberGivesWayToTheVaultAndTheLocalContainer) 
     EXPECT_EQ(GetNumber(), 7);
 }
 
-// --- without an identity, and over time
+// --- without package identity, and persistence
 
 TEST_F(NumberSettings, WithoutAnIdentityNumbersAreKeptNowhere) {
     dialsim_set_packaged(false);

@@ -1,4 +1,4 @@
-// Several threads at once, and a platform of which everything fails.
+// Concurrent calls, and a platform on which every operation fails.
 #include <cstdlib>
 #include <string>
 #include <vector>
@@ -9,7 +9,7 @@
 
 namespace {
 
-// What a user may do to a dial in a few moments, once.
+// A short session: the user uses the dial once in every way.
 void LiveThroughEverything() {
     static const std::uint32_t buzz = 1;
     dialsim_async(DIALSIM_AT_ONCE);
@@ -23,7 +23,7 @@ void LiveThroughEverything() {
     try {
         SetMenu(kWindow, {KnownIcon(1), SystemFont(2)});
     } catch (const std::exception&) {
-        // a label that the platform refused
+        // the platform refused a label
     }
     set_current_custom_menu(kWindow, 2);
     dialsim_choose(kWindow, 0);
@@ -45,14 +45,14 @@ void LiveThroughEverything() {
 
 using Sweep = UninitializedTest;
 
-// Each operation fails from each of its calls on, in each way: the process lives, and everything comes back.
+// Each operation fails from each of its calls on, in each way: the process survives without a leak.
 TEST_F(Sweep, NoFailureOfThePlatformEndsTheProcessOrLeaksAnything) {
     constexpr int kFaultKinds = 3;
     constexpr std::uint32_t kCalls = 4;
     std::uint32_t i = 0;
     std::uint32_t runs = 0;
     for (; const char* operation = dialsim_operation(i); ++i) {
-        // Without a name for its first classes initialize ends the process, as it should: a test of its own.
+        // initialize ends the process where its class names cannot be created: tested separately.
         const bool deadly = std::string(operation) == "WindowsCreateStringReference";
         for (std::uint32_t from = deadly ? 3 : 1; from <= kCalls; ++from) {
             for (int way = 0; way < kFaultKinds; ++way) {
@@ -67,7 +67,7 @@ TEST_F(Sweep, NoFailureOfThePlatformEndsTheProcessOrLeaksAnything) {
                 }
                 LiveThroughEverything();
                 ++runs;
-                // What cannot be given back stays out.
+                // An object whose release fails is leaked.
                 if (std::string(operation).find("Delete") == std::string::npos) {
                     EXPECT_EQ(LeakReport(), "") << operation << " from call " << from << ", way " << way;
                 }
@@ -90,7 +90,7 @@ TEST_F(Threads, BackgroundScriptsReachTheHostAndCanBeWaitedFor) {
     EXPECT_EQ(host.rotations.size(), 3u);
 }
 
-// The simulator itself may be asked from any thread while events run on others.
+// The simulator's queries are thread-safe while events run.
 TEST_F(Threads, TheSimulatorMayBeAskedWhileEventsRun) {
     std::string script;
     for (int i = 0; i < 200; ++i) {

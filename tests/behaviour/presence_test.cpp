@@ -1,5 +1,4 @@
-// Whether the dial is there: what is asked of the platform, what counts as the dial, and how long the wait
-// is.
+// The presence query: the platform calls, the devices that match, and the length of the wait.
 #include <initializer_list>
 #include <new>
 #include <string>
@@ -12,11 +11,11 @@ namespace {
 
 constexpr std::uint32_t kFullWait = 10'001;
 
-// How the Id of the one device that counts begins.
+// The prefix of the matching device's Id.
 constexpr char kPrefix[] = R"(\\?\BTHLE#Dev_bc838528f72a#)";
 static_assert(sizeof kPrefix - 1 == 27);
 
-// Character for character, with the platform's own blanks and three tabs.
+// Exact text, with the platform's blanks and three tabs.
 constexpr char kFilter[] =
     "System.Devices.InterfaceClassGuid:=\"{80795c47-03f0-446d-b1f2-e424b30db4da}\" AND\t\t\t"
     "System.Devices.InterfaceEnabled: = System.StructuredQueryType.Boolean#True";
@@ -32,7 +31,7 @@ constexpr char kId[] = "IDeviceInformation::get_Id";
 
 std::string MakingOf(const char* text) { return "WindowsCreateString(" + std::string(text) + ")"; }
 
-// Unless a test says otherwise, enumerations have ended before anybody listens, and sleeps take no time.
+// By default, enumerations complete before the handler is attached, and sleeps return at once.
 class Presence : public ListeningTest {
 protected:
     void SetUp() override {
@@ -46,14 +45,14 @@ protected:
         ListeningTest::TearDown();
     }
 
-    // Enumerations on a thread of the simulator's: sleeps have to take their time then.
+    // Enumerations complete on a thread of the simulator: sleeps take real time.
     static void CompleteOnAnotherThreadAfter(std::uint32_t milliseconds) {
         dialsim_skip_sleeps(false);
         dialsim_async(DIALSIM_OWN_THREAD);
         dialsim_async_delay(milliseconds);
     }
 
-    // Null stands for an entry without an object.
+    // Null is an entry without an object.
     static void ThereAreOnly(std::initializer_list<const char*> ids) {
         dialsim_remove_devices();
         for (const char* id : ids) {
@@ -80,7 +79,7 @@ TEST_F(Presence, AQueryTakesTheseStepsInThisOrder) {
     EXPECT_TRUE(is_dial_present(kWindow));
     std::string calls;
     for (const std::string& line : LinesOf(Journal())) {
-        // Texts come and go between the steps, and are compared.
+        // Strings are created and released between the steps; they are compared separately.
         calls += line.find("Windows") == 0 || line.find("_wcsnicmp") == 0 ? "" : line + "\n";
     }
     EXPECT_EQ(calls, std::string(kStatics) + "\n" + kFindAll + "(" + kFilter + ")\n" +
@@ -157,13 +156,13 @@ TEST_F(Presence, AnIdShorterThanThePrefixIsNoDial) {
 
 TEST_F(Presence, ASimilarIdIsNoDial) {
     for (const char* id : {
-             R"(BTHLE#Dev_bc838528f72a#8&1)",                           // without the beginning
-             R"(\\.\BTHLE#Dev_bc838528f72a#8&1)",                       // another beginning
-             R"( \\?\BTHLE#Dev_bc838528f72a#8&1)",                      // a blank before it
+             R"(BTHLE#Dev_bc838528f72a#8&1)",                           // without the prefix
+             R"(\\.\BTHLE#Dev_bc838528f72a#8&1)",                       // another prefix
+             R"( \\?\BTHLE#Dev_bc838528f72a#8&1)",                      // a leading blank
              R"(\\?\BTHENUM#Dev_bc838528f72a#8&1)",                     // classic Bluetooth
              R"(\\?\BTHLE#Dev_bc838528f72b#8&1)",                       // the next address
-             R"(\\?\BTHLE#Dev_bc838528f72a&8)",                         // no end of the address
-             R"(\\?\HID#1#\\?\BTHLE#Dev_bc838528f72a#8&1)",             // further on
+             R"(\\?\BTHLE#Dev_bc838528f72a&8)",                         // the address is not terminated
+             R"(\\?\HID#1#\\?\BTHLE#Dev_bc838528f72a#8&1)",             // not at the start
              R"(\\?\BTHLEDevice#{80795c47}_Dev_bc838528f72a#8&1&0023)"  // a service of the device
          }) {
         EXPECT_FALSE(IsPresentWithOnly(id)) << id;
@@ -226,7 +225,7 @@ TEST_F(Presence, AnIdMayBeOfAnyLength) {
     }
 }
 
-// Each unit of the prefix in turn with a higher byte that is not 0: 'B' becomes U+0142.
+// Each unit of the prefix in turn with a nonzero high byte: 'B' becomes U+0142.
 TEST_F(Presence, UnitsThatAreAlikeInTheirLowByteOnlyAreNoDial) {
     const std::string prefix = kPrefix;
     for (std::size_t i = 0; i < prefix.size(); ++i) {
@@ -264,7 +263,7 @@ TEST_F(Presence, AWindowThatWasRegisteredTwiceAsksAsBefore) {
     ASSERT_TRUE(init_dial_listener(&second));
     EXPECT_TRUE(is_dial_present(kWindow));
     uninit();
-    dialsim_reset();  // the displaced listener stays
+    dialsim_reset();  // a displaced listener is not destroyed
 }
 
 // --- the wait
@@ -307,7 +306,7 @@ TEST_F(Presence, TheWaitGivesUpAfterTenThousandAndOneSleeps) {
 }
 
 TEST_F(Presence, AFullWaitReallyTakesTenSecondsWhichIsSlow) {
-    constexpr std::uint64_t kTick = 16;  // how coarse the clock may be
+    constexpr std::uint64_t kTick = 16;  // resolution of the clock
     dialsim_async(DIALSIM_HELD);
     dialsim_skip_sleeps(false);
     const std::uint64_t start = dialsim_now();
@@ -335,14 +334,14 @@ TEST_F(Presence, EventsReachTheHostDuringTheWait) {
     EXPECT_EQ(host.rotations.size(), 3u);
 }
 
-// --- completions after the call has given up
+// --- completions after the timeout
 
 TEST_F(Presence, ALateCompletionIsTakenAndForgotten) {
     dialsim_async(DIALSIM_HELD);
     EXPECT_FALSE(is_dial_present(kWindow));
     EXPECT_EQ(dialsim_complete(0), 0);
     EXPECT_EQ(dialsim_calls(kGetResults), 1u);
-    // Neither its answer nor its end belongs to the next call.
+    // Neither its result nor its completion affects the next call.
     dialsim_remove_devices();
     dialsim_clear_journal();
     EXPECT_FALSE(is_dial_present(kWindow));
@@ -384,7 +383,7 @@ TEST_F(Presence, ALateFailureIsAnsweredWithItsCode) {
     EXPECT_EQ(dialsim_complete(0), kDisconnected);
 }
 
-// What is answered is what the results say, whatever the status was.
+// The results decide, whatever the status is.
 TEST_F(Presence, TheStatusOfTheCompletionIsNotConsulted) {
     constexpr std::int32_t kIllegalCall = static_cast<std::int32_t>(0x8000000E);
     constexpr std::int32_t kCanceled = static_cast<std::int32_t>(0x800704C7);
@@ -397,8 +396,8 @@ TEST_F(Presence, TheStatusOfTheCompletionIsNotConsulted) {
     }
 }
 
-// A call that gives up on an enumeration which then ends during the next wait: natively 50 ms into it, on
-// Windows, where the first call's sleeps are skipped, up to two seconds.
+// A call times out, and its enumeration completes during the next wait: natively after 50 ms, on Windows,
+// where the first call's sleeps are skipped, after up to two seconds.
 void GiveUpOnAnEnumerationThatEndsDuringTheNextWait(std::uint64_t window) {
     dialsim_async(DIALSIM_OWN_THREAD);
 #ifdef _WIN32
@@ -412,8 +411,8 @@ void GiveUpOnAnEnumerationThatEndsDuringTheNextWait(std::uint64_t window) {
     dialsim_clear_journal();
 }
 
-// There is one flag for a window: an earlier call's enumeration ends a later call's wait, which has found
-// nothing of its own by then.
+// A window has one flag: an earlier call's enumeration ends a later call's wait, which has no result of its
+// own yet.
 TEST_F(Presence, ACompletionThatComesDuringTheNextWaitEndsItWithoutAnAnswer) {
     GiveUpOnAnEnumerationThatEndsDuringTheNextWait(kWindow);
     dialsim_async(DIALSIM_HELD);
@@ -492,7 +491,7 @@ TEST_F(Presence, ASuccessWithoutTheStaticsIsAFailure) {
     EXPECT_EQ(Sleeps(), 0u);
 }
 
-// The handler is attached all the same and called when nobody waits any more.
+// The handler is attached and called after the timeout.
 TEST_F(Presence, AHandlerWhoseAttachingClaimsToHaveFailedMayStillBeCalled) {
     dialsim_async(DIALSIM_HELD);
     ASSERT_TRUE(dialsim_fail_late(kAttach, kFail, 1, 1));

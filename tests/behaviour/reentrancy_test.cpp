@@ -1,5 +1,4 @@
-// A host that calls the library from its callbacks, and events that the platform lets in while the library
-// calls it.
+// Hosts that call the library from callbacks, and events raised inside the library's platform calls.
 #include <functional>
 #include <optional>
 #include <string>
@@ -46,8 +45,8 @@ TEST_F(Reentrancy, AClickMayRegisterAHostAgain) {
     EXPECT_EQ(dialsim_click(kWindow), 0);
     EXPECT_EQ(dialsim_click(kWindow), 0);
     EXPECT_TRUE(registered);
-    // The second click displaced the listener that the first had inserted: both call the host, one beyond
-    // uninit.
+    // The second click displaced the listener that the first had inserted: both call the host, one of them
+    // after uninit.
     EXPECT_EQ(dialsim_turn(kWindow + 1, 1.0), 0);
     EXPECT_EQ(other.rotations.size(), 2u);
     uninit();
@@ -62,7 +61,7 @@ TEST_F(Reentrancy, ATurnDuringTheRegistrationReachesTheHost) {
     EXPECT_EQ(host.LastRotation().deltaDegrees, 2.0);
 }
 
-// The dial is clicked inside a platform call, and the host answers by making the menu anew.
+// The dial is clicked inside a platform call; the host rebuilds the menu in its callback.
 class MenuMadeInACall : public InitializedTest {
 protected:
     void SetUp() override {
@@ -70,13 +69,13 @@ protected:
         ASSERT_TRUE(init_dial_listener(&host_));
     }
 
-    // With one item, tagged 50; `made` says what the function answered.
+    // With one item, tagged 50; `made` is the function's result.
     void MakeMenuInside(const char* operation, const std::function<void()>& act) {
         host_.on_click = [this](const DialContactRect&) { made = SetMenu(kWindow, {KnownIcon(50)}); };
         const InsideCall click(operation, [] { EXPECT_EQ(dialsim_click(kWindow), 0); });
         act();
     }
-    // It gets no menu at all, and prints a line.
+    // It gets no menu, and a line is printed.
     void LoseMenuInside(const char* operation, const std::function<void()>& act) {
         host_.on_click = [this](const DialContactRect&) {
             dialsim_fail("IRadialController::get_Menu", kFail, 1, 3);
@@ -103,7 +102,7 @@ TEST_F(MenuMadeInACall, WhileTheMenuIsFetchedIsReplacedAndLeavesNoReference) {
     EXPECT_EQ(TagsShown(), "1\n");
 }
 
-// The item that is being added goes into the menu that was there when it was made; those after it have none.
+// The current item is added to the menu of its creation; the items after it have no menu.
 TEST_F(MenuMadeInACall, AndLostWhileAnItemIsSubscribedCostsTheItemsAfterIt) {
     LoseMenuInside(kAddInvoked, [] { EXPECT_TRUE(SetMenu(kWindow, {SystemFont(1), SystemFont(2)})); });
     EXPECT_EQ(made, false);
@@ -131,7 +130,7 @@ TEST_F(MenuMadeInACall, AndLostWhileATurnReadsTheSelectionLeavesTheTurnItsMenu) 
     EXPECT_EQ(Printed(), kLostMenu + std::string("failed with 80070005 at line 847\n"));
 }
 
-// The menu made inside loses the factory for known icons; the item that is being made keeps its own.
+// The inner menu releases the factory for known icons; the current item holds its own reference.
 TEST_F(MenuMadeInACall, WithoutTheFactoryOfIconsLeavesTheItemItsFactory) {
     FailInTurn(kCreateFromKnownIcon, {kFail, kFail, kFail, 0, 0});
     host_.on_click = [this](const DialContactRect&) {

@@ -1,4 +1,4 @@
-// What a turn of the dial carries, and what it survives. Its acceleration has tests of its own.
+// The data of a rotation, and its failures. Acceleration is tested separately.
 #include <cmath>
 #include <limits>
 #include <string>
@@ -84,7 +84,7 @@ TEST_F(Rotation, CoordinatesAreTruncatedTowardZero) {
     EXPECT_EQ(host.LastRotation().contact, (DialContactRect{-10, 0, -5, -4}));
 }
 
-// 16777217 has no single-precision form: 16777216 + 1 is rounded to even before it is truncated.
+// 16777217 is not a float: 16777216 + 1 is rounded to even before truncation.
 TEST_F(Rotation, FarEdgesAreSummedInSinglePrecision) {
     dialsim_touch(kWindow, 16777216.0F, 16777216.0F, 1.0F, 3.0F);
     EXPECT_EQ(dialsim_turn(kWindow, 1.0), 0);
@@ -267,7 +267,7 @@ TEST_F(Haptics, EveryFailureIsThrownAfterTheHostWasCalled) {
     }
 }
 
-// The arguments are queried once for the button and once more for the haptics.
+// The arguments are queried once for the button and once for the haptics.
 TEST_F(Haptics, ASecondQueryThatFailsIsThrownAfterTheHostWasCalled) {
     dialsim_fail("QueryInterface(IRadialControllerRotationChangedEventArgs2)", kNoInterface, 2, 1);
     EXPECT_EQ(TurnAsking(1), DIALSIM_RAISED);

@@ -1,5 +1,4 @@
-// What the tests of the settings stand on: a program with the identity of a package, empty stores, and ways
-// to look into them.
+// Fixture of the settings tests: a packaged program with empty stores, and queries of the stores.
 #pragma once
 
 #include <cstdlib>
@@ -15,8 +14,7 @@ inline constexpr BrindleChar kKey[] = UTF16("key");
 
 inline constexpr std::int32_t kAbsentNumber = INT32_MIN;
 
-// The operations, from the way to a container to its entries, and from the way to the vault to its
-// credentials.
+// The operations: from the application data to a container's entries, and from the vault to its credentials.
 inline constexpr char kApplicationData[] = "RoGetActivationFactory(Windows.Storage.ApplicationData)";
 inline constexpr char kCurrent[] = "IApplicationDataStatics::get_Current";
 inline constexpr char kRoamingSettings[] = "IApplicationData::get_RoamingSettings";
@@ -52,7 +50,7 @@ protected:
         dialsim_set_packaged(true);
     }
 
-    // How one entry under the key looks there.
+    // How the stores print one entry under the key.
     static std::string StringEntry(const std::string& text) { return "\"key\" String \"" + text + "\"\n"; }
     static std::string NumberEntry(std::int32_t number) {
         return "\"key\" Int32 " + std::to_string(number) + "\n";
@@ -77,7 +75,7 @@ protected:
     static std::int32_t SetNumber(std::int32_t number) { return set_int_in_storage(kResource, kKey, number); }
     static std::int32_t GetNumber() { return get_int_from_storage(kResource, kKey); }
 
-    // What is there before a test begins.
+    // Prepares the content of a store.
     static void Put(const char* store, const char* type, const char* value) {
         ASSERT_TRUE(dialsim_put_setting(store, "key", type, value)) << store;
     }
@@ -91,7 +89,7 @@ protected:
     static std::uint32_t VaultWrites() {
         return dialsim_calls(kRemoveCredential) + dialsim_calls(kAddCredential);
     }
-    // The calls that lead to the entry under the key.
+    // The calls that look up the entry under the key.
     static std::string ContainerLookup(const char* container) {
         return "RoGetActivationFactory(Windows.Storage.ApplicationData)\n"
                "IApplicationDataStatics::get_Current()\n"
@@ -101,7 +99,7 @@ protected:
                "IApplicationDataContainer::get_Values()\n"
                "IMap<String, Object>::Lookup(key)\n";
     }
-    // The platform's calls without texts that come and go, and without the views of objects.
+    // The platform calls without strings and interface queries.
     static std::string Calls() {
         std::string calls;
         for (const std::string& line : LinesOf(Journal())) {

@@ -1,4 +1,4 @@
-// Settings on a platform of which something is missing or fails: what cannot be had is skipped silently.
+// Settings on a platform with missing or failing parts, which are ignored silently.
 #include <new>
 
 #include "settings.h"
@@ -53,7 +53,7 @@ TEST_F(SettingsFailures, AMissingLocalContainerIsIgnored) {
     EXPECT_EQ(StoreText("local"), StringEntry("local"));
 }
 
-// --- no place at all
+// --- no store at all
 
 TEST_F(SettingsFailures, SettersSucceedEvenWhereNothingCanBeWritten) {
     ASSERT_TRUE(dialsim_fail("RoGetActivationFactory", kClassNotRegistered, 1, 0));
@@ -82,7 +82,7 @@ TEST_F(SettingsFailures, StringsThatCannotBeCreatedAreIgnoredToo) {
     EXPECT_EQ(StoreText("local"), StringEntry("42"));
 }
 
-// --- an entry that cannot be compared or removed is written all the same
+// --- an entry that cannot be compared or removed is overwritten
 
 TEST_F(SettingsFailures, AnEntryThatCannotBeLookedUpIsWritten) {
     for (const char* operation : {kLookup, kViewAsValue, kGetString}) {
@@ -107,7 +107,7 @@ TEST_F(SettingsFailures, AnEntryThatCannotBeRemovedIsReplaced) {
     EXPECT_EQ(StoreText("roaming"), NumberEntry(8));
 }
 
-// --- what was done before a failure stays done
+// --- changes before a failure persist
 
 TEST_F(SettingsFailures, AnOldEntryIsGoneWhenTheNewOneCannotBeMadeOrInserted) {
     for (const char* operation : {kValueFactory, kCreateString, kInsertEntry}) {
@@ -210,9 +210,9 @@ TEST_F(SettingsFailures, ACredentialThatCannotBeRemovedStays) {
     EXPECT_EQ(StoreText("local"), StringEntry("new"));
 }
 
-// --- no memory
+// --- out of memory
 
-// The one failure that is not a place's own affair.
+// The only failure that affects more than one store.
 TEST_F(SettingsFailures, APlatformWithoutMemoryIsAnAllocationFailure) {
     for (const char* operation : {kApplicationData,  kCurrent,           kRoamingSettings,  kValues,
                                   kLookup,           kGetString,         kRemoveEntry,      kValueFactory,

@@ -1,5 +1,5 @@
-// Every call of the platform's that a settings function makes, failed in every way: what the function then
-// answers, and what each of the three places then holds.
+// Fault injection into every platform call of each settings function, with every kind of fault: the
+// function's result, and the content of each of the three stores.
 #include <algorithm>
 #include <array>
 #include <functional>
@@ -13,7 +13,7 @@
 namespace settings_sweep {
 namespace {
 
-// In the order in which the functions visit them.
+// In the order of access.
 enum Place : std::size_t { kRoaming, kVault, kLocal };
 constexpr std::array kNamesOfPlaces = {"roaming", "vault", "local"};
 
@@ -21,18 +21,18 @@ enum FaultKind : std::size_t { kFails, kFailsLate, kYieldsNull, kFailsTwice, kKe
 constexpr FaultKind kFaultKinds[] = {kFails, kFailsLate, kYieldsNull, kFailsTwice, kKeepsFailing};
 constexpr std::array kFaultKindNames = {"fails", "fails late", "yields null", "fails twice", "keeps failing"};
 
-// One call of an undisturbed run.
+// One call of a run without faults.
 struct Call {
     std::string text;       // with its arguments
-    std::string operation;  // without
+    std::string operation;  // without arguments
     std::uint32_t number;   // among those with the same text, from 1
     Place place;
 
-    // Texts are made just before the call that takes them, which is not told from here.
+    // Strings are created just before the call that takes them; the call's store is not known here.
     bool MakesText() const { return operation.starts_with("WindowsCreateString"); }
 };
 
-// What answers no code, or happens without being called for.
+// Calls that return no code, and journal lines that are no calls.
 bool CannotFail(const std::string& line) {
     constexpr const char* kBeginnings[] = {"WindowsDeleteString", "WindowsGetString", "wcs", "end of "};
     return std::any_of(std::begin(kBeginnings), std::end(kBeginnings),
@@ -53,7 +53,7 @@ std::vector<Call> CallsIn(const std::string& journal) {
     return calls;
 }
 
-// Each place is entered by way of its own factory. Texts belong to the call that follows them.
+// The activation of a factory begins each store's calls. A string belongs to the call that follows it.
 void FindPlaces(std::vector<Call>& calls) {
     Place place = kRoaming;
     auto unplaced = calls.begin();
@@ -72,8 +72,8 @@ void FindPlaces(std::vector<Call>& calls) {
     }
 }
 
-// Whether a read that gets as far as the place makes the call there: the name of the key is made in every
-// place, other calls belong to the vault, to both containers, or to one of them.
+// Whether a read that reaches the store makes the call there: every store creates the key's string; other
+// calls are the vault's, both containers' or one container's.
 bool IsMadeIn(Place place, const Call& call) {
     if (call.text == "WindowsCreateStringReference(key)") {
         return true;
@@ -81,8 +81,8 @@ bool IsMadeIn(Place place, const Call& call) {
     return place != kVault && call.place != kVault && call.text.find("RoamingSettings") == std::string::npos;
 }
 
-// The places in which a call fails, one attempt in each: those in which it is made when nothing fails, and
-// those that are only then visited.
+// The stores in which a call fails, one attempt in each: those of a run without faults, and those that are
+// read only after a failure.
 std::vector<Place> AffectedPlaces(const std::vector<Call>& calls, const Call& call, FaultKind way) {
     std::vector<Place> places;
     for (const Call& other : calls) {
@@ -102,21 +102,21 @@ std::vector<Place> AffectedPlaces(const std::vector<Call>& calls, const Call& ca
 
 using Stores = std::array<std::string, 3>;
 
-// What a write leaves in the place in which one of its calls fails.
+// The content of the store after one of its calls fails during a write.
 enum class Kept {
-    Before,   // what was there
-    Without,  // what was there, without the old value if that is removed before the new one is written
+    Before,   // the old content
+    Without,  // the old content, without the value where it is removed before the new one is written
     After,    // the new value
-    Any       // one of these
+    Any       // any of these
 };
 
 struct Effect {
     const char* call;
-    std::array<Kept, 3> kept;  // by the way in which it fails: fails, fails late, yields null
+    std::array<Kept, 3> kept;  // by fault kind: fails, fails late, yields null
 };
 
 constexpr Effect kEffects[] = {
-    // The way to a container, and to the vault.
+    // Access to a container, and to the vault.
     {kApplicationData, {Kept::Before, Kept::Before, Kept::Before}},
     {kCurrent, {Kept::Before, Kept::Before, Kept::Before}},
     {kRoamingSettings, {Kept::Before, Kept::Before, Kept::Before}},
@@ -126,21 +126,21 @@ constexpr Effect kEffects[] = {
     {kVaultFactory, {Kept::Before, Kept::Before, Kept::Before}},
     {kNewVault, {Kept::Before, Kept::Before, Kept::Before}},
     {kViewAsVault, {Kept::Before, Kept::Before, Kept::Before}},
-    // An entry that cannot be compared or removed is replaced.
+    // An entry that cannot be compared or removed is overwritten.
     {kLookup, {Kept::After, Kept::After, Kept::After}},
     {kViewAsValue, {Kept::After, Kept::After, Kept::After}},
     {kGetString, {Kept::After, Kept::After, Kept::After}},
     {kGetInt32, {Kept::After, Kept::After, Kept::After}},
     {kRemoveEntry, {Kept::After, Kept::After, Kept::After}},
-    // A new entry that cannot be made. What becomes of a null in the place of one is the platform's affair.
+    // The new entry cannot be created. The platform decides what a null in its place does.
     {kValueFactory, {Kept::Without, Kept::Without, Kept::Without}},
     {kCreateString, {Kept::Without, Kept::Without, Kept::Any}},
     {kCreateInt32, {Kept::Without, Kept::Without, Kept::Any}},
     {kInsertEntry, {Kept::Without, Kept::After, Kept::Without}},
-    // A search that fails counts as no match: the new credential is added, over an old one too.
+    // A failing search counts as no match: the new credential replaces an old one.
     {kSearch, {Kept::After, Kept::After, Kept::After}},
     {kCountFound, {Kept::After, Kept::After, Kept::After}},
-    // A credential that cannot be compared or removed stays; one that is null, or empty, is replaced.
+    // A credential that cannot be compared or removed is unchanged; a null or empty one is replaced.
     {kRetrieve, {Kept::Before, Kept::Before, Kept::After}},
     {kGetPassword, {Kept::Before, Kept::Before, Kept::After}},
     {kRemoveCredential, {Kept::Before, Kept::Without, Kept::After}},
@@ -151,7 +151,7 @@ constexpr Effect kEffects[] = {
 
 constexpr std::array kTextEffect = {Kept::Any, Kept::Any, Kept::Any};
 
-// Null when nothing is known of the call.
+// Null for an unknown call.
 const std::array<Kept, 3>* EffectsOf(const Call& call) {
     if (call.MakesText()) {
         return &kTextEffect;
@@ -162,17 +162,17 @@ const std::array<Kept, 3>* EffectsOf(const Call& call) {
     return effect == std::end(kEffects) ? nullptr : &effect->kept;
 }
 
-// What is under the key before a run.
+// The value under the key before a run.
 struct Entry {
-    std::string type;  // empty: nothing
+    std::string type;  // empty: none
     std::string value;
 };
 
 struct Scenario {
     const char* name;
     Entry container;       // in both
-    const char* password;  // of the resource's own credential; null: there is none
-    bool other_resource;   // whether another resource has one
+    const char* password;  // of the resource's own credential; null: none
+    bool other_resource;   // another resource has a credential
 };
 
 class SettingsSweep : public Settings {
@@ -189,8 +189,8 @@ protected:
     }
     static Stores StoredContent() { return {StoreText("roaming"), StoreText("vault"), StoreText("local")}; }
 
-    // Calls `check` for each run in which a call fails. A text that is made as an empty one would be
-    // a text all the same: that is not done.
+    // Calls `check` for each run with a failing call. A string yielded as null is the valid empty string: no
+    // fault.
     void InjectEachFault(
         std::vector<Call> calls,
         const std::function<void(const Call&, FaultKind, const std::vector<Place>&)>& check) {
@@ -205,7 +205,7 @@ protected:
                     ++runs_;
                     check(call, way, AffectedPlaces(calls, call, way));
                     EXPECT_EQ(LeakReport(), "");
-                    dialsim_reset();  // what kept failing works again
+                    dialsim_reset();  // clears the persistent faults
                     dialsim_set_packaged(true);
                 }
             }
@@ -290,7 +290,7 @@ private:
         return outcomes;
     }
 
-    // A place changes by what fails there, and by nothing else.
+    // Only failures in a store change its content.
     static void Check(const Call& call, FaultKind way, const std::vector<Place>& places,
                       const Outcomes& outcomes) {
         const std::array<Kept, 3>* const effects = EffectsOf(call);
@@ -378,8 +378,8 @@ protected:
         PutEntry("local", local);
     }
 
-    // Sweeps a read that finds these values in the places. A place that fails yields nothing, unless it
-    // is the value itself that is yielded as null, as the empty text that is.
+    // Sweeps a read of stores with these values. A failing store yields nothing; a value yielded as null is
+    // the valid empty text.
     template <class Value>
     void Sweep(const std::function<std::optional<Value>()>& read, const Found<Value>& found) {
         const Stores before = StoredContent();

@@ -69,7 +69,7 @@ TEST_F(StartStop, UninitOnAnEmptyRegistryOnlyStopsThePlatform) {
 
 using StartStopDeathTest = StartStop;
 
-// Ends the process by itself where the exception does not.
+// Ends the process where no handler catches the exception.
 void InitializeWithBrokenStringReference(std::uint32_t which) {
     ReportStructuredExceptions();
     dialsim_fail("WindowsCreateStringReference", kAccessDenied, which, 1);

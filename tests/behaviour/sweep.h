@@ -1,5 +1,5 @@
-// Every call of the platform's that a scenario makes, failed in every way: each run is to be what its table
-// says, line by line, and everything handed out comes back but what is kept on purpose.
+// Fault injection into every platform call of a scenario, with every kind of fault. Each run is compared with
+// its table, and leaks nothing but intended references.
 #pragma once
 
 #include <algorithm>
@@ -14,7 +14,7 @@
 
 namespace sweep {
 
-// One call in the journal; with its arguments where the tables have them.
+// One call in the journal; with arguments where the tables have them.
 struct RecordedCall {
     explicit RecordedCall(const std::string& line) {
         const std::size_t end = line.rfind(')') + 1;
@@ -32,8 +32,7 @@ struct RecordedCall {
     std::string text;  // with the code of its failure
 };
 
-// What gives things back, compares or waits is no row of a table, and neither is what happens without being
-// called for.
+// Releases, comparisons, waits and callbacks are no rows of a table.
 inline bool IsRow(const std::string& line) {
     constexpr const char* kBeginnings[] = {"WindowsDelete",
                                            "WindowsGet",
@@ -60,7 +59,7 @@ inline std::vector<RecordedCall> RecordedCalls() {
     return calls;
 }
 
-// One run of the library, and the table that it follows.
+// One run of the library, and its table.
 struct Scenario {
     std::string name;
     Row table;
@@ -68,7 +67,7 @@ struct Scenario {
     std::function<void()> prepare = [] {};
     ExpectedState start = {};
     std::function<void(const ExpectedState&)> check = [](const ExpectedState&) {};
-    // Where the names of classes cannot be made initialize ends the process: a test of its own.
+    // initialize ends the process where its class names cannot be created: tested separately.
     bool texts_are_deadly = false;
 };
 
@@ -106,7 +105,7 @@ protected:
         }
     }
 
-    // How the scenario's act reports what the library answered.
+    // For `act`: logs the library's result.
     void LogResult(bool answer) { seen += answer ? "true\n" : "false\n"; }
     void LogCode(std::int32_t code) {
         seen += code == DIALSIM_RAISED ? "raised " + Raised() + "\n" : "answered " + Hex(code) + "\n";
@@ -116,7 +115,7 @@ protected:
     RecordingHost host{kWindow};
 
 private:
-    // What the host is told.
+    // The host's callbacks.
     void LogTurn(const DialRotationInfo& turn) {
         char text[96];
         std::snprintf(text, sizeof text, "turned by %g, %s, tag %u, contact ", turn.deltaDegrees,
@@ -130,13 +129,13 @@ private:
         return text;
     }
 
-    // The calls that were made.
+    // Returns the calls of the run.
     std::vector<RecordedCall> RunOnce(const Scenario& scenario, const std::optional<Fault>& fault) {
         SCOPED_TRACE(fault ? fault->call + ", call " + std::to_string(fault->number) + ", " +
                                  kFaultKindNames[static_cast<int>(fault->way)]
                            : "nothing fails");
         if (HasFailure()) {
-            return {};  // one run that is not what it is to be tells enough
+            return {};  // one failing run is enough
         }
         dialsim_reset();
         scenario.prepare();

@@ -1,5 +1,5 @@
-// Every failure of the platform while the library starts, while a window is registered, and while its dial is
-// turned, pressed and put on the screen.
+// Platform failures while the library starts, while a window is registered, and while the dial is turned,
+// clicked and placed on the screen.
 #include "support/menu_items.h"
 #include "sweep.h"
 
@@ -53,7 +53,7 @@ Row LoggingTheContact(const char* args, int line) {
     return Table({Guarded(line, log)}).Answers(Answer::Code);
 }
 
-// --- turning and clicking; the dial stands at 10.7, 20.2 with 20.6 by 5.9
+// --- turning and clicking; the dial is at 10.7, 20.2 with a size of 20.6 by 5.9
 
 Row SelectedItem() {
     return Guarded(847, Call("IRadialControllerMenu::GetSelectedMenuItem").Gives(&ExpectedState::selected));

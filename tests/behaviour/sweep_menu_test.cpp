@@ -1,5 +1,5 @@
-// Every failure of the platform while a menu is filled, from each of the five sources and from all of them at
-// once; each menu is then looked at, and every item in it chosen.
+// Platform failures while a menu is filled, from each source and from all of them. Each resulting menu is
+// compared, and each of its items is chosen.
 #include "menu.h"
 #include "support/pictures.h"
 #include "sweep.h"
@@ -9,12 +9,12 @@ namespace {
 
 constexpr char kReferences[] = "Windows.Storage.Streams.RandomAccessStreamReference";
 
-// --- what every item goes through
+// --- steps of every item
 
 void Subscribe(ExpectedState& world) { ++world.items.back().subscriptions; }
 void Append(ExpectedState& world) { world.menu.push_back(world.items.size() - 1); }
 
-// A tag that was yielded as null is none.
+// A tag yielded as null is no tag.
 std::function<void(ExpectedState&)> Tag(std::uint32_t item_id) {
     return [=](ExpectedState& world) {
         world.items.back().tag = world.tag_value ? std::optional(item_id) : std::nullopt;
@@ -55,7 +55,7 @@ Rows KnownIconRows(std::uint32_t id) {
                                   Guarded(517, Adding(id)),
                               })
                             .Needs(&ExpectedState::icon_factory, kNoInterface);
-    // Alone of all factories, this one may be yielded as null: the item fails then, and not its step.
+    // The only factory that may be null: the item fails, not the step.
     return {Guarded(151, FactoryOrNull(kMenuItems, &ExpectedState::icon_factory)),
             Logged("AddMenuItemFromKnownIcon", 152, builder), Recording(id, true)};
 }
@@ -84,7 +84,7 @@ Rows CustomFontRows(std::uint32_t id) {
         Guarded(573, Call("IRadialControllerMenuItem::get_DisplayText")),
         Guarded(575, Adding(id)),
     });
-    // Without the file, or its short name, nothing follows.
+    // Without the file or its short name, the source ends.
     return {Table({
         Absent(Call("PathFileExistsW").NullEnds(0)),
         Absent(Call("GetShortPathNameW").NullEnds(0)),
@@ -177,7 +177,7 @@ Row Filling(std::initializer_list<Rows> items) {
 
 class MenuSweep : public Sweep {
 protected:
-    // Over a menu of one item, which is gone then, and its entry is not.
+    // Replaces a menu of one item: the item is removed, its entry stays.
     void SweepMenu(const char* name, Row filling, const std::vector<MenuItemDescription>& items,
                    std::uint32_t of_the_file = 1) {
         ExpectedState start;
@@ -215,7 +215,7 @@ private:
         }
     }
 
-    // Each item's handlers find the first entry of its identifier, which is 0 without a tag.
+    // An item's handler finds the first entry with its identifier, which is 0 without a tag.
     static void CheckMenu(const ExpectedState& world) {
         std::string tags;
         for (std::uint32_t place = 0; place < world.menu.size(); ++place) {

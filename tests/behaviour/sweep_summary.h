@@ -1,4 +1,4 @@
-// What each sweep of failures reports at its end, for the summary of all tests.
+// The report of each sweep, for the summary of all tests.
 #pragma once
 
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
-// What the library has to do, as tables: each row a platform call, or a table of its own, with what its
-// failure does to the table it stands in. A run plays a table under one fault and tells which calls are then
-// made, what is printed, and what the caller, the host and the user get to see.
+// The expected behaviour as tables. Each row is a platform call or a nested table, with the effect of its
+// failure on the enclosing table. A run evaluates a table under one fault and yields the expected calls,
+// output and results.
 #pragma once
 
 #include <algorithm>
@@ -27,12 +27,12 @@ inline std::string Hex(std::int32_t code) {
 
 inline std::string OperationOf(const std::string& call) { return call.substr(0, call.find('(')); }
 
-// A text without characters is a text all the same: it is not yielded as null.
+// The empty string is valid: a null handle is no fault.
 inline bool MakesText(const std::string& call) {
     return call.starts_with("WindowsCreateString") || call.starts_with("WindowsDuplicateString");
 }
 
-// --- what a run leaves behind
+// --- state after a run
 
 // An item of the dial's menu.
 struct Item {
@@ -41,7 +41,7 @@ struct Item {
 };
 
 struct ExpectedState {
-    // What rows give and need.
+    // Facts that rows set and require.
     bool icon_factory = false;
     bool menu_item = false;
     bool tag_value = false;
@@ -57,41 +57,41 @@ struct ExpectedState {
     bool button_read = false;
     bool scanned = false;
     bool found = false;
-    bool never = false;  // given by none
+    bool never = false;  // set by no row
 
-    std::vector<Item> items;                 // every one that was made
-    std::vector<std::size_t> menu;           // those in the menu, an item perhaps several times
-    std::map<std::uint32_t, bool> recorded;  // identifiers and their haptic settings; the first one stays
+    std::vector<Item> items;                 // all created items
+    std::vector<std::size_t> menu;           // items in the menu, with repetitions
+    std::map<std::uint32_t, bool> recorded;  // identifiers and their haptic settings; the first one counts
     int contacts_kept = 0;
     std::vector<std::int32_t> system_items = {0, 1, 2, 3, 4};
 
-    std::string seen;  // what the caller and the host have been told, a line each
+    std::string seen;  // results and host calls, a line each
 };
 
 // --- rows
 
-// What a row that fails does.
+// Effect of a row's failure.
 enum class Rule {
-    Guarded,   // tried again, the second code printed, tried a third time: the table ends with the third code
-    Logged,    // tried again, the second code printed with a name: the table goes on
+    Guarded,   // retried, the second code printed, retried: the table ends with the third code
+    Logged,    // retried, the second code printed with a name: the table continues
     Reported,  // printed: the table ends with its code
     Ends,      // the table ends with its code
-    Final,     // that, and so it does with a success other than S_FALSE
-    Thrown,    // its code is raised out of all tables
-    Absent,    // as if it had yielded nothing; if it has yielded something, its failure is not looked at
+    Final,     // the same, and also for a success other than S_FALSE
+    Thrown,    // thrown out of all tables
+    Absent,    // as if the result were null; the code of a failure with a result is ignored
     Lacking,   // the same, but the table ends with its code
-    Ignored    // nothing
+    Ignored    // no effect
 };
 
-// What a call that succeeds and yields nothing does.
+// Effect of a success with a null result.
 enum class Null { GoesOn, Fails, Ends };
 
-// How a table's code is told to whoever called for it; it then ends nothing else.
+// How a table's code is returned to its caller; it then ends no other table.
 enum class Answer { None, Bool, Code, Completion };
 
 struct Row {
-    std::string call;        // without one it is a table
-    std::vector<Row> table;  // of a call: what happens inside it
+    std::string call;        // empty: a table
+    std::vector<Row> table;  // of a call: its nested calls
     Rule rule = Rule::Ends;
     std::string step;
     int line = 0;
@@ -109,7 +109,7 @@ struct Row {
         null = Null::Fails;
         return std::move(*this);
     }
-    // The code is the table's.
+    // The table ends with the code.
     Row NullEnds(std::int32_t code) && {
         null = Null::Ends;
         null_code = code;
@@ -119,7 +119,7 @@ struct Row {
         gives = fact;
         return std::move(*this);
     }
-    // A call without it is refused by the platform with the code; a table without it makes no call.
+    // Without the fact the platform refuses a call with the code, and a table makes no call.
     Row Needs(bool ExpectedState::*fact, std::int32_t code) && {
         needs = fact;
         without = code;
@@ -141,7 +141,7 @@ struct Row {
         answer = how;
         return std::move(*this);
     }
-    // When it has taken place.
+    // The effect of a success.
     Row Does(std::function<void(ExpectedState&)> what) && {
         effect = std::move(what);
         return std::move(*this);
@@ -162,7 +162,7 @@ inline Row Table(Rows rows) {
     return row;
 }
 
-// Something that happens beside the platform's calls.
+// An effect without a platform call.
 inline Row Then(std::function<void(ExpectedState&)> what) { return Table({}).Does(std::move(what)); }
 
 inline Row Ruled(Rule rule, Row row, int line = 0, const char* step = "") {
@@ -185,10 +185,10 @@ inline Row Absent(Row row) { return Ruled(Rule::Absent, std::move(row)); }
 inline Row Lacking(Row row) { return Ruled(Rule::Lacking, std::move(row)); }
 inline Row Ignored(Row row) { return Ruled(Rule::Ignored, std::move(row)); }
 
-// A platform string over a text of the host's or the library's.
+// A platform string over a text of the host or the library.
 inline Row Text() { return Call("WindowsCreateStringReference"); }
 
-// The name of the class is part of getting its factory.
+// A factory needs the string of its class name.
 inline Row FactoryOrNull(const std::string& runtime_class, bool ExpectedState::*fact) {
     return Table({Call("WindowsCreateStringReference(" + runtime_class + ")"),
                   Call("RoGetActivationFactory(" + runtime_class + ")").Gives(fact)});
@@ -210,16 +210,16 @@ inline constexpr FaultKind kFaultKinds[] = {FaultKind::FailsOnce, FaultKind::Fai
 inline constexpr const char* kFaultKindNames[] = {"fails once", "fails twice", "keeps failing",
                                                   "works and claims to have failed", "yields null"};
 
-// Attempts fail with codes of their own, so that each can be told from the next.
+// Each attempt fails with a different code.
 inline constexpr std::int32_t kCodes[] = {kClassNotRegistered, kAccessDenied, kDisconnected};
 
 struct Fault {
-    std::string call;      // an operation, with arguments where they tell one from another
-    std::uint32_t number;  // the call that fails first, from 1
+    std::string call;      // an operation, with arguments where needed to identify it
+    std::uint32_t number;  // the first failing call, from 1
     FaultKind way;
 
     bool Matches(const std::string& other) const { return call == other || call == OperationOf(other); }
-    // False where such a call cannot fail in this way.
+    // False where the call cannot fail in this way.
     bool Set() const {
         switch (way) {
             case FaultKind::FailsLate:
@@ -231,7 +231,7 @@ struct Fault {
                        (way != FaultKind::KeepsFailing || Fail(2, 0));
         }
     }
-    // The code that the call of this number gets; 0 for a null.
+    // The code for the call of this number; 0 for a null.
     std::optional<std::int32_t> InjectedCode(std::uint32_t which) const {
         const std::uint32_t attempt = which - number;
         const std::uint32_t attempts = way == FaultKind::KeepsFailing ? UINT32_MAX
@@ -267,7 +267,7 @@ public:
 private:
     struct Outcome {
         std::int32_t code = 0;
-        bool ends = false;  // the table that it stands in
+        bool ends = false;  // the enclosing table
     };
     struct Error {
         std::int32_t code;
@@ -341,7 +341,7 @@ private:
                 world.seen += "raised platform error " + Hex(error.code) + "\n";
             }
         }
-        return 0;  // it has been told
+        return 0;  // already reported
     }
 
     std::int32_t PlayTable(const Row& table) {

@@ -1,5 +1,5 @@
-// Every failure of the platform while the system's own items are chosen, while an item is selected by the
-// host or chosen by the user, and while the dial is looked for.
+// Platform failures while the system's items are set, while the host selects or the user chooses an item, and
+// while the presence of the dial is queried.
 #include "support/menu_items.h"
 #include "sweep.h"
 
@@ -18,7 +18,7 @@ protected:
     }
 };
 
-// --- the system's own items
+// --- the system's items
 
 Row SettingTheDefaultMenu() {
     return Table(
@@ -45,7 +45,7 @@ TEST_F(WindowSweep, OfTheDefaultMenu) {
 
 // --- selecting an item
 
-// Exhausted before the identifier is found.
+// The end of the list is reached before the identifier is found.
 Row Size() { return Call("IVector<RadialControllerMenuItem>::get_Size").NullEnds(kFail); }
 
 Rows Looking() {
@@ -60,7 +60,7 @@ Row With(Rows rows, std::initializer_list<Row> more) {
 
 Row AnotherItem() { return With(Looking(), {Call("IPropertyValue::GetUInt32")}); }
 
-// A tag of another type, unless it is read as a zero.
+// A tag of another type, unless it is read as zero.
 Row AForeignItem() {
     return With(Looking(), {Call("IPropertyValue::GetUInt32").Needs(&ExpectedState::never, kTypeMismatch)});
 }
@@ -135,12 +135,12 @@ TEST_F(WindowSweep, OfAChoice) {
                      .prepare = [this] { ListenWithAMenu({KnownIcon(7)}); }});
 }
 
-// --- looking for the dial
+// --- presence query
 
 constexpr std::uint32_t kFullWait = 10'001;
 constexpr char kDialId[] = R"(\\?\BTHLE#Dev_bc838528f72a#1)";
 
-// A device that is not the dial, or where it is.
+// Reads one device; only the dial's Id sets `found`.
 Row ReadingADevice(bool is_the_dial) {
     return Table({Call("IVectorView<DeviceInformation>::GetAt").NullEnds(0), Call("WindowsCreateString"),
                   is_the_dial ? Call("IDeviceInformation::get_Id").Gives(&ExpectedState::found)
@@ -170,7 +170,7 @@ Row Querying(Rows devices) {
 
 class PresenceSweep : public WindowSweep {
 protected:
-    // Null stands for an entry without an object.
+    // Null is an entry without an object.
     void SweepPresence(const char* name, std::initializer_list<const char*> ids, Rows devices) {
         InjectEachFault({.name = name,
                          .table = Querying(std::move(devices)),

@@ -1,5 +1,4 @@
-// Settings that are texts: where they are kept, in which order they are looked for, and when they are
-// written.
+// Text settings: stores, search order, and conditions of a write.
 #include <cstdio>
 
 #include "settings.h"
@@ -121,7 +120,7 @@ TEST_F(TextSettings, EveryAnswerIsAFreshBufferOfTheTextAndItsEnd) {
     ASSERT_NE(second, nullptr);
     EXPECT_NE(first, second);
     EXPECT_EQ(dialsim_calls("wcscpy_s(6)"), 2u);
-    first[0] = 'c';  // the host's to do with as it likes
+    first[0] = 'c';  // the host owns the buffer
     EXPECT_EQ(WideText(second), UTF16("brush"));
     std::free(first);
     EXPECT_EQ(WideText(second), UTF16("brush"));
@@ -237,7 +236,7 @@ TEST_F(TextSettings, AnEmptyTextIsKeptInTheContainersAlone) {
     EXPECT_EQ(GetText(), UTF16(""));
 }
 
-// The vault refuses it after the old one is gone.
+// The vault refuses it after the old one is removed.
 TEST_F(TextSettings, AnEmptyTextRemovesTheOldCredential) {
     EXPECT_EQ(SetText(UTF16("old")), 0);
     EXPECT_EQ(SetText(UTF16("")), 0);
@@ -265,7 +264,7 @@ TEST_F(TextSettings, AnEmptyKeyIsThePlatformsToJudge) {
     EXPECT_EQ(dialsim_calls("IPasswordVault::FindAllByUserName()"), 2u);
 }
 
-// Put there by another program, which may have more rights.
+// Written by another program, which may have more rights.
 TEST_F(TextSettings, ACredentialOfTheEmptyKeyIsRead) {
     dialsim_set_packaged(false);
     stores.Write("vault.json", R"({"credentials": [{"resource": "host", "user": "", "password": "text"}]})");
@@ -289,7 +288,7 @@ TEST_F(TextSettings, WithoutAResourceTheVaultRefusesAndTheContainersKeep) {
     EXPECT_EQ(GetText(UTF16("")), UTF16("text"));
 }
 
-// --- what texts may be
+// --- valid texts
 
 TEST_F(TextSettings, AnyUnitsSurvive) {
     const BrindleChar lone[] = {'a', 0xD83D, 'b', 0xDC00, 0xFFFF, 0};
@@ -329,7 +328,7 @@ protected:
     static WideText TextEndingIn(BrindleChar last) { return WideText(GetParam() - 1, 'x') + last; }
 };
 
-// The vault takes any length, the containers up to 4096 units.
+// The vault has no length limit; the containers accept up to 4096 units.
 TEST_P(TextLength, IsKeptAndComparedToItsLastUnit) {
     constexpr BrindleChar kLast = 0x1234;
     constexpr BrindleChar kOtherInItsTopBit = 0x9234;
@@ -365,7 +364,7 @@ TEST_F(TextSettings, TextsThatDifferInOneUnitAreDifferent) {
     }
 }
 
-// The vault takes keys and resources of any length, the containers keys up to 255 units.
+// The vault has no limit for keys and resources; the containers accept keys up to 255 units.
 TEST_F(TextSettings, LongKeysAndResourcesThatDifferInTheirLastUnitAreKeptApart) {
     for (const std::size_t length : {std::size_t{255}, std::size_t{5000}, std::size_t{70'000}}) {
         const WideText start(length - 1, 'k');
@@ -384,7 +383,7 @@ TEST_F(TextSettings, LongKeysAndResourcesThatDifferInTheirLastUnitAreKeptApart) 
     }
 }
 
-// A container takes 8192 bytes.
+// A container accepts 8192 bytes.
 TEST_F(TextSettings, ATextThatIsTooLongForTheContainersIsKeptInTheVault) {
     const WideText fitting(4096, 'x');
     const WideText longer(4097, 'x');
@@ -418,9 +417,9 @@ TEST_F(TextSettings, AKeyThatIsTooLongForTheContainersIsKeptInTheVault) {
     EXPECT_FALSE(GetText(kOtherResource, longer.c_str()).has_value());
 }
 
-// --- among many
+// --- large stores
 
-// A store of the simulator's with so many entries, made from the text of one, in which # is its number.
+// Content of a simulator store with kVeryMany entries, generated from a template in which # is the number.
 std::string ManyEntries(const std::string& list, const std::string& entry) {
     std::string entries;
     for (std::uint32_t i = 0; i < kVeryMany; ++i) {
@@ -445,7 +444,7 @@ TEST_F(TextSettings, ACredentialAmongFiveThousandOfOneKeyIsFound) {
     EXPECT_EQ(GetText(UTF16("4999")), UTF16("text 4999"));
 }
 
-// --- without an identity, and over time
+// --- without package identity, and persistence
 
 TEST_F(TextSettings, WithoutAnIdentityTheVaultAloneIsUsed) {
     dialsim_set_packaged(false);
@@ -485,7 +484,7 @@ TEST_F(TextSettings, NothingIsHeldBetweenCalls) {
     EXPECT_EQ(LeakReport(), "");
 }
 
-// What another program writes is seen at once.
+// Writes of other programs are visible at once.
 TEST_F(TextSettings, NothingIsCachedBetweenCalls) {
     EXPECT_EQ(SetText(UTF16("text")), 0);
     EXPECT_EQ(GetText(), UTF16("text"));
@@ -497,7 +496,7 @@ TEST_F(TextSettings, NothingIsCachedBetweenCalls) {
     EXPECT_EQ(StoreText("roaming"), StringEntry("text"));
 }
 
-// A store that cannot be read counts as a place that is not there.
+// An unreadable store counts as missing.
 class DamagedStore : public Settings, public testing::WithParamInterface<const char*> {
 protected:
     void SetUp() override {

@@ -1,4 +1,4 @@
-// A program that is started, listened to and, if need be, killed.
+// A child process whose output can be read and which can be killed.
 #pragma once
 
 #include <cstdio>
@@ -20,7 +20,7 @@ class ChildProcess {
 public:
     static constexpr int kKilled = -1;
 
-    // The program of this name beside the running one, with arguments that need no quoting.
+    // The program of this name in the folder of the running one, with arguments that need no quoting.
     ChildProcess(const std::string& name, const std::vector<std::string>& arguments) {
         Start(Beside(name), arguments);
     }
@@ -40,7 +40,7 @@ public:
         DWORD count = 0;
         return ReadFile(output_, &mark, 1, &count, nullptr) && count == 1;
     }
-    // At once, whatever it is doing; returns when it is gone.
+    // Kills the process at any point; returns when it has ended.
     void Kill() {
         TerminateProcess(process_, static_cast<UINT>(kKilled));
         Wait();

@@ -1,4 +1,4 @@
-// Windows, modules, platform names and error codes that the tests have in common.
+// Shared constants: windows, modules, platform names and error codes.
 #pragma once
 
 #include <cstdint>
@@ -6,10 +6,10 @@
 inline constexpr std::uint64_t kWindow = 0x20316;
 inline constexpr std::uint64_t kOtherWindow = 0x20318;
 
-// Natively a module is any number.
+// Natively any number is a module.
 inline constexpr std::uint64_t kModule = 1;
 
-// Kinds of the system's items: volume, undo and redo.
+// Kinds of system items: volume, undo and redo.
 inline constexpr std::int32_t kTwoSystemItems[] = {3, 2};
 
 inline constexpr char kControllers[] = "Windows.UI.Input.RadialController";

@@ -1,4 +1,4 @@
-// What the simulator shows, as strings and vectors.
+// The simulator's texts as strings and vectors.
 #pragma once
 
 #include <cstdint>
@@ -34,14 +34,14 @@ inline std::string MenuText(std::uint64_t window) {
     return text;
 }
 
-// The kinds of the system's items that the window's menu has.
+// The kinds of the system items in the window's menu.
 inline std::vector<std::int32_t> SystemItemsOf(std::uint64_t window) {
     std::vector<std::int32_t> kinds(dialsim_system_items(window, nullptr, 0));
     dialsim_system_items(window, kinds.data(), static_cast<std::uint32_t>(kinds.size()));
     return kinds;
 }
 
-// The bytes of the store's file; nothing without a file.
+// The bytes of the store's file; empty without a file.
 inline std::optional<std::string> StoreFile(const char* store) {
     const std::size_t size = dialsim_store_file(store, nullptr, 0);
     if (size == 0) {

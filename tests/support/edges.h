@@ -1,11 +1,11 @@
-// Values at the edges of their types, and pairs that differ in few bits, for tests that go through them.
+// Edge values of types, and pairs that differ in few bits, for parameterized tests.
 #pragma once
 
 #include <cstdint>
 #include <ostream>
 #include <string>
 
-// More than any table in the platform or in the library has been made for.
+// Exceeds the capacity of every fixed-size table in the platform and the library.
 inline constexpr std::uint32_t kVeryMany = 5000;
 
 inline constexpr std::uint32_t kNumbersAtTheEdges[] = {0,       1,          0xFFFF,     0x10000,

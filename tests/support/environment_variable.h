@@ -7,7 +7,7 @@
 #include <windows.h>
 #endif
 
-// An environment variable, as it was before when the object is gone.
+// Sets an environment variable; the destructor restores it.
 class EnvironmentVariable {
 public:
     EnvironmentVariable(const char* name, const std::string& value) : name_(name) {

@@ -1,4 +1,4 @@
-// Contact rectangles at the edges of float and int32_t, and what the host receives.
+// Contact rectangles at the limits of float and int32_t, and the expected rectangles.
 #pragma once
 
 #include <brindle.h>
@@ -31,8 +31,7 @@ inline constexpr auto kNameOfPlace = [](const auto& place_info) {
 
 using Floats = std::numeric_limits<float>;
 
-// 2147483520 is the largest float below 2^31; the next ones are 128 apart, and a sum in the middle of two
-// goes to the even one.
+// 2147483520 is the largest float below 2^31; above it floats are 128 apart, and ties round to even.
 inline constexpr ExtremePlace kExtremePlaces[] = {
     {"Nothing", 0, -0.0F, 0, -0.0F, {0, 0, 0, 0}, {0, 0, 0, 0}},
     {"TheOutermostThatFit",

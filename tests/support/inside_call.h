@@ -1,4 +1,4 @@
-// Does something inside a platform call, as an event does that the platform lets in there.
+// Runs an action inside a platform call, as an event that the platform delivers there.
 #pragma once
 
 #include <cstdint>
@@ -8,8 +8,8 @@
 
 #include "simulator/dialsim.h"
 
-// Runs `action` inside the first call of `operation`, an operation with or without arguments, that is made
-// during the object's life. One at a time.
+// Runs `action` inside the first call of `operation`, given with or without arguments, during the object's
+// lifetime. One object at a time.
 class InsideCall {
 public:
     InsideCall(std::string operation, std::function<void()> action)
@@ -25,7 +25,7 @@ private:
         auto& self = *static_cast<InsideCall*>(context);
         const std::string text = call;
         if (text == self.operation_ || text.starts_with(self.operation_ + "(")) {
-            // None after the first, and none in the calls that the action leads to.
+            // Prevents a second run, also in the action's own calls.
             if (const auto action = std::exchange(self.action_, nullptr)) {
                 action();
             }

@@ -1,4 +1,4 @@
-// Picture files and resources to make items from.
+// Picture files and resources as item sources.
 #pragma once
 
 #include <brindle.h>
@@ -18,7 +18,7 @@
 #include "support/constants.h"
 #include "support/utf16.h"
 
-// A picture of 2 by 3 pixels: enough of a PNG for its size to be read.
+// A picture of 2 by 3 pixels: a PNG header with its size.
 inline const std::vector<std::uint8_t>& SmallPng() {
     static const std::vector<std::uint8_t> bytes = {
         0x89, 'P', 'N', 'G', '\r', '\n', 0x1A, '\n', 0, 0, 0, 13, 'I',  'H',  'D',  'R', 0,
@@ -26,17 +26,17 @@ inline const std::vector<std::uint8_t>& SmallPng() {
     return bytes;
 }
 
-// A file in the folder for temporary files, gone with this object, and of no other process beside this one.
+// A temporary file with a name unique to the process; the destructor deletes it.
 class TemporaryFile {
 public:
-    // Bytes are a string, or a vector of them.
+    // Bytes are a string or a vector.
     template <class Bytes>
     TemporaryFile(const std::string& name, const Bytes& bytes)
         : path_(Folder() + std::to_string(std::random_device()()) + name) {
         std::FILE* file = std::fopen(path_.c_str(), "wb");
         if (file == nullptr || std::fwrite(bytes.data(), 1, bytes.size(), file) != bytes.size() ||
             std::fclose(file) != 0) {
-            std::abort();  // a test of a broken picture would pass
+            std::abort();  // a test of a truncated picture would pass
         }
         wide_.assign(path_.begin(), path_.end());
     }
@@ -61,7 +61,7 @@ private:
     WideText wide_;
 };
 
-// A module with a picture of 2 by 3 pixels under this identifier; on Windows it has those of pictures.rc.
+// A module with a picture of 2 by 3 pixels under this identifier; on Windows pictures.rc defines it.
 inline constexpr std::uint16_t kPngResource = 101;
 inline std::uint64_t ModuleWithPng([[maybe_unused]] std::uint16_t resource = kPngResource) {
 #ifdef _WIN32

@@ -1,4 +1,4 @@
-// What most tests include, compiled once for all of them; each includes what it needs all the same.
+// Common includes, precompiled; each file also includes what it uses.
 #pragma once
 
 #include <gtest/gtest.h>

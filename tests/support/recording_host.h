@@ -1,4 +1,4 @@
-// A host that records what it is told, and does in its callbacks what a test asks for.
+// A host that records its calls and runs a test's actions in its callbacks.
 #pragma once
 
 #include <brindle.h>
@@ -11,7 +11,7 @@
 class RecordingHost final : public IDialHost {
 public:
     explicit RecordingHost(std::uint64_t window) : handles_{window} {}
-    // Answers GetWindowHandle with one after the other, and then always the last.
+    // GetWindowHandle returns these in turn, then the last one again.
     explicit RecordingHost(std::vector<std::uint64_t> handles) : handles_(std::move(handles)) {}
 
     void OnRotation(void* sender, const DialRotationInfo* info) override {
@@ -38,7 +38,7 @@ public:
     std::vector<DialContactRect> clicks;
     std::vector<void*> senders;
     std::size_t times_asked = 0;
-    const std::uint32_t* haptic_request = nullptr;  // the answer to the next rotations
+    const std::uint32_t* haptic_request = nullptr;  // the result of the next rotations
 
     std::function<void(const DialRotationInfo&)> on_rotation = [](const DialRotationInfo&) {};
     std::function<void(const DialContactRect&)> on_click = [](const DialContactRect&) {};

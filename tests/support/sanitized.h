@@ -1,4 +1,4 @@
-// Whether the tests run under a sanitizer for addresses or threads, and many times slower.
+// Whether the tests run under the address or thread sanitizer, many times slower.
 #pragma once
 
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)

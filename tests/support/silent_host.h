@@ -1,4 +1,4 @@
-// A host that allocates and keeps nothing, for tests that count allocations or let threads race.
+// A host without allocations and state, for tests that count allocations or race threads.
 #pragma once
 
 #include <brindle.h>

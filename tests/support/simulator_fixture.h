@@ -1,4 +1,4 @@
-// What the tests of code over the simulated platform share.
+// Fixtures for the tests of code over the simulated platform.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -30,8 +30,8 @@ inline WideText CharactersOf(HSTRING string) {
 #endif
 }
 
-// A fresh simulator, and at the end nothing that was handed out and has not come back. The library's code is
-// part of the test program here: on Windows that is the module to watch.
+// A fresh simulator; leaked references fail the test. The library's code is part of the test program: on
+// Windows its calls are hooked in that module.
 class SimulatorTest : public testing::Test {
 protected:
     void SetUp() override {
@@ -39,7 +39,7 @@ protected:
         dialsim_reset();
     }
     void TearDown() override {
-        dialsim_wait_for_async();  // a handler may be about to return
+        dialsim_wait_for_async();  // a handler may still be returning
         EXPECT_EQ(LeakReport(), "");
         dialsim_reset();
     }

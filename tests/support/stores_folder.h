@@ -1,4 +1,4 @@
-// A folder of the simulator's stores, fresh for each test and gone with it.
+// A folder of the simulator's stores, unique to each test; the destructor deletes it.
 #pragma once
 
 #include <cstdio>
@@ -40,7 +40,7 @@ public:
         return access(PathOf(name).c_str(), F_OK) == 0;
 #endif
     }
-    // Nothing when there is no such file.
+    // Empty without a file.
     std::optional<std::string> Read(const std::string& name) const {
         std::FILE* file = std::fopen(PathOf(name).c_str(), "rb");
         if (file == nullptr) {

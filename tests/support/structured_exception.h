@@ -1,5 +1,5 @@
-// Structured exceptions end a process. Natively the simulator says so on standard error; on Windows this
-// does.
+// Structured exceptions end a process. The simulator reports them on standard error natively; this function
+// does on Windows.
 #pragma once
 
 #ifdef _WIN32

@@ -1,4 +1,4 @@
-// Texts as a host writes them.
+// UTF-16 literals and strings of a host.
 #pragma once
 
 #include <brindle.h>
