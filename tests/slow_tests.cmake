@@ -1,5 +1,5 @@
-# Read by CTest when it has discovered the tests. The sweeps, and tests of about half a second and more, are slow as well:
-# ctest -LE slow leaves them out.
+# CTest reads this file after the discovery of tests. The sweeps, and tests of half a second or more, have the label slow:
+# ctest -LE slow excludes them.
 foreach(test IN LISTS behaviour_tests_TESTS)
     if(test MATCHES "Sweep\\.")
         set_tests_properties(${test} PROPERTIES LABELS "behaviour;slow")

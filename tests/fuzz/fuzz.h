@@ -1,5 +1,5 @@
-// What every fuzzing target is made of: bytes that are read as what a host or a person may send in, checks
-// that end the process, and a fresh simulator for each input.
+// Shared parts of the fuzzing targets: the input reader, checks that abort, and a fresh simulator for each
+// input.
 #pragma once
 
 #include <brindle.h>
@@ -19,23 +19,23 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size);
 
-inline void Check(bool holds, const std::string& what) {
-    if (!holds) {
-        std::fprintf(stderr, "does not hold: %s\n", what.c_str());
+inline void Check(bool passed, const std::string& what) {
+    if (!passed) {
+        std::fprintf(stderr, "check failed: %s\n", what.c_str());
         std::abort();
     }
 }
 
-inline void CheckSame(const std::string& is, const std::string& should_be, const char* what) {
-    Check(is == should_be, std::string(what) + "\n--- is\n" + is + "\n--- should be\n" + should_be);
+inline void CheckSame(const std::string& actual, const std::string& expected, const char* what) {
+    Check(actual == expected, std::string(what) + "\n--- actual\n" + actual + "\n--- expected\n" + expected);
 }
 
-template <std::integral Is, std::integral ShouldBe>
-void CheckSame(Is is, ShouldBe should_be, const char* what) {
-    CheckSame(std::to_string(is), std::to_string(should_be), what);
+template <std::integral Actual, std::integral Expected>
+void CheckSame(Actual actual, Expected expected, const char* what) {
+    CheckSame(std::to_string(actual), std::to_string(expected), what);
 }
 
-// What comes first is taken first; a reader that has run dry goes on with zeros.
+// Reads the input in order; at its end, zeros.
 class Input {
 public:
     Input(const std::uint8_t* bytes, std::size_t size) : next_(bytes), end_(bytes + size) {}
@@ -51,15 +51,15 @@ public:
         }
         return number;
     }
-    // Small numbers as often as large ones: what is to meet again has to be small.
+    // Small numbers are as frequent as large ones: equal numbers must be likely.
     std::uint32_t SmallOrAnyNumber() {
         const std::uint8_t first = Byte();
         return first < 0xF0 ? first % 8 : Number();
     }
 
-    // A text without NUL, of up to 64,512 units: a byte says how many units follow, whether they have one
-    // byte or two, and whether all of that is doubled, several times. A target whose limits are lower asks
-    // for fewer doublings: time goes with the length of texts.
+    // A text without NUL, of up to 64,512 units. The first byte gives the number of units, their size of one
+    // or two bytes, and whether the text is doubled repeatedly. Targets with lower limits allow fewer
+    // doublings, to save time.
     WideText Text(std::size_t max_doublings = 10) {
         const std::uint8_t shape = Byte();
         WideText text;
@@ -75,7 +75,7 @@ public:
         }
         return text;
     }
-    // The same in bytes, without repetition.
+    // The same in bytes, without doubling.
     std::string Bytes() {
         std::string bytes(Byte(), '\0');
         std::generate(bytes.begin(), bytes.end(), [this] { return static_cast<char>(Byte()); });
@@ -92,20 +92,20 @@ private:
     const std::uint8_t* const end_;
 };
 
-// One input's run: it starts on a fresh simulator, and all that was handed out has come back at its end. It
-// leaves no allocation behind: the fuzzing engine runs an input twice that does, to look for leaks.
+// The run of one input: a fresh simulator, and a leak check at the end. It leaves no allocation behind:
+// otherwise libFuzzer runs the input twice for its leak detection.
 class Run {
 public:
     Run() { dialsim_reset(); }
     Run(const Run&) = delete;
     Run& operator=(const Run&) = delete;
     ~Run() {
-        CheckSame(LeakReport(), "", "handed out and not come back");
+        CheckSame(LeakReport(), "", "leaked references");
         dialsim_reset();
     }
 };
 
-// The library started, and stopped at the end.
+// Initializes the library; the destructor calls uninit.
 class InitializedLibrary {
 public:
     InitializedLibrary() { CheckSame(initialize(), 0, "initialize"); }
@@ -114,7 +114,7 @@ public:
     ~InitializedLibrary() { uninit(); }
 };
 
-// Empty stores that no disk slows down.
+// Empty stores in memory, which are faster than files.
 class MemoryStores {
 public:
     MemoryStores() {

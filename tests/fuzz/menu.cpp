@@ -1,5 +1,4 @@
-// Menu descriptions of every kind, beside a model of the menu that they should make and of what the user's
-// hand in it should do.
+// Arbitrary menu descriptions and user actions, compared with a model of the menu.
 #include <deque>
 #include <memory>
 #include <optional>
@@ -18,7 +17,7 @@ constexpr const char* kIcons[] = {"Scroll", "Zoom",     "UndoRedo",     "Volume"
                                   "Ruler",  "InkColor", "InkThickness", "PenType"};
 constexpr std::size_t kSystemItems = 5;
 
-// One more is not there.
+// A fourth identifier has no resource.
 enum Resource : std::uint16_t { kPicture = 101, kEmpty = 102, kNoPicture = 103 };
 
 constexpr char kFontFile[] = "/dev/null";
@@ -35,12 +34,12 @@ const TemporaryFile& DamagedFile() {
 struct Item {
     WideText label;
     std::string source;
-    std::optional<std::uint32_t> tag;  // a number, if it is one
+    std::optional<std::uint32_t> tag;  // empty unless it is a number
     std::string shown_tag;
-    bool listens;  // was made by the library, which hears of its being chosen
+    bool listens;  // created by the library, which handles its invocation
 };
 
-// An item's haptic setting, kept under its identifier for good.
+// An item's haptic setting, recorded under its identifier and never removed.
 struct Setting {
     std::uint32_t item_id;
     bool haptics;
@@ -57,7 +56,7 @@ struct Menu {
     std::vector<Setting> settings;
     bool automatic_haptics = true;
     bool loads_are_held = false;
-    bool was_set = false;  // by the host: before that, turns report no item
+    bool was_set = false;  // by the host; until then, turns report no item
 
     void Clear() {
         items.clear();
@@ -74,7 +73,7 @@ struct Menu {
             CompleteLoads();
         }
     }
-    // What is loaded for a menu that has been replaced appears all the same.
+    // Items loaded for a replaced menu are added, too.
     void CompleteLoads() {
         for (const ItemRef& item : loading) {
             items.push_back(item);
@@ -92,12 +91,12 @@ struct Menu {
             automatic_haptics = setting->haptics;
         }
     }
-    // The tag that a turn should report.
+    // The expected tag of a turn.
     std::uint32_t SelectedTag() const {
-        const bool there = selected && std::find(items.begin(), items.end(), selected) != items.end();
-        return was_set && there ? selected->tag.value_or(0) : 0;
+        const bool exists = selected && std::find(items.begin(), items.end(), selected) != items.end();
+        return was_set && exists ? selected->tag.value_or(0) : 0;
     }
-    // A tag that is no number ends the search.
+    // A tag that is not a number ends the search.
     ItemRef WithTag(std::uint32_t item_id) const {
         for (const ItemRef& item : items) {
             if (item && item->shown_tag == "not a number") {
@@ -135,13 +134,13 @@ struct Menu {
     }
 };
 
-// A host that fills its menu, and a user; `should_be` is what comes of it.
+// A host and a user that change the menu; `expected_` models it.
 class Session {
 public:
     explicit Session(Input& input) : input_(input) {
-        Check(init_dial_listener(&host_), "the window is served");
-        should_be_.loads_are_held = input_.Flag();
-        dialsim_async(should_be_.loads_are_held ? DIALSIM_HELD : DIALSIM_AT_ONCE);
+        Check(init_dial_listener(&host_), "the window is registered");
+        expected_.loads_are_held = input_.Flag();
+        dialsim_async(expected_.loads_are_held ? DIALSIM_HELD : DIALSIM_AT_ONCE);
         dialsim_add_resource(kModule, kPicture, "PNG", SmallPng().data(),
                              static_cast<std::uint32_t>(SmallPng().size()));
         dialsim_add_resource(kModule, kEmpty, "PNG", "", 0);
@@ -151,13 +150,13 @@ public:
     Session& operator=(const Session&) = delete;
     ~Session() { dialsim_complete_all(); }
 
-    void DoSomething() {
-        using Deed = void (Session::*)();
-        constexpr Deed kDeeds[] = {&Session::SetMenu,        &Session::SetMenu, &Session::SetDefaultMenu,
-                                   &Session::SetCurrentItem, &Session::Choose,  &Session::Turn,
-                                   &Session::CompleteLoads,  &Session::Append,  &Session::Shrink,
-                                   &Session::ClearMenu};
-        (this->*kDeeds[input_.Below(std::size(kDeeds))])();
+    void RunAction() {
+        using Action = void (Session::*)();
+        constexpr Action kActions[] = {&Session::SetMenu,        &Session::SetMenu, &Session::SetDefaultMenu,
+                                       &Session::SetCurrentItem, &Session::Choose,  &Session::Turn,
+                                       &Session::CompleteLoads,  &Session::Append,  &Session::Shrink,
+                                       &Session::ClearMenu};
+        (this->*kActions[input_.Below(std::size(kActions))])();
         Compare();
     }
 
@@ -166,12 +165,12 @@ private:
         std::string text(dialsim_menu(kWindow, nullptr, 0), '\0');
         dialsim_menu(kWindow, text.data(), text.size());
         text.pop_back();  // the terminator
-        CheckSame(text, should_be_.Text(), "the menu");
+        CheckSame(text, expected_.Text(), "the menu");
     }
 
     void SetMenu() {
         const std::size_t count = input_.Below(8);
-        should_be_.Clear();
+        expected_.Clear();
         std::vector<MenuItemDescription> items;
         for (std::size_t i = 0; i < count; ++i) {
             items.push_back(Describe());
@@ -185,7 +184,7 @@ private:
     MenuItemDescription Describe() {
         const std::uint8_t kind = input_.Byte();
         MenuItemDescription item{};
-        // One in eight is of no known kind.
+        // One in eight has an unknown kind.
         item.kind = static_cast<MenuItemKind>((kind & 7) < 7 ? (kind & 7) % 5 : input_.Number());
         item.display_text = TakeText();
         item.item_id = input_.SmallOrAnyNumber();
@@ -215,35 +214,35 @@ private:
         return item;
     }
 
-    // Records of unknown kinds and items that cannot be made are skipped.
+    // Items of unknown kinds and items whose creation fails are skipped.
     void Expect(const MenuItemDescription& item) {
         const WideText label = item.display_text;
         switch (item.kind) {
             case MenuItemKind::FilePNG:
                 if (const std::string source = SourceOfFile(item.source.text); !source.empty()) {
-                    should_be_.Load(label, source, item.item_id);
+                    expected_.Load(label, source, item.item_id);
                 }
                 break;
             case MenuItemKind::ResourcePNG:
                 if (const std::string source = SourceOfResource(item); !source.empty()) {
-                    should_be_.Add(label, source, item.item_id);
+                    expected_.Add(label, source, item.item_id);
                     Record(item);
                 }
                 break;
             case MenuItemKind::KnownIcon:
                 if (item.source.number < std::size(kIcons)) {
-                    should_be_.Add(label, std::string("known icon ") + kIcons[item.source.number],
-                                   item.item_id);
+                    expected_.Add(label, std::string("known icon ") + kIcons[item.source.number],
+                                  item.item_id);
                 }
                 Record(item);
                 break;
             case MenuItemKind::SystemFont:
-                should_be_.Add(label, Glyph(item) + Menu::InOneLine(item.source2.text), item.item_id);
+                expected_.Add(label, Glyph(item) + Menu::InOneLine(item.source2.text), item.item_id);
                 Record(item);
                 break;
             case MenuItemKind::CustomFont:
                 if (item.source3.text == Utf16Of(kFontFile)) {
-                    should_be_.Add(label, Glyph(item) + "font file file://" + kFontFile, item.item_id);
+                    expected_.Add(label, Glyph(item) + "font file file://" + kFontFile, item.item_id);
                     Record(item);
                 }
                 break;
@@ -252,7 +251,7 @@ private:
         }
     }
     void Record(const MenuItemDescription& item) {
-        should_be_.settings.push_back({item.item_id, item.haptic_feedback != 0});
+        expected_.settings.push_back({item.item_id, item.haptic_feedback != 0});
     }
     static std::string Glyph(const MenuItemDescription& item) {
         return "glyph " + Menu::InOneLine(item.source.text) + " of ";
@@ -278,75 +277,75 @@ private:
         const bool known = std::all_of(kinds.begin(), kinds.end(), [](std::int32_t kind) {
             return kind >= 0 && kind < static_cast<std::int32_t>(kSystemItems);
         });
-        const std::int32_t none = 0;  // an empty list is a list
+        const std::int32_t none = 0;  // a valid empty list
         const auto count = static_cast<std::uint32_t>(kinds.size());
         CheckSame(set_default_menu(kWindow, kinds.empty() ? &none : kinds.data(), count), known,
                   "set_default_menu");
         CheckSame(set_default_menu(kWindow, nullptr, count), false, "set_default_menu without a list");
         if (known) {
-            should_be_.system_items = kinds;
+            expected_.system_items = kinds;
         }
     }
 
     void SetCurrentItem() {
         const std::uint32_t item_id = input_.SmallOrAnyNumber();
-        const ItemRef item = should_be_.WithTag(item_id);
+        const ItemRef item = expected_.WithTag(item_id);
         CheckSame(set_current_custom_menu(kWindow, item_id), item != nullptr, "set_current_custom_menu");
         if (item) {
-            should_be_.Select(item);
+            expected_.Select(item);
         }
     }
 
     void Choose() {
         const std::uint32_t place = input_.SmallOrAnyNumber();
-        const bool there = place < should_be_.items.size() && should_be_.items[place];
-        CheckSame(dialsim_choose(kWindow, place), there ? 0 : kOutOfBounds, "choosing");
-        if (there) {
-            should_be_.Choose(should_be_.items[place]);
+        const bool exists = place < expected_.items.size() && expected_.items[place];
+        CheckSame(dialsim_choose(kWindow, place), exists ? 0 : kOutOfBounds, "choosing");
+        if (exists) {
+            expected_.Choose(expected_.items[place]);
         }
     }
 
     void Turn() {
         CheckSame(dialsim_turn(kWindow, 1.0), 0, "a turn");
-        CheckSame(host_.LastRotation().selectedItemTag, should_be_.SelectedTag(), "the selected item's tag");
+        CheckSame(host_.LastRotation().selectedItemTag, expected_.SelectedTag(), "the selected item's tag");
     }
 
     void CompleteLoads() {
         dialsim_complete_all();
-        should_be_.CompleteLoads();
+        expected_.CompleteLoads();
     }
 
-    // Somebody else's hand in the menu.
+    // Changes of the menu by other code.
     void Append() {
         constexpr const char* kTags[] = {"UInt32", "String", "object", "none"};
         const std::size_t kind = input_.Below(std::size(kTags) + 1);
         const std::uint32_t tag = input_.SmallOrAnyNumber();
         if (kind == std::size(kTags)) {
             dialsim_append_null_item(kWindow);
-            should_be_.items.emplace_back();
+            expected_.items.emplace_back();
             return;
         }
         dialsim_append_item(kWindow, kTags[kind], tag);
         const bool number = kind == 0;
         const bool none = kTags[kind] == std::string("none");
-        should_be_.items.push_back(std::make_shared<Item>(Item{Utf16Of("appended"), "no picture",
-                                                               number ? std::optional(tag) : std::nullopt,
-                                                               number ? std::to_string(tag)
-                                                               : none ? "-"
-                                                                      : "not a number",
-                                                               false}));
+        expected_.items.push_back(std::make_shared<Item>(Item{Utf16Of("appended"), "no picture",
+                                                              number ? std::optional(tag) : std::nullopt,
+                                                              number ? std::to_string(tag)
+                                                              : none ? "-"
+                                                                     : "not a number",
+                                                              false}));
     }
 
     void Shrink() {
         dialsim_shrink_menu_after(kWindow, 0);
-        if (!should_be_.items.empty()) {
-            should_be_.items.pop_back();
+        if (!expected_.items.empty()) {
+            expected_.items.pop_back();
         }
     }
 
     void ClearMenu() {
         Check(add_custom_menu(kWindow, nullptr, input_.Byte()), "the menu is cleared");
-        should_be_.Clear();
+        expected_.Clear();
     }
 
     const BrindleChar* Store(WideText text) { return texts_.emplace_back(std::move(text)).c_str(); }
@@ -366,8 +365,8 @@ private:
     Input& input_;
     RecordingHost host_{kWindow};
     const InitializedLibrary started_;
-    Menu should_be_;
-    std::deque<WideText> texts_;  // never moved: descriptions point into them
+    Menu expected_;
+    std::deque<WideText> texts_;  // stable addresses: descriptions point into them
 };
 
 }  // namespace
@@ -376,8 +375,8 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
     const Run run;
     Input input(bytes, size);
     Session session(input);
-    for (int deeds = 0; deeds < 32 && !input.Empty(); ++deeds) {
-        session.DoSomething();
+    for (int actions = 0; actions < 32 && !input.Empty(); ++actions) {
+        session.RunAction();
     }
     return 0;
 }

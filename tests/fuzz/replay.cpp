@@ -1,5 +1,5 @@
-// Runs a target over the files of folders, as an ordinary test. The last name on standard error is the input
-// that ended it.
+// Replays the corpus files of folders as an ordinary test. The last name on standard error is the input of a
+// crash.
 #include <cstdio>
 #include <filesystem>
 #include <set>
@@ -9,7 +9,7 @@
 
 namespace {
 
-// In the order of their names.
+// Sorted by name.
 std::set<std::filesystem::path> FilesIn(const char* folder) {
     const std::filesystem::directory_iterator files(folder);
     return {begin(files), end(files)};
@@ -29,7 +29,7 @@ std::vector<std::uint8_t> Read(const std::filesystem::path& path) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    // What the library prints of the failures that the inputs ask for.
+    // Discards the library's error lines.
     if (std::freopen("/dev/null", "w", stdout) == nullptr) {
         return 1;
     }

@@ -1,5 +1,5 @@
-// Scripts of any text. One that cannot be understood plays nothing; one that can, and asks for no failures,
-// makes the host get exactly the turns and clicks that a simple parser finds in it.
+// Arbitrary scripts. A script with a syntax error has no effect; a valid one without faults raises exactly
+// the turns and clicks that a simple parser finds.
 #include <cmath>
 #include <exception>
 #include <limits>
@@ -13,7 +13,7 @@
 
 namespace {
 
-constexpr std::size_t kLongest = 2000;
+constexpr std::size_t kMaxLength = 2000;
 
 struct Turn {
     double degrees;
@@ -21,22 +21,22 @@ struct Turn {
     DialContactRect contact;
 };
 
-// What an understood script asks for.
+// The expected events of a valid script.
 struct ExpectedEvents {
     std::vector<Turn> turns;
     std::vector<DialContactRect> clicks;
-    std::uint32_t contacts_kept = 0;  // a click never gives its contact back, on purpose
-    bool injects_faults = false;      // asks for failures
-    bool leaks_strings = false;       // that leave strings out for good
+    std::uint32_t leaked_contacts = 0;  // a click leaks its contact, by contract
+    bool injects_faults = false;
+    bool leaks_strings = false;  // a faulty release leaks strings
 };
 
 std::int32_t Truncate(float value) {
-    const double whole = std::trunc(double{value});
-    return std::fabs(whole) < 2147483648.0 ? static_cast<std::int32_t>(whole)
-                                           : std::numeric_limits<std::int32_t>::min();
+    const double truncated = std::trunc(double{value});
+    return std::fabs(truncated) < 2147483648.0 ? static_cast<std::int32_t>(truncated)
+                                               : std::numeric_limits<std::int32_t>::min();
 }
 
-// Where the dial stands.
+// The dial's position on the screen.
 struct Place {
     float x = 0;
     float y = 0;
@@ -61,7 +61,7 @@ Place PlaceIn(const std::vector<std::string>& words) {
 double Degrees(const std::string& word) {
     char* end = nullptr;
     const double degrees = std::strtod(word.c_str(), &end);
-    Check(*end == '\0', "a number that is played is one: " + word);
+    Check(*end == '\0', "a played number is valid: " + word);
     return degrees;
 }
 
@@ -90,7 +90,7 @@ private:
             expected_.turns.push_back({Degrees(words[1]), button_down_, place_.ForTurn()});
         } else if (command == "click" && received) {
             expected_.clicks.push_back(place_.ForClick());
-            expected_.contacts_kept += on_screen_ ? 1U : 0U;
+            expected_.leaked_contacts += on_screen_ ? 1U : 0U;
         } else if (command == "hold" || command == "release") {
             button_down_ = command == "hold";
         } else if (command == "touch" || command == "move") {
@@ -128,24 +128,24 @@ void CheckEvents(const RecordingHost& host, const ExpectedEvents& expected) {
     }
 }
 
-// Failures may keep fewer contacts, or one of them more than once.
+// With faults, fewer contacts are leaked, or one of them several times.
 void CheckLeaks(const ExpectedEvents& expected) {
-    const std::uint32_t kept = dialsim_objects(kContacts);
-    Check(expected.injects_faults ? kept <= expected.contacts_kept : kept == expected.contacts_kept,
-          "contacts not come back");
+    const std::uint32_t leaked = dialsim_objects(kContacts);
+    Check(expected.injects_faults ? leaked <= expected.leaked_contacts : leaked == expected.leaked_contacts,
+          "leaked contacts");
     for (const std::string& line : LinesOf(LeakReport())) {
-        Check(line.starts_with(kContacts), "handed out and not come back: " + line);
+        Check(line.starts_with(kContacts), "leaked: " + line);
     }
 }
 
-// The first line that could not be understood is one of the script's.
+// The error names a line of the script.
 void CheckReason(const std::string& reason, const std::string& script) {
     const long number = reason.starts_with("line ") ? std::strtol(reason.c_str() + 5, nullptr, 10) : 0;
     const auto lines = 1 + std::count(script.begin(), script.end(), '\n');
-    Check(number >= 1 && number <= lines, "a reason names its line: " + reason);
+    Check(number >= 1 && number <= lines, "the error names a line of the script: " + reason);
 }
 
-// What a host may do after, and with what the script has left behind.
+// All calls of a host, in the state that the script leaves.
 void CallEveryExport() {
     const std::int32_t kinds[] = {3, 0};
     SetMenu(kWindow,
@@ -161,15 +161,15 @@ void CallEveryExport() {
     get_int_from_storage(UTF16("host"), UTF16("key"));
 }
 
-// Answers what was played, nothing where nothing was. With failures a label may be refused, or memory run
-// out: the header promises exceptions then.
+// Returns the expected events, none after a syntax error. With faults, exports may throw: a label is refused,
+// or memory runs out.
 ExpectedEvents Play(const std::string& script, const RecordingHost& host) {
     char reason[512];
     const std::string before = Journal();
     const bool played = dialsim_play(script.c_str(), 0, reason, sizeof reason);
     if (!played) {
         CheckReason(reason, script);
-        CheckSame(Journal(), before, "the platform's calls after nothing was played");
+        CheckSame(Journal(), before, "the journal of a script that does not parse");
         return {};
     }
     const ExpectedEvents expected = ScriptModel().Read(script);
@@ -192,8 +192,8 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
     static const StoresFolder folder;
     const std::string all = Input(bytes, size).Rest();
     const std::string script = all.substr(0, all.find('\0'));
-    // Pictures are written wherever a script says.
-    if (script.size() > kLongest || script.find("draw") != std::string::npos) {
+    // The draw command writes files to arbitrary paths.
+    if (script.size() > kMaxLength || script.find("draw") != std::string::npos) {
         return 0;
     }
     dialsim_reset();
@@ -201,7 +201,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
     RecordingHost host(kWindow);
     host.haptic_request = &buzz;
     initialize();
-    Check(init_dial_listener(&host), "the window is served");
+    Check(init_dial_listener(&host), "the window is registered");
     const ExpectedEvents expected = Play(script, host);
     uninit();
     if (!expected.leaks_strings) {

@@ -1,5 +1,4 @@
-// Texts and numbers through the four settings functions, beside a model of the three places: what should be
-// where, and what should be read.
+// Arbitrary texts and numbers through the four settings functions, compared with a model of the three stores.
 #include <map>
 #include <optional>
 #include <utility>
@@ -13,11 +12,11 @@ namespace {
 constexpr std::int32_t kAbsent = INT32_MIN;
 constexpr std::size_t kNameUnits = 255;
 constexpr std::size_t kValueUnits = 4096;
-// Of up to 63 units: beyond the limits, and not far.
+// Applied to up to 63 units: just above the limits.
 constexpr std::size_t kNameDoublings = 3;
 constexpr std::size_t kValueDoublings = 7;
 
-// An entry of a kind that the library neither writes nor reads.
+// An entry of a type that the library neither writes nor reads.
 struct Foreign {
     bool operator==(const Foreign&) const = default;
 };
@@ -25,7 +24,7 @@ using Entry = std::variant<WideText, std::int32_t, Foreign>;
 
 bool IsBlank(BrindleChar c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
 
-// The number that a text begins with, limited to the range of int32_t.
+// The leading number of a text, saturated to the range of int32_t.
 std::int32_t NumberIn(const WideText& text) {
     const auto* c = text.c_str();
     while (IsBlank(*c)) {
@@ -40,11 +39,11 @@ std::int32_t NumberIn(const WideText& text) {
     return static_cast<std::int32_t>(negative ? -number : std::min<std::int64_t>(number, INT32_MAX));
 }
 
-// The settings of an application, the roaming or the local ones.
+// The roaming or the local settings of an application.
 class Container {
 public:
-    // What cannot be read, of the other kind for instance, stays until something takes its place; what can be
-    // is removed first, also where the new value is then refused.
+    // An entry of another type stays until it is replaced. A readable one is removed first, even where the
+    // new value is then refused.
     void Write(const WideText& key, const Entry& entry) {
         const auto old = entries_.find(key);
         if (old != entries_.end() && old->second.index() == entry.index()) {
@@ -85,7 +84,7 @@ private:
 
 class Vault {
 public:
-    // A key that only another resource has blocks the way.
+    // A credential with the same key of another resource blocks the write.
     void Write(const WideText& resource, const WideText& key, const WideText& text) {
         const auto old = texts_.find({resource, key});
         if (old != texts_.end() ? old->second == text : HasCredential(key)) {
@@ -142,7 +141,7 @@ struct Stores {
 
 std::size_t LinesIn(const char* store) { return LinesOf(StoreText(store)).size(); }
 
-// A text as it is after it has gone through UTF-8.
+// A text after conversion to UTF-8 and back.
 WideText InUtf8(const WideText& text) { return EncodeUtf16(DecodeUtf16(text)); }
 
 class Session {
@@ -154,15 +153,14 @@ public:
         SetPackaged();
     }
 
-    void DoSomething() {
-        using Deed = void (Session::*)();
-        constexpr Deed kDeeds[] = {&Session::SetText,   &Session::SetText,       &Session::SetNumber,
-                                   &Session::PutText,   &Session::PutNumber,     &Session::PutForeign,
-                                   &Session::SetDigits, &Session::PutCredential, &Session::SetPackaged};
-        (this->*kDeeds[input_.Below(std::size(kDeeds))])();
+    void RunAction() {
+        using Action = void (Session::*)();
+        constexpr Action kActions[] = {&Session::SetText,   &Session::SetText,       &Session::SetNumber,
+                                       &Session::PutText,   &Session::PutNumber,     &Session::PutForeign,
+                                       &Session::SetDigits, &Session::PutCredential, &Session::SetPackaged};
+        (this->*kActions[input_.Below(std::size(kActions))])();
     }
-    // Texts by every name as resource and as key; numbers, whose place is found in the same way, by every
-    // key.
+    // Reads texts with every pair of names as resource and key, and numbers with every key.
     void Compare() const {
         for (const WideText& key : names_) {
             for (const WideText& resource : names_) {
@@ -170,23 +168,23 @@ public:
             }
             CompareNumber(names_[0], key);
         }
-        CheckSame(LinesIn("roaming"), should_be_.roaming.Size(), "roaming settings");
-        CheckSame(LinesIn("local"), should_be_.local.Size(), "local settings");
-        CheckSame(LinesIn("vault"), should_be_.vault.Size(), "credentials");
+        CheckSame(LinesIn("roaming"), expected_.roaming.Size(), "roaming settings");
+        CheckSame(LinesIn("local"), expected_.local.Size(), "local settings");
+        CheckSame(LinesIn("vault"), expected_.vault.Size(), "credentials");
     }
 
 private:
     void CompareText(const WideText& resource, const WideText& key) const {
-        const std::optional<WideText> text = should_be_.Text(resource, key);
+        const std::optional<WideText> text = expected_.Text(resource, key);
         BrindleChar* const read = get_string_from_storage(resource.c_str(), key.c_str());
-        Check((read != nullptr) == text.has_value(), "a text is found where there is one");
+        Check((read != nullptr) == text.has_value(), "a stored text is found");
         if (read != nullptr) {
-            Check(read == *text, "the text read is the text kept");
+            Check(read == *text, "the text read is the stored text");
             std::free(read);
         }
     }
     void CompareNumber(const WideText& resource, const WideText& key) const {
-        CheckSame(get_int_from_storage(resource.c_str(), key.c_str()), should_be_.Number(resource, key),
+        CheckSame(get_int_from_storage(resource.c_str(), key.c_str()), expected_.Number(resource, key),
                   "the number read");
     }
 
@@ -197,13 +195,13 @@ private:
         const WideText& key = Name();
         CheckSame(set_string_in_storage(resource.c_str(), key.c_str(), text.c_str()), 0,
                   "set_string_in_storage");
-        if (should_be_.packaged) {
-            should_be_.roaming.Write(key, text);
-            should_be_.local.Write(key, text);
+        if (expected_.packaged) {
+            expected_.roaming.Write(key, text);
+            expected_.local.Write(key, text);
         }
-        should_be_.vault.Write(resource, key, text);
+        expected_.vault.Write(resource, key, text);
     }
-    // Around the limits of the range, and what may stand before and behind a number.
+    // Values around the range limits, with prefixes and suffixes.
     WideText Digits() {
         constexpr const char* kBefore[] = {"", "-", "+", " ", "\t\v-", "--", " + "};
         constexpr const char* kBehind[] = {"", " ", "x", ".5", "0000000000"};
@@ -216,13 +214,13 @@ private:
         const WideText& key = Name();
         const std::int32_t number = Number();
         CheckSame(set_int_in_storage(Name().c_str(), key.c_str(), number), 0, "set_int_in_storage");
-        if (should_be_.packaged) {
-            should_be_.roaming.Write(key, number);
-            should_be_.local.Write(key, number);
+        if (expected_.packaged) {
+            expected_.roaming.Write(key, number);
+            expected_.local.Write(key, number);
         }
     }
 
-    // What was there before.
+    // Prepares the stores.
     void PutText() {
         const std::string text = input_.Bytes();
         Put("String", text, Utf16Of(text));
@@ -241,7 +239,7 @@ private:
         const bool roaming = input_.Flag();
         const bool put =
             dialsim_put_setting(roaming ? "roaming" : "local", Utf8Of(key).c_str(), type, value.c_str());
-        Container& container = roaming ? should_be_.roaming : should_be_.local;
+        Container& container = roaming ? expected_.roaming : expected_.local;
         CheckSame(put, container.Put(InUtf8(key), entry), "putting a setting");
     }
     void PutCredential() {
@@ -250,23 +248,23 @@ private:
         const std::string password = input_.Bytes();
         const bool put =
             dialsim_put_credential(Utf8Of(resource).c_str(), Utf8Of(key).c_str(), password.c_str());
-        CheckSame(put, should_be_.vault.Put(InUtf8(resource), InUtf8(key), Utf16Of(password)),
+        CheckSame(put, expected_.vault.Put(InUtf8(resource), InUtf8(key), Utf16Of(password)),
                   "putting a credential");
     }
     void SetPackaged() {
-        should_be_.packaged = input_.Flag();
-        dialsim_set_packaged(should_be_.packaged);
+        expected_.packaged = input_.Flag();
+        dialsim_set_packaged(expected_.packaged);
     }
 
     const WideText& Name() { return names_[input_.Below(std::size(names_))]; }
-    // The marker for nothing is one in eight.
+    // One in eight is the number that means "absent".
     std::int32_t Number() {
         return input_.Below(8) == 0 ? kAbsent : static_cast<std::int32_t>(input_.Number());
     }
 
     Input& input_;
     WideText names_[3];
-    Stores should_be_;
+    Stores expected_;
 };
 
 }  // namespace
@@ -277,8 +275,8 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
     const InitializedLibrary started;
     Input input(bytes, size);
     Session session(input);
-    for (int deeds = 0; deeds < 16 && !input.Empty(); ++deeds) {
-        session.DoSomething();
+    for (int actions = 0; actions < 16 && !input.Empty(); ++actions) {
+        session.RunAction();
     }
     session.Compare();
     return 0;

@@ -1,6 +1,5 @@
-// Files of the simulator's stores as anybody may have left them. Damaged ones are never changed and have
-// nothing to tell; what whole ones hold stays when an entry is added, and a second reading finds what the
-// first one did.
+// Arbitrary store files. A damaged file is never changed and has no entries. A valid one keeps its entries
+// when one is added.
 #include <cstring>
 #include <nlohmann/json.hpp>
 #include <set>
@@ -13,10 +12,10 @@ namespace {
 constexpr const char* kStores[] = {"roaming", "local", "vault"};
 
 constexpr char kDamaged[] = "damaged\n";
-constexpr char kNewKey[] = "a key of this test's own";
-constexpr BrindleChar kNewKeyWide[] = UTF16("a key of this test's own");
+constexpr char kNewKey[] = "a new key";
+constexpr BrindleChar kNewKeyWide[] = UTF16("a new key");
 
-// As a host and as a test would: neither minds what is there.
+// Reads by all functions; no content may crash them.
 void ReadAll() {
     for (const BrindleChar* key : {kNewKeyWide, UTF16("key"), UTF16("")}) {
         std::free(get_string_from_storage(UTF16("host"), key));
@@ -30,14 +29,14 @@ bool Put(const char* store) {
 }
 
 void CheckDamaged(const char* store, const std::string& content) {
-    Check(!Put(store), "a damaged store takes nothing");
+    Check(!Put(store), "a damaged store refuses entries");
     CheckSame(set_string_in_storage(UTF16("host"), kNewKeyWide, UTF16("value")), 0, "set_string_in_storage");
     CheckSame(set_int_in_storage(UTF16("host"), kNewKeyWide, 7), 0, "set_int_in_storage");
     ReadAll();
-    Check(StoreFile(store) == content, "a damaged store is left alone");
+    Check(StoreFile(store) == content, "a damaged store is unchanged");
 }
 
-// Three for each entry and one around them: what else there is would get lost with the next change.
+// Three members for each entry and one around them: any other member would be lost with the next change.
 void CheckMembers(const std::string& listing, const std::string& content) {
     using Json = nlohmann::json;
     std::size_t members = 0;
@@ -45,39 +44,39 @@ void CheckMembers(const std::string& listing, const std::string& content) {
         members += event == Json::parse_event_t::key ? 1U : 0U;
         return true;
     };
-    Check(!Json::parse(content, count).is_discarded(), "a whole file is JSON");
+    Check(!Json::parse(content, count).is_discarded(), "a valid file is JSON");
     CheckSame(members, 1 + 3 * LinesOf(listing).size(), "members");
 }
 
-// A whole number is in the file as it is listed.
+// A listed integer is in the file literally.
 void CheckNumbers(const std::string& listing, const std::string& content) {
     for (const std::string& line : LinesOf(listing)) {
         const std::string word = line.substr(line.rfind(' ') + 1);
         if (word.find_first_not_of("-0123456789") == std::string::npos) {
-            Check(content.find(word) != std::string::npos, "a number that is listed is in the file: " + line);
+            Check(content.find(word) != std::string::npos, "a listed number is in the file: " + line);
         }
     }
 }
 
-void CheckWhole(const char* store, const std::string& content, const std::string& before) {
+void CheckValid(const char* store, const std::string& content, const std::string& before) {
     CheckMembers(before, content);
     CheckNumbers(before, content);
     ReadAll();
     Check(StoreFile(store) == content, "reading changes nothing");
 
-    Check(Put(store), "a whole store takes an entry");
+    Check(Put(store), "an entry is added to a valid store");
     const std::string after = StoreText(store);
     const std::vector<std::string> lines = LinesOf(after);
-    const std::set<std::string> now(lines.begin(), lines.end());
+    const std::set<std::string> present(lines.begin(), lines.end());
     std::size_t kept = 0;
     for (const std::string& line : LinesOf(before)) {
-        kept += now.contains(line) ? 1U : 0U;
+        kept += present.contains(line) ? 1U : 0U;
     }
     CheckSame(kept, LinesOf(before).size(), "entries that stayed");
     CheckSame(lines.size(), kept + 1, "entries with the new one");
 
-    Check(Put(store), "the same once more");
-    CheckSame(StoreText(store), after, "the store with the same once more");
+    Check(Put(store), "the entry is replaced");
+    CheckSame(StoreText(store), after, "the store after the replacement");
 }
 
 }  // namespace
@@ -95,7 +94,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
     if (listing == kDamaged) {
         CheckDamaged(store, content);
     } else if (listing.find(kNewKey) == std::string::npos) {
-        CheckWhole(store, content, listing);
+        CheckValid(store, content, listing);
     }
     return 0;
 }

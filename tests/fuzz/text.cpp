@@ -1,4 +1,4 @@
-// Conversions between UTF-8 and UTF-16: the library's, the simulator's and a third one agree.
+// Conversions between UTF-8 and UTF-16: the library, the simulator and a reference implementation agree.
 #include "platform/text.h"
 
 #include "fuzz.h"
@@ -14,7 +14,7 @@ void CheckBytes(const std::string& bytes) {
     const brindle::String string = brindle::ToPlatformString(bytes);
     Check(dialsim::View(string.Get()) == units, "the library makes a string");
     Check((string.Get() == nullptr) == bytes.empty(), "no text is the null string");
-    CheckSame(dialsim::Narrow(units), EncodeUtf8(DecodeUtf8(bytes)), "there and back");
+    CheckSame(dialsim::Narrow(units), EncodeUtf8(DecodeUtf8(bytes)), "UTF-8 round trip");
 }
 
 void CheckUnits(const std::string& bytes) {
@@ -25,7 +25,7 @@ void CheckUnits(const std::string& bytes) {
         units += static_cast<BrindleChar>((high << 8) | low);
     }
     CheckSame(dialsim::Narrow(units), Utf8Of(units), "the simulator narrows");
-    Check(dialsim::Widen(dialsim::Narrow(units)) == EncodeUtf16(DecodeUtf16(units)), "back and there");
+    Check(dialsim::Widen(dialsim::Narrow(units)) == EncodeUtf16(DecodeUtf16(units)), "UTF-16 round trip");
 }
 
 }  // namespace

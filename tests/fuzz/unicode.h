@@ -1,5 +1,5 @@
-// UTF-8 and UTF-16 once more, by another road than the simulator's: well-formed is what encodes back to
-// itself, and of what is not, the longest beginning of something well-formed counts as one damaged character.
+// A reference implementation of UTF-8 and UTF-16. The longest prefix of a well-formed character counts as one
+// damaged character.
 #pragma once
 
 #include <algorithm>
@@ -13,8 +13,7 @@ inline constexpr char32_t kDamaged = 0xFFFD;
 
 inline bool IsSurrogate(char32_t character) { return character >= 0xD800 && character <= 0xDFFF; }
 
-// Characters from the first to the last; 0 bits for one byte, then six more for each byte that follows the
-// first.
+// Lead bits and range of the characters with 1, 2, 3 or 4 bytes.
 struct Utf8Form {
     unsigned char lead;
     char32_t first;
@@ -44,8 +43,8 @@ inline std::string EncodeUtf8(const std::u32string& characters) {
     return bytes;
 }
 
-// What the bytes would stand for, were they `length` long and filled up with this one.
-inline char32_t Filled(std::string_view bytes, std::size_t length, unsigned char filler) {
+// Decodes the bytes as a character of `length` bytes, padded with the filler.
+inline char32_t DecodePadded(std::string_view bytes, std::size_t length, unsigned char filler) {
     char32_t character = static_cast<unsigned char>(bytes[0]) & (length == 1 ? 0x7FU : 0x7FU >> length);
     for (std::size_t i = 1; i < length; ++i) {
         const unsigned char next = i < bytes.size() ? static_cast<unsigned char>(bytes[i]) : filler;
@@ -54,8 +53,8 @@ inline char32_t Filled(std::string_view bytes, std::size_t length, unsigned char
     return character;
 }
 
-// The length of the character that the bytes are the beginning of; 0 if of none.
-inline std::size_t BeginsCharacterOf(std::string_view bytes) {
+// The length of the character of which the bytes are a prefix; 0 if of none.
+inline std::size_t PrefixedCharacterLength(std::string_view bytes) {
     const auto lead = static_cast<unsigned char>(bytes[0]);
     std::size_t length = 1;
     while (length < 4 && lead >= kUtf8Forms[length].lead) {
@@ -67,8 +66,8 @@ inline std::size_t BeginsCharacterOf(std::string_view bytes) {
     if (!lead_fits || !follow || bytes.size() > length) {
         return 0;
     }
-    const char32_t first = std::max(Filled(bytes, length, 0x80), kUtf8Forms[length - 1].first);
-    const char32_t last = std::min(Filled(bytes, length, 0xBF), kUtf8Forms[length - 1].last);
+    const char32_t first = std::max(DecodePadded(bytes, length, 0x80), kUtf8Forms[length - 1].first);
+    const char32_t last = std::min(DecodePadded(bytes, length, 0xBF), kUtf8Forms[length - 1].last);
     return first <= last && !(IsSurrogate(first) && IsSurrogate(last)) ? length : 0;
 }
 
@@ -76,12 +75,12 @@ inline std::u32string DecodeUtf8(std::string_view bytes) {
     std::u32string characters;
     while (!bytes.empty()) {
         std::size_t taken = 1;
-        while (taken < bytes.size() && BeginsCharacterOf(bytes.substr(0, taken + 1)) != 0) {
+        while (taken < bytes.size() && PrefixedCharacterLength(bytes.substr(0, taken + 1)) != 0) {
             ++taken;
         }
-        const std::string_view beginning = bytes.substr(0, taken);
-        const bool whole = BeginsCharacterOf(beginning) == taken;
-        characters += whole ? Filled(beginning, taken, 0) : kDamaged;
+        const std::string_view prefix = bytes.substr(0, taken);
+        const bool is_complete = PrefixedCharacterLength(prefix) == taken;
+        characters += is_complete ? DecodePadded(prefix, taken, 0) : kDamaged;
         bytes.remove_prefix(taken);
     }
     return characters;
@@ -100,7 +99,7 @@ inline WideText EncodeUtf16(const std::u32string& characters) {
     return units;
 }
 
-// A surrogate without its other half is damaged.
+// An unpaired surrogate is damaged.
 inline std::u32string DecodeUtf16(const WideText& units) {
     std::u32string characters;
     for (std::size_t i = 0; i < units.size(); ++i) {
