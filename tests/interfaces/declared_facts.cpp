@@ -78,7 +78,7 @@ std::string ClassFact() {
     Fact("member", #type "." #member, offsetof(type, member), sizeof(type::member))
 #define VALUE_FACT(type, value) Fact("value", #type "." #value, static_cast<std::int32_t>(type::value))
 
-// One instantiation stands for each parameterised interface.
+// One instantiation represents each parameterised interface.
 namespace shapes {
 
 using IAsyncOperation = abi::IAsyncOperation<StorageFile>;

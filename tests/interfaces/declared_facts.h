@@ -1,5 +1,5 @@
-// What our headers declare of the platform's binary interface, as the compiler lays it out: facts in the
-// words of tests/interfaces/interfaces.txt.
+// Facts of the declared binary interface, as the compiler lays it out, in the format of
+// tests/interfaces/interfaces.txt.
 #pragma once
 
 #include <array>
@@ -12,7 +12,7 @@
 
 namespace brindle::abi {
 
-// Both toolchains write a pointer to a virtual member as 1 plus the byte offset of its slot.
+// Both toolchains represent a pointer to a virtual member as 1 plus the byte offset of its slot.
 template <class Method>
 std::size_t SlotOf(Method method) {
     return (std::bit_cast<std::array<std::size_t, 2>>(method)[0] - 1) / sizeof(void*);
@@ -20,7 +20,7 @@ std::size_t SlotOf(Method method) {
 
 std::vector<std::string> DeclaredFacts();
 
-// As identifiers are written in facts.
+// The format of identifiers in facts.
 std::string TextOf(const GUID& id);
 
 }  // namespace brindle::abi

@@ -1,4 +1,4 @@
-// The file of what the platform publishes, a fact a line.
+// Reader of the file of published facts, one a line.
 #pragma once
 
 #include <cstdio>

@@ -1,4 +1,4 @@
-// The binary contract: what the platform publishes, as a file of facts, against what our headers declare.
+// Compares the published binary interface, as a file of facts, with the declared one.
 #include <gtest/gtest.h>
 
 #include <map>

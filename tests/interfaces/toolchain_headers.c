@@ -1,6 +1,6 @@
-/* Windows only. The toolchain's own view of interfaces that we declare too, for toolchain_headers_test.cpp,
- * as facts in the words of tests/interfaces/interfaces.txt. In C, because these headers declare enumerations
- * ahead of their definition, which C++ does not allow. */
+/* Windows only. The toolchain's declarations of interfaces that this project declares, for
+ * toolchain_headers_test.cpp, as facts in the format of tests/interfaces/interfaces.txt. In C, because these
+ * headers declare enumerations before their definition, which C++ does not allow. */
 #define INITGUID
 #include <activation.h>
 #include <asyncinfo.h>

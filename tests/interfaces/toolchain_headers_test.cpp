@@ -1,5 +1,5 @@
-// Windows only. The toolchain declares some of the same interfaces from another source than ours; where both
-// speak, they have to agree. What its headers only manage to say in C comes from toolchain_headers.c.
+// Windows only. Compares the declared interfaces with the toolchain's own declarations, where it has them.
+// Those that its headers declare for C only come from toolchain_headers.c.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -36,7 +36,7 @@ extern const ToolchainIdentifier kToolchainInstances[];
 namespace brindle::abi {
 namespace {
 
-// Classes we do not use, but whose instantiations the toolchain identifies.
+// Unused classes whose instantiations the toolchain identifies.
 struct Marker : IInspectable {
     static constexpr GUID Iid = Id("1803def8-dca5-4b6f-9c20-e3d3c0643625");
 
@@ -68,8 +68,8 @@ struct Speech {
     static constexpr char Name[] = "Windows.Media.SpeechSynthesis.SpeechSynthesisStream";
 };
 
-// The toolchain has one method for the two of the event, so that what follows stands one slot too low, and a
-// property without its prefix.
+// The toolchain has one method for the event's two, so that later slots are one lower, and a property without
+// its prefix.
 const std::set<std::string> kWrongInTheToolchain = {
     "slots IApplicationData 18",
     "method IApplicationData::DataChanged 15",
@@ -82,7 +82,7 @@ const std::set<std::string> kMissingInTheToolchain = {
     "method IApplicationData::get_RoamingStorageQuota",
 };
 
-// The toolchain's facts may end before ours: it tells no numbers of parameters, for one.
+// The toolchain's facts may be shorter: for instance, it has no parameter counts.
 bool IsDeclared(const std::string& fact) {
     static const auto declared = DeclaredFacts();
     return std::any_of(declared.begin(), declared.end(),
@@ -96,7 +96,7 @@ TEST(ToolchainHeaders, SharedSlotsLayoutsAndValuesAreTheSame) {
     }
 }
 
-TEST(ToolchainHeaders, SharedInterfacesAreComparedWhole) {
+TEST(ToolchainHeaders, SharedInterfacesAreComparedCompletely) {
     std::set<std::string> compared;
     for (const auto* theirs = kToolchainNumbers; theirs->Name != nullptr; ++theirs)
         compared.insert(theirs->Name);
@@ -137,7 +137,7 @@ TEST(ToolchainHeaders, InstantiationsHaveTheSameIdentifier) {
         OURS(AsyncOperationCompletedHandler<Speech>),
     };
 #undef OURS
-    // The value that the toolchain declares for this one does not follow from the published signature.
+    // The toolchain's value for this one does not follow from the published signature.
     const std::set<std::string> wrong = {"IVectorView<HSTRING>"};
     std::size_t rows = 0;
     for (const auto* theirs = kToolchainInstances; theirs->Name != nullptr; ++theirs, ++rows) {
@@ -148,7 +148,7 @@ TEST(ToolchainHeaders, InstantiationsHaveTheSameIdentifier) {
     EXPECT_EQ(rows, ours.size());
 }
 
-// The toolchain has handlers as a C++ template only.
+// The toolchain declares handlers as a C++ template only.
 TEST(ToolchainHeaders, HandlersAreInvokedThroughTheSameSlot) {
     using OurHandler = TypedEventHandler<IInspectable, IInspectable>;
     using TheirHandler = ABI::Windows::Foundation::ITypedEventHandler<::IInspectable*, ::IInspectable*>;

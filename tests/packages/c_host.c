@@ -1,5 +1,5 @@
-/* A host in plain C: every export, in named phases. The host object is a struct whose first member points at
- * its table of functions. */
+/* A host in plain C that calls every export, in named phases. The host object is a struct whose first member
+ * points to its function table. */
 #include <brindle.h>
 #include <stdio.h>
 #include <stdlib.h>
@@ -16,7 +16,7 @@
 #endif
 
 #define WINDOW 42
-#define STORES "c_host.stores" /* in the current folder, for as long as this runs */
+#define STORES "c_host.stores" /* in the current folder, during the run */
 
 static const char* phase = "start";
 

@@ -1,4 +1,4 @@
-# To be sourced: the names of the interface, as the header declares them and as the module definition lists them.
+# To be sourced: the exported names in the header and in the module definition.
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
 
 declared_exports() {
@@ -14,7 +14,6 @@ fail() {
     exit 1
 }
 
-# The third argument says where the names of the second come from.
-same_names() {
+same_names() { # DECLARED NAMES SOURCE-OF-NAMES
     diff <(echo "$1") <(echo "$2") || fail "the header and $3 do not have the same names"
 }

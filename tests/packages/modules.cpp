@@ -1,6 +1,5 @@
-// Which modules a program has to take in for the sake of brindle.dll: prints their names, a line each, and
-// fails when one of them besides the DLL comes from elsewhere than the system's folder. Usage: modules
-// FULL-PATH-OF-DLL
+// Prints the modules that brindle.dll loads, a line each, and fails when one of them besides the DLL comes
+// from outside the system's folder. Usage: modules FULL-PATH-OF-DLL
 #include <windows.h>
 
 #include <algorithm>

@@ -1,5 +1,4 @@
-/* As small as a host in C can be: status 0 when its window has a dial, 3 when not, else what initialize
- * answers. */
+/* A minimal host in C: status 0 when its window has a dial, 3 when not, else initialize's result. */
 #include <brindle.h>
 
 static uint64_t GetWindowHandle(IDialHost* self) {

@@ -1,4 +1,4 @@
-// As small as a host can be: status 0 when its window has a dial, 3 when not, else what initialize answers.
+// A minimal host: status 0 when its window has a dial, 3 when not, else initialize's result.
 #include <brindle.h>
 
 namespace {

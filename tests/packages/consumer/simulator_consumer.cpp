@@ -1,5 +1,5 @@
-// Turns the simulated dial: status 0 when the host was told of it, 3 when not, 4 when there was no
-// simulator to watch the library, else what initialize answers.
+// Turns the simulated dial: status 0 when the host received the turn, 3 when not, 4 when the simulator could
+// not hook the library, else initialize's result.
 #include <brindle.h>
 #include <dialsim.h>
 

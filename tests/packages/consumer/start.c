@@ -1,4 +1,4 @@
-/* What a run-time library would do for a program that has none. */
+/* The entry point of a program without a run-time library. */
 __declspec(dllimport) __declspec(noreturn) void ExitProcess(unsigned status);
 int main(void);
 

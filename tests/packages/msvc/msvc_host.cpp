@@ -1,13 +1,13 @@
-// A host from another compiler: clang's MSVC binary interface, linked without any runtime library of its own
-// against import libraries of the two DLLs. Whatever crosses the boundary is looked at twice, by the header's
-// member and by its bytes at the published offset.
+// A host from another compiler: clang's MSVC binary interface, linked without a run-time library against
+// import libraries of the two DLLs. Every value across the boundary is checked twice: by the header's member
+// and by its bytes at the published offset.
 #include <brindle.h>
 
 #include "simulator/dialsim.h"
 
 extern "C" {
 
-// As the platform declares them; its headers are not there for this target.
+// The platform's declarations; its headers are not available for this target.
 __declspec(dllimport) int DeleteFileA(const char* path);
 __declspec(dllimport) __declspec(noreturn) void ExitProcess(unsigned status);
 __declspec(dllimport) uint32_t GetModuleFileNameW(void* module, wchar_t* path, uint32_t size);
@@ -18,7 +18,7 @@ __declspec(dllimport) int RemoveDirectoryA(const char* path);
 __declspec(dllimport) int WriteFile(void* file, const void* bytes, uint32_t count, uint32_t* written,
                                     void* overlapped);
 
-// What the compiler expects of a runtime library.
+// Symbols that the compiler expects of a run-time library.
 extern const int _fltused = 0;
 void Start();
 
@@ -27,7 +27,7 @@ void Start();
 namespace {
 
 constexpr uint64_t kWindow = 42;
-constexpr char kStores[] = "msvc_host.stores";  // in the current folder, for as long as this runs
+constexpr char kStores[] = "msvc_host.stores";  // in the current folder, during the run
 constexpr uint32_t kStandardOutput = static_cast<uint32_t>(-11);
 constexpr int32_t kFail = static_cast<int32_t>(0x80004005);
 
@@ -54,7 +54,7 @@ T At(const void* record, uint32_t offset) {
     return value;
 }
 
-// A bool comes back in one byte, which is 0 or 1; the rest of the register may hold anything.
+// A bool is returned in one byte, 0 or 1; the rest of the register is undefined.
 template <class... Parameters>
 uint8_t ByteOf(bool (*function)(Parameters...), Parameters... arguments) {
     return reinterpret_cast<uint8_t (*)(Parameters...)>(function)(arguments...);
@@ -137,7 +137,7 @@ void CheckBytes(const MenuItemDescription& item) {
     CHECK(At<uint64_t>(&item, 40) == item.source3.number);
 }
 
-// The kinds' numbers, the place of every source and the tags come back in what the menu shows.
+// The menu's text shows the kinds' numbers, the position of every source and the tags.
 void FillTheMenu() {
     static wchar_t program[512];
     CHECK(GetModuleFileNameW(nullptr, program, 512) != 0);
@@ -145,7 +145,7 @@ void FillTheMenu() {
     const MenuItemDescription items[] = {
         {MenuItemKind::KnownIcon, L"Louder", 7, 0, {.number = 3}, {}, {}},
         {MenuItemKind::SystemFont, L"Glyph", 0xA1B2C3D4, 1, {.text = L"A"}, {.text = L"Symbols"}, {}},
-        // Any file will do for a font: only its name is looked at.
+        // The font file's content does not matter: only its name is used.
         {MenuItemKind::CustomFont, L"Own", 9, 1, {.text = L"B"}, {.text = L"Signs"}, {.text = program}},
         {MenuItemKind::ResourcePNG, L"Resource", 10, 0, {.module = module}, {.number = 101}, {}},
         {MenuItemKind::FilePNG, L"File", 11, 0, {.text = PICTURE}, {}, {}},
@@ -174,7 +174,7 @@ void TurnTheDial(Host& host) {
     static const uint32_t kBuzz = 1;
     CHECK(dialsim_turn(kWindow, 0.0) == 0);
 
-    // After a pause the sum of the degrees starts anew, and sqrt(46 - 10) is 6.
+    // After a pause the sum of the degrees restarts, and sqrt(46 - 10) is 6.
     dialsim_wait(150);
     dialsim_hold(true);
     CHECK(dialsim_touch(kWindow, 10.5F, 20.5F, 30.5F, 40.5F) == 0);
@@ -195,8 +195,8 @@ void TurnTheDial(Host& host) {
     CHECK(host.turns == 3 && host.clicks == 1);
 }
 
-// Failures unwind inside the library and stay there, or go past this program to the platform.
-void LetStepsFail(Host& host) {
+// Exceptions unwind inside the library and stay there, or pass through this program to the platform.
+void InjectFaults(Host& host) {
     CHECK(dialsim_fail("IRadialControllerMenu::get_Items", kFail, 1, 3));
     CHECK(ByteOf(add_custom_menu, kWindow, static_cast<const MenuItemDescription*>(nullptr), 0U) == 0);
     CHECK(ByteOf(init_dial_listener, static_cast<IDialHost*>(nullptr)) == 0);
@@ -205,7 +205,7 @@ void LetStepsFail(Host& host) {
     CHECK(host.turns == 3);
 }
 
-void AskForTheDial() {
+void QueryPresence() {
     CHECK(ByteOf(is_dial_present, kWindow) == 1);
     dialsim_remove_devices();
     CHECK(ByteOf(is_dial_present, kWindow) == 0);
@@ -219,7 +219,7 @@ void CheckAndFree(wchar_t* text) {
     free(text);
 }
 
-void KeepSettings() {
+void WriteSettings() {
     dialsim_set_stores(kStores);
     CHECK(dialsim_clear_stores());
     dialsim_set_packaged(true);
@@ -245,9 +245,9 @@ void Start() {
     CHECK(initialize() == 0);
     CHECK(ByteOf(init_dial_listener, static_cast<IDialHost*>(&host)) == 1);
     TurnTheDial(host);
-    LetStepsFail(host);
-    AskForTheDial();
-    KeepSettings();
+    InjectFaults(host);
+    QueryPresence();
+    WriteSettings();
     uninit();
     CHECK(dialsim_turn(kWindow, 1.0) == DIALSIM_NO_CONTROLLER);
     Print("msvc_host: every record is where it was published to be\n");
