@@ -33,8 +33,8 @@ int DescriptorOf(std::FILE* file) { return fileno(file); }
 
 constexpr int kStandardOutput = 1;
 
-// The contract does not say where the other calls come.
-bool CanBeForeseen(std::string_view line) {
+// The contract does not define the position of the excluded calls.
+bool IsPredictable(std::string_view line) {
     return !line.starts_with("WindowsDeleteString(") && !line.starts_with("WindowsGetString");
 }
 
@@ -92,7 +92,7 @@ public:
         }
     }
     std::uint64_t GetWindowHandle() override {
-        const std::uint64_t window = windows_[std::min(times_asked_++, windows_.size() - 1)];
+        const std::uint64_t window = windows_[std::min(window_queries_++, windows_.size() - 1)];
         player_.Write("host " + std::to_string(number_) + " asked for its window");
         player_.AtCallback();
         return window;
@@ -106,7 +106,7 @@ private:
     Actual& player_;
     const int number_;
     std::vector<std::uint64_t> windows_;
-    std::size_t times_asked_ = 0;
+    std::size_t window_queries_ = 0;
     std::uint32_t request_ = 0;
 };
 
@@ -135,7 +135,7 @@ void Actual::OnCall(const char* call) {
     if (operation != operations_.end()) {
         ++counts_.counts[operation->second];
     }
-    if (CanBeForeseen(line)) {
+    if (IsPredictable(line)) {
         AtCall(call);
     }
 }
@@ -154,25 +154,25 @@ void Actual::SetFault(const Fault& fault) {
 
 void Actual::Uninit() { uninit(); }
 
-// --- what is seen
+// --- recording of results
 
 std::size_t Actual::ObjectsOf(const char* class_name) { return dialsim_objects(class_name); }
 
 std::string Actual::TakePrinted() { return output_.Take(); }
 
 std::string Actual::TakeJournal() {
-    std::string journal;
-    const std::string whole = Journal();
+    std::string predictable;
+    const std::string journal = Journal();
     dialsim_clear_journal();
-    for (std::size_t begin = 0; begin < whole.size();) {
-        const std::size_t end = whole.find('\n', begin) + 1;
-        const std::string_view line = std::string_view(whole).substr(begin, end - begin);
-        if (CanBeForeseen(line)) {
-            journal += line;
+    for (std::size_t begin = 0; begin < journal.size();) {
+        const std::size_t end = journal.find('\n', begin) + 1;
+        const std::string_view line = std::string_view(journal).substr(begin, end - begin);
+        if (IsPredictable(line)) {
+            predictable += line;
         }
         begin = end;
     }
-    return journal;
+    return predictable;
 }
 
 std::string Actual::ShowMenu(std::uint64_t window) {
@@ -244,7 +244,7 @@ bool Actual::CallWindowExport(const Operation& operation) {
         case Act::AddMenu:
             return FillMenu(operation);
         case Act::DefaultMenu: {
-            // An empty list is a list all the same.
+            // A valid empty list.
             const std::int32_t none = 0;
             const auto count =
                 static_cast<std::uint32_t>(operation.null_list ? operation.number : operation.kinds.size());
@@ -335,7 +335,7 @@ void Actual::RaiseEvent(const Operation& operation) {
     }
 }
 
-// --- the platform changes
+// --- changes of the platform
 
 void Actual::ChangePlatform(const Operation& operation) {
     const auto number = static_cast<std::uint32_t>(operation.number);

@@ -1,4 +1,4 @@
-// The library over the simulator as a player.
+// A player of the library over the simulator.
 #pragma once
 
 #include <cstdio>
@@ -11,7 +11,7 @@
 
 namespace model {
 
-// How often each platform operation was called, by its index in the simulator's list.
+// Calls of each platform operation, by its index in the simulator's list.
 struct CallCounts {
     static constexpr std::size_t kMost = 256;
     std::uint64_t counts[kMost] = {};
@@ -25,7 +25,7 @@ public:
     CapturedOutput& operator=(const CapturedOutput&) = delete;
     ~CapturedOutput();
 
-    // What was printed since the last call.
+    // The output since the last call.
     std::string Take();
 
 private:

@@ -10,7 +10,7 @@ namespace model {
 
 namespace {
 
-constexpr std::uint64_t kStart = 1'000'000;  // on the clock, in milliseconds
+constexpr std::uint64_t kStart = 1'000'000;  // start of the clock, in milliseconds
 constexpr std::size_t kShownBefore = 8;
 constexpr std::size_t kShownAfter = 4;
 constexpr std::size_t kLongestLine = 200;
@@ -46,23 +46,24 @@ std::string Shown(const std::vector<std::string>& lines, std::size_t at, const c
     return at < lines.size() ? mark + lines[at].substr(0, kLongestLine) + "\n" : "";
 }
 
-// The lines around the first that differs.
+// The lines around the first difference.
 std::string DifferenceOf(const std::string& expected, const std::string& actual) {
-    const std::vector<std::string> wanted = LinesOf(expected);
-    const std::vector<std::string> seen = LinesOf(actual);
+    const std::vector<std::string> expected_lines = LinesOf(expected);
+    const std::vector<std::string> actual_lines = LinesOf(actual);
     std::size_t first = 0;
-    while (first < wanted.size() && first < seen.size() && wanted[first] == seen[first]) {
+    while (first < expected_lines.size() && first < actual_lines.size() &&
+           expected_lines[first] == actual_lines[first]) {
         ++first;
     }
     std::string text;
     for (std::size_t i = first - std::min(first, kShownBefore); i < first; ++i) {
-        text += Shown(wanted, i, "    ");
+        text += Shown(expected_lines, i, "    ");
     }
     for (std::size_t i = first; i < first + kShownAfter; ++i) {
-        text += Shown(wanted, i, "  expected ");
+        text += Shown(expected_lines, i, "  expected ");
     }
     for (std::size_t i = first; i < first + kShownAfter; ++i) {
-        text += Shown(seen, i, "  actual   ");
+        text += Shown(actual_lines, i, "  actual   ");
     }
     return text;
 }
@@ -80,15 +81,15 @@ std::string Compare(const Sequence& sequence, const Files& files, Totals& totals
     for (std::size_t i = 0; i <= sequence.size() && !actual.stopped(); ++i) {
         totals.at_operation = static_cast<std::uint32_t>(i);
         const bool ends = i == sequence.size();
-        const std::string seen = ends ? actual.End() : actual.Play(sequence[i]);
-        const std::string wanted = ends ? expected.End() : expected.Play(sequence[i]);
+        const std::string actual_record = ends ? actual.End() : actual.Play(sequence[i]);
+        const std::string expected_record = ends ? expected.End() : expected.Play(sequence[i]);
         if (ends) {
             totals.operations += expected.operations();
             totals.events_inside += expected.events_inside();
         }
-        if (seen != wanted) {
+        if (actual_record != expected_record) {
             return (ends ? "at the end" : "operation " + std::to_string(i + 1)) + ":\n" +
-                   DifferenceOf(wanted, seen);
+                   DifferenceOf(expected_record, actual_record);
         }
     }
     return "";

@@ -88,10 +88,11 @@ bool Expected::CallWindowExport(const Operation& operation) {
 
 // --- the host's callbacks
 
-std::uint64_t Expected::AskWindow(int host) {
-    Host& asked = hosts_[static_cast<std::size_t>(host)];
-    const std::uint64_t window = asked.windows[std::min(asked.times_asked, asked.windows.size() - 1)];
-    ++asked.times_asked;
+std::uint64_t Expected::QueryWindow(int host) {
+    Host& queried = hosts_[static_cast<std::size_t>(host)];
+    const std::uint64_t window =
+        queried.windows[std::min(queried.window_queries, queried.windows.size() - 1)];
+    ++queried.window_queries;
     Write("host " + std::to_string(host) + " asked for its window");
     AtCallback();
     return window;
@@ -132,7 +133,7 @@ void Expected::RaiseAt(std::uint64_t window, const RaiseOne& raise_one) {
     WriteOutcome(platform_.CodeOf(outcome));
 }
 
-// The handlers of this moment.
+// Calls a copy of the list: a handler may change it.
 Outcome Expected::CallEach(const std::vector<Listener*>& handlers, const Handle& handle) {
     Outcome outcome;
     for (Listener* listener : std::vector(handlers)) {
@@ -209,7 +210,7 @@ void Expected::RaiseEvent(const Operation& operation) {
     }
 }
 
-// --- the platform changes
+// --- changes of the platform
 
 void Expected::ChangePlatform(const Operation& operation) {
     switch (operation.act) {

@@ -1,4 +1,4 @@
-// The model as a player: the library's model over the platform's.
+// A player of the model: the library's model over the platform's.
 #pragma once
 
 #include "library_model.h"
@@ -11,7 +11,7 @@ public:
     Expected(Process& process, const Files& files, Reach& reach, std::vector<std::uint64_t> windows,
              bool uses_stores, bool virtual_clock);
 
-    // The calls of the last operation, as the journal has them.
+    // The calls of the last operation, as in the journal.
     const std::string& last_journal() const { return last_journal_; }
 
 private:
@@ -27,7 +27,7 @@ private:
     std::string ShowStore(const char* name) override { return platform_.ShowStore(name); }
     std::string Outstanding() override { return platform_.Outstanding(); }
 
-    std::uint64_t AskWindow(int host) override;
+    std::uint64_t QueryWindow(int host) override;
     std::optional<std::uint32_t> OnRotation(int host, const Controller& sender,
                                             const DialRotationInfo& info) override;
     void OnClick(int host, const Controller& sender, const DialContactRect& rect) override;
@@ -46,7 +46,7 @@ private:
 
     struct Host {
         std::vector<std::uint64_t> windows;
-        std::size_t times_asked = 0;
+        std::size_t window_queries = 0;
     };
 
     Platform platform_;

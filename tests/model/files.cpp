@@ -23,7 +23,7 @@ const std::vector<std::uint8_t>& LargePng() {
     return bytes;
 }
 
-// Short in each of its parts.
+// Each component is a short name.
 std::string NewFolder() {
 #ifdef _WIN32
     char folder[MAX_PATH + 1];
@@ -124,7 +124,7 @@ WideText Files::ShortPathOf(const WideText& path) const {
     return {text, GetShortPathNameW(path.c_str(), text, MAX_PATH)};
 }
 #else
-// The simulator shortens a name to six characters and a number, as the platform does with the first of them.
+// The simulator shortens a name to six characters and a number, as the platform does for its first names.
 WideText Files::ShortPathOf(const WideText& path) const {
     switch (Find(path)) {
         case File::LongFont:

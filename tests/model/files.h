@@ -1,4 +1,4 @@
-// The files and resources that items are made from, and what the platform shows of them.
+// The files and resources of item sources, and their printed form.
 #pragma once
 
 #include <string>
@@ -9,7 +9,7 @@ namespace model {
 
 class Files {
 public:
-    // In a folder of their own.
+    // Creates the files in a temporary folder.
     Files();
     Files(const Files&) = delete;
     Files& operator=(const Files&) = delete;
@@ -17,7 +17,7 @@ public:
 
     WideText PathOf(File file) const;
     bool Exists(File file) const { return file <= File::Damaged; }
-    // By path, for what reaches the platform as a text.
+    // By path, as a text for the platform.
     bool IsFile(const WideText& path) const;
     bool IsRooted(const WideText& path) const;
     bool Exists(const WideText& path) const;
@@ -25,10 +25,10 @@ public:
     // "PNG file 2x3"
     std::string ShownPicture(const WideText& path) const;
 
-    // A fault's call with the path of the long font in the place of "@".
+    // A fault's call, with "@" replaced by the path of the long font.
     std::string WithPath(std::string call) const;
 
-    // The uniform resource identifier of a path.
+    // The URI of a path.
     static std::string UriOf(const WideText& path);
 
 private:
@@ -38,17 +38,17 @@ private:
     std::string folder_;
 };
 
-// The resources with the type PNG of the module that items name.
+// The resources of type PNG in the module of the items.
 inline constexpr std::uint16_t kSmallResource = 101;
 inline constexpr std::uint16_t kLargeResource = 65535;
 inline constexpr std::uint16_t kDamagedResource = 1;
 inline constexpr std::uint64_t kModule = 0x8000'0000'0001'0000;
 
 struct Resource {
-    std::uint32_t size = 0;  // 0: there is none
+    std::uint32_t size = 0;  // 0: missing
     std::string shown = {};
 };
-std::uint64_t AddResources();  // to a fresh simulator; the module
+std::uint64_t AddResources();  // to a fresh simulator; returns the module
 Resource ResourceOf(std::uint64_t identifier);
 
 std::string Utf8(const WideText& text);

@@ -17,29 +17,29 @@ namespace {
 constexpr std::uint32_t kCodes[] = {0x80004005, 0x80070005, 0x80004002, 0x80040154, 0x80010108};
 constexpr std::uint32_t kNoMemory = 0x8007000E;
 constexpr std::uint32_t kMany = 5'000;
-// More than any path needs.
+// Exceeds every path.
 constexpr std::uint32_t kLongPath = 100'000;
 
-// Operations that get no faults: the contract does not define what follows.
-constexpr const char* kSpared[] = {
+// Operations without faults: the contract does not define the consequences.
+constexpr const char* kFaultless[] = {
     "RoUninitialize", "GlobalFree", "wcscpy_s", "AsyncOperationCompletedHandler", "end of", "system items"};
-// What they answer matters beyond the operation, or is asked for twice.
-constexpr const char* kFavoured[] = {"IRadialController::get_Menu", "GetShortPathNameW"};
-// Functions without a code, which cannot fail late.
+// Preferred operations: their results have later effects, or they are called twice.
+constexpr const char* kPreferred[] = {"IRadialController::get_Menu", "GetShortPathNameW"};
+// Functions without a result code, which cannot fail late.
 constexpr const char* kNeverLate[] = {"FindResourceW", "SizeofResource", "LoadResource",
                                       "LockResource",  "GlobalAlloc",    "GlobalLock"};
-// Calls that a fault may name with their arguments, which are the same in every run.
-constexpr const char* kNamedInFull[] = {"RoGetActivationFactory", "QueryInterface",
-                                        "WindowsCreateStringReference(Windows.",
-                                        "IVector<RadialControllerMenuItem>::GetAt", "IActivationFactory"};
+// Calls whose faults include the arguments, which are the same in every run.
+constexpr const char* kWithArguments[] = {"RoGetActivationFactory", "QueryInterface",
+                                          "WindowsCreateStringReference(Windows.",
+                                          "IVector<RadialControllerMenuItem>::GetAt", "IActivationFactory"};
 
 template <std::size_t N>
-bool BeginsWithOneOf(const char* const (&beginnings)[N], const std::string& line) {
-    return std::any_of(std::begin(beginnings), std::end(beginnings),
-                       [&](const char* beginning) { return line.starts_with(beginning); });
+bool HasPrefixOf(const char* const (&prefixes)[N], const std::string& line) {
+    return std::any_of(std::begin(prefixes), std::end(prefixes),
+                       [&](const char* prefix) { return line.starts_with(prefix); });
 }
 
-// Arguments are drawn in the order of a tuple's braces, which is the same with every compiler.
+// Arguments are drawn inside the braces of a tuple: the order is the same with every compiler.
 class Generator {
 public:
     Generator(std::uint64_t seed, const Files& files) : random_(seed), files_(files) {}
@@ -50,7 +50,7 @@ public:
         for (std::uint32_t left = 1 + random_.Below(random_.OneIn(4) ? 30 : 12); left > 0; --left) {
             sequence.push_back(Any());
         }
-        Disturb(sequence);
+        AddFaultsAndEvents(sequence);
         return sequence;
     }
 
@@ -67,9 +67,9 @@ private:
                                 : random_.Of<std::uint32_t>(
                                       {0, 1, 2, 3, 7, 0x80000000, 0x80000001, 0x7FFFFFFF, 0xFFFFFFFF});
     }
-    // Of few, so that they meet again.
+    // A small set, so that values repeat.
     std::uint32_t Id() { return random_.OneIn(10) ? NewId() : random_.Of(ids_); }
-    // Not of everything at once, which would take minutes.
+    // Not many windows and many items at once, which would take minutes.
     std::uint32_t Many() const { return windows_.size() > 3 ? 100 : kMany; }
     std::uint8_t HapticByte() { return random_.Of<std::uint8_t>({0, 1, 0, 1, 2, 0x80, 0xFF}); }
     WideText Text() {
@@ -245,7 +245,7 @@ private:
                 return std::apply(GetNumber, std::tuple{ResourceName(), Key()});
         }
     }
-    // What a host may call from its callbacks, too.
+    // Any export that a host may also call from its callbacks.
     Operation AnyExport() {
         switch (random_.Below(theme_ == 4 ? 14 : 10)) {
             case 0:
@@ -383,9 +383,9 @@ private:
                                                    : AnyChange();
     }
 
-    // --- faults and events where there are calls
+    // --- faults and events inside platform calls
 
-    void Disturb(Sequence& sequence) {
+    void AddFaultsAndEvents(Sequence& sequence) {
         for (Operation& operation : sequence) {
             if (operation.act <= Act::CompleteAll && random_.OneIn(2)) {
                 React(operation);
@@ -407,7 +407,7 @@ private:
             }
         }
     }
-    // Where the start fails, little follows; most that can fail is in menus.
+    // Rare where the start fails, because little follows; most calls that can fail are a menu's.
     bool HasFaults(Act act) {
         return act == Act::Initialize ? random_.OneIn(20)
                : act == Act::Listen   ? random_.OneIn(6)
@@ -424,7 +424,7 @@ private:
     }
     void AddInside(Operation& operation, std::uint32_t calls) {
         for (std::uint32_t left = 1 + random_.OneIn(3); left > 0; --left) {
-            // Most operations begin with what matters, and end with it.
+            // The important calls are mostly at the start and at the end.
             const std::uint32_t call = 1 + random_.Below(random_.OneIn(2) ? std::min(calls, 20U) : calls);
             operation.inside.push_back({call, random_.OneIn(6) ? AnyChange() : AnyEvent()});
         }
@@ -432,24 +432,24 @@ private:
             operation.reactions.push_back(AnyMenu());
         }
     }
-    // On one of the different calls, so that those made rarely have their share.
+    // Draws one of the distinct calls, so that rare calls get faults, too.
     void AddFault(Operation& operation, const std::vector<std::string>& lines) {
         std::map<std::string, std::uint32_t> calls;
         for (const std::string& line : lines) {
             const std::string call = line.substr(0, line.rfind(')') + 1);
-            const bool in_full = BeginsWithOneOf(kNamedInFull, call);
-            ++calls[in_full ? call : call.substr(0, call.find('('))];
+            const bool with_arguments = HasPrefixOf(kWithArguments, call);
+            ++calls[with_arguments ? call : call.substr(0, call.find('('))];
         }
         auto drawn = std::next(calls.begin(), random_.Below(calls.size()));
-        for (const char* favoured : kFavoured) {
-            if (const auto found = calls.find(favoured); found != calls.end() && random_.OneIn(8)) {
+        for (const char* preferred : kPreferred) {
+            if (const auto found = calls.find(preferred); found != calls.end() && random_.OneIn(8)) {
                 drawn = found;
             }
         }
         const std::string& pattern = drawn->first;
         const std::string name = pattern.substr(0, pattern.find('('));
         const bool is_text = name == "WindowsCreateStringReference";
-        if (BeginsWithOneOf(kSpared, pattern) || (operation.act == Act::Initialize && is_text)) {
+        if (HasPrefixOf(kFaultless, pattern) || (operation.act == Act::Initialize && is_text)) {
             return;
         }
         if (name == "GetShortPathNameW" && random_.OneIn(2)) {
@@ -458,7 +458,7 @@ private:
             return;
         }
         const std::uint32_t from = 1 + random_.Below(std::min(drawn->second, 50U));
-        // A step is tried three times.
+        // A step is evaluated three times.
         const std::uint32_t times = random_.OneIn(10) ? 0 : random_.Of<std::uint32_t>({1, 1, 2, 3, 3, 3});
         operation.faults.push_back(AnyFault(name, pattern, from, times));
     }
@@ -470,12 +470,13 @@ private:
                                                                      : kCodes[random_.Below(5)];
         const std::uint32_t drawn = random_.Below(6);
         if (name == "RoInitialize") {
-            return Fails(pattern, kCodes[drawn % 5], from, times);  // anything else starts half of it
+            return Fails(pattern, kCodes[drawn % 5], from,
+                         times);  // any other fault leaves the apartment initialized
         }
         if (drawn < 2) {
             return YieldsNull(pattern, from, times);
         }
-        const bool late = drawn < 4 && !BeginsWithOneOf(kNeverLate, name);
+        const bool late = drawn < 4 && !HasPrefixOf(kNeverLate, name);
         return late ? FailsLate(pattern, code, from, times) : Fails(pattern, code, from, times);
     }
 

@@ -1,5 +1,5 @@
-// Makes a sequence from a seed: values from the whole range of their types with the edges favoured, faults
-// and events where the model says that the sequence has platform calls.
+// Generates a sequence from a seed: values of the full range of their types, edge values preferred, with
+// faults and events where the model makes platform calls.
 #pragma once
 
 #include "files.h"

@@ -1,4 +1,4 @@
-// Start and end, registration, and what the dial's events do.
+// Start and stop, registration, and the handlers of the dial's events.
 #include <cmath>
 
 #include "library_model.h"
@@ -126,7 +126,7 @@ void Library::View(const char* interface_name) {
     Require(there);
 }
 
-// --- start, registration and end
+// --- start, registration and stop
 
 int Library::Initialize() {
     if (platform_.Call("RoInitialize", "0", [this] { return process_.initializations++ == 0 ? 0 : 1; }) < 0) {
@@ -163,13 +163,13 @@ void Library::Uninit() {
 bool Library::InitDialListener(int host) {
     Listener& listener = listeners_.emplace_back();
     listener.host = host;
-    const Code code = Register(listener, hosts_.AskWindow(host));
+    const Code code = Register(listener, hosts_.QueryWindow(host));
     if (code < 0) {
         Print("register", code, 110);
         std::erase_if(listeners_, [&](const Listener& one) { return &one == &listener; });
         return false;
     }
-    registry_[hosts_.AskWindow(host)] = &listener;
+    registry_[hosts_.QueryWindow(host)] = &listener;
     return true;
 }
 
@@ -236,7 +236,7 @@ double Library::NextAcceleration(double degrees) {
     return process_.acceleration;
 }
 
-// The number of a tag; left alone where it cannot be read. False where the tag is no value.
+// Reads a tag's number, unchanged where the read fails. Returns false where the tag is no value.
 bool Library::ReadNumber(const Ref<Tag>& tag, std::uint32_t& number) {
     if (!tag || tag->kind == Tag::Kind::NoValue) {
         return false;
@@ -409,7 +409,7 @@ Code Library::LogContact(const char* args, const Ref<Contact>& on_screen) {
         .value_or(0);
 }
 
-// --- choices
+// --- invocations
 
 Code Library::OnInvoked(Listener& listener, const MenuItem& item) {
     std::uint32_t id = 0;

@@ -1,4 +1,4 @@
-// The dial's menu: how it is filled, the choice of an item, and the system's own.
+// The dial's menu: filling it, choosing an item, and the system items.
 #include "library_model.h"
 
 namespace model {
@@ -94,7 +94,7 @@ Library::End Library::AddItem(Listener& listener, const Item& item) {
 }
 
 Code Library::AddItemToMenu(Listener& listener, const Ref<MenuItem>& item, const Entry& entry) {
-    const Ref<Menu> menu = listener.menu;  // another may be made meanwhile
+    const Ref<Menu> menu = listener.menu;  // a nested call may replace it
     if (!item || !menu) {
         return kNoInterface;
     }
@@ -136,7 +136,7 @@ Code Library::AddItemToMenu(Listener& listener, const Ref<MenuItem>& item, const
         .value_or(0);
 }
 
-// --- the item that is shown
+// --- selecting an item
 
 bool Library::SetCurrentCustomMenu(std::uint64_t window, std::uint32_t id) {
     const Listener* listener = Find(window);
@@ -201,7 +201,7 @@ void Library::Select(const Listener& listener, std::uint32_t id) {
     }
 }
 
-// --- the system's own items
+// --- the system items
 
 bool Library::SetDefaultMenu(std::uint64_t window, const std::vector<std::int32_t>* kinds) {
     const Listener* listener = Find(window);
@@ -212,7 +212,7 @@ bool Library::SetDefaultMenu(std::uint64_t window, const std::vector<std::int32_
 }
 
 void Library::ConfigureSystemItems(const Listener& listener, const std::vector<std::int32_t>* kinds) {
-    const std::uint64_t window = hosts_.AskWindow(listener.host);
+    const std::uint64_t window = hosts_.QueryWindow(listener.host);
     const Ref<Object> factory = Factory("Windows.UI.Input.RadialControllerConfiguration");
     View("IRadialControllerConfigurationInterop");
     bool there = false;

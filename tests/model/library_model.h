@@ -1,5 +1,5 @@
-// A second implementation of the library, written from its contract: each function is the list of the
-// platform calls that it makes. It shares no code with the library.
+// A second implementation of the library, written from its contract as lists of platform calls. It shares no
+// code with the library.
 #pragma once
 
 #include <list>
@@ -10,7 +10,7 @@ namespace model {
 
 inline constexpr char kItem[] = "Windows.UI.Input.RadialControllerMenuItem";
 
-// A platform string that an entry owns.
+// A platform string owned by an entry.
 struct Label {
     Label(Platform& on, WideText of);
     Label(const Label&) = delete;
@@ -45,8 +45,8 @@ struct Rotation {
 
 class Hosts {
 public:
-    virtual std::uint64_t AskWindow(int host) = 0;
-    // The host's answer to the turn, if any.
+    virtual std::uint64_t QueryWindow(int host) = 0;
+    // Returns the host's haptic request, if any.
     virtual std::optional<std::uint32_t> OnRotation(int host, const Controller& sender,
                                                     const DialRotationInfo& info) = 0;
     virtual void OnClick(int host, const Controller& sender, const DialContactRect& rect) = 0;
@@ -55,7 +55,7 @@ protected:
     ~Hosts() = default;
 };
 
-// What a process keeps from one sequence to the next.
+// State of a process that persists between sequences.
 struct Process {
     int initializations = 0;
     // The acceleration's, which is never reset.
@@ -70,7 +70,7 @@ public:
     Library(Process& process, Platform& platform, Hosts& hosts)
         : process_(process), platform_(platform), hosts_(hosts) {}
 
-    // --- exports, which a PlatformError may leave
+    // --- exports, which may throw a PlatformError
     int Initialize();
     void Uninit();
     bool InitDialListener(int host);
@@ -93,14 +93,14 @@ public:
 
 private:
     using Step = std::function<Code()>;
-    // Engaged when the enclosing operation ends, with its code.
+    // The code with which the enclosing operation ends; empty when it continues.
     using End = std::optional<Code>;
 
     End Guarded(int line, const Step& step);
     void Logged(const char* name, int line, const Step& step);
     void Print(const std::string& name, Code code, int line);
 
-    // Whether nothing fails; running out of memory is no failure that is answered.
+    // Whether no error was thrown; out of memory is rethrown.
     template <class Action>
     static bool Succeeds(Action action) {
         try {
@@ -114,7 +114,7 @@ private:
         }
     }
 
-    // A property of an object, read as the call takes place.
+    // A property of an object, read during the call.
     template <class T>
     Code Get(const std::string& operation, T& result, const T& property) {
         return platform_.Fetch(operation, "", result, [&] {
@@ -129,7 +129,7 @@ private:
             return 0;
         });
     }
-    // Such steps, with their lines.
+    // Guarded steps, with their lines.
     template <class T>
     End GetStep(int line, const char* operation, T& result, const T& property) {
         return Guarded(line, [&] { return Get(operation, result, property); });
@@ -146,7 +146,7 @@ private:
         return Guarded(line, [&] { return GetFactory(class_name, factory); });
     }
 
-    // With one of the platform's functions for strings.
+    // Calls one of the platform's string functions.
     template <class Text>
     Code MakeText(const char* function, const Text& text, Text& made) {
         return platform_.Fetch(function, Shown(text), made, [&] {
@@ -163,7 +163,7 @@ private:
     Ref<Object> Factory(const char* class_name);
     void View(const char* interface_name);
     static void Check(Code code);
-    // Whatever is not there is E_NOINTERFACE.
+    // Throws E_NOINTERFACE for a missing object.
     static void Require(bool there);
 
     Listener* Find(std::uint64_t window);
@@ -216,7 +216,7 @@ private:
     Process& process_;
     Platform& platform_;
     Hosts& hosts_;
-    std::list<Listener> listeners_;  // those that a later one displaced, too
+    std::list<Listener> listeners_;  // including displaced ones
     std::map<std::uint64_t, Listener*> registry_;
     std::string printed_;
 };

@@ -57,7 +57,7 @@ Code Library::AddGlyph(Listener& listener, const Entry& entry, const WideText& g
     return Guarded(533, [&] { return AddItemToMenu(listener, item, entry); }).value_or(0);
 }
 
-// Nothing where the file or its short path cannot be had.
+// Empty where the file or its short path is not available.
 std::optional<WideText> Library::ShortPath(const WideText& path) {
     const std::string shown = Utf8(path);
     const bool exists =

@@ -1,4 +1,4 @@
-// Presence and settings.
+// Presence query and settings.
 #include "library_model.h"
 
 namespace model {
@@ -28,7 +28,7 @@ bool BeginsWith(const std::string& text, const std::string& prefix) {
     return true;
 }
 
-// The decimal number that a text begins with, limited to 32 bits.
+// The leading decimal number of a text, saturated to 32 bits.
 Code Parse(const WideText& text) {
     std::size_t place = 0;
     while (place < text.size() && (text[place] == ' ' || (text[place] >= '\t' && text[place] <= '\r'))) {
@@ -46,7 +46,7 @@ Code Parse(const WideText& text) {
 
 }  // namespace
 
-// --- is the dial there
+// --- presence query
 
 bool Library::IsDialPresent(std::uint64_t window) {
     Listener* listener = Find(window);
@@ -171,7 +171,7 @@ std::optional<Setting> Library::Lookup(const Container& container, const WideTex
     return entry;
 }
 
-// The entry as a value of the type.
+// Reads the entry as a value of the type.
 Setting Library::ReadSetting(const Setting& setting, const char* type) {
     Require(setting.type != "composite");
     View("IPropertyValue");
@@ -183,7 +183,7 @@ Setting Library::ReadSetting(const Setting& setting, const char* type) {
         read = setting;
         return 0;
     };
-    // A text is null at first; neither is left over by a call that fails.
+    // A failing call returns no string to release.
     Check(platform_.Call(std::string("IPropertyValue::Get") + type, "", get));
     return read;
 }
@@ -271,7 +271,7 @@ bool Library::SearchVault(const WideText& key) {
     return succeeds && size > 0;
 }
 
-// The password of the credential, which may be null.
+// Reads the credential's password, which may be null.
 std::optional<WideText> Library::Retrieve(const WideText& resource, const WideText& key) {
     std::optional<WideText> credential;
     Check(platform_.Fetch("IPasswordVault::Retrieve", Utf8(resource) + ", " + Utf8(key), credential, [&] {
@@ -333,7 +333,7 @@ std::optional<WideText> Library::GetFromVault(const WideText& resource, const Wi
     return succeeds ? text : std::nullopt;
 }
 
-// --- settings; a step of a setter ends silently
+// --- settings; a setter ignores failing steps
 
 void Library::SetString(const WideText& resource, const WideText& key, const WideText& value) {
     const Setting setting{"String", value, 0, {}};

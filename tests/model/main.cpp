@@ -20,7 +20,7 @@ using namespace model;
 using Clock = std::chrono::steady_clock;
 
 constexpr std::chrono::seconds kBetweenReports(10);
-// More of them would say little more.
+// More failures add little information.
 constexpr std::uint64_t kMostFailures = 10;
 
 struct Options {

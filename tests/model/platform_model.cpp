@@ -68,7 +68,7 @@ std::string Escaped(char c) {
     return static_cast<unsigned char>(c) < 0x20 ? code : std::string(1, c);
 }
 
-// As JSON; a text that is not well-formed is the list of its units.
+// As JSON; a text that is not well-formed becomes the list of its units.
 std::string Quoted(const WideText& text) {
     std::string json;
     if (!IsWellFormed(text)) {
@@ -198,7 +198,7 @@ std::string Platform::TakeJournal() {
     return text;
 }
 
-// --- what is outstanding
+// --- leak tracking
 
 Ref<Controller> Platform::MakeController(std::uint64_t window) {
     auto controller = Make<Controller>(*this, window);
@@ -351,7 +351,7 @@ Code Platform::CodeOf(const Outcome& outcome) {
     return outcome.code;
 }
 
-// --- what is shown
+// --- printing
 
 std::string Platform::ShowMenu(std::uint64_t window) {
     const Ref<Controller> controller = NewestOf(window);

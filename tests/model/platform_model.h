@@ -1,6 +1,6 @@
-// The platform as the model of the library sees it: one primitive for its calls, with the journal, faults and
-// events inside calls, and the state behind them. Shared pointers are counted references: an object's users
-// are as many as the references to it that are outstanding on the platform.
+// The model of the platform: one function for all calls, with the journal, faults and events inside calls,
+// and the state behind them. Shared pointers are counted references: an object's use count is the number of
+// outstanding references to it.
 #pragma once
 
 #include <array>
@@ -30,7 +30,7 @@ inline constexpr Code kIllegalCall = static_cast<Code>(0x8000000E);
 inline constexpr Code kCanceled = static_cast<Code>(0x800704C7);
 inline constexpr Code kTypeMismatch = static_cast<Code>(0x80028CA0);
 inline constexpr Code kNotFound = static_cast<Code>(0x80070490);
-// Of a class without a name: on Windows the system's own function looks for it in the registry.
+// For an empty class name: on Windows the system's function searches the registry.
 #ifdef _WIN32
 inline constexpr Code kUnnamedClass = static_cast<Code>(0x80040150);  // REGDB_E_READREGDB
 #else
@@ -71,7 +71,7 @@ struct Contact : Object {
     const Bounds bounds;
 };
 
-// A tag, which is a number, a value of another type, or no value.
+// A tag: a number, a value of another type, or no value.
 struct Tag : Object {
     enum class Kind { Number, Other, NoValue };
     Tag(Kind of, std::uint32_t value)
@@ -82,7 +82,7 @@ struct Tag : Object {
     const std::uint32_t number;
 };
 
-// Where a picture comes from: a file, or a stream over a stream.
+// Source of a picture: a file, or a stream over a stream.
 struct Picture : Object {
     explicit Picture(std::string shown_as)
         : Object("Windows.Storage.Streams.RandomAccessStreamReference"), shown(std::move(shown_as)) {}
@@ -109,7 +109,7 @@ struct MenuItem : Object {
 struct MenuItems : Object {
     MenuItems() : Object("IVector<RadialControllerMenuItem>") {}
     std::vector<Ref<MenuItem>> list;
-    std::uint32_t calls_until_shrinking = 0;  // 0: it stays
+    std::uint32_t calls_until_shrinking = 0;  // 0: no shrinking
 };
 
 struct Menu : Object {
@@ -161,7 +161,7 @@ struct AsyncOperation : Object {
     AsyncOperation(const char* name, const char* of, Code failure, Ref<Object> value)
         : Object(name), result_type(of), code(failure), result(std::move(value)) {}
     Status OwnStatus() const { return code < 0 ? kStatusError : kStatusCompleted; }
-    // What GetResults answers.
+    // The result of GetResults.
     Code Results(Ref<Object>& into) const;
 
     const char* const result_type;
@@ -178,7 +178,7 @@ struct PlatformError {
     std::string What() const;
 };
 
-// Of the handlers of an event, the first failure counts.
+// The combined result of an event's handlers: the first failure.
 struct Outcome {
     Code code = 0;
     std::optional<PlatformError> raised = {};
@@ -200,8 +200,8 @@ struct Setting {
 using Settings = std::map<WideText, Setting>;
 using Vault = std::map<std::pair<WideText, WideText>, WideText>;
 
-// What has been reached, over all sequences.
-struct Reach {  // faults by their kinds
+// Faults that triggered, over all sequences.
+struct Reach {  // by kind
     std::uint64_t faults[3] = {};
 };
 
@@ -213,15 +213,16 @@ public:
     Platform(const Platform&) = delete;
     Platform& operator=(const Platform&) = delete;
 
-    // One call: journaled, then what happens inside it, then the fault's answer or the body's.
+    // Makes one call: adds it to the journal, runs the events inside it, then returns the fault's code or the
+    // body's.
     Code Call(const std::string& operation, const std::string& arguments, const Body& body = {});
-    // The same with a result that is null unless the body sets it.
+    // The same, with a result that is null unless the body sets it.
     template <class T>
     Code Fetch(const std::string& operation, const std::string& arguments, T& result, const Body& body) {
         result = T{};
         return Call(operation, arguments, body);
     }
-    // With a value, which a failure leaves alone.
+    // The same, with a value that is unchanged after a failure.
     template <class T>
     Code Read(const std::string& operation, T& result, const Body& body, const std::string& arguments = "") {
         bool done = false;
@@ -234,7 +235,7 @@ public:
         }
         return code;
     }
-    // A function that answers a value: a failure answers `failed`, a positive code is the value.
+    // A function that returns a value: `failed` after a failure; a positive code is the value.
     template <class T>
     T Answer(const std::string& operation, const std::string& arguments, T failed,
              const std::function<T()>& body) {
@@ -245,7 +246,7 @@ public:
         });
         return code > 0 ? static_cast<T>(code) : code < 0 ? failed : answer;
     }
-    // One that answers a handle: whether it is there.
+    // A function that returns a handle: whether it is not null.
     bool AnswerHandle(const std::string& operation, const std::string& arguments = "", bool there = true);
     void Note(const std::string& line) { lines_.push_back({line, 0}); }
 
@@ -267,7 +268,7 @@ public:
     std::vector<Ref<Controller>> ControllersOf(std::uint64_t window);
     Ref<Controller> NewestOf(std::uint64_t window);
     Ref<AsyncOperation> StartAsync(const char* name, const char* of, Code failure, Ref<Object> result);
-    // Attaches the handler; calls it where the operation has completed.
+    // Attaches the handler; calls it at once for a completed operation.
     void Attach(const Ref<AsyncOperation>& operation,
                 std::function<Code(const Ref<AsyncOperation>&, Status)> handler);
     Code Complete(std::size_t index, std::optional<Status> status);

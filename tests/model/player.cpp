@@ -8,13 +8,13 @@ namespace model {
 
 namespace {
 
-// Where the order of releases shows: objects of this class are counted inside these calls.
+// Makes the order of releases visible: objects of this class are counted inside these calls.
 constexpr const char* kCounted[][2] = {
     {"WindowsCreateStringReference(Windows.UI.Input.RadialControllerMenuItem)",
      "IRadialControllerMenuItemStatics"},
     {"IAsyncOperation<DeviceInformationCollection>::put_Completed()", "IDeviceInformationStatics"},
 };
-// Counting takes its time.
+// Above this number of items, counting is too slow.
 constexpr std::size_t kManyItems = 50;
 
 bool MakesManyItems(const Operation& operation) {
@@ -46,7 +46,7 @@ std::string Player::Play(const Operation& operation) {
         SetFault(fault);
     }
     Perform(operation);
-    return Look();
+    return TakeRecord();
 }
 
 std::string Player::End() {
@@ -54,7 +54,7 @@ std::string Player::End() {
     current_ = &completion;
     Perform(completion);
     Uninit();
-    return Look();
+    return TakeRecord();
 }
 
 void Player::Perform(const Operation& operation) {
@@ -103,28 +103,28 @@ void Player::WriteClick(int host, const void* sender, const DialContactRect& rec
     Write("host " + std::to_string(host) + " clicked, contact " + Text(rect) + ", sender " + NameOf(sender));
 }
 
-// Controllers are numbered as they come.
+// Controllers are numbered in the order of their events.
 std::string Player::NameOf(const void* sender) {
     return std::to_string(senders_.emplace(sender, senders_.size()).first->second);
 }
 
-std::string Player::Look() {
-    std::string look = std::exchange(seen_, {}) + TakePrinted();
+std::string Player::TakeRecord() {
+    std::string record = std::exchange(seen_, {}) + TakePrinted();
     const std::string journal = TakeJournal();
     if (journal.find("end of ") != std::string::npos) {
-        senders_.clear();  // the next controller may get its place in memory
+        senders_.clear();  // the next controller may have the same address
     }
-    look += "calls:\n" + journal;
+    record += "calls:\n" + journal;
     for (const std::uint64_t window : windows_) {
         const std::string menu = ShowMenu(window);
-        look += menu.empty() ? "" : "menu of window " + std::to_string(window) + ":\n" + menu;
+        record += menu.empty() ? "" : "menu of window " + std::to_string(window) + ":\n" + menu;
     }
     if (uses_stores_) {
         for (const char* name : {"roaming", "vault", "local"}) {
-            look += std::string(name) + ":\n" + ShowStore(name);
+            record += std::string(name) + ":\n" + ShowStore(name);
         }
     }
-    return look + "outstanding:\n" + Outstanding();
+    return record + "outstanding:\n" + Outstanding();
 }
 
 }  // namespace model

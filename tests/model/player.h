@@ -1,4 +1,4 @@
-// Plays a sequence, to the library over the simulator or to the model. Both record what can be observed in
+// Plays a sequence to the library over the simulator or to the model. Both record the observable behaviour in
 // the same format.
 #pragma once
 
@@ -24,11 +24,11 @@ public:
     Player& operator=(const Player&) = delete;
     virtual ~Player() = default;
 
-    // Performs the operation; returns the record of all that can be observed.
+    // Performs the operation; returns the record of its observable behaviour.
     std::string Play(const Operation& operation);
     // Completes every load and calls uninit; returns the same record.
     std::string End();
-    // The library has not started: nothing else may be called.
+    // The library has not started: no other call is allowed.
     bool stopped() const { return stopped_; }
     std::uint64_t operations() const { return operations_; }
     std::uint64_t events_inside() const { return events_inside_; }
@@ -41,15 +41,15 @@ protected:
     virtual void Uninit() = 0;
     virtual std::size_t ObjectsOf(const char* class_name) = 0;
     virtual std::string TakePrinted() = 0;
-    // Without the lines that nobody can foresee.
+    // Without the lines that the contract does not define.
     virtual std::string TakeJournal() = 0;
     virtual std::string ShowMenu(std::uint64_t window) = 0;
     virtual std::string ShowStore(const char* name) = 0;
     virtual std::string Outstanding() = 0;
 
-    // Inside a platform call, before it takes place.
+    // Called inside a platform call, before its effect.
     void AtCall(const std::string& call);
-    // Inside a callback of a host.
+    // Called inside a callback of a host.
     void AtCallback();
 
     void Write(const std::string& line) { seen_ += line + "\n"; }
@@ -64,7 +64,7 @@ protected:
 
 private:
     void Perform(const Operation& operation);
-    std::string Look();
+    std::string TakeRecord();
     std::string NameOf(const void* sender);
 
     const std::vector<std::uint64_t> windows_;
@@ -72,7 +72,7 @@ private:
     const bool virtual_clock_;
     bool stopped_ = false;
     const Operation* current_ = nullptr;
-    bool counts_ = true;  // objects, inside some calls
+    bool counts_ = true;  // whether objects are counted inside some calls
     std::uint32_t calls_ = 0;
     std::uint64_t operations_ = 0;
     std::uint64_t events_inside_ = 0;

@@ -1,4 +1,4 @@
-// A sequence as the code that makes it.
+// Prints a sequence as C++ code.
 #include <cmath>
 #include <cstdio>
 
@@ -57,7 +57,7 @@ std::string Text(const WideText& text) {
 std::string Text(const std::string& text) { return "R\"(" + text + ")\""; }
 const char* Flag(bool flag) { return flag ? "true" : "false"; }
 
-// A call of `name` with these arguments.
+// Prints a call of `name` with these arguments.
 template <class... Arguments>
 std::string Made(const std::string& name, const Arguments&... arguments) {
     std::string list;

@@ -19,7 +19,7 @@ public:
         z = (z ^ (z >> 27)) * 0x94D049BB133111EBU;
         return z ^ (z >> 31);
     }
-    // From 0 to count - 1; the bias of the remainder does not matter here.
+    // From 0 to count - 1; the modulo bias does not matter here.
     std::uint32_t Below(std::uint64_t count) { return static_cast<std::uint32_t>(Bits() % count); }
     bool OneIn(std::uint32_t count) { return Below(count) == 0; }
 

@@ -1,4 +1,4 @@
-// Makes a failing sequence smaller as long as it fails: operations first, then what they carry.
+// Reduces a failing sequence by delta debugging: operations first, then their parts.
 #include <algorithm>
 #include <functional>
 
@@ -18,7 +18,7 @@ public:
         for (bool smaller = true; smaller && runs_ < kMostRuns;) {
             smaller = Shorten(sequence_);
             for (std::size_t i = 0; i < sequence_.size(); ++i) {
-                // By index: what is tried may be another operation.
+                // By index: the reduction may replace the operation.
                 smaller = Simplify([this, i]() -> Operation& { return sequence_[i]; }) || smaller;
             }
         }
@@ -45,7 +45,7 @@ private:
         return !Run(sequence_, files_).empty();
     }
 
-    // Leaves out parts of the list, the larger ones first.
+    // Removes parts of the list, larger ones first.
     template <class T>
     bool Shorten(std::vector<T>& list) {
         bool smaller = false;
@@ -65,7 +65,7 @@ private:
         return smaller;
     }
 
-    // Takes the first of the values with which it still fails.
+    // Keeps the first of the simpler values that still fails.
     template <class T>
     bool Try(T& value, std::initializer_list<T> simpler) {
         for (const T& candidate : simpler) {

@@ -1,4 +1,4 @@
-// Sequences that once failed. They are played before any seed.
+// Sequences that once failed. They run before any seed.
 #pragma once
 
 #include <string>

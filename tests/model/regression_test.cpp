@@ -1,4 +1,4 @@
-// What model_tests prints of a failing seed is pasted here, with the behaviour as its name.
+// Reduced failing sequences as model_tests prints them, each named after its behaviour.
 #include "regression.h"
 
 namespace model {

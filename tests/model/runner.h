@@ -1,5 +1,5 @@
-// Plays sequences one after the other: natively each in a child process of its own, so that a crash is a
-// failure like any other.
+// Plays sequences one after the other: natively each in a child process, so that a crash is an ordinary
+// failure.
 #pragma once
 
 #include <string>
@@ -8,16 +8,16 @@
 
 namespace model {
 
-// Natively in memory that children share.
+// Natively in memory that child processes share.
 Totals& TheTotals();
 
-// What differs; empty where nothing does.
+// Returns the difference; empty when there is none.
 std::string Run(const Sequence& sequence, const Files& files);
 
-// Whether a smaller sequence can be tried after one has failed.
+// Whether a failing sequence can be run again for its reduction.
 bool CanRunAgain();
 
-// The smallest sequence found that still fails.
+// Returns the smallest failing sequence found.
 Sequence Reduce(Sequence sequence, const Files& files);
 
 }  // namespace model

@@ -1,5 +1,5 @@
-// What a host, its user and the platform do one after the other, as plain values: a sequence is made at
-// random, played to the library and to the model, reduced, and printed as the code that makes it.
+// Operations of a host, its user and the platform as plain values. A sequence is generated, played to the
+// library and to the model, reduced, and printed as C++ code.
 #pragma once
 
 #include <brindle.h>
@@ -17,7 +17,7 @@ namespace model {
 using WideText = std::basic_string<BrindleChar>;
 using Code = std::int32_t;
 
-// Paths that items are made from; where the files are differs from run to run.
+// Paths of item sources; the folder differs between runs.
 enum class File { LongFont, ShortFont, Folder, Picture, LargePicture, Damaged, Missing, Relative, Empty };
 
 struct Item {
@@ -34,14 +34,14 @@ struct Item {
 struct Fault {
     enum class Kind { Fail, FailLate, YieldNull };
     Kind kind = Kind::Fail;
-    std::string call;  // an operation, or one with its arguments, "@" being the path of the long font
+    std::string call;  // an operation with or without arguments; "@" is the path of the long font
     Code code = 0;
     std::uint32_t from = 1;
-    std::uint32_t times = 1;  // 0: from then on
+    std::uint32_t times = 1;  // 0: all later calls
 };
 
 enum class Act {
-    // The host calls an export.
+    // Exports, called by the host.
     Initialize,
     Listen,
     AddMenu,
@@ -52,7 +52,7 @@ enum class Act {
     GetText,
     SetNumber,
     GetNumber,
-    // The platform raises an event.
+    // Events, raised by the platform.
     Turn,
     Click,
     Touch,
@@ -64,7 +64,7 @@ enum class Act {
     Complete,
     CompleteAs,
     CompleteAll,
-    // The platform changes.
+    // Changes of the platform.
     Hold,
     Haptics,
     Append,
@@ -83,11 +83,11 @@ enum class Act {
 
 struct Inside;
 
-// Each act uses some of the values.
+// Each act uses some of the members.
 struct Operation {
     Act act = Act::Wait;
     std::uint64_t window = 0;
-    std::vector<std::uint64_t> later_windows = {};  // what a host reports after the first question
+    std::vector<std::uint64_t> later_windows = {};  // GetWindowHandle's results after the first
     std::uint64_t number = 0;
     Code code = 0;
     bool flag = false;
@@ -97,7 +97,7 @@ struct Operation {
     float width = 0;
     float height = 0;
     std::vector<Item> items = {};
-    std::uint32_t times = 1;  // the list is given so many times over
+    std::uint32_t times = 1;  // repetitions of the list
     bool null_list = false;
     std::vector<std::int32_t> kinds = {};
     WideText resource = {};
@@ -107,10 +107,10 @@ struct Operation {
     std::string text2 = {};
     std::string text3 = {};
 
-    std::vector<Fault> faults = {};                    // set before the operation
-    std::vector<Inside> inside;                        // happens inside its platform calls
-    std::vector<Operation> reactions;                  // each callback of a host does one of them
-    std::optional<std::uint32_t> haptic_request = {};  // the hosts' answer to turns
+    std::vector<Fault> faults = {};                    // injected before the operation
+    std::vector<Inside> inside;                        // performed inside its platform calls
+    std::vector<Operation> reactions;                  // one is performed in each callback of a host
+    std::optional<std::uint32_t> haptic_request = {};  // the hosts' requests in turns
 
     Operation Failing(std::vector<Fault> more) &&;
     Operation With(std::vector<Inside> more) &&;
@@ -118,7 +118,7 @@ struct Operation {
     Operation Requesting(std::uint32_t request) &&;
 };
 
-// Inside the call of this number, from 1; calls inside calls count too.
+// Inside the call of this number, from 1; nested calls count, too.
 struct Inside {
     std::uint32_t call = 1;
     Operation operation;
@@ -126,7 +126,7 @@ struct Inside {
 
 using Sequence = std::vector<Operation>;
 
-// --- how a sequence is written down
+// --- functions that create operations
 
 Fault Fails(std::string call, std::uint32_t code, std::uint32_t from = 1, std::uint32_t times = 1);
 Fault FailsLate(std::string call, std::uint32_t code, std::uint32_t from = 1, std::uint32_t times = 1);
@@ -168,7 +168,7 @@ Operation CompleteAs(std::uint64_t index, Code status);
 Operation CompleteAll();
 Operation Hold(bool down);
 Operation Haptics(bool present, std::vector<std::int32_t> waveforms, std::uint32_t times = 1);
-Operation Append(std::uint64_t window, std::string tag_kind, std::uint64_t value);  // no kind: no item
+Operation Append(std::uint64_t window, std::string tag_kind, std::uint64_t value);  // empty kind: null item
 Operation Shrink(std::uint64_t window, std::uint64_t calls);
 Operation Wait(std::uint64_t milliseconds);
 Operation SetClock(std::uint64_t milliseconds);
@@ -183,10 +183,10 @@ Operation PutSetting(std::string store, std::string key, std::string type, std::
 Operation PutCredential(std::string resource, std::string user, std::string password);
 Operation HideType();
 
-// A text that is too long to be written out.
+// A text that is too long to print.
 WideText Repeated(BrindleChar unit, std::size_t times);
 
-// The code that makes it, for the list in regression_test.cpp.
+// The C++ code of the sequence, for the list in regression_test.cpp.
 std::string CodeOf(const Sequence& sequence);
 
 }  // namespace model
