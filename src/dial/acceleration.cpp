@@ -19,13 +19,13 @@ double accumulated = 0.0;
 double currentAcceleration = 1.0;
 
 // The tick count of the last computation. The first rotation sets it, not the loading of the library, so that
-// the first rotation computes nothing (FirstRotationDeathTest.StartsTheClockWhenItGetsHere). A separate flag
+// the first rotation computes nothing (FirstRotationDeathTest.StartsTheClockWithASecondRead). A separate flag
 // marks it as set: every tick count is valid.
 std::atomic<std::uint64_t> lastTick = 0;
 std::atomic<bool> started = false;
 
 // Another thread, or an event that arrives inside GetTickCount64, may start it too: the first value stays
-// (FirstRotationDeathTest.MayLetAnotherOneInWhileItAsksForTheTime).
+// (FirstRotationDeathTest.MayContainAnotherOneInItsClockRead).
 void StartClock() {
     std::uint64_t unset = 0;
     lastTick.compare_exchange_strong(unset, GetTickCount64());

@@ -59,7 +59,7 @@ private:
                             abi::IRadialControllerButtonClickedEventArgs* args);
 
     // Destroyed from last to first: the menu before its controller
-    // (DialListenerTest.TheMenuGoesAfterTheEntriesAndBeforeTheController).
+    // (DialListenerTest.TheMenuIsReleasedAfterTheEntriesAndBeforeTheController).
     std::uint32_t state_ = 0;  // stays 0
     IDialHost* host_;
     ComPtr<abi::IRadialControllerInterop> controller_factory_;

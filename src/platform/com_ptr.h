@@ -42,7 +42,7 @@ public:
     explicit operator bool() const noexcept { return pointer_ != nullptr; }
 
     // Cleared before the release: the object's destructor may call back and must find null here
-    // (OwnedReferences.AnObjectThatLooksBackDuringResetFindsNothing).
+    // (OwnedReferences.AReentrantReleaseInResetReadsNull).
     void Reset() noexcept { ReleaseReference(std::exchange(pointer_, nullptr)); }
     Interface* Detach() noexcept { return std::exchange(pointer_, nullptr); }
 

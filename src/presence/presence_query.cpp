@@ -46,7 +46,7 @@ String MakeString(const std::array<WCHAR, N>& text) {
 }
 
 // Stores the result before it releases the strings
-// (DialListenerTest.TheAnswerStandsBeforeTheTextsItWasReadFromAreReleased).
+// (DialListenerTest.TheResultIsStoredBeforeItsStringsAreReleased).
 bool IsTheDial(abi::IDeviceInformation& device, SharedFlag& found) {
     const String prefix = MakeString(kDialPrefix);
     String id;
@@ -107,7 +107,7 @@ void PresenceQuery::Start(const ComPtr<SharedFlag>& found, const ComPtr<SharedFl
     const ComPtr<Enumeration> enumeration = StartEnumeration(filter);
     if (!enumeration) {
         // Nothing will complete. The caller deliberately waits the full time, as after a failed enumeration
-        // (Presence.AnOperationThatIsYieldedAsNullIsWaitedForInVain).
+        // (Presence.AnOperationThatIsYieldedAsNullTimesOut).
         return;
     }
     // A failure deliberately leaves the flag unset and the caller waiting to the bound, as brindle.h tells

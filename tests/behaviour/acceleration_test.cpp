@@ -50,7 +50,7 @@ protected:
                 return;
             }
         }
-        FAIL() << "the clock never let the scenario through";
+        FAIL() << "the gaps were never in range";
     }
 
     std::uint64_t last_turn_ = 0;
@@ -187,7 +187,7 @@ TEST_F(Acceleration, ASumBeyondTheLargestNumberIsInfiniteUntilAPause) {
         return [=] {
             EXPECT_EQ(overflown, kInfinity);
             EXPECT_EQ(forth, kInfinity);
-            EXPECT_EQ(back, 1.0) << "the sum is no number any more";
+            EXPECT_EQ(back, 1.0) << "the sum is NaN";
             EXPECT_EQ(after, 1.0);
             EXPECT_DOUBLE_EQ(paused, FactorFor(20.0));
         };

@@ -22,10 +22,10 @@ protected:
         testing::internal::CaptureStdout();
     }
     void TearDown() override {
-        EXPECT_EQ(Printed(), "") << "lines that nothing asked for";
+        EXPECT_EQ(Printed(), "") << "unexpected output";
         testing::internal::GetCapturedStdout();
         dialsim_wait_for_async();  // a handler may still be returning
-        EXPECT_EQ(LeakReport(), "") << "handed out and not come back";
+        EXPECT_EQ(LeakReport(), "") << "leaked references";
     }
 
     StoresFolder stores;

@@ -124,16 +124,16 @@ INSTANTIATE_TEST_SUITE_P(Of, PlaceOfAContact, testing::ValuesIn(kExtremePlaces),
 
 using IgnoredEvents = ListeningTest;
 
-TEST_F(IgnoredEvents, AskThePlatformForNothingAndTellNobody) {
+TEST_F(IgnoredEvents, CallNeitherThePlatformNorTheHost) {
     dialsim_touch(kWindow, 10, 20, 30, 40);
     dialsim_clear_journal();
-    const std::size_t asked = host.times_asked;
+    const std::size_t asked = host.window_queries;
     EXPECT_EQ(dialsim_lift(kWindow), 0);
     EXPECT_EQ(dialsim_lose(kWindow), 0);
     EXPECT_EQ(Journal(), "");
     EXPECT_TRUE(host.rotations.empty());
     EXPECT_TRUE(host.clicks.empty());
-    EXPECT_EQ(host.times_asked, asked);
+    EXPECT_EQ(host.window_queries, asked);
 }
 
 TEST_F(IgnoredEvents, AcquiringControlWithoutAContactIsNoFailure) {

@@ -104,7 +104,7 @@ INSTANTIATE_TEST_SUITE_P(AtTheEdges, HapticByte, testing::Values(0, 1, 2, 0x7F, 
 // Identifiers that differ in few bits.
 class SimilarItems : public ListeningTest, public testing::WithParamInterface<SimilarNumbers> {
 protected:
-    std::uint32_t ToldTag() {
+    std::uint32_t ReportedTag() {
         EXPECT_EQ(dialsim_turn(kWindow, 1.0), 0);
         return host.LastRotation().selectedItemTag;
     }
@@ -116,9 +116,9 @@ protected:
 TEST_P(SimilarItems, AreSelectedEachByItsOwnIdentifier) {
     ASSERT_TRUE(SetMenu(kWindow, {KnownIcon(first_), KnownIcon(second_)}));
     EXPECT_TRUE(set_current_custom_menu(kWindow, second_));
-    EXPECT_EQ(ToldTag(), second_);
+    EXPECT_EQ(ReportedTag(), second_);
     EXPECT_TRUE(set_current_custom_menu(kWindow, first_));
-    EXPECT_EQ(ToldTag(), first_);
+    EXPECT_EQ(ReportedTag(), first_);
 }
 
 TEST_P(SimilarItems, AreNotSelectedForOneAnother) {

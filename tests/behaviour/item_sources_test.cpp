@@ -127,7 +127,7 @@ TEST_F(FontFile, AFontFileThatDoesNotExistIsSkippedSilently) {
     EXPECT_EQ(dialsim_calls("GetShortPathNameW"), 0u);
 }
 
-TEST_F(FontFile, AShortNameThatCannotBeHadIsSkippedSilently) {
+TEST_F(FontFile, AnUnavailableShortNameIsSkippedSilently) {
     for (const std::uint32_t call : {1u, 2u}) {
         dialsim_yield_null("GetShortPathNameW", call, 1);
         EXPECT_TRUE(SetMenu(kWindow, {CustomFont(5, font_.Path())}));
@@ -198,7 +198,7 @@ TEST_F(FontFile, ATagThatAlwaysFailsIsPrintedByTheAddingStep) {
 
 class GlyphLength : public FontFile, public testing::WithParamInterface<std::size_t> {};
 
-TEST_P(GlyphLength, OfEitherSourceIsPassedOnWholeAndSoIsTheFontsName) {
+TEST_P(GlyphLength, OfEitherSourceAndOfTheFontsNameIsNotLimited) {
     const WideText text = LongText(GetParam());
     const std::string expected = LongUtf8(GetParam());
     MenuItemDescription installed = SystemFont(1);
@@ -529,7 +529,7 @@ protected:
         dialsim_async(DIALSIM_AT_ONCE);
         EXPECT_TRUE(SetMenu(kWindow, items));
         std::vector<std::string> lines = LinesOf(MenuText(kWindow));
-        EXPECT_EQ(lines.size(), items.size() + 2) << "the items and what the system adds";
+        EXPECT_EQ(lines.size(), items.size() + 2) << "the items and the two system lines";
         lines.resize(items.size());
         return lines;
     }
@@ -571,7 +571,7 @@ INSTANTIATE_TEST_SUITE_P(AtTheEdges, IdentifierOfEverySource, testing::ValuesIn(
 
 class LabelOfEverySource : public EverySource, public testing::WithParamInterface<std::size_t> {};
 
-TEST_P(LabelOfEverySource, IsShownWholeAndMayBeChosen) {
+TEST_P(LabelOfEverySource, IsShownCompletelyAndMayBeChosen) {
     const WideText label = LongText(GetParam());
     std::vector<MenuItemDescription> items = Items(1);
     for (MenuItemDescription& item : items) {

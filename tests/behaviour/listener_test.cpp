@@ -40,14 +40,14 @@ TEST_F(Listener, TheSevenEventsAreSubscribedInTheirOwnOrder) {
 TEST_F(Listener, TheHostIsAskedForItsWindowExactlyTwice) {
     RecordingHost host(kWindow);
     EXPECT_TRUE(init_dial_listener(&host));
-    EXPECT_EQ(host.times_asked, 2u);
+    EXPECT_EQ(host.window_queries, 2u);
 }
 
 TEST_F(Listener, AHostWhoseRegistrationFailsIsAskedForItsWindowOnce) {
     RecordingHost host(kWindow);
     dialsim_fail("IRadialControllerInterop::CreateForWindow", kFail, 1, 0);
     EXPECT_FALSE(init_dial_listener(&host));
-    EXPECT_EQ(host.times_asked, 1u);
+    EXPECT_EQ(host.window_queries, 1u);
     Printed();
 }
 

@@ -10,7 +10,7 @@
 namespace {
 
 // A short session: the user uses the dial once in every way.
-void LiveThroughEverything() {
+void RunShortSession() {
     static const std::uint32_t buzz = 1;
     dialsim_async(DIALSIM_AT_ONCE);
     dialsim_skip_sleeps(true);
@@ -53,8 +53,8 @@ TEST_F(Sweep, NoFailureOfThePlatformEndsTheProcessOrLeaksAnything) {
     std::uint32_t runs = 0;
     for (; const char* operation = dialsim_operation(i); ++i) {
         // initialize ends the process where its class names cannot be created: tested separately.
-        const bool deadly = std::string(operation) == "WindowsCreateStringReference";
-        for (std::uint32_t from = deadly ? 3 : 1; from <= kCalls; ++from) {
+        const bool is_fatal = std::string(operation) == "WindowsCreateStringReference";
+        for (std::uint32_t from = is_fatal ? 3 : 1; from <= kCalls; ++from) {
             for (int way = 0; way < kFaultKinds; ++way) {
                 dialsim_reset();
                 EXPECT_TRUE(dialsim_clear_stores());
@@ -65,7 +65,7 @@ TEST_F(Sweep, NoFailureOfThePlatformEndsTheProcessOrLeaksAnything) {
                 } else {
                     dialsim_yield_null(operation, from, 0);
                 }
-                LiveThroughEverything();
+                RunShortSession();
                 ++runs;
                 // An object whose release fails is leaked.
                 if (std::string(operation).find("Delete") == std::string::npos) {

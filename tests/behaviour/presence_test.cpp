@@ -53,27 +53,27 @@ protected:
     }
 
     // Null is an entry without an object.
-    static void ThereAreOnly(std::initializer_list<const char*> ids) {
+    static void SetDevices(std::initializer_list<const char*> ids) {
         dialsim_remove_devices();
         for (const char* id : ids) {
             dialsim_add_device(id, nullptr, true);
         }
     }
     static bool IsPresentWithOnly(const std::string& id) {
-        ThereAreOnly({id.c_str()});
+        SetDevices({id.c_str()});
         return is_dial_present(kWindow);
     }
     static std::uint32_t Sleeps() { return dialsim_calls("Sleep(1)"); }
 };
 
-TEST_F(Presence, TheStaticsGoBeforeTheAnswerIsListenedFor) {
+TEST_F(Presence, TheStaticsAreReleasedBeforeTheHandlerIsAttached) {
     std::uint32_t left = 1;
     const InsideCall look(kAttach, [&] { left = dialsim_objects("IDeviceInformationStatics"); });
     EXPECT_TRUE(is_dial_present(kWindow));
     EXPECT_EQ(left, 0u);
 }
 
-TEST_F(Presence, TheDialIsThere) { EXPECT_TRUE(is_dial_present(kWindow)); }
+TEST_F(Presence, TheDialIsPresent) { EXPECT_TRUE(is_dial_present(kWindow)); }
 
 TEST_F(Presence, AQueryTakesTheseStepsInThisOrder) {
     EXPECT_TRUE(is_dial_present(kWindow));
@@ -99,7 +99,7 @@ TEST_F(Presence, TheFilterIsCreatedFirstAndPassedUnchanged) {
 }
 
 TEST_F(Presence, ThePrefixIsCreatedForEachEntryBeforeItsIdIsRead) {
-    ThereAreOnly({"USB#1", "USB#2"});
+    SetDevices({"USB#1", "USB#2"});
     EXPECT_FALSE(is_dial_present(kWindow));
     EXPECT_EQ(dialsim_calls(MakingOf(kPrefix).c_str()), 2u);
     EXPECT_EQ(dialsim_calls("_wcsnicmp"), 2u);
@@ -114,7 +114,7 @@ TEST_F(Presence, WithoutADeviceThereIsNoDialAndNoWait) {
 }
 
 TEST_F(Presence, EntriesWithoutAnObjectAreNoDial) {
-    ThereAreOnly({nullptr, nullptr});
+    SetDevices({nullptr, nullptr});
     EXPECT_FALSE(is_dial_present(kWindow));
     EXPECT_EQ(dialsim_calls(kGetDevice), 2u);
     EXPECT_EQ(dialsim_calls(kId), 0u);
@@ -172,14 +172,14 @@ TEST_F(Presence, ASimilarIdIsNoDial) {
 TEST_F(Presence, TheFirstMatchEndsTheScan) {
     const std::string first = kPrefix + std::string("1");
     const std::string second = kPrefix + std::string("2");
-    ThereAreOnly({first.c_str(), second.c_str()});
+    SetDevices({first.c_str(), second.c_str()});
     EXPECT_TRUE(is_dial_present(kWindow));
     EXPECT_EQ(dialsim_calls((std::string(kGetDevice) + "(0)").c_str()), 1u);
     EXPECT_EQ(dialsim_calls(kGetDevice), 1u);
 }
 
 TEST_F(Presence, TheScanSkipsNullEntriesAndOtherDevices) {
-    ThereAreOnly({nullptr, "USB#1", nullptr, kPrefix, "USB#2"});
+    SetDevices({nullptr, "USB#1", nullptr, kPrefix, "USB#2"});
     EXPECT_TRUE(is_dial_present(kWindow));
     EXPECT_EQ(dialsim_calls(kGetDevice), 4u);
     EXPECT_EQ(dialsim_calls((std::string(kGetDevice) + "(4)").c_str()), 0u);
@@ -187,9 +187,9 @@ TEST_F(Presence, TheScanSkipsNullEntriesAndOtherDevices) {
 }
 
 TEST_F(Presence, ADialAfterOthersIsFoundAndADeviceAfterTheDialDoesNotHideIt) {
-    ThereAreOnly({"USB#1", kPrefix});
+    SetDevices({"USB#1", kPrefix});
     EXPECT_TRUE(is_dial_present(kWindow));
-    ThereAreOnly({kPrefix, "USB#1"});
+    SetDevices({kPrefix, "USB#1"});
     EXPECT_TRUE(is_dial_present(kWindow));
 }
 
@@ -268,7 +268,7 @@ TEST_F(Presence, AWindowThatWasRegisteredTwiceAsksAsBefore) {
 
 // --- the wait
 
-TEST_F(Presence, WhatHasEndedBeforeTheFirstLookCostsNoSleep) {
+TEST_F(Presence, ACompletionBeforeTheFirstCheckCostsNoSleep) {
     EXPECT_TRUE(is_dial_present(kWindow));
     EXPECT_EQ(dialsim_calls("Sleep"), 0u);
 }
@@ -293,7 +293,7 @@ TEST_F(Presence, ThePlatformMayTakeTheHandlerToEveryApartment) {
     EXPECT_FALSE(is_dial_present(kWindow));
     EXPECT_TRUE(dialsim_completion_marshals(0));
     EXPECT_EQ(dialsim_complete(0), 0);
-    EXPECT_FALSE(dialsim_completion_marshals(0)) << "it has been let go of";
+    EXPECT_FALSE(dialsim_completion_marshals(0)) << "it is released";
     EXPECT_FALSE(dialsim_completion_marshals(1));
 }
 
@@ -315,7 +315,7 @@ TEST_F(Presence, AFullWaitReallyTakesTenSecondsWhichIsSlow) {
     EXPECT_EQ(Sleeps(), kFullWait);
 }
 
-TEST_F(Presence, AnOperationThatIsYieldedAsNullIsWaitedForInVain) {
+TEST_F(Presence, AnOperationThatIsYieldedAsNullTimesOut) {
     ASSERT_TRUE(dialsim_yield_null(kFindAll, 1, 1));
     EXPECT_FALSE(is_dial_present(kWindow));
     EXPECT_EQ(dialsim_calls(kAttach), 0u);
@@ -336,7 +336,7 @@ TEST_F(Presence, EventsReachTheHostDuringTheWait) {
 
 // --- completions after the timeout
 
-TEST_F(Presence, ALateCompletionIsTakenAndForgotten) {
+TEST_F(Presence, ALateCompletionIsAcceptedAndIgnored) {
     dialsim_async(DIALSIM_HELD);
     EXPECT_FALSE(is_dial_present(kWindow));
     EXPECT_EQ(dialsim_complete(0), 0);
@@ -358,7 +358,7 @@ TEST_F(Presence, TheCallAfterALateCompletionIsRight) {
     EXPECT_FALSE(is_dial_present(kWindow));
 }
 
-TEST_F(Presence, ACompletionThatComesBetweenTwoLaterCallsDisturbsNeither) {
+TEST_F(Presence, ACompletionBetweenTwoLaterCallsAffectsNeither) {
     dialsim_async(DIALSIM_HELD);
     EXPECT_FALSE(is_dial_present(kWindow));
     dialsim_async(DIALSIM_AT_ONCE);
@@ -398,7 +398,7 @@ TEST_F(Presence, TheStatusOfTheCompletionIsNotConsulted) {
 
 // A call times out, and its enumeration completes during the next wait: natively after 50 ms, on Windows,
 // where the first call's sleeps are skipped, after up to two seconds.
-void GiveUpOnAnEnumerationThatEndsDuringTheNextWait(std::uint64_t window) {
+void TimeOutWithLateCompletion(std::uint64_t window) {
     dialsim_async(DIALSIM_OWN_THREAD);
 #ifdef _WIN32
     dialsim_async_delay(2'000);
@@ -414,7 +414,7 @@ void GiveUpOnAnEnumerationThatEndsDuringTheNextWait(std::uint64_t window) {
 // A window has one flag: an earlier call's enumeration ends a later call's wait, which has no result of its
 // own yet.
 TEST_F(Presence, ACompletionThatComesDuringTheNextWaitEndsItWithoutAnAnswer) {
-    GiveUpOnAnEnumerationThatEndsDuringTheNextWait(kWindow);
+    TimeOutWithLateCompletion(kWindow);
     dialsim_async(DIALSIM_HELD);
     EXPECT_FALSE(is_dial_present(kWindow));
     EXPECT_GE(Sleeps(), 1u);
@@ -429,7 +429,7 @@ TEST_F(Presence, ACompletionThatComesDuringTheNextWaitEndsItWithoutAnAnswer) {
 TEST_F(Presence, WindowsDoNotEndEachOthersWaits) {
     RecordingHost other(kWindow + 1);
     ASSERT_TRUE(init_dial_listener(&other));
-    GiveUpOnAnEnumerationThatEndsDuringTheNextWait(kWindow + 1);
+    TimeOutWithLateCompletion(kWindow + 1);
     CompleteOnAnotherThreadAfter(4'000);
     EXPECT_TRUE(is_dial_present(kWindow));
     EXPECT_EQ(dialsim_completion_code(0), 0);
@@ -548,7 +548,7 @@ INSTANTIATE_TEST_SUITE_P(All, ScanningStep,
                                          QueryStep{"ReadingTheId", kId}),
                          kNameOfStep);
 
-TEST_F(Presence, WhatTheScanGetsAsNothingIsNoDialAndEndsTheWait) {
+TEST_F(Presence, ANullInTheScanIsNoDialAndEndsTheWait) {
     for (const char* operation : {kGetResults, kSize, kGetDevice, kId}) {
         ASSERT_TRUE(dialsim_yield_null(operation, 1, 1)) << operation;
         EXPECT_FALSE(is_dial_present(kWindow)) << operation;
@@ -559,7 +559,7 @@ TEST_F(Presence, WhatTheScanGetsAsNothingIsNoDialAndEndsTheWait) {
 
 TEST_F(Presence, AFailureBehindOtherDevicesIsAFailureToo) {
     for (const char* operation : {kGetDevice, kId}) {
-        ThereAreOnly({"USB#1", kPrefix});
+        SetDevices({"USB#1", kPrefix});
         dialsim_clear_journal();
         ASSERT_TRUE(dialsim_fail(operation, kFail, 2, 1)) << operation;
         EXPECT_FALSE(is_dial_present(kWindow)) << operation;
@@ -567,13 +567,13 @@ TEST_F(Presence, AFailureBehindOtherDevicesIsAFailureToo) {
     }
 }
 
-TEST_F(Presence, AFailureBehindTheDialIsNeverMet) {
-    ThereAreOnly({kPrefix, "USB#1"});
+TEST_F(Presence, AFailureAfterTheDialHasNoEffect) {
+    SetDevices({kPrefix, "USB#1"});
     ASSERT_TRUE(dialsim_fail(kGetDevice, kFail, 2, 1));
     EXPECT_TRUE(is_dial_present(kWindow));
 }
 
-TEST_F(Presence, AnEnumerationThatEndsAsFailedIsWaitedForToTheBound) {
+TEST_F(Presence, AnEnumerationThatEndsAsFailedTimesOut) {
     dialsim_fail_devices(kAccessDenied);
     EXPECT_FALSE(is_dial_present(kWindow));
     EXPECT_EQ(Sleeps(), kFullWait);

@@ -75,7 +75,7 @@ protected:
         const InsideCall click(operation, [] { EXPECT_EQ(dialsim_click(kWindow), 0); });
         act();
     }
-    // It gets no menu, and a line is printed.
+    // The nested call fails, prints a line and leaves no menu.
     void LoseMenuInside(const char* operation, const std::function<void()>& act) {
         host_.on_click = [this](const DialContactRect&) {
             dialsim_fail("IRadialController::get_Menu", kFail, 1, 3);

@@ -59,9 +59,9 @@ class Degrees : public ListeningTest, public testing::WithParamInterface<double>
 
 TEST_P(Degrees, ReachTheHostAsTheyAre) {
     EXPECT_EQ(dialsim_turn(kWindow, GetParam()), 0);
-    const double told = host.LastRotation().deltaDegrees;
-    EXPECT_EQ(std::signbit(told), std::signbit(GetParam()));
-    EXPECT_TRUE(told == GetParam() || (std::isnan(told) && std::isnan(GetParam()))) << told;
+    const double received = host.LastRotation().deltaDegrees;
+    EXPECT_EQ(std::signbit(received), std::signbit(GetParam()));
+    EXPECT_TRUE(received == GetParam() || (std::isnan(received) && std::isnan(GetParam()))) << received;
     EXPECT_GE(host.LastRotation().acceleration, 1.0);
 }
 

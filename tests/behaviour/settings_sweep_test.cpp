@@ -34,9 +34,9 @@ struct Call {
 
 // Calls that return no code, and journal lines that are no calls.
 bool CannotFail(const std::string& line) {
-    constexpr const char* kBeginnings[] = {"WindowsDeleteString", "WindowsGetString", "wcs", "end of "};
-    return std::any_of(std::begin(kBeginnings), std::end(kBeginnings),
-                       [&](const char* beginning) { return line.starts_with(beginning); });
+    constexpr const char* kPrefixes[] = {"WindowsDeleteString", "WindowsGetString", "wcs", "end of "};
+    return std::any_of(std::begin(kPrefixes), std::end(kPrefixes),
+                       [&](const char* prefix) { return line.starts_with(prefix); });
 }
 
 std::vector<Call> CallsIn(const std::string& journal) {
@@ -294,7 +294,7 @@ private:
     static void Check(const Call& call, FaultKind way, const std::vector<Place>& places,
                       const Outcomes& outcomes) {
         const std::array<Kept, 3>* const effects = EffectsOf(call);
-        ASSERT_NE(effects, nullptr) << "nothing is known of this call";
+        ASSERT_NE(effects, nullptr) << "unknown call";
         const Stores stored = StoredContent();
         Stores expected = outcomes.undisturbed;
         for (const Place place : places) {
@@ -323,14 +323,14 @@ private:
 
 TEST_F(WritingSweep, OfATextKeepsWhatCanBeKept) {
     for (const Scenario& scenario : {
-             Scenario{"nothing is there", {}, nullptr, false},
-             {"the text is there", {"String", "new"}, "new", false},
-             {"another text is there", {"String", "old"}, "old", false},
-             {"a number is there, and the vault knows the key of another resource",
+             Scenario{"nothing is stored", {}, nullptr, false},
+             {"the text is stored", {"String", "new"}, "new", false},
+             {"another text is stored", {"String", "old"}, "old", false},
+             {"a number is stored, and the vault has the key of another resource",
               {"Int32", "1"},
               nullptr,
               true},
-             {"no value is there, and the vault knows the key twice", {"composite", ""}, "old", true},
+             {"no value is stored, and the vault has the key twice", {"composite", ""}, "old", true},
          }) {
         Sweep(scenario, {"String", "\"new\"", true}, [] { return SetText(UTF16("new")); });
     }
@@ -338,12 +338,12 @@ TEST_F(WritingSweep, OfATextKeepsWhatCanBeKept) {
 
 TEST_F(WritingSweep, OfANumberKeepsWhatCanBeKept) {
     for (const Scenario& scenario : {
-             Scenario{"nothing is there", {}, nullptr, false},
-             {"the number is there", {"Int32", "7"}, "old", false},
-             {"another number is there", {"Int32", "8"}, nullptr, false},
-             {"a text is there", {"String", "7"}, "7", true},
-             {"a number of another kind is there", {"UInt32", "7"}, nullptr, false},
-             {"no value is there", {"composite", ""}, nullptr, false},
+             Scenario{"nothing is stored", {}, nullptr, false},
+             {"the number is stored", {"Int32", "7"}, "old", false},
+             {"another number is stored", {"Int32", "8"}, nullptr, false},
+             {"a text is stored", {"String", "7"}, "7", true},
+             {"a number of another kind is stored", {"UInt32", "7"}, nullptr, false},
+             {"no value is stored", {"composite", ""}, nullptr, false},
          }) {
         Sweep(scenario, {"Int32", "7", false}, [] { return SetNumber(7); });
     }

@@ -18,11 +18,11 @@ namespace sweep {
 struct RecordedCall {
     explicit RecordedCall(const std::string& line) {
         const std::size_t end = line.rfind(')') + 1;
-        const std::string whole = line.substr(0, end);
-        const bool told_apart = whole.starts_with("RoGetActivationFactory") ||
-                                whole.starts_with("QueryInterface") ||
-                                whole.starts_with("WindowsCreateStringReference(Windows.");
-        call = told_apart ? whole : OperationOf(whole);
+        const std::string text_of_call = line.substr(0, end);
+        const bool keeps_arguments = text_of_call.starts_with("RoGetActivationFactory") ||
+                                     text_of_call.starts_with("QueryInterface") ||
+                                     text_of_call.starts_with("WindowsCreateStringReference(Windows.");
+        call = keeps_arguments ? text_of_call : OperationOf(text_of_call);
         const std::string code = line.substr(end);
         const bool failed = code.size() == std::string(" = 80004005").size();
         text = call + (failed ? code : "") + "\n";
@@ -34,19 +34,19 @@ struct RecordedCall {
 
 // Releases, comparisons, waits and callbacks are no rows of a table.
 inline bool IsRow(const std::string& line) {
-    constexpr const char* kBeginnings[] = {"WindowsDelete",
-                                           "WindowsGet",
-                                           "_wcsnicmp",
-                                           "GetTickCount64",
-                                           "Sleep",
-                                           "GlobalUnlock",
-                                           "GlobalFree",
-                                           "FreeResource",
-                                           "end of",
-                                           "system items",
-                                           "AsyncOperationCompletedHandler"};
-    return std::none_of(std::begin(kBeginnings), std::end(kBeginnings),
-                        [&](const char* beginning) { return line.starts_with(beginning); });
+    constexpr const char* kPrefixes[] = {"WindowsDelete",
+                                         "WindowsGet",
+                                         "_wcsnicmp",
+                                         "GetTickCount64",
+                                         "Sleep",
+                                         "GlobalUnlock",
+                                         "GlobalFree",
+                                         "FreeResource",
+                                         "end of",
+                                         "system items",
+                                         "AsyncOperationCompletedHandler"};
+    return std::none_of(std::begin(kPrefixes), std::end(kPrefixes),
+                        [&](const char* prefix) { return line.starts_with(prefix); });
 }
 
 inline std::vector<RecordedCall> RecordedCalls() {
@@ -68,13 +68,13 @@ struct Scenario {
     ExpectedState start = {};
     std::function<void(const ExpectedState&)> check = [](const ExpectedState&) {};
     // initialize ends the process where its class names cannot be created: tested separately.
-    bool texts_are_deadly = false;
+    bool string_failure_is_fatal = false;
 };
 
 class Sweep : public UninitializedTest {
 protected:
     Sweep() {
-        host.on_window_query = [this] { seen += "asked for the window\n"; };
+        host.on_window_query = [this] { log += "asked for the window\n"; };
         host.on_rotation = [this](const DialRotationInfo& turn) { LogTurn(turn); };
         host.on_click = [this](const DialContactRect& rect) { LogClick(rect); };
     }
@@ -93,7 +93,7 @@ protected:
             }
         }
         for (Fault& fault : faults) {
-            if (scenario.texts_are_deadly && MakesText(fault.call)) {
+            if (scenario.string_failure_is_fatal && MakesText(fault.call)) {
                 continue;
             }
             ++calls_;
@@ -106,12 +106,12 @@ protected:
     }
 
     // For `act`: logs the library's result.
-    void LogResult(bool answer) { seen += answer ? "true\n" : "false\n"; }
+    void LogResult(bool answer) { log += answer ? "true\n" : "false\n"; }
     void LogCode(std::int32_t code) {
-        seen += code == DIALSIM_RAISED ? "raised " + Raised() + "\n" : "answered " + Hex(code) + "\n";
+        log += code == DIALSIM_RAISED ? "raised " + Raised() + "\n" : "answered " + Hex(code) + "\n";
     }
 
-    std::string seen;
+    std::string log;
     RecordingHost host{kWindow};
 
 private:
@@ -120,9 +120,9 @@ private:
         char text[96];
         std::snprintf(text, sizeof text, "turned by %g, %s, tag %u, contact ", turn.deltaDegrees,
                       turn.buttonPressed ? "pressed" : "not pressed", turn.selectedItemTag);
-        seen += text + RectText(turn.contact);
+        log += text + RectText(turn.contact);
     }
-    void LogClick(const DialContactRect& rect) { seen += "clicked, contact " + RectText(rect); }
+    void LogClick(const DialContactRect& rect) { log += "clicked, contact " + RectText(rect); }
     static std::string RectText(const DialContactRect& rect) {
         char text[64];
         std::snprintf(text, sizeof text, "%d %d %d %d\n", rect.left, rect.top, rect.right, rect.bottom);
@@ -140,7 +140,7 @@ private:
         dialsim_reset();
         scenario.prepare();
         dialsim_clear_journal();
-        seen.clear();
+        log.clear();
         if (fault && !fault->Set()) {
             uninit();
             return {};
@@ -155,10 +155,10 @@ private:
         run.Play(scenario.table);
         EXPECT_EQ(Joined(made), run.calls);
         EXPECT_EQ(printed, run.printed);
-        EXPECT_EQ(seen, run.world.seen);
-        scenario.check(run.world);
+        EXPECT_EQ(log, run.state.log);
+        scenario.check(run.state);
         uninit();
-        EXPECT_EQ(LeakReport(), KeptOnPurpose(run.world));
+        EXPECT_EQ(LeakReport(), KeptOnPurpose(run.state));
         dialsim_reset();
         return made;
     }
@@ -172,10 +172,10 @@ private:
     }
 
     // Contacts of clicks.
-    static std::string KeptOnPurpose(const ExpectedState& world) {
-        return world.contacts_kept == 0 ? ""
+    static std::string KeptOnPurpose(const ExpectedState& state) {
+        return state.contacts_kept == 0 ? ""
                                         : std::string(kContacts) + ": 1 objects, " +
-                                              std::to_string(world.contacts_kept) + " references\n";
+                                              std::to_string(state.contacts_kept) + " references\n";
     }
 
     std::set<std::string> operations_;

@@ -16,8 +16,8 @@ Row Initializing() {
         .Answers(Answer::Code);
 }
 
-Row Asking() {
-    return Then([](ExpectedState& world) { world.seen += "asked for the window\n"; });
+Row QueryingWindow() {
+    return Then([](ExpectedState& state) { state.log += "asked for the window\n"; });
 }
 
 Row Subscribing(int line, const char* event) {
@@ -36,7 +36,8 @@ Row Registering() {
         Subscribing(487, "RotationChanged"),
         Subscribing(491, "ButtonClicked"),
     });
-    return Table({Asking(), Reported("register", 110, registration), Asking()}).Answers(Answer::Bool);
+    return Table({QueryingWindow(), Reported("register", 110, registration), QueryingWindow()})
+        .Answers(Answer::Bool);
 }
 
 // --- the contact with the screen
@@ -70,11 +71,11 @@ Row ReadingTheBounds() {
                           Ignored(Call(kPosition)), Call(kBounds).Gives(&ExpectedState::bounds_read)}));
 }
 
-void NotifyRotation(ExpectedState& world) {
-    world.seen += std::string("turned by ") + (world.degrees_read ? "1.5" : "0") +
-                  (world.button_read ? ", pressed" : ", not pressed") +
-                  (world.tag_read ? ", tag 7" : ", tag 0") + ", contact " +
-                  (world.bounds_read ? "10 20 31 26\n" : "0 0 0 0\n");
+void NotifyRotation(ExpectedState& state) {
+    state.log += std::string("turned by ") + (state.degrees_read ? "1.5" : "0") +
+                 (state.button_read ? ", pressed" : ", not pressed") +
+                 (state.tag_read ? ", tag 7" : ", tag 0") + ", contact " +
+                 (state.bounds_read ? "10 20 31 26\n" : "0 0 0 0\n");
 }
 
 Row NotifyingRotation() {
@@ -104,12 +105,12 @@ Row AnsweringWithHaptics() {
 Row Clicking() {
     return Table({Guarded(1038, Call("IRadialControllerButtonClickedEventArgs::get_Contact")
                                     .Gives(&ExpectedState::contact)
-                                    .Does([](ExpectedState& world) { ++world.contacts_kept; })),
+                                    .Does([](ExpectedState& state) { ++state.contacts_kept; })),
                   Table({Ignored(Call(kBounds).Gives(&ExpectedState::bounds_read))})
                       .Needs(&ExpectedState::contact, 0),
-                  Then([](ExpectedState& world) {
-                      world.seen +=
-                          world.bounds_read ? "clicked, contact 10 20 30 25\n" : "clicked, contact 0 0 0 0\n";
+                  Then([](ExpectedState& state) {
+                      state.log +=
+                          state.bounds_read ? "clicked, contact 10 20 30 25\n" : "clicked, contact 0 0 0 0\n";
                   })})
         .Answers(Answer::Code);
 }
@@ -146,7 +147,7 @@ TEST_F(EventSweep, OfStarting) {
     InjectEachFault({.name = "initialize",
                      .table = Initializing(),
                      .act = [this] { LogCode(initialize()); },
-                     .texts_are_deadly = true});
+                     .string_failure_is_fatal = true});
 }
 
 TEST_F(EventSweep, OfRegistering) {

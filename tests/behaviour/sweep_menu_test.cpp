@@ -11,13 +11,13 @@ constexpr char kReferences[] = "Windows.Storage.Streams.RandomAccessStreamRefere
 
 // --- steps of every item
 
-void Subscribe(ExpectedState& world) { ++world.items.back().subscriptions; }
-void Append(ExpectedState& world) { world.menu.push_back(world.items.size() - 1); }
+void Subscribe(ExpectedState& state) { ++state.items.back().subscriptions; }
+void Append(ExpectedState& state) { state.menu.push_back(state.items.size() - 1); }
 
 // A tag yielded as null is no tag.
 std::function<void(ExpectedState&)> Tag(std::uint32_t item_id) {
-    return [=](ExpectedState& world) {
-        world.items.back().tag = world.tag_value ? std::optional(item_id) : std::nullopt;
+    return [=](ExpectedState& state) {
+        state.items.back().tag = state.tag_value ? std::optional(item_id) : std::nullopt;
     };
 }
 
@@ -35,13 +35,13 @@ Row Adding(std::uint32_t item_id) {
 }
 
 Row Making(const char* call) {
-    return Call(call).Gives(&ExpectedState::menu_item).Does([](ExpectedState& world) {
-        world.items.emplace_back();
+    return Call(call).Gives(&ExpectedState::menu_item).Does([](ExpectedState& state) {
+        state.items.emplace_back();
     });
 }
 
 Row Recording(std::uint32_t item_id, bool haptics) {
-    return Then([=](ExpectedState& world) { world.recorded.emplace(item_id, haptics); });
+    return Then([=](ExpectedState& state) { state.recorded.emplace(item_id, haptics); });
 }
 
 // --- the five sources
@@ -163,8 +163,8 @@ Row Filling(std::initializer_list<Rows> items) {
     Rows rows = {
         Guarded(124, Call("IRadialController::get_Menu").NullEnds(kNoInterface)),
         Guarded(129, Call("IRadialControllerMenu::get_Items").NullEnds(kNoInterface)),
-        Logged("clear", 132, Call("IVector<RadialControllerMenuItem>::Clear").Does([](ExpectedState& world) {
-            world.menu.clear();
+        Logged("clear", 132, Call("IVector<RadialControllerMenuItem>::Clear").Does([](ExpectedState& state) {
+            state.menu.clear();
         })),
     };
     for (const Rows& item : items) {
@@ -189,11 +189,11 @@ protected:
                          .act =
                              [this, &items] {
                                  Fill(items);
-                                 seen += "completed with " + Hex(dialsim_complete_all()) + "\n";
+                                 log += "completed with " + Hex(dialsim_complete_all()) + "\n";
                              },
                          .prepare = [this] { ListenWithAMenu(); },
                          .start = start,
-                         .check = [](const ExpectedState& world) { CheckMenu(world); }});
+                         .check = [](const ExpectedState& state) { CheckMenu(state); }});
     }
 
     const TemporaryFile font_{"sweep font with a long name.ttf", SmallPng()};
@@ -211,21 +211,21 @@ private:
         try {
             LogResult(SetMenu(kWindow, items));
         } catch (const std::exception& error) {
-            seen += "raised " + std::string(error.what()) + "\n";
+            log += "raised " + std::string(error.what()) + "\n";
         }
     }
 
     // An item's handler finds the first entry with its identifier, which is 0 without a tag.
-    static void CheckMenu(const ExpectedState& world) {
+    static void CheckMenu(const ExpectedState& state) {
         std::string tags;
-        for (std::uint32_t place = 0; place < world.menu.size(); ++place) {
-            const Item& item = world.items[world.menu[place]];
+        for (std::uint32_t place = 0; place < state.menu.size(); ++place) {
+            const Item& item = state.items[state.menu[place]];
             tags += (item.tag ? std::to_string(*item.tag) : "-") + "\n";
-            const auto entry = world.recorded.find(item.tag.value_or(0));
+            const auto entry = state.recorded.find(item.tag.value_or(0));
             dialsim_clear_journal();
             EXPECT_EQ(dialsim_choose(kWindow, place), 0);
             for (const bool haptics : {false, true}) {
-                const bool decides = entry != world.recorded.end() && entry->second == haptics;
+                const bool decides = entry != state.recorded.end() && entry->second == haptics;
                 const std::string call =
                     "IRadialController::put_UseAutomaticHapticFeedback(" + std::to_string(haptics) + ")";
                 EXPECT_EQ(dialsim_calls(call.c_str()), decides ? item.subscriptions : 0) << call;

@@ -65,7 +65,7 @@ struct ExpectedState {
     int contacts_kept = 0;
     std::vector<std::int32_t> system_items = {0, 1, 2, 3, 4};
 
-    std::string seen;  // results and host calls, a line each
+    std::string log;  // results and host calls, a line each
 };
 
 // --- rows
@@ -256,11 +256,11 @@ private:
 class TableRun {
 public:
     TableRun(std::optional<Fault> fault, ExpectedState start)
-        : world(std::move(start)), fault_(std::move(fault)) {}
+        : state(std::move(start)), fault_(std::move(fault)) {}
 
     void Play(const Row& row) { Perform(row); }
 
-    ExpectedState world;
+    ExpectedState state;
     std::string calls;
     std::string printed;
 
@@ -302,7 +302,7 @@ private:
     Outcome Make(const Row& row) {
         std::optional<std::int32_t> code = NextFault(row.call);
         const bool takes_place = !code || fault_->way == FaultKind::FailsLate;
-        const bool refused = takes_place && row.needs != nullptr && !(world.*row.needs);
+        const bool refused = takes_place && row.needs != nullptr && !(state.*row.needs);
         if (refused && !code) {
             code = row.without;
         }
@@ -312,7 +312,7 @@ private:
         }
         const Outcome outcome = OutcomeOf(row, code.value_or(0), takes_place);
         if (row.gives != nullptr) {
-            world.*row.gives = takes_place && (outcome.code >= 0 || row.rule == Rule::Ignored);
+            state.*row.gives = takes_place && (outcome.code >= 0 || row.rule == Rule::Ignored);
         }
         return outcome;
     }
@@ -338,14 +338,14 @@ private:
             if (table.answer == Answer::Completion) {
                 Report(table.answer, error.code);
             } else {
-                world.seen += "raised platform error " + Hex(error.code) + "\n";
+                state.log += "raised platform error " + Hex(error.code) + "\n";
             }
         }
         return 0;  // already reported
     }
 
     std::int32_t PlayTable(const Row& table) {
-        if (table.needs != nullptr && !(world.*table.needs)) {
+        if (table.needs != nullptr && !(state.*table.needs)) {
             return table.without;
         }
         std::int32_t code = table.ends_as;
@@ -356,7 +356,7 @@ private:
             }
         }
         if (code >= 0 && table.effect) {
-            table.effect(world);
+            table.effect(state);
         }
         return code < 0 && table.fails_as ? *table.fails_as : code;
     }
@@ -366,13 +366,13 @@ private:
             case Answer::None:
                 break;
             case Answer::Bool:
-                world.seen += code < 0 ? "false\n" : "true\n";
+                state.log += code < 0 ? "false\n" : "true\n";
                 break;
             case Answer::Code:
-                world.seen += "answered " + Hex(code) + "\n";
+                state.log += "answered " + Hex(code) + "\n";
                 break;
             case Answer::Completion:
-                world.seen += "completed with " + Hex(code) + "\n";
+                state.log += "completed with " + Hex(code) + "\n";
                 break;
         }
     }

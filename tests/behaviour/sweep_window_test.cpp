@@ -23,12 +23,12 @@ protected:
 Row SettingTheDefaultMenu() {
     return Table(
                {
-                   Then([](ExpectedState& world) { world.seen += "asked for the window\n"; }),
+                   Then([](ExpectedState& state) { state.log += "asked for the window\n"; }),
                    Factory("Windows.UI.Input.RadialControllerConfiguration"),
                    View("IRadialControllerConfigurationInterop"),
                    Absent(Call("IRadialControllerConfigurationInterop::GetForWindow").NullEnds(kNoInterface)),
-                   Call("IRadialControllerConfiguration::SetDefaultMenuItems").Does([](ExpectedState& world) {
-                       world.system_items = {3, 2};
+                   Call("IRadialControllerConfiguration::SetDefaultMenuItems").Does([](ExpectedState& state) {
+                       state.system_items = {3, 2};
                    }),
                })
         .Answers(Answer::Bool);
@@ -40,7 +40,7 @@ TEST_F(WindowSweep, OfTheDefaultMenu) {
          .table = SettingTheDefaultMenu(),
          .act = [this] { LogResult(set_default_menu(kWindow, kTwoSystemItems, 2)); },
          .prepare = [this] { Listen(); },
-         .check = [](const ExpectedState& world) { EXPECT_EQ(SystemItemsOf(kWindow), world.system_items); }});
+         .check = [](const ExpectedState& state) { EXPECT_EQ(SystemItemsOf(kWindow), state.system_items); }});
 }
 
 // --- selecting an item
@@ -48,7 +48,7 @@ TEST_F(WindowSweep, OfTheDefaultMenu) {
 // The end of the list is reached before the identifier is found.
 Row Size() { return Call("IVector<RadialControllerMenuItem>::get_Size").NullEnds(kFail); }
 
-Rows Looking() {
+Rows SearchSteps() {
     return {Call("IVector<RadialControllerMenuItem>::GetAt").NullEnds(kSkipped),
             Call("IRadialControllerMenuItem::get_Tag").NullEnds(kSkipped), View("IPropertyValue")};
 }
@@ -58,18 +58,19 @@ Row With(Rows rows, std::initializer_list<Row> more) {
     return Table(std::move(rows));
 }
 
-Row AnotherItem() { return With(Looking(), {Call("IPropertyValue::GetUInt32")}); }
+Row AnotherItem() { return With(SearchSteps(), {Call("IPropertyValue::GetUInt32")}); }
 
 // A tag of another type, unless it is read as zero.
 Row AForeignItem() {
-    return With(Looking(), {Call("IPropertyValue::GetUInt32").Needs(&ExpectedState::never, kTypeMismatch)});
+    return With(SearchSteps(),
+                {Call("IPropertyValue::GetUInt32").Needs(&ExpectedState::never, kTypeMismatch)});
 }
 
 Row TheItem() {
-    const Row select = Call("IRadialControllerMenu::SelectMenuItem").Does([](ExpectedState& world) {
-        world.selected = true;
+    const Row select = Call("IRadialControllerMenu::SelectMenuItem").Does([](ExpectedState& state) {
+        state.selected = true;
     });
-    return Final(With(Looking(), {Call("IPropertyValue::GetUInt32").NullEnds(kSkipped), select}));
+    return Final(With(SearchSteps(), {Call("IPropertyValue::GetUInt32").NullEnds(kSkipped), select}));
 }
 
 Row Selecting(std::initializer_list<Row> search) {
@@ -90,7 +91,7 @@ protected:
              .table = std::move(table),
              .act = [this] { LogResult(set_current_custom_menu(kWindow, 2)); },
              .prepare = std::move(prepare),
-             .check = [](const ExpectedState& world) { EXPECT_EQ(SomethingIsSelected(), world.selected); }});
+             .check = [](const ExpectedState& state) { EXPECT_EQ(SomethingIsSelected(), state.selected); }});
     }
 
 private:
@@ -151,7 +152,7 @@ Row Scanning(Rows devices) {
     Rows rows = {Call("IAsyncOperation<DeviceInformationCollection>::GetResults").NullEnds(0),
                  Call("IVectorView<DeviceInformation>::get_Size").NullEnds(0)};
     rows.insert(rows.end(), devices.begin(), devices.end());
-    return Table({Table(std::move(rows)), Then([](ExpectedState& world) { world.scanned = true; })})
+    return Table({Table(std::move(rows)), Then([](ExpectedState& state) { state.scanned = true; })})
         .Answers(Answer::Completion);
 }
 
@@ -164,7 +165,7 @@ Row Querying(Rows devices) {
             .Contains(Scanning(std::move(devices))),
     });
     const Row wait =
-        Then([](ExpectedState& world) { world.seen += world.scanned ? "" : "waited to the bound\n"; });
+        Then([](ExpectedState& state) { state.log += state.scanned ? "" : "waited to the bound\n"; });
     return Table({query, wait, Table({}).Needs(&ExpectedState::found, kFail)}).Answers(Answer::Bool);
 }
 
@@ -174,7 +175,7 @@ protected:
     void SweepPresence(const char* name, std::initializer_list<const char*> ids, Rows devices) {
         InjectEachFault({.name = name,
                          .table = Querying(std::move(devices)),
-                         .act = [this] { Look(); },
+                         .act = [this] { QueryPresence(); },
                          .prepare =
                              [this, ids] {
                                  Listen();
@@ -188,17 +189,17 @@ protected:
     }
 
 private:
-    void Look() {
+    void QueryPresence() {
         constexpr std::int32_t kNotCalled = static_cast<std::int32_t>(0x8000000A);
         constexpr std::int32_t kNotStarted = static_cast<std::int32_t>(0x8000000B);
         const bool present = is_dial_present(kWindow);
         const std::int32_t code = dialsim_completion_code(0);
         if (code != kNotCalled && code != kNotStarted) {
-            seen += "completed with " + Hex(code) + "\n";
+            log += "completed with " + Hex(code) + "\n";
         }
         const std::uint32_t sleeps = dialsim_calls("Sleep(1)");
         EXPECT_TRUE(sleeps == 0 || sleeps == kFullWait) << sleeps;
-        seen += sleeps == 0 ? "" : "waited to the bound\n";
+        log += sleeps == 0 ? "" : "waited to the bound\n";
         LogResult(present);
     }
 };

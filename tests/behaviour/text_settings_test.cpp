@@ -191,7 +191,7 @@ TEST_F(TextSettings, TextsThatDifferInCaseOrLengthAreDifferent) {
     }
 }
 
-TEST_F(TextSettings, WhatFollowsTheFirstNulIsNoPartOfAnyText) {
+TEST_F(TextSettings, TextsEndAtTheFirstNul) {
     EXPECT_EQ(set_string_in_storage(UTF16("host\0x"), UTF16("key\0x"), UTF16("text\0x")), 0);
     EXPECT_EQ(StoreText("roaming"), StringEntry("text"));
     EXPECT_EQ(StoreText("vault"), Credential("host", "text"));

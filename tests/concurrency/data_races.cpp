@@ -1,5 +1,5 @@
-// What must not go on at the same time, done all the same: the thread sanitizer is expected to object. The
-// library takes no lock, so these are for hosts to avoid; each run shows that the rule is needed.
+// Calls that the library does not allow concurrently: the thread sanitizer must report each race. The library
+// takes no locks; each run shows that its rule is necessary.
 #include <brindle.h>
 
 #include <cstdio>
@@ -45,7 +45,7 @@ void TwoImageLoadsOfOneMenu() {
     RunConcurrently([=] { dialsim_complete(first); }, [=] { dialsim_complete(second); });
 }
 
-// The chosen item's entry is behind those of all rounds before.
+// The chosen item's entry is behind those of all earlier rounds.
 void InvocationAndImageLoad() {
     const std::uint32_t loading = NextPicture();
     SetMenu(kWindow, {KnownIcon(loading), FilePNG(loading, picture.Path())});
@@ -57,7 +57,7 @@ void InvocationAndNewMenu() {
     RunConcurrently([] { dialsim_choose(kWindow, 0); }, [] { SetMenu(kWindow, {KnownIcon(1)}); });
 }
 
-// As when add_custom_menu goes on to the records behind a picture file.
+// The same race occurs while add_custom_menu processes the items after a picture file.
 void APictureAndANewMenu() {
     const std::uint32_t loading = NextPicture();
     SetMenu(kWindow, {FilePNG(1, picture.Path())});

@@ -17,7 +17,7 @@ using RotationHandler =
 constexpr int kThreads = 4;
 constexpr int kRounds = 20'000;
 
-// Runs the body on several threads that begin together.
+// Runs the body on several threads that start together.
 template <class Body>
 void RunTogether(Body body) {
     std::atomic<int> waiting = kThreads;
@@ -47,7 +47,7 @@ TEST(DelegatesOnManyThreads, NoReferenceIsLostOrInvented) {
     handler->Release();
 }
 
-TEST(DelegatesOnManyThreads, TheLastReferenceMayGoOnAnyOfThemAndGoesOnce) {
+TEST(DelegatesOnManyThreads, TheLastReferenceIsReleasedOnceOnAnyThread) {
     for (int round = 0; round < 200; ++round) {
         const auto captured = std::make_shared<int>(0);
         RotationHandler* handler =

@@ -1,5 +1,5 @@
-// What may go on at the same time on the platform's threads and on the host's, under real threads. The thread
-// sanitizer judges each access; the expectations here judge what comes of it.
+// Allowed concurrency of platform threads and host threads. The thread sanitizer checks the accesses, the
+// expectations check the results.
 #include <gtest/gtest.h>
 
 #include <atomic>
@@ -45,7 +45,7 @@ protected:
         SimulatorTest::TearDown();
     }
 
-    // The dial's events, one after the other on one thread, as long as the host is at work.
+    // Raises the dial's events in turn on one thread while the host repeats `work`.
     template <class Work>
     void WorkWhileTheDialIsUsed(Work work) {
         std::atomic<bool> working = true;
@@ -157,7 +157,7 @@ TEST_F(Threads, PicturesOfTwoWindowsAreLoadedAtOnce) {
     }
 }
 
-// It may end the wait, or come after it: the answer is the dial's or none, and the next one is right.
+// The completion may end the wait or follow it: both results are valid, and the next query is unaffected.
 TEST_F(Threads, TheAnswerAboutTheDialComesAsTheWaitEnds) {
     for (int round = 0; round < kRounds; ++round) {
         dialsim_async(DIALSIM_HELD);

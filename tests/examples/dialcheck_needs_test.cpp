@@ -1,4 +1,4 @@
-// The probe's own table of what the library needs, against what is published.
+// Compares the probe's table of requirements with the published interfaces.
 #include "examples/dialcheck/needs.h"
 
 #include <gtest/gtest.h>
@@ -23,9 +23,9 @@ std::string TextOf(const Identifier& id) {
 
 TEST(DialcheckNeeds, HaveThePublishedNamesAndIdentifiers) {
     const auto facts = PublishedFacts();
-    const auto published = [&](const std::string& beginning) {
+    const auto published = [&](const std::string& prefix) {
         return std::any_of(facts.begin(), facts.end(),
-                           [&](const std::string& fact) { return fact.starts_with(beginning); });
+                           [&](const std::string& fact) { return fact.starts_with(prefix); });
     };
     for (const Need& need : kNeeds) {
         const std::string identifier =
@@ -36,11 +36,11 @@ TEST(DialcheckNeeds, HaveThePublishedNamesAndIdentifiers) {
     }
 }
 
-// Nothing but a factory of these kinds is asked for by the library, so each one has its line.
+// The library uses these kinds only as factories, so each one has a line.
 TEST(DialcheckNeeds, HaveEveryPublishedFactory) {
-    std::set<std::string> asked_for;
+    std::set<std::string> required;
     for (const Need& need : kNeeds) {
-        asked_for.insert(need.interface_name);
+        required.insert(need.interface_name);
     }
     for (const std::string& fact : PublishedFacts()) {
         if (!fact.starts_with("identifier ")) {
@@ -49,7 +49,7 @@ TEST(DialcheckNeeds, HaveEveryPublishedFactory) {
         const std::string name = fact.substr(11, fact.rfind(' ') - 11);
         const bool factory = name.ends_with("Statics") || name.ends_with("Statics2") ||
                              name.ends_with("Interop") || name.ends_with("Factory");
-        EXPECT_EQ(asked_for.contains(name), factory) << name;
+        EXPECT_EQ(required.contains(name), factory) << name;
     }
 }
 

@@ -1,4 +1,4 @@
-// The picture of the example that paints: what a stroke covers, and the way back.
+// The painting example's picture: the extent of a stroke, and undo and redo.
 #include "painting.h"
 
 #include <gtest/gtest.h>
@@ -42,7 +42,7 @@ TEST_F(Paper, AStrokeIsAsWideAsItsBrush) {
     EXPECT_EQ(At(30, 24), kRed);
     EXPECT_EQ(At(30, 13), kPaper);
     EXPECT_EQ(At(30, 26), kPaper);
-    EXPECT_EQ(At(3, 20), kPaper) << "before its beginning";
+    EXPECT_EQ(At(3, 20), kPaper) << "before its start";
     EXPECT_EQ(At(57, 20), kPaper) << "behind its end";
 }
 
@@ -60,7 +60,7 @@ TEST_F(Paper, OpacityMixesWithWhatIsBelow) {
     EXPECT_EQ(At(30, 20), 0xFF8080U);
 }
 
-TEST_F(Paper, AStrokeCoversAPlaceOnceHoweverOftenItPasses) {
+TEST_F(Paper, AStrokePaintsEachPixelOnce) {
     painting_.Begin({kRed, 10, 0.5, 1}, {10, 20});
     painting_.LineTo({50, 20});
     painting_.LineTo({10, 20});
@@ -90,7 +90,7 @@ TEST_F(Paper, PaintOutsideIsDiscarded) {
     EXPECT_EQ(At(0, 30), kRed);
 }
 
-TEST_F(Paper, StrokesAreTakenBackAndDoneAgain) {
+TEST_F(Paper, StrokesAreUndoneAndRedone) {
     Stroke(kBrush, {10, 20}, {50, 20});
     const std::vector<Color> one = All();
     Stroke({0x0000FF, 8, 0.5, 1}, {30, 10}, {30, 50});
@@ -108,7 +108,7 @@ TEST_F(Paper, StrokesAreTakenBackAndDoneAgain) {
     EXPECT_FALSE(painting_.Redo());
 }
 
-TEST_F(Paper, ANewStrokeForgetsWhatWasTakenBack) {
+TEST_F(Paper, ANewStrokeDiscardsUndoneStrokes) {
     Stroke(kBrush, {10, 20}, {50, 20});
     painting_.Undo();
     Stroke(kBrush, {10, 40}, {50, 40});
@@ -116,28 +116,28 @@ TEST_F(Paper, ANewStrokeForgetsWhatWasTakenBack) {
     EXPECT_EQ(At(30, 20), kPaper);
 }
 
-TEST_F(Paper, NothingIsTakenBackDuringAStroke) {
+TEST_F(Paper, UndoDuringAStrokeIsIgnored) {
     Stroke(kBrush, {10, 20}, {50, 20});
     painting_.Begin(kBrush, {30, 40});
     EXPECT_FALSE(painting_.Undo());
     EXPECT_EQ(At(30, 20), kRed);
 }
 
-TEST_F(Paper, ABeginEndsTheStrokeBefore) {
+TEST_F(Paper, ABeginEndsTheCurrentStroke) {
     painting_.Begin(kBrush, {10, 20});
     painting_.Begin(kBrush, {10, 40});
     painting_.End();
     EXPECT_EQ(painting_.Strokes(), 2U);
 }
 
-TEST_F(Paper, ALineWithoutABeginningIsNone) {
+TEST_F(Paper, ALineOutsideAStrokeIsIgnored) {
     painting_.LineTo({30, 30});
     painting_.End();
     EXPECT_EQ(All(), empty_);
     EXPECT_EQ(painting_.Strokes(), 0U);
 }
 
-TEST_F(Paper, SixtyFourStrokesCanBeTakenBack) {
+TEST_F(Paper, SixtyFourStrokesCanBeUndone) {
     for (int stroke = 0; stroke < 70; ++stroke) {
         Stroke({kRed, 4, 1, 1}, {stroke % 30 * 2.0, stroke / 30 * 10.0},
                {stroke % 30 * 2.0, stroke / 30 * 10.0});

@@ -1,4 +1,4 @@
-// A text that changes all over and in its length from turn to turn, and shows where it was torn.
+// A text that changes its characters and length with each number, so that a torn write is visible.
 #pragma once
 
 #include <string>

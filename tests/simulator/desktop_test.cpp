@@ -1,5 +1,4 @@
-// What the simulator puts on the desktop, used as a person would use it, and the canvas beside it. Needs a
-// display.
+// The simulator's desktop windows under user input, and the canvas with a dial. Needs a display.
 #include <gtest/gtest.h>
 #include <windows.h>
 // after windows.h
@@ -21,7 +20,7 @@ namespace {
 
 constexpr UINT_PTR kHoldTimer = 1;
 
-// A host with a dial beside it. The dial is the process's one, as the window is.
+// A host with a dial. The window and the dial exist once per process.
 class DrawnDial : public testing::Test {
 protected:
     static void SetUpTestSuite() {
@@ -57,7 +56,7 @@ protected:
         Press();
         ReleaseButton();
     }
-    // As long as it takes.
+    // Waits without a time limit.
     void Hold() const {
         Press();
         SendMessageA(dial_, WM_TIMER, kHoldTimer, 0);
@@ -68,7 +67,7 @@ protected:
         SendMessageA(dial_, WM_KEYUP, key, 0);
     }
     bool RingShows() const { return IsWindowVisible(ring_) != FALSE; }
-    // The item that is selected, as the next turn tells it.
+    // The selected item, as the next turn reports it.
     std::uint32_t SelectedItem() {
         Wheel(1);
         return host_.LastRotation().selectedItemTag;
@@ -118,7 +117,7 @@ TEST_F(DrawnDial, IsUsedByKeys) {
     EXPECT_EQ(host_.clicks.size(), 2U);
 }
 
-TEST_F(DrawnDial, OtherKeysDoNotLetItGo) {
+TEST_F(DrawnDial, OtherKeysDoNotReleaseIt) {
     SendMessageA(dial_, WM_KEYDOWN, VK_SPACE, 0);
     Key(VK_SHIFT);
     EXPECT_TRUE(host_.clicks.empty());
@@ -172,7 +171,7 @@ TEST_F(DrawnDial, AMenuWithoutItemsDoesNotOpen) {
 }
 
 TEST_F(DrawnDial, TheRingShowsTheHighlightedItem) {
-    // Places in the pieces of the first two items of eight, with the system's.
+    // Points in the sectors of the first two of eight items, the system's included.
     const auto colors = [this] {
         const HDC context = GetDC(ring_);
         const std::vector<COLORREF> found = {GetPixel(context, 180, 80), GetPixel(context, 251, 109)};
@@ -189,7 +188,7 @@ TEST_F(DrawnDial, TheRingShowsTheHighlightedItem) {
     Key(VK_ESCAPE);
 }
 
-// A file that begins as a picture and is none leaves its item without one, and no black square.
+// A file with a PNG header and no picture leaves the item without a picture, not with a black square.
 TEST_F(DrawnDial, TheRingShowsNoPictureWhereThereIsNone) {
     const TemporaryFile file("no picture.png", SmallPng());
     const MenuItemDescription item = FilePNG(5, file.Path());
@@ -209,7 +208,7 @@ TEST_F(DrawnDial, TheRingShowsNoPictureWhereThereIsNone) {
     EXPECT_EQ(black, 0);
 }
 
-// --- programs that are started with a dial
+// --- programs started with a dial
 
 class LaunchedProgram : public testing::Test {
 protected:
@@ -252,7 +251,7 @@ struct Shown {
     std::uint32_t color;
 };
 
-// The places of a screenshot have their colours, to the eye.
+// Each point of a screenshot has its expected colour, within a tolerance.
 void ExpectColors(const std::string& path, const std::vector<Shown>& places) {
     const dialsim::GdiplusSession session;
     Gdiplus::Bitmap picture(std::wstring(path.begin(), path.end()).c_str());
@@ -269,7 +268,7 @@ void ExpectColors(const std::string& path, const std::vector<Shown>& places) {
     }
 }
 
-TEST_F(LaunchedProgram, TheCanvasPaintsWhatItsScriptSays) {
+TEST_F(LaunchedProgram, TheCanvasPaintsTheStrokesOfItsScript) {
     ASSERT_EQ(StatusOf({"--script", CANVAS_SCRIPT, Beside("canvas.exe")}), 0);
     const Shown flower[] = {{"paper", 60, 60, 0xFFFFFF},
                             {"a blue leaf's tip", 404, 62, 0x4C9CF0},
@@ -284,7 +283,7 @@ TEST_F(LaunchedProgram, TheCanvasPaintsWhatItsScriptSays) {
     ExpectColors(folder_.PathOf("build/canvas-grid.png"), {{"a line down", 84, 60, 0xCDD5E0},
                                                            {"a line across", 60, 84, 0xCDD5E0},
                                                            {"between", 60, 60, 0xFFFFFF}});
-    // Undo was used last but one, and then the hue was chosen, but nothing turned.
+    // The last tool in use is Undo: the hue was chosen after it, but not turned.
     const std::string vault = folder_.Read("vault.json").value_or("");
     EXPECT_NE(vault.find("\"Brindle canvas/Petals\""), std::string::npos) << vault;
     EXPECT_NE(vault.find("\"password\": \"8\""), std::string::npos) << vault;
@@ -318,7 +317,7 @@ TEST_F(LaunchedProgram, ARecordedSessionPaintsTheSamePictureAgain) {
     EXPECT_EQ(StatusOf({"--script", CANVAS_SCRIPT, Beside("canvas.exe")}), 0);
     SetEnvironmentVariableA("DIALSIM_RECORD", nullptr);
 
-    std::remove(folder_.PathOf("vault.json").c_str());  // the replay begins as the session did
+    std::remove(folder_.PathOf("vault.json").c_str());  // the replay starts with the session's initial stores
     folder_.Write("own.dial",
                   folder_.Read("recorded.dial").value_or("") + "wait 300\nshot build/again.png\n");
     EXPECT_EQ(StatusOf({"--script", "own.dial", Beside("canvas.exe")}), 0);

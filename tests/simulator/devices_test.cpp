@@ -1,4 +1,4 @@
-// Device enumerations, the time that operations take, and the platform's Sleep.
+// Device enumerations, delays of operations, and the platform's Sleep.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -48,7 +48,7 @@ protected:
         EXPECT_EQ(Start(filter, enumeration), S_OK) << filter;
         return enumeration;
     }
-    // The Ids, "null" for an entry without an object.
+    // The Ids; "null" for an entry without an object.
     static std::vector<std::string> IdsIn(Enumeration& enumeration) {
         ComPtr<abi::IVectorView<abi::DeviceInformation>> devices;
         EXPECT_EQ(enumeration.GetResults(devices.Put()), S_OK);
@@ -126,7 +126,7 @@ TEST_F(SimulatedDevices, AnEnumerationMayEndAsFailed) {
     EXPECT_EQ(Found(EnabledIs("True")).size(), 1u);
 }
 
-TEST_F(SimulatedDevices, SayMoreThanTheirId) {
+TEST_F(SimulatedDevices, HaveOtherPropertiesThanTheirId) {
     const auto enumeration = Started(EnabledIs("True"));
     ComPtr<abi::IVectorView<abi::DeviceInformation>> devices;
     ASSERT_EQ(enumeration->GetResults(devices.Put()), S_OK);
@@ -162,7 +162,7 @@ TEST_F(SimulatedDevices, AResetBringsTheDialBack) {
     EXPECT_EQ(Found(EnabledIs("True")).size(), 1u);
 }
 
-// An operation that takes a while, and whether its handler has been called.
+// A delayed operation, and whether its handler was called.
 class Delays : public SimulatedDevices {
 protected:
     void StartWithDelay(std::uint32_t milliseconds) {
@@ -195,7 +195,7 @@ TEST_F(Delays, WaitingForOperationsWaitsForDelayedOnesToo) {
     StartWithDelay(40);
     dialsim_wait_for_async();
     EXPECT_TRUE(Completed());
-    EXPECT_GE(dialsim_now() - before, 30u);  // the system's clock ticks coarsely
+    EXPECT_GE(dialsim_now() - before, 30u);  // the system's clock has a coarse resolution
 }
 
 TEST_F(Delays, AnOperationThatIsCompletedByHandDoesNotCompleteAgain) {
@@ -235,7 +235,7 @@ TEST_F(Sleeps, LetTimePass) {
 TEST_F(Sleeps, ThatAreSkippedTakeNoTime) {
     dialsim_skip_sleeps(true);
     for (int i = 0; i < 1000; ++i) {
-        Sleep(3'600'000);  // the test would not end if they were not
+        Sleep(3'600'000);  // a real sleep would not end
     }
     EXPECT_EQ(dialsim_calls("Sleep(3600000)"), 1000u);
 }
@@ -277,7 +277,7 @@ TEST_F(RuntimeTexts, AreComparedWithoutCaseUpToACountOrTheirEnd) {
     EXPECT_EQ(_wcsnicmp(UTF16("x"), UTF16("y"), 0), 0);
 }
 
-TEST_F(RuntimeTexts, AreCopiedWhereThereIsRoom) {
+TEST_F(RuntimeTexts, AreCopiedIfTheyFit) {
     WCHAR copy[4] = {'x', 'x', 'x', 'x'};
     EXPECT_EQ(wcscpy_s(copy, 4, UTF16("abc")), 0);
     EXPECT_EQ(WideText(copy), UTF16("abc"));

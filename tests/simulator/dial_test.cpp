@@ -1,4 +1,4 @@
-// The simulator's dial, as a program that uses the platform directly meets it.
+// The simulator's dial, used through the platform's interfaces without the library.
 #include <gtest/gtest.h>
 
 #include <cstdint>
@@ -73,7 +73,7 @@ TEST_F(SimulatedDial, ItsPositionIsTheMiddleOfItsBounds) {
     EXPECT_EQ(position.Y, 45.0F);
 }
 
-// A new item at the end of the controller's menu that counts how often it is chosen.
+// A new item at the end of the controller's menu that counts its invocations.
 ComPtr<abi::IRadialControllerMenuItem> AddItem(abi::IRadialControllerMenu& menu, int& chosen) {
     ComPtr<abi::IRadialControllerMenuItemStatics> items;
     EXPECT_EQ(GetFactory<abi::RadialControllerMenuItem>(items), S_OK);
@@ -203,7 +203,7 @@ TEST_F(SimulatedDial, ARemovedHandlerIsNotCalled) {
     EXPECT_EQ(recorder.TakeEvents(), "click; click; ");
 }
 
-// The waveforms that a turn's haptics controller lists; {0} without a controller.
+// The waveforms of the haptics controller of a turn; {0} without a controller.
 std::vector<std::uint16_t> Waveforms() {
     const auto controller = MakeController(kWindow);
     std::vector<std::uint16_t> waveforms;
@@ -255,7 +255,7 @@ TEST_F(SimulatedDial, MayHaveNoHapticsController) {
     EXPECT_EQ(Waveforms(), (std::vector<std::uint16_t>{0}));
 }
 
-// Belongs to the thread that subscribed it: it has no agility marker.
+// Bound to the thread that subscribed it: it has no agility marker.
 class NonAgileHandler final
     : public abi::TypedEventHandler<abi::RadialController, abi::RadialControllerButtonClickedEventArgs> {
 public:
@@ -410,7 +410,7 @@ TEST_F(LeakTracking, IgnoresReleasesAfterAReset) {
     EXPECT_EQ(LeakReport(), "");
 }
 
-// The platform's functions for texts answer the same here and there.
+// The platform's text functions return the same results in both builds.
 
 using PlatformTexts = SimulatorTest;
 
@@ -431,9 +431,9 @@ TEST_F(PlatformTexts, DamagedUtf8IsReplacedPieceByPiece) {
     } rows[] = {
         {"a continuation alone", "\x80", {0xFFFD}},
         {"an overlong slash", "\xC0\xAF", {0xFFFD, 0xFFFD}},
-        {"a beginning cut off by another character", "\xE2\x82z", {0xFFFD, 'z'}},
-        {"a beginning cut off by the end", "\xF0\x9F\x8E", {0xFFFD}},
-        {"a beginning cut off by another beginning", "\xE2\xC3\xA9", {0xFFFD, 0xE9}},
+        {"a truncated sequence before another character", "\xE2\x82z", {0xFFFD, 'z'}},
+        {"a truncated sequence at the end", "\xF0\x9F\x8E", {0xFFFD}},
+        {"a truncated sequence before a lead byte", "\xE2\xC3\xA9", {0xFFFD, 0xE9}},
         {"bytes that never occur", "\xF5\xFE\xFF", {0xFFFD, 0xFFFD, 0xFFFD}},
     };
     for (const auto& row : rows)

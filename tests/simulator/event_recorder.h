@@ -1,5 +1,4 @@
-// A program that uses the platform's radial controller without the library, to record what the simulator
-// raises.
+// Records the simulator's events through the platform's interfaces, without the library.
 #pragma once
 
 #include <cstdint>
@@ -24,7 +23,7 @@ inline ComPtr<abi::IRadialController> MakeController(std::uint64_t window) {
     return controller;
 }
 
-// A controller and handlers of its seven events, which record what they get and answer `answer`.
+// A controller and handlers of its seven events, which record the event and return `answer`.
 class EventRecorder {
 public:
     explicit EventRecorder(std::uint64_t window) : controller_(MakeController(window)) {
@@ -40,7 +39,7 @@ public:
     EventRecorder(const EventRecorder&) = delete;
     EventRecorder& operator=(const EventRecorder&) = delete;
 
-    // What was heard since the last question: "turn 5 held; click at 1 2 3 4; lift; "
+    // The events since the last call: "turn 5 held; click at 1 2 3 4; lift; "
     std::string TakeEvents() { return std::exchange(events_, {}); }
     abi::IRadialController& controller() const { return *controller_.Get(); }
 
@@ -58,7 +57,7 @@ private:
         EXPECT_EQ((controller_.Get()->*add)(handler.Get(), &token), S_OK);
     }
 
-    // The events without arguments of their own carry none at all.
+    // An event without arguments has null as its argument.
     static std::string Detail(abi::IInspectable* args) { return args == nullptr ? "" : " with arguments"; }
     template <class Args>
     static std::string Detail(Args* args) {

@@ -1,4 +1,4 @@
-// The simulator's journal, and its faults.
+// The simulator's journal and fault injection.
 #include <gtest/gtest.h>
 
 #include <functional>
@@ -22,8 +22,8 @@ constexpr HRESULT kOtherFault = Code(0x80000002);
 
 using Codes = std::vector<HRESULT>;
 
-// Asks the platform about two types.
-class Asking : public SimulatorApartmentTest {
+// Queries the platform for two types.
+class TypeQueryTest : public SimulatorApartmentTest {
 protected:
     void SetUp() override {
         SimulatorApartmentTest::SetUp();
@@ -39,14 +39,14 @@ protected:
         SimulatorApartmentTest::TearDown();
     }
 
-    HRESULT Ask(const String& type) {
+    HRESULT QueryType(const String& type) {
         answer = 7;
         return types->IsTypePresent(type.Get(), &answer);
     }
-    Codes AskTimes(int times) {
+    Codes QueryTypeTimes(int times) {
         Codes codes;
         for (int i = 0; i < times; ++i) {
-            codes.push_back(Ask(a));
+            codes.push_back(QueryType(a));
         }
         return codes;
     }
@@ -57,83 +57,83 @@ protected:
     abi::boolean answer = 0;
 };
 
-using Faults = Asking;
+using Faults = TypeQueryTest;
 
 TEST_F(Faults, FailTheNextCall) {
     ASSERT_TRUE(dialsim_fail(kOperation, kFault, 1, 1));
-    EXPECT_EQ(AskTimes(3), (Codes{kFault, S_OK, S_OK}));
+    EXPECT_EQ(QueryTypeTimes(3), (Codes{kFault, S_OK, S_OK}));
 }
 
 TEST_F(Faults, ApplyFromALaterCallOnSomeTimes) {
     ASSERT_TRUE(dialsim_fail(kOperation, kFault, 3, 2));
-    EXPECT_EQ(AskTimes(6), (Codes{S_OK, S_OK, kFault, kFault, S_OK, S_OK}));
+    EXPECT_EQ(QueryTypeTimes(6), (Codes{S_OK, S_OK, kFault, kFault, S_OK, S_OK}));
 }
 
 TEST_F(Faults, ApplyForeverWithoutACount) {
     ASSERT_TRUE(dialsim_fail(kOperation, kFault, 2, 0));
-    EXPECT_EQ(AskTimes(5), (Codes{S_OK, kFault, kFault, kFault, kFault}));
+    EXPECT_EQ(QueryTypeTimes(5), (Codes{S_OK, kFault, kFault, kFault, kFault}));
 }
 
 TEST_F(Faults, CountFromWhenTheyAreSet) {
-    AskTimes(3);
+    QueryTypeTimes(3);
     ASSERT_TRUE(dialsim_fail(kOperation, kFault, 2, 1));
-    EXPECT_EQ(AskTimes(3), (Codes{S_OK, kFault, S_OK}));
+    EXPECT_EQ(QueryTypeTimes(3), (Codes{S_OK, kFault, S_OK}));
 }
 
 TEST_F(Faults, OutliveTheJournal) {
     ASSERT_TRUE(dialsim_fail(kOperation, kFault, 2, 1));
-    Ask(a);
+    QueryType(a);
     dialsim_clear_journal();
-    EXPECT_EQ(AskTimes(2), (Codes{kFault, S_OK}));
+    EXPECT_EQ(QueryTypeTimes(2), (Codes{kFault, S_OK}));
 }
 
 TEST_F(Faults, WithArgumentsCountAndFailThatCallOnly) {
     ASSERT_TRUE(dialsim_fail(kOfA, kFault, 2, 1));
-    EXPECT_EQ((Codes{Ask(b), Ask(b), Ask(a), Ask(b), Ask(a), Ask(a)}),
+    EXPECT_EQ((Codes{QueryType(b), QueryType(b), QueryType(a), QueryType(b), QueryType(a), QueryType(a)}),
               (Codes{S_OK, S_OK, S_OK, S_OK, kFault, S_OK}));
 }
 
 TEST_F(Faults, OfAnotherOperationDoNotApply) {
     ASSERT_TRUE(dialsim_fail(kCreate, kFault, 1, 0));
-    EXPECT_EQ(AskTimes(1), (Codes{S_OK}));
+    EXPECT_EQ(QueryTypeTimes(1), (Codes{S_OK}));
 }
 
 TEST_F(Faults, TheFirstApplicableOfSeveralDecides) {
     ASSERT_TRUE(dialsim_fail(kOperation, kFault, 2, 1));
     ASSERT_TRUE(dialsim_fail(kOperation, kOtherFault, 1, 3));
-    EXPECT_EQ(AskTimes(4), (Codes{kOtherFault, kFault, kOtherFault, S_OK}));
+    EXPECT_EQ(QueryTypeTimes(4), (Codes{kOtherFault, kFault, kOtherFault, S_OK}));
 }
 
 TEST_F(Faults, InTurnAreSetByCall) {
     ASSERT_TRUE(dialsim_fail(kOperation, kFault, 1, 1));
     ASSERT_TRUE(dialsim_fail(kOperation, kOtherFault, 2, 1));
-    EXPECT_EQ(AskTimes(3), (Codes{kFault, kOtherFault, S_OK}));
+    EXPECT_EQ(QueryTypeTimes(3), (Codes{kFault, kOtherFault, S_OK}));
 }
 
 TEST_F(Faults, MayBeSuccesses) {
     ASSERT_TRUE(dialsim_fail(kOperation, S_FALSE, 1, 1));
-    EXPECT_EQ(Ask(a), S_FALSE);
+    EXPECT_EQ(QueryType(a), S_FALSE);
 }
 
-TEST_F(Faults, LeaveAValueAlone) {
+TEST_F(Faults, LeaveAValueUnchanged) {
     ASSERT_TRUE(dialsim_fail(kOperation, kFault, 1, 1));
-    Ask(a);
+    QueryType(a);
     EXPECT_EQ(answer, 7);
 }
 
 TEST_F(Faults, ThatFailLateReturnTheResult) {
     ASSERT_TRUE(dialsim_fail_late(kOperation, kFault, 1, 1));
-    EXPECT_EQ(Ask(a), kFault);
+    EXPECT_EQ(QueryType(a), kFault);
     EXPECT_EQ(answer, 1);
 }
 
 TEST_F(Faults, MayYieldNothing) {
     ASSERT_TRUE(dialsim_yield_null(kOperation, 1, 1));
-    EXPECT_EQ(Ask(a), S_OK);
+    EXPECT_EQ(QueryType(a), S_OK);
     EXPECT_EQ(answer, 0);
 }
 
-// What the creation of a controller answers and yields.
+// Result and code of the creation of a controller.
 std::pair<HRESULT, bool> Create() {
     ComPtr<abi::IRadialControllerInterop> factory;
     EXPECT_EQ(GetFactory<abi::RadialController>(factory), S_OK);
@@ -143,7 +143,7 @@ std::pair<HRESULT, bool> Create() {
     return {code, static_cast<bool>(controller)};
 }
 
-TEST_F(Faults, OfAnObjectsMakingMakeNone) {
+TEST_F(Faults, OfACreationCreateNoObject) {
     ASSERT_TRUE(dialsim_fail(kCreate, kFault, 1, 1));
     EXPECT_EQ(Create(), std::pair(kFault, false));
     EXPECT_EQ(dialsim_calls("end of RadialController"), 0u);
@@ -193,11 +193,11 @@ TEST_F(Faults, CannotFailAPromotionLate) {
     EXPECT_TRUE(dialsim_fail("WindowsPromoteStringBuffer", kFault, 9, 1));
 }
 
-TEST_F(Faults, AreGoneAfterAReset) {
+TEST_F(Faults, AreClearedByAReset) {
     const String kept = ToPlatformString("A");
     ASSERT_TRUE(dialsim_fail(kOperation, kFault, 1, 0));
     dialsim_reset();
-    EXPECT_EQ(AskTimes(1), (Codes{S_OK}));
+    EXPECT_EQ(QueryTypeTimes(1), (Codes{S_OK}));
 }
 
 TEST_F(Faults, CanBeSetOnEveryOperationListed) {
@@ -212,11 +212,11 @@ TEST_F(Faults, CanBeSetOnEveryOperationListed) {
     EXPECT_EQ(dialsim_operation(0xFFFFFFFF), nullptr);
 }
 
-using TheJournal = Asking;
+using TheJournal = TypeQueryTest;
 
 TEST_F(TheJournal, HasALineACallInOrder) {
-    Ask(b);
-    Ask(a);
+    QueryType(b);
+    QueryType(a);
     EXPECT_EQ(Journal(),
               "IApiInformationStatics::IsTypePresent(B)\n"
               "IApiInformationStatics::IsTypePresent(A)\n");
@@ -226,7 +226,7 @@ TEST_F(TheJournal, PrintsNonzeroCodesInHexadecimal) {
     dialsim_fail(kOperation, Code(0x8007000E), 1, 1);
     dialsim_fail(kOperation, S_FALSE, 2, 1);
     dialsim_yield_null(kOperation, 3, 1);
-    AskTimes(3);
+    QueryTypeTimes(3);
     EXPECT_EQ(Journal(),
               "IApiInformationStatics::IsTypePresent(A) = 8007000e\n"
               "IApiInformationStatics::IsTypePresent(A) = 1\n"
@@ -239,9 +239,9 @@ TEST_F(TheJournal, PrintsCodesOfThePlatformItself) {
 }
 
 TEST_F(TheJournal, CountsCallsByNameOrByNameAndArguments) {
-    Ask(a);
-    Ask(b);
-    Ask(b);
+    QueryType(a);
+    QueryType(b);
+    QueryType(b);
     EXPECT_EQ(dialsim_calls(kOperation), 3u);
     EXPECT_EQ(dialsim_calls(kOfA), 1u);
     EXPECT_EQ(dialsim_calls("IApiInformationStatics::IsTypePresent(C)"), 0u);
@@ -251,45 +251,45 @@ TEST_F(TheJournal, CountsCallsByNameOrByNameAndArguments) {
 
 TEST_F(TheJournal, CountsCallsThatFailedToo) {
     dialsim_fail(kOperation, kFault, 1, 1);
-    AskTimes(2);
+    QueryTypeTimes(2);
     EXPECT_EQ(dialsim_calls(kOperation), 2u);
 }
 
 TEST_F(TheJournal, StartsAgainWhenItIsCleared) {
-    Ask(a);
+    QueryType(a);
     dialsim_clear_journal();
     EXPECT_EQ(Journal(), "");
     EXPECT_EQ(dialsim_calls(kOperation), 0u);
-    Ask(b);
+    QueryType(b);
     EXPECT_EQ(Journal(), "IApiInformationStatics::IsTypePresent(B)\n");
 }
 
 TEST_F(TheJournal, IsEmptyAfterAReset) {
-    Ask(a);
+    QueryType(a);
     dialsim_reset();
     EXPECT_EQ(Journal(), "");
 }
 
 TEST_F(TheJournal, IsCopiedAsFarAsItFitsAndAlwaysTerminated) {
-    Ask(a);
-    const std::size_t whole = std::string(kOfA).size() + 2;  // the end of the line and the terminator
+    QueryType(a);
+    const std::size_t full_size = std::string(kOfA).size() + 2;  // newline and terminator
     char buffer[8] = "xxxxxxx";
-    EXPECT_EQ(dialsim_journal(buffer, 4), whole);
+    EXPECT_EQ(dialsim_journal(buffer, 4), full_size);
     EXPECT_STREQ(buffer, "IAp");
     EXPECT_EQ(buffer[4], 'x');
-    EXPECT_EQ(dialsim_journal(buffer, 1), whole);
+    EXPECT_EQ(dialsim_journal(buffer, 1), full_size);
     EXPECT_STREQ(buffer, "");
 }
 
 TEST_F(TheJournal, ReturnsItsSizeWithoutABuffer) {
     char untouched = 'x';
     EXPECT_EQ(dialsim_journal(nullptr, 0), 1u);
-    Ask(a);
+    QueryType(a);
     EXPECT_EQ(dialsim_journal(&untouched, 0), std::string(kOfA).size() + 2);
     EXPECT_EQ(untouched, 'x');
 }
 
-// Writes down what each platform call looks like from inside it.
+// Records each platform call and the journal at its start.
 struct CallRecorder {
     static void OnCall(void* context, const char* call) {
         auto& recorder = *static_cast<CallRecorder*>(context);
@@ -305,41 +305,41 @@ struct CallRecorder {
     std::function<void()> inside;
 };
 
-class CallHook : public Asking {
+class CallHook : public TypeQueryTest {
 protected:
     void SetUp() override {
-        Asking::SetUp();
+        TypeQueryTest::SetUp();
         dialsim_on_call(CallRecorder::OnCall, &recorder);
     }
     void TearDown() override {
         dialsim_on_call(nullptr, nullptr);
-        Asking::TearDown();
+        TypeQueryTest::TearDown();
     }
 
     CallRecorder recorder;
 };
 
 TEST_F(CallHook, IsCalledInsideACallThatTheJournalHasAlready) {
-    Ask(a);
+    QueryType(a);
     EXPECT_EQ(recorder.calls, "IApiInformationStatics::IsTypePresent(A)\n");
     EXPECT_EQ(recorder.journal, recorder.calls);
 }
 
 TEST_F(CallHook, IsCalledBeforeTheCallDoesItsWork) {
     recorder.inside = [] { dialsim_set_type_present("A", false); };
-    EXPECT_EQ(Ask(a), S_OK);
+    EXPECT_EQ(QueryType(a), S_OK);
     EXPECT_EQ(answer, 0);
 }
 
 TEST_F(CallHook, IsCalledInACallThatFailsToo) {
     dialsim_fail(kOperation, kFault, 1, 1);
-    EXPECT_EQ(Ask(a), kFault);
+    EXPECT_EQ(QueryType(a), kFault);
     EXPECT_EQ(recorder.calls, "IApiInformationStatics::IsTypePresent(A)\n");
 }
 
 TEST_F(CallHook, IsCalledForTheCallsThatItLeadsTo) {
-    recorder.inside = [this] { Ask(b); };
-    Ask(a);
+    recorder.inside = [this] { QueryType(b); };
+    QueryType(a);
     EXPECT_EQ(recorder.calls,
               "IApiInformationStatics::IsTypePresent(A)\n"
               "IApiInformationStatics::IsTypePresent(B)\n");
@@ -347,13 +347,13 @@ TEST_F(CallHook, IsCalledForTheCallsThatItLeadsTo) {
 
 TEST_F(CallHook, EndsWithNull) {
     dialsim_on_call(nullptr, nullptr);
-    Ask(a);
+    QueryType(a);
     EXPECT_EQ(recorder.calls, "");
 }
 
 TEST_F(CallHook, EndsWithAReset) {
     dialsim_reset();
-    Ask(a);
+    QueryType(a);
     EXPECT_EQ(recorder.calls, "");
 }
 

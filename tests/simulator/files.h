@@ -1,4 +1,4 @@
-// Files that are opened asynchronously, and what their completion handlers are told.
+// Asynchronous file opens, and the arguments of their completion handlers.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -13,11 +13,11 @@
 
 namespace brindle {
 
-// The beginning of a picture; nothing behind it is looked at.
+// A PNG header; the content behind it is not read.
 inline const std::string kPng32(
     "\x89PNG\r\n\x1a\n\0\0\0\x0DIHDR\0\0\0\x20\0\0\0\x20\x08\x06\0\0\0\x73\x7A\x7A\xF4", 33);
 
-// What a completion handler completion.
+// The arguments of a completion handler.
 struct Completion {
     int calls = 0;
     abi::AsyncStatus status{};

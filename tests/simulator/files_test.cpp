@@ -1,4 +1,4 @@
-// Files that are opened asynchronously: when and where a completion arrives, and with what.
+// Asynchronous file opens: time, thread and status of a completion.
 #include <gtest/gtest.h>
 
 #include <cstdint>

@@ -1,4 +1,4 @@
-// The flat functions: under faults, in the journal, and what they hand out.
+// The flat functions: faults, journal lines and acquired resources.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -41,13 +41,13 @@ TEST_F(FlatFunctions, AnswerTheNumberOfAFaultThatIsPositive) {
     EXPECT_EQ(GetShortPathNameW(path.c_str(), nullptr, 0), needed);
 }
 
-TEST_F(FlatFunctions, AreJournaledWithEmptyTextsInTheirPlace) {
+TEST_F(FlatFunctions, AreJournaledWithEmptyTexts) {
     dialsim_clear_journal();
     _wcsnicmp(UTF16(""), UTF16("a"), 1);
     EXPECT_EQ(Journal(), "_wcsnicmp(, a, 1)\n");
 }
 
-TEST_F(FlatFunctions, BlocksStayOutWhenTheyCannotBeFreed) {
+TEST_F(FlatFunctions, BlocksThatCannotBeFreedAreLeaked) {
     const HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE, 4);
     dialsim_fail("GlobalFree", E_FAIL, 1, 1);
     EXPECT_EQ(GlobalFree(block), block);
@@ -62,7 +62,7 @@ TEST_F(FlatFunctions, ThatReturnAHandleCannotFailLate) {
     EXPECT_TRUE(dialsim_fail_late("CreateStreamOnHGlobal", E_FAIL, 5, 0));
 }
 
-TEST_F(FlatFunctions, ACopyOfAStringIsOneMoreToRelease) {
+TEST_F(FlatFunctions, ACopyOfAStringIsAnotherReference) {
     const String original = ToPlatformString("text");
     HSTRING copy = nullptr;
     EXPECT_EQ(WindowsDuplicateString(original.Get(), &copy), S_OK);
@@ -80,7 +80,7 @@ TEST_F(FlatFunctions, ACopyOfAStringIsOneMoreToRelease) {
     EXPECT_EQ(dialsim_strings(), 1u);
 }
 
-TEST_F(FlatFunctions, AStringsCharactersCanBeMissingButNeverNull) {
+TEST_F(FlatFunctions, AStringsCharactersAreEmptyUnderAFaultButNeverNull) {
     const String text = ToPlatformString("text");
     dialsim_clear_journal();
     dialsim_fail("WindowsGetStringRawBuffer", E_FAIL, 2, 1);

@@ -1,4 +1,4 @@
-// What the items of a menu are made of: glyphs of fonts, pictures in files and streams.
+// Sources of menu items: font glyphs, picture files and streams.
 #include <gtest/gtest.h>
 
 #include <cstdint>
@@ -75,7 +75,7 @@ TEST_F(Fonts, GlyphsComeFromFamiliesAndFiles) {
 
 class Pictures : public Files {
 protected:
-    // The item's line in the menu.
+    // The menu's line of the item.
     std::string Shown(abi::IRandomAccessStreamReference* icon) {
         ComPtr<abi::IRadialControllerMenuItem> item;
         EXPECT_EQ(ItemStatics()->CreateFromIcon(ToPlatformString("Icon").Get(), icon, item.Put()), S_OK);
@@ -95,7 +95,7 @@ protected:
         return Shown(icon.Get());
     }
 
-    // A block with the content and a stream over it, which the content was written through.
+    // Creates a memory block and writes the content through a stream over it.
     HGLOBAL MakeStream(const std::string& content, ComPtr<abi::IStream>& stream) {
         const HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE, content.size());
         EXPECT_NE(block, nullptr);
@@ -127,7 +127,7 @@ TEST_F(Pictures, ThatAreNoPngsAreBroken) {
     }
 }
 
-TEST_F(Pictures, OfFilesThatWentAwayAreBroken) {
+TEST_F(Pictures, OfDeletedFilesAreBroken) {
     dialsim_async(DIALSIM_AT_ONCE);
     ComPtr<abi::IStorageFile> opened;
     {
@@ -139,7 +139,7 @@ TEST_F(Pictures, OfFilesThatWentAwayAreBroken) {
     EXPECT_EQ(Shown(icon.Get()), "0   \"Icon\" broken picture, tag -");
 }
 
-TEST_F(Pictures, OfStreamsAreReadOnceAndTheirBlockMayGo) {
+TEST_F(Pictures, OfStreamsAreReadOnceAndTheirBlockMayBeFreed) {
     ComPtr<abi::IStream> stream;
     const HGLOBAL block = MakeStream(kPng16, stream);
     EXPECT_EQ(dialsim_blocks(), 1u);
@@ -154,7 +154,7 @@ TEST_F(Pictures, OfStreamsAreReadOnceAndTheirBlockMayGo) {
     EXPECT_EQ(FirstLine(MenuText(kWindow)), "0   \"Icon\" PNG image 16x16, tag -");
 }
 
-TEST_F(Pictures, NeedSomethingToBeReadFrom) {
+TEST_F(Pictures, NeedASource) {
     ComPtr<abi::IRadialControllerMenuItem> item;
     EXPECT_EQ(ItemStatics()->CreateFromIcon(nullptr, nullptr, item.Put()), E_INVALIDARG);
     ComPtr<abi::IRandomAccessStreamReference> icon;

@@ -1,5 +1,5 @@
-// What the simulator answers for the menu where it is the whole platform: resources, short paths, the root
-// folder, errors raised by completion handlers.
+// The menu's behaviour in the native simulator only: resources, short paths, the root folder, exceptions of
+// completion handlers.
 #include <gtest/gtest.h>
 
 #include <cstdio>
@@ -42,13 +42,13 @@ TEST_F(Resources, AreFoundByModuleNumberAndType) {
     EXPECT_EQ(dialsim_calls("FindResourceW(101, PNG)"), 2u);
 }
 
-TEST_F(Resources, AreGoneAfterAReset) {
+TEST_F(Resources, AreRemovedByAReset) {
     dialsim_add_resource(7, 101, "PNG", "abc", 3);
     dialsim_reset();
     EXPECT_EQ(FindResourceW(Module(7), Id(101), u"PNG"), nullptr);
 }
 
-// A folder with a file in it, as long as this is.
+// A folder with a file in it; the destructor deletes both.
 class ShortPaths : public SimulatorApartmentTest {
 protected:
     ShortPaths() {
@@ -91,7 +91,7 @@ TEST_F(ShortPaths, AreEightCharactersAndThree) {
     EXPECT_EQ(NameIn(Short(File("no extension at all"))), "NOEXTE~1");
 }
 
-TEST_F(ShortPaths, AreToldApartByNumbersAndStayTheSame) {
+TEST_F(ShortPaths, AreUniqueByNumberAndStayTheSame) {
     const std::string first = File("Some symbols.font");
     const std::string second = File("Some symptoms.font");
     EXPECT_EQ(NameIn(Short(first)), "SOMESY~1.FON");
@@ -99,7 +99,7 @@ TEST_F(ShortPaths, AreToldApartByNumbersAndStayTheSame) {
     EXPECT_EQ(NameIn(Short(first)), "SOMESY~1.FON");
 }
 
-TEST_F(ShortPaths, StandForTheirFiles) {
+TEST_F(ShortPaths, NameTheirFiles) {
     const std::string path = Short(File("Some symbols.font"));
     EXPECT_TRUE(Exists(path));
     EXPECT_EQ(Short(path), path);
@@ -115,7 +115,7 @@ TEST_F(ShortPaths, OfNothingAreNone) {
     EXPECT_FALSE(PathFileExistsW(nullptr));
 }
 
-TEST_F(ShortPaths, WithoutRoomSayHowMuchTheyNeed) {
+TEST_F(ShortPaths, WithoutRoomReturnTheirRequiredSize) {
     const std::string path = File("short.ttf");
     const std::u16string wide = dialsim::Widen(path);
     std::u16string buffer(300, u'?');

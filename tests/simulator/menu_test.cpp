@@ -1,4 +1,4 @@
-// The simulator's menu, as a program that uses the platform directly meets it.
+// The simulator's menu, used through the platform's interfaces without the library.
 #include <gtest/gtest.h>
 
 #include <cstdint>
@@ -38,7 +38,7 @@ TEST_F(SimulatedMenu, IsShownInOrderWithTheSelectedItemMarked) {
 
 TEST_F(SimulatedMenu, OfAWindowWithoutAControllerIsNothing) { EXPECT_EQ(MenuText(kWindow + 1), ""); }
 
-TEST_F(SimulatedMenu, ShowsWhatItsOwnerWouldNotPutThere) {
+TEST_F(SimulatedMenu, ShowsItemsThatTheLibraryDoesNotCreate) {
     EXPECT_TRUE(dialsim_append_null_item(kWindow));
     EXPECT_TRUE(dialsim_append_item(kWindow, "none", 1));
     EXPECT_TRUE(dialsim_append_item(kWindow, "String", 2));
@@ -56,7 +56,7 @@ TEST_F(SimulatedMenu, ShowsWhatItsOwnerWouldNotPutThere) {
 }
 
 TEST_F(SimulatedMenu, WhileItIsOpenTurnsGoRoundTheRingAndAClickChooses) {
-    ReleaseController();  // which has an empty menu
+    ReleaseController();  // it has an empty menu
     EventRecorder recorder(kWindow);
     for (const std::uint32_t tag : {1U, 2U, 3U}) {
         dialsim_append_item(kWindow, "UInt32", tag);

@@ -1,4 +1,4 @@
-// What the simulator answers where it is the whole platform: apartments, the clock, threads, raised errors.
+// Platform behaviour in the native simulator only: apartments, the clock, threads, exceptions.
 #include <gtest/gtest.h>
 
 #include <functional>
@@ -12,7 +12,7 @@
 namespace brindle {
 namespace {
 
-// Runs on a thread that has never been an apartment.
+// Runs on a new thread without an apartment.
 class Apartments : public SimulatorTest {
 protected:
     static void OnAFreshThread(const std::function<void()>& body) { std::thread(body).join(); }
@@ -79,13 +79,13 @@ TEST_F(Apartments, DoNotBeginWhereAFaultApplies) {
 
 using Clock = SimulatorTest;
 
-TEST_F(Clock, StandsStill) {
+TEST_F(Clock, DoesNotAdvanceByItself) {
     EXPECT_TRUE(dialsim_set_clock(123'456));
     EXPECT_EQ(dialsim_now(), 123'456u);
     EXPECT_EQ(dialsim_now(), 123'456u);
 }
 
-TEST_F(Clock, GoesOnByWhatIsWaited) {
+TEST_F(Clock, AdvancesByWaits) {
     dialsim_set_clock(1000);
     dialsim_wait(60);
     EXPECT_EQ(dialsim_now(), 1060u);
@@ -114,7 +114,7 @@ TEST_F(Clock, DoesNotMoveForAScriptThatDoesNotParse) {
 using RotationHandler =
     abi::TypedEventHandler<abi::RadialController, abi::RadialControllerRotationChangedEventArgs>;
 
-// A controller with one handler of rotations.
+// A controller with one rotation handler.
 template <class Action>
 ComPtr<abi::IRadialController> ControllerCalling(std::uint64_t window, Action action) {
     const auto controller = MakeController(window);
@@ -205,23 +205,23 @@ TEST_F(RaisedErrorsOfHandlers, StopOnAThreadOfItsOwnToo) {
     EXPECT_EQ(Raised(), "raised");
 }
 
-// Plays in the background and waits for the end; what the end was told.
+// Plays in the background and waits; returns the result that the end callback received.
 std::string PlayedInBackground(const char* script, std::thread::id& done_on) {
     struct End {
-        std::string told;
+        std::string result;
         std::thread::id on;
     } end;
     dialsim_play_in_background(
         script, 0,
         [](void* context, const char* error) {
-            auto& told = *static_cast<End*>(context);
-            told.on = std::this_thread::get_id();
-            told.told = error == nullptr ? "played" : error;
+            auto& end_result = *static_cast<End*>(context);
+            end_result.on = std::this_thread::get_id();
+            end_result.result = error == nullptr ? "played" : error;
         },
         &end);
     dialsim_wait_for_scripts();
     done_on = end.on;
-    return end.told;
+    return end.result;
 }
 
 using BackgroundScripts = SimulatorApartmentTest;

@@ -1,4 +1,4 @@
-// A recording of the dial in a file of its own.
+// A recording of the dial in a temporary file.
 #pragma once
 
 #include <cstdio>
@@ -19,7 +19,7 @@ protected:
 
     std::string Path() const { return folder_.PathOf("session.dial"); }
     void Record() const { ASSERT_TRUE(dialsim_record(Path().c_str())); }
-    // What the file has by now.
+    // The current content of the file.
     std::string Recording() const { return folder_.Read("session.dial").value_or("no file"); }
 
     static void Play(const std::string& script) {

@@ -1,4 +1,4 @@
-// Recordings where the simulator owns the clock: the times are exact.
+// Recordings with the simulated clock: times are exact.
 #include <brindle.h>
 #include <gtest/gtest.h>
 
@@ -17,7 +17,7 @@
 namespace brindle {
 namespace {
 
-// The lines after the heading.
+// The lines after the header.
 std::string Body(const std::string& recording) { return recording.substr(recording.find('\n') + 1); }
 
 using RecordedTimes = RecordedDial;
@@ -34,7 +34,7 @@ TEST_F(RecordedTimes, AreThoseBetweenMovements) {
     EXPECT_EQ(Body(Recording()), "wait 100\nwindow @1\nturn 1\nturn 2\nwait 7\nhold\n");
 }
 
-TEST_F(RecordedTimes, LeaveOutWhatHandlersTake) {
+TEST_F(RecordedTimes, ExcludeTheTimeOfHandlers) {
     const auto controller = MakeController(16);
     const auto slow = MakeDelegate<
         abi::TypedEventHandler<abi::RadialController, abi::RadialControllerButtonClickedEventArgs>>(
@@ -51,7 +51,7 @@ TEST_F(RecordedTimes, LeaveOutWhatHandlersTake) {
     EXPECT_EQ(Body(Recording()), "window @1\nclick\nwait 5\nclick\n");
 }
 
-TEST_F(RecordedTimes, LeaveOutWhatIsWaitedForAnyway) {
+TEST_F(RecordedTimes, ExcludeWaitsForOperations) {
     ComPtr<abi::IDeviceInformationStatics> devices;
     ASSERT_EQ(GetFactory<abi::DeviceInformation>(devices), S_OK);
     StringReference query;
@@ -72,7 +72,7 @@ TEST_F(RecordedTimes, LeaveOutWhatIsWaitedForAnyway) {
     EXPECT_EQ(Body(Recording()), "settle\nwait 5\nhold\n");
 }
 
-TEST_F(RecordedTimes, AreNoneWhereTheClockIsSetBack) {
+TEST_F(RecordedTimes, AreZeroWhereTheClockIsSetBack) {
     Record();
     dialsim_set_clock(dialsim_now() - 10);
     dialsim_hold(true);
@@ -81,7 +81,7 @@ TEST_F(RecordedTimes, AreNoneWhereTheClockIsSetBack) {
     EXPECT_EQ(Body(Recording()), "hold\nwait 4294967295\nrelease\n");
 }
 
-// What hosts are told, every bit of it, with the time since the session's start.
+// All data of the host calls, with the time since the session's start.
 class EventLog {
 public:
     void Record(RecordingHost& host, const char* name) {
@@ -109,7 +109,7 @@ private:
     const std::uint64_t start_ = dialsim_now();
 };
 
-// A hand that does anything at all, over two windows.
+// Random dial input for two windows.
 class RandomCommands {
 public:
     RandomCommands(std::uint64_t first, std::uint64_t second) : windows_{first, second} {}
@@ -157,7 +157,7 @@ private:
     const std::uint64_t windows_[2];
 };
 
-// What two windows of a fresh program are told while `act` moves the dial.
+// The calls that the hosts of two windows receive in a new process while `act` moves the dial.
 template <class Act>
 std::vector<std::string> LogOf(std::uint64_t first_window, std::uint64_t second_window, Act act) {
     EXPECT_EQ(initialize(), 0);
@@ -177,20 +177,20 @@ std::vector<std::string> LogOf(std::uint64_t first_window, std::uint64_t second_
     EXPECT_TRUE(add_custom_menu(second_window, items, 3));
     act();
     uninit();
-    dialsim_reset();  // a click on the screen keeps its contact
+    dialsim_reset();  // a click on the screen leaks its contact, by contract
     return log.entries;
 }
 
 TEST_F(RecordedTimes, ReplaysRaiseTheSameEventsAtTheSameTimes) {
-    constexpr std::uint32_t kPause = 1000;  // ends what the library remembers of earlier turns
-    // The first turn of a process is never accelerated; it must be neither the played nor the replayed one.
+    constexpr std::uint32_t kPause = 1000;  // ends the acceleration of earlier turns
+    // The first turn of a process is never accelerated: it must be neither a played nor a replayed one.
     LogOf(16, 17, [] { dialsim_turn(16, 0.0); });
     const auto played = LogOf(16, 17, [this] {
         Record();
         dialsim_wait(kPause);
-        RandomCommands hand(16, 17);
+        RandomCommands commands(16, 17);
         for (int i = 0; i < 500; ++i) {
-            hand.Act();
+            commands.Act();
         }
     });
     const std::string script = Recording();

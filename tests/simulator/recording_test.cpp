@@ -1,4 +1,4 @@
-// Recordings: what they contain, and that they replay it.
+// Recordings: their content, and their replay.
 #include <gtest/gtest.h>
 
 #include <cstdint>
@@ -16,7 +16,7 @@ namespace {
 
 class Recordings : public RecordedDial {
 protected:
-    // The commands but for the waits, which are the system's where the clock is.
+    // The commands without the waits, which depend on the clock.
     std::string Commands() const {
         std::string commands;
         for (const std::string& line : LinesOf(Recording())) {
@@ -53,7 +53,7 @@ TEST_F(Recordings, BeginWithALineForTheReader) {
     EXPECT_EQ(Recording(), "# What the dial did: angles in degrees, times in milliseconds\n");
 }
 
-TEST_F(Recordings, HaveWhatScriptsDo) {
+TEST_F(Recordings, RecordTheMovementsOfScripts) {
     EventRecorder recorder(16);
     Record();
     Play("turn 1\nhold\nsettle");

@@ -1,4 +1,4 @@
-// What a reset brings back: everything that the control surface sets, but for the stores and the clock.
+// Reset of everything that the control functions set, except the stores and the clock.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -23,9 +23,9 @@ using Enumeration = abi::IAsyncOperation<abi::DeviceInformationCollection>;
 using RotationHandler =
     abi::TypedEventHandler<abi::RadialController, abi::RadialControllerRotationChangedEventArgs>;
 
-constexpr std::uint64_t kOther = kWindow + 1;  // where the dial is observed
+constexpr std::uint64_t kOther = kWindow + 1;  // the window whose dial is observed
 
-// What a row has to hold on to.
+// State that a row keeps during its test.
 struct Held {
     ComPtr<abi::IRadialController> controller;
     ComPtr<Enumeration> enumeration;
@@ -35,7 +35,7 @@ struct Held {
 Held held;
 const StoresFolder* folder = nullptr;
 
-// --- what the platform answers
+// --- results of the platform
 
 std::string TurnHeard() {
     EventRecorder recorder(kOther);
@@ -48,7 +48,7 @@ void MakeAMenu() {
     EXPECT_TRUE(dialsim_append_null_item(kWindow));
 }
 
-// Of one turn, whose arguments the body gets.
+// `body` receives the arguments of one turn.
 template <class Body>
 void DuringATurn(Body body) {
     const auto controller = MakeController(kOther);
@@ -73,7 +73,7 @@ bool HasHaptics() {
     return has_haptics;
 }
 
-// The other thread is there at the same time: its variable has another address.
+// The second thread lives at the same time, so that its variable has a different address.
 bool EventsHaveTheirOwnThread() {
     static thread_local char mine;
     const char* event = &mine;
@@ -124,7 +124,7 @@ bool OperationsCompleteAtOnce() {
     return status != abi::AsyncStatus::Started;
 }
 
-// At the start there is one.
+// Initially there is one device.
 bool HasOtherDevices() {
     dialsim_async(DIALSIM_AT_ONCE);
     ComPtr<abi::IVectorView<abi::DeviceInformation>> devices;
@@ -158,7 +158,7 @@ bool CallsAreHooked() {
     return hook_calls > 0;
 }
 
-void HandOutAllKinds() {
+void AcquireOneOfEachKind() {
     held.controller = MakeController(kWindow);
     held.string = ToPlatformString("string");
     held.block = GlobalAlloc(GMEM_MOVEABLE, 1);
@@ -195,7 +195,7 @@ const Control kControls[] = {
     {"dialsim_set_type_present", [] { dialsim_set_type_present("Some.Type", false); }, SomeTypeIsMissing},
     {"dialsim_menu", [] { held.controller = MakeController(kWindow); },
      [] { return !MenuText(kWindow).empty(); }},
-    // The number of a window in scripts: kOther is the first without the one that is set.
+    // The number of a window in scripts: kOther is the first without the set one.
     {"dialsim_play", [] { held.controller = MakeController(kWindow); },
      [] {
          EventRecorder recorder(kOther);
@@ -239,7 +239,7 @@ const Control kControls[] = {
     {"dialsim_yield_null", [] { EXPECT_TRUE(dialsim_yield_null(kIsTypePresent, 1, 0)); }, SomeTypeIsMissing},
     {"dialsim_journal", [] { SomeTypeIsPresent(); }, [] { return !Journal().empty(); }},
     {"dialsim_on_call", [] { dialsim_on_call(CountCall, nullptr); }, CallsAreHooked},
-    {"dialsim_accounts", HandOutAllKinds, [] { return !LeakReport().empty(); }},
+    {"dialsim_accounts", AcquireOneOfEachKind, [] { return !LeakReport().empty(); }},
 #ifdef _WIN32
     {"dialsim_skip_sleeps", [] { dialsim_skip_sleeps(true); },
      [] {
@@ -315,8 +315,8 @@ TEST_F(Reset, ForgetsShortPaths) {
     EXPECT_FALSE(PathFileExistsW(short_path));
 }
 
-// They set nothing, only end what others set, or set what stays: the stores and the clock. The angle of a
-// turn shows in the drawn dial alone, and shrinking is a menu's. Sleeps are skipped on Windows.
+// Functions without a row: they end what others set, or set the stores or the clock. A turn's angle is
+// visible in the drawn dial only, and shrinking belongs to a menu. Sleeps are skipped on Windows.
 const char* const kWithoutARow[] = {
     "dialsim_turn",
     "dialsim_click",

@@ -1,4 +1,4 @@
-// Scripts: every command, and every way not to be understood.
+// Scripts: every command, and every syntax error.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -22,7 +22,7 @@ protected:
     }
     static void Play(const std::string& script) { EXPECT_EQ(ErrorOf(script), ""); }
 
-    // What the platform answers to the click arguments' reading of the contact, called from an event.
+    // The platform's result of a click's get_Contact, called inside the event.
     static HRESULT ContactCode(ComPtr<abi::IRadialControllerScreenContact>& contact) {
         const auto controller = MakeController(99);
         HRESULT code = S_OK;
@@ -93,7 +93,7 @@ TEST_F(Scripts, TheMenuIsOpenedAndClosed) {
     EXPECT_EQ(recorder.TakeEvents(), "turn 20; click; ");
 }
 
-TEST_F(Scripts, WhatCannotBeDoneIsReportedAndNoError) {
+TEST_F(Scripts, AFailingCommandIsReportedAndIsNoError) {
     testing::internal::CaptureStderr();
     Play("menu\nmouse 10 20 down\nmouse 10 20 move\nmouse 10 20 up\nshot nowhere/shot.png");
     EXPECT_EQ(testing::internal::GetCapturedStderr(),
@@ -122,7 +122,7 @@ TEST_F(Scripts, NameAWindowByItsPlaceInTheOrderOfFirstControllers) {
 }
 
 TEST_F(Scripts, KeepTheWindowsPlaceWhenItsControllerEnds) {
-    { EventRecorder gone(16); }
+    { EventRecorder ended(16); }
     EventRecorder second(9);
     Play("window @2\nclick");
     EXPECT_EQ(second.TakeEvents(), "click; ");
@@ -325,7 +325,7 @@ TEST_F(Scripts, TheReasonIsCutToItsBuffer) {
     EXPECT_STREQ(error, "line 1:");
 }
 
-TEST_F(Scripts, NeedNoPlaceForTheReason) {
+TEST_F(Scripts, NeedNoBufferForTheReason) {
     EXPECT_FALSE(dialsim_play("spin 5", 0, nullptr, 0));
     EXPECT_TRUE(dialsim_play("wait 0", 0, nullptr, 0));
 }

@@ -1,4 +1,4 @@
-// What dialsim.h offers to fill the stores and to look into them.
+// The control functions that write and print the stores.
 #include <gtest/gtest.h>
 
 #include <optional>

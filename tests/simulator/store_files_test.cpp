@@ -1,4 +1,4 @@
-// The files of the stores: what is in them, and what becomes of damaged ones.
+// The files of the stores: format, and handling of damaged files.
 #include <gtest/gtest.h>
 
 #include <optional>
@@ -60,7 +60,7 @@ TEST_P(StoreFiles, AreNotWrittenWhereNothingChanges) {
     EXPECT_EQ(StoreFile("roaming"), hand_written);
 }
 
-// Everything fails, and nothing is written.
+// Every operation fails, and the file is unchanged.
 void ExpectSettingsDamaged(const std::string& content) {
     PutStoreFile("roaming", content);
     const auto values = Values();
@@ -91,7 +91,7 @@ void ExpectVaultDamaged(const std::string& content) {
     EXPECT_EQ(StoreFile("vault"), content);
 }
 
-// Standard error reports the damage; these tests look at what else there is.
+// Standard error reports the damage; these tests check everything else.
 class DamagedStores : public Stores {
 protected:
     void SetUp() override {
@@ -106,7 +106,7 @@ protected:
 
 INSTANTIATE_TEST_SUITE_P(Places, DamagedStores, kBothPlaces, NameOf);
 
-// The end of the last line alone carries nothing.
+// The last newline carries no data.
 TEST_P(DamagedStores, AreThoseCutOffAnywhere) {
     dialsim_put_setting("roaming", "key", "String", "text");
     dialsim_put_setting("roaming", "runs", "Int32", "12");
@@ -178,14 +178,14 @@ TEST_P(DamagedStores, AreVaultsOfAnotherShape) {
     }
 }
 
-TEST_P(DamagedStores, LeaveTheOthersAlone) {
+TEST_P(DamagedStores, LeaveTheOthersUnchanged) {
     PutStoreFile("roaming", "damaged");
     EXPECT_EQ(InsertText("key", "text", Where::Local), S_OK);
     EXPECT_EQ(AddCredential("a", "b", "c"), S_OK);
     EXPECT_EQ(StoreText("local"), "\"key\" String \"text\"\n");
 }
 
-// What standard error reports of a read.
+// The output on standard error of a read.
 std::string ReportedError(const char* store) {
     testing::internal::CaptureStderr();
     StoreText(store);
@@ -208,9 +208,9 @@ TEST_P(StoreFiles, ThatAreDamagedAreReportedOnce) {
 
 TEST_P(StoreFiles, ThatAreDamagedDoNotPrintTheirPasswords) {
     dialsim_put_credential("resource", "user", "secret");
-    const std::string whole = StoreFile("vault").value();
-    for (const std::string& damaged : {whole.substr(0, whole.find("secret") + 6), "[" + whole + "]"}) {
-        PutStoreFile("vault", whole);
+    const std::string valid = StoreFile("vault").value();
+    for (const std::string& damaged : {valid.substr(0, valid.find("secret") + 6), "[" + valid + "]"}) {
+        PutStoreFile("vault", valid);
         EXPECT_EQ(ReportedError("vault"), "");
         PutStoreFile("vault", damaged);
         const std::string reported = ReportedError("vault");

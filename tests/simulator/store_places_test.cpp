@@ -1,4 +1,4 @@
-// Where the stores are: in a folder, in memory, and where the environment says.
+// Locations of the stores: a folder, memory, and the environment's choice.
 #include <gtest/gtest.h>
 
 #include <cstdio>
@@ -62,7 +62,7 @@ TEST_F(StoresInAFolder, AreClearedWithWhatAKilledWriterHasLeftBehind) {
     EXPECT_FALSE(folder.Has("vault.json.new"));
 }
 
-// Uses the folder that is not given, and takes it away again.
+// Writes to the default folder, and deletes it.
 void ExpectStoresIn(const StoresFolder& folder, const std::vector<std::string>& below) {
     dialsim_set_stores(nullptr);
     std::string path;
@@ -105,7 +105,7 @@ TEST_F(StoresInAFolder, AreInTheUsersOwnDataOtherwise) {
 
 using StoresInMemory = StoresInAFolder;
 
-// Each place keeps its own while the other one is used.
+// Each location keeps its content while the other one is used.
 TEST_F(StoresInMemory, AreApartFromThoseInAFolder) {
     dialsim_put_setting("roaming", "key", "String", "in the folder");
     dialsim_set_stores(DIALSIM_MEMORY);

@@ -1,8 +1,7 @@
-// Writes to the simulator's stores from a process of its own, a byte on its standard output after every
-// change:
+// Writes to the simulator's stores in a separate process and prints a byte after every change:
 //
-//   store_writer FOLDER setting|credential NAME COUNT    NAME0, NAME1, ... with their number as the value
-//   store_writer FOLDER setting|credential NAME forever  NAME alone, with one text after the other
+//   store_writer FOLDER setting|credential NAME COUNT    NAME0, NAME1, ... with the number as the value
+//   store_writer FOLDER setting|credential NAME forever  NAME only, with changing texts
 #include <cstdio>
 #include <cstdlib>
 #include <string>

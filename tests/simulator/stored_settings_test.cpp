@@ -1,4 +1,4 @@
-// The settings of an application, as a program that uses the platform directly meets them.
+// Application settings, used through the platform's interfaces without the library.
 #include <gtest/gtest.h>
 
 #include <cstdint>

@@ -1,4 +1,4 @@
-// The simulator's settings and its vault, as a program that uses the platform directly meets them.
+// The simulator's settings and vault, used through the platform's interfaces without the library.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -23,7 +23,7 @@ using Object = ComPtr<abi::IInspectable>;
 using Credential = ComPtr<abi::IPasswordCredential>;
 using Credentials = ComPtr<abi::IVectorView<abi::PasswordCredential>>;
 
-// A platform string over a text that it keeps itself.
+// A platform string with its own copy of the text.
 class Text {
 public:
     Text(const char* text) : Text(WideText(text, text + std::char_traits<char>::length(text))) {}
@@ -55,7 +55,7 @@ inline Object NumberValue(std::int32_t number) {
     return value;
 }
 
-// The text in a value; "none" without a value.
+// The text of a value; "none" without a value.
 inline WideText TextIn(const Object& object) {
     if (!object) {
         return UTF16("none");
@@ -141,7 +141,7 @@ inline WideText PasswordOf(const Credential& credential) {
     return CharactersOf(password.Get());
 }
 
-// A packaged program with stores in a folder of the test's own.
+// A packaged program with stores in a folder of its own.
 class StoresInAFolder : public SimulatorApartmentTest {
 protected:
     void SetUp() override {
@@ -154,7 +154,7 @@ protected:
 
 enum class Place { Folder, Memory };
 
-// The same there and in memory.
+// The same in a folder and in memory.
 class Stores : public StoresInAFolder, public testing::WithParamInterface<Place> {
 protected:
     void SetUp() override {
@@ -175,7 +175,7 @@ inline std::string NameOf(const testing::TestParamInfo<Place>& place) {
 
 inline constexpr const char* kStores[] = {"roaming", "local", "vault"};
 
-// Every text that a platform string can be, as a name and as a value.
+// Texts with every kind of character that a platform string can hold, as names and values.
 inline const WideText kTexts[] = {
     UTF16(""),
     UTF16("plain"),

@@ -1,4 +1,4 @@
-// The operations of the stores in the journal, and faults on them.
+// The operations of the stores in the journal, and their faults.
 #include <gtest/gtest.h>
 
 #include <cstdint>
@@ -9,7 +9,7 @@
 namespace brindle {
 namespace {
 
-// One of everything that the library calls.
+// One call of each operation that the library uses.
 void CallEveryExport() {
     InsertText("brush", "Palette");
     TextAt("brush");
@@ -68,8 +68,7 @@ TEST_P(Stores, KeepPasswordsOutOfTheJournal) {
     CallEveryExport();
     Made("resource", "user", "first")->put_Password(Text("secret"));
     for (const std::string& line : LinesOf(Journal())) {
-        const bool of_texts =
-            line.find("Windows") == 0;  // the functions for platform strings tell every text
+        const bool of_texts = line.find("Windows") == 0;  // string functions print every text
         EXPECT_TRUE(of_texts || line.find("secret") == std::string::npos) << line;
     }
 }

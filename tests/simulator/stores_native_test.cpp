@@ -1,4 +1,4 @@
-// The simulator's stores where they meet the native system: modes of files, threads, and what it kills.
+// The stores on the native system: file modes, threads, and killed processes.
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -22,7 +22,7 @@ protected:
         return status.st_mode & (S_IRWXU | S_IRWXG | S_IRWXO);
     }
 
-    // From four threads.
+    // Writes from four threads.
     static void WriteSideBySide() {
         constexpr int kEach = 25;
         std::vector<std::thread> threads;
@@ -46,10 +46,10 @@ protected:
     StoresFolder folder;
 };
 
-TEST_F(NativeStores, HaveAVaultThatItsOwnerAloneMayRead) {
+TEST_F(NativeStores, HaveAVaultThatOnlyItsOwnerMayRead) {
     ASSERT_TRUE(dialsim_put_credential("resource", "user", "secret"));
     EXPECT_EQ(ModeOf(folder.PathOf("vault.json")), 0600u);
-    // What a killed process left behind is not written into, whoever may read it.
+    // A killed process's leftover file is never reused: others may be able to read it.
     folder.Write("vault.json.new", "left behind");
     ASSERT_EQ(chmod(folder.PathOf("vault.json.new").c_str(), 0666), 0);
     ASSERT_TRUE(dialsim_put_credential("resource", "user", "another secret"));
@@ -59,7 +59,7 @@ TEST_F(NativeStores, HaveAVaultThatItsOwnerAloneMayRead) {
     EXPECT_EQ(ModeOf(folder.PathOf("vault.json")), 0600u);
 }
 
-TEST_F(NativeStores, MakeFoldersOfTheirOwnersOwn) {
+TEST_F(NativeStores, CreateFoldersThatOnlyTheirOwnerMayRead) {
     const std::string outer = folder.PathOf("outer");
     const std::string inner = outer + "/inner";
     dialsim_set_stores(inner.c_str());
@@ -72,8 +72,7 @@ TEST_F(NativeStores, MakeFoldersOfTheirOwnersOwn) {
     StoresFolder::RemoveFolder(outer);
 }
 
-// While one of these lives, the system kills a process that is started and writes more than this to a file,
-// as soon as it has written so much.
+// During its lifetime, the system kills a child process that writes more than this to a file.
 class FileSizeLimit {
 public:
     explicit FileSizeLimit(std::size_t bytes) {
@@ -90,7 +89,7 @@ private:
     rlimit before_{};
 };
 
-TEST_F(NativeStores, OutliveAWriterThatIsKilledAnywhereInItsFile) {
+TEST_F(NativeStores, SurviveAWriterThatIsKilledAtAnyByte) {
     for (int i = 0; i < 20; ++i) {
         ASSERT_TRUE(dialsim_put_setting("local", std::to_string(i).c_str(), "String",
                                         std::string(1000, 'z').c_str()));

@@ -1,4 +1,4 @@
-// The simulator's stores with several processes at them, some of which do not live to the end of their work.
+// The simulator's stores with concurrent processes, some of which are killed.
 #include <gtest/gtest.h>
 
 #include <chrono>
@@ -16,14 +16,14 @@ namespace {
 
 using Moment = std::chrono::steady_clock::time_point;
 
-// Under Wine a process takes a while to start, under a sanitizer a change takes a while.
+// Starting a process is slow under Wine, a change is slow under a sanitizer.
 #ifdef _WIN32
 constexpr int kKillsEach = 3;
 #else
 constexpr int kKillsEach = kSanitized ? 4 : 20;
 #endif
 
-// A store, what it is called where, and what its lines begin with.
+// A store, its name in the functions, and the start of its lines.
 struct Kind {
     const char* argument;
     const char* store;
@@ -49,7 +49,7 @@ protected:
         return {folder.path(), kind.argument, "changing", "forever"};
     }
 
-    // How long one change takes the writer.
+    // Duration of one change by the writer.
     std::chrono::nanoseconds TimeOfAChange(const Kind& kind) const {
         constexpr int kChanges = 10;
         ChildProcess writer("store_writer", Forever(kind));
@@ -61,8 +61,8 @@ protected:
         return (std::chrono::steady_clock::now() - start) / kChanges;
     }
 
-    // Kills a writer in the midst of its work: so long after a change, or after it has begun with the next
-    // file. The clock and the folder tell when; there is nothing to wait for.
+    // Kills a writer during a write: a delay after a change, or after its next temporary file appears. It
+    // polls the clock and the folder; there is no event to wait for.
     void KillAWriter(const Kind& kind, bool with_new_file, std::chrono::nanoseconds after) const {
         ChildProcess writer("store_writer", Forever(kind));
         ASSERT_TRUE(writer.ReadByte());
@@ -77,7 +77,7 @@ protected:
 
     bool HasNewFile(const Kind& kind) const { return folder.Has(std::string(kind.file) + ".new"); }
 
-    // Of `others` entries that stay and one that changes, each is whole.
+    // `others` unchanged entries and one changing entry are all valid.
     void ExpectWhole(const Kind& kind, int others) const {
         const std::vector<std::string> lines = LinesOf(StoreText(kind.store));
         ASSERT_EQ(lines.size(), static_cast<std::size_t>(others) + 1);
@@ -137,7 +137,7 @@ TEST_F(StoresOfProcesses, OutliveAKilledWriterOfALargeVault) { KillWriters(kCred
 TEST_F(StoresOfProcesses, LoseNothingOfTwoThatWriteSettingsSideBySide) { WriteSideBySide(kSetting); }
 TEST_F(StoresOfProcesses, LoseNothingOfTwoThatWriteCredentialsSideBySide) { WriteSideBySide(kCredential); }
 
-// What one has changed the other sees with its next call.
+// A change by one process is visible to the other's next call.
 TEST_F(StoresOfProcesses, AreReadAgainByEveryCall) {
     EXPECT_EQ(StoreText("local"), "");
     ChildProcess writer("store_writer", {folder.path(), "setting", "key", "1"});

@@ -1,4 +1,4 @@
-// The system's own items in a window's menu.
+// The system items of a window's menu.
 #include <gtest/gtest.h>
 
 #include <cstdint>
@@ -11,7 +11,7 @@
 namespace brindle {
 namespace {
 
-// A sequence of kinds whose owner may take it away.
+// A sequence of kinds whose owner may destroy it.
 class KindList final : public abi::IIterable<abi::RadialControllerSystemMenuItemKind>,
                        public abi::IIterator<abi::RadialControllerSystemMenuItemKind> {
     using Kind = abi::RadialControllerSystemMenuItemKind;

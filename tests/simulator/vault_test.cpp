@@ -1,4 +1,4 @@
-// The user's vault, as a program that uses the platform directly meets it.
+// The user's vault, used through the platform's interfaces without the library.
 #include <gtest/gtest.h>
 
 #include <string>

@@ -1,5 +1,5 @@
-// A long life leaves nothing behind: what the process holds after the first rounds is what it holds at the
-// end. Usage: soak_test CYCLES ROTATIONS WRITES, each a number of rounds.
+// Soak test: resource usage after the last round equals the usage after the first rounds. Usage: soak_test
+// CYCLES ROTATIONS WRITES, each a number of rounds.
 #include <brindle.h>
 
 #include <algorithm>
@@ -21,7 +21,7 @@
 
 #include <filesystem>
 
-// There where a sanitizer's allocator replaces the system's.
+// Defined where a sanitizer's allocator replaces the system's.
 extern "C" [[gnu::weak]] std::size_t __sanitizer_get_current_allocated_bytes();
 #endif
 
@@ -33,11 +33,11 @@ extern "C" [[gnu::weak]] std::size_t __sanitizer_get_current_allocated_bytes();
 
 namespace {
 
-// What the process holds.
+// Resource usage of the process.
 struct ResourceUsage {
-    std::uint64_t bytes;       // in use on its heaps
-    std::uint64_t handles;     // of the system's
-    std::uint32_t references;  // to objects of the platform's
+    std::uint64_t bytes;       // allocated on its heaps
+    std::uint64_t handles;     // of the system
+    std::uint32_t references;  // to platform objects
     std::uint32_t strings;
 };
 
@@ -61,7 +61,7 @@ std::uint64_t BytesInUse() {
                            [](std::uint64_t sum, HANDLE heap) { return sum + BytesOn(heap); });
 }
 
-// Asked number by number: Wine does not tell how many there are.
+// Wine cannot report the number of handles, so each possible handle is queried.
 std::uint64_t HandlesInUse() {
     constexpr std::uintptr_t kStep = 4;
     constexpr std::uintptr_t kHighest = 1 << 18;
@@ -73,8 +73,8 @@ std::uint64_t HandlesInUse() {
     return handles;
 }
 
-// Wine loses handles of its registry with every activation, whoever asks for it; Windows does not.
-std::uint64_t HandlesLostToAnActivation() {
+// Wine leaks registry handles with every activation; Windows does not.
+std::uint64_t HandlesLeakedByActivation() {
     constexpr wchar_t kClass[] = L"Windows.Foundation.PropertyValue";
     RoInitialize(RO_INIT_SINGLETHREADED);
     HSTRING name = nullptr;
@@ -92,7 +92,7 @@ std::uint64_t HandlesLostToAnActivation() {
 
 #else
 
-std::uint64_t HandlesLostToAnActivation() { return 0; }
+std::uint64_t HandlesLeakedByActivation() { return 0; }
 
 std::uint64_t BytesInUse() {
     return __sanitizer_get_current_allocated_bytes != nullptr ? __sanitizer_get_current_allocated_bytes()
@@ -110,7 +110,7 @@ ResourceUsage MeasureUsage() {
     return {BytesInUse(), HandlesInUse(), dialsim_references(nullptr), dialsim_strings()};
 }
 
-// A measure that shows nothing would show no growth either.
+// A zero measurement counts as a failure: it could show no growth.
 bool IsFlat(const ResourceUsage& early, const ResourceUsage& late) {
     constexpr std::uint64_t kSlackBytes = 8192;
     return early.bytes > 0 && early.handles > 0 && late.bytes <= early.bytes + kSlackBytes &&
@@ -120,7 +120,7 @@ bool IsFlat(const ResourceUsage& early, const ResourceUsage& late) {
 
 std::uint64_t activations = 0;
 
-// The journal is the simulator's own and would grow with every call.
+// The simulator's journal grows with every call.
 void ClearJournal() {
     activations += dialsim_calls("RoGetActivationFactory");
     dialsim_clear_journal();
@@ -137,17 +137,17 @@ void Repeat(std::uint64_t rounds, const std::function<void(std::uint64_t)>& roun
     ClearJournal();
 }
 
-// A tenth of the rounds first, and not too few, so that what is only made once has been made.
+// Runs a tenth of the rounds first, and at least kFewest, so that one-time allocations are done.
 bool StaysFlat(const char* what, std::uint64_t rounds, const std::function<void(std::uint64_t)>& round) {
     constexpr std::uint64_t kFewest = 200;
     Repeat(std::max(rounds / 10, kFewest), round);
-    static_cast<void>(MeasureUsage());  // measuring, too, makes what is only made once
-    static const std::uint64_t lost = HandlesLostToAnActivation();
+    static_cast<void>(MeasureUsage());  // the measurement allocates once, too
+    static const std::uint64_t leaked = HandlesLeakedByActivation();
     const ResourceUsage early = MeasureUsage();
     const std::uint64_t activations_before = activations;
     Repeat(rounds, round);
     ResourceUsage late = MeasureUsage();
-    late.handles -= lost * (activations - activations_before);
+    late.handles -= leaked * (activations - activations_before);
     const bool flat = IsFlat(early, late);
     std::printf(
         "%-10s %8llu rounds: %s, bytes %llu then %llu, handles %llu then %llu, references %u then %u\n", what,
@@ -159,7 +159,7 @@ bool StaysFlat(const char* what, std::uint64_t rounds, const std::function<void(
     return flat;
 }
 
-// Ends with a reset: the simulator remembers each asynchronous operation until then.
+// Ends with a reset: the simulator holds each asynchronous operation until then.
 void RunOnce(SilentHost& host) {
     const MenuItemDescription item{MenuItemKind::KnownIcon, UTF16("Volume"), 1, 1, {}, {}, {}};
     initialize();

@@ -21,7 +21,7 @@ public:
         on_rotation(*info);
     }
     std::uint64_t GetWindowHandle() override {
-        const std::size_t asked = times_asked++;
+        const std::size_t asked = window_queries++;
         on_window_query();
         return handles_[asked < handles_.size() ? asked : handles_.size() - 1];
     }
@@ -37,7 +37,7 @@ public:
     std::vector<DialRotationInfo> rotations;
     std::vector<DialContactRect> clicks;
     std::vector<void*> senders;
-    std::size_t times_asked = 0;
+    std::size_t window_queries = 0;
     const std::uint32_t* haptic_request = nullptr;  // the result of the next rotations
 
     std::function<void(const DialRotationInfo&)> on_rotation = [](const DialRotationInfo&) {};

@@ -16,17 +16,16 @@ namespace {
 
 constexpr std::uint64_t kWrap = std::uint64_t{1} << 32;
 
-// The factor for a sum of degrees, of which the first ten are free.
+// The factor for the sum of degrees above the first ten, which do not accelerate.
 double FactorFor(double beyond_ten) { return std::sqrt(beyond_ten) / 2.07 + 1.0; }
 
-// Every test begins at `start`, where the factor was just updated, with an empty sum.
+// Every test begins at `start` with an empty sum, immediately after an update of the factor.
 class Acceleration : public testing::Test {
 protected:
     void SetUp() override { StartAt(1'000'000); }
     void TearDown() override { dialsim_reset(); }
 
-    // Whatever the history, the first turn leaves its last update at most 49 ms behind; the second is a pause
-    // after that.
+    // After any history, the first turn's last update is at most 49 ms old; the second turn follows a pause.
     void StartAt(std::uint64_t start) {
         start_ = start;
         dialsim_set_clock(start - 1000);
@@ -139,7 +138,7 @@ TEST_F(Acceleration, TimeThatRunsBackwardsIsAPause) {
     EXPECT_DOUBLE_EQ(TurnAt(49, 30.0), FactorFor(20.0));
 }
 
-// Gaps that are short in their low bits alone.
+// Gaps that are short in their low bits only.
 TEST_F(Acceleration, ALongPauseIsAPauseWhateverItsLowBits) {
     for (const std::uint64_t gap :
          {std::uint64_t{0x8000}, std::uint64_t{0x10000}, std::uint64_t{0x80000000}}) {
@@ -152,13 +151,13 @@ TEST_F(Acceleration, ALongPauseIsAPauseWhateverItsLowBits) {
     }
 }
 
-TEST_F(Acceleration, AskingTheTimeOnceIsEnough) {
+TEST_F(Acceleration, TheClockIsReadOnce) {
     dialsim_clear_journal();
     TurnAt(60, 1.0);
     EXPECT_EQ(dialsim_calls("GetTickCount64"), 1u);
 }
 
-// The rule once more, in other words.
+// The rule, implemented independently.
 class Model {
 public:
     explicit Model(std::uint64_t start) : updated_(start) {}
@@ -184,7 +183,7 @@ private:
 };
 
 TEST_F(Acceleration, ALongHistoryFollowsTheRule) {
-    std::mt19937 random(2);  // the same history every time
+    std::mt19937 random(2);  // reproducible
     std::uint64_t now = kWrap - 20'000;
     StartAt(now);
     Model model(now);
@@ -196,49 +195,49 @@ TEST_F(Acceleration, ALongHistoryFollowsTheRule) {
     }
 }
 
-// Each of these runs in a process of its own that has not turned the dial before.
+// Each of these tests runs in a new process without an earlier turn.
 
 void PrintTurn(std::uint64_t now, double degrees) {
     dialsim_set_clock(now);
     dialsim_clear_journal();
     const double factor = NextAcceleration(degrees);
-    std::fprintf(stderr, "%.3f after %u looks at the clock;", factor, dialsim_calls("GetTickCount64"));
+    std::fprintf(stderr, "%.3f after %u clock reads;", factor, dialsim_calls("GetTickCount64"));
 }
 
-TEST(FirstRotationDeathTest, StartsTheClockWhenItGetsHere) {
+TEST(FirstRotationDeathTest, StartsTheClockWithASecondRead) {
     EXPECT_EXIT((PrintTurn(700'000, 500.0), std::_Exit(0)), testing::ExitedWithCode(0),
-                "1.000 after 2 looks at the clock;");
+                "1.000 after 2 clock reads;");
 }
 
 TEST(FirstRotationDeathTest, IsPartOfTheSum) {
     EXPECT_EXIT((PrintTurn(700'000, 100.0), PrintTurn(700'050, 10.0), std::_Exit(0)),
-                testing::ExitedWithCode(0), "5.831 after 1 looks at the clock;");
+                testing::ExitedWithCode(0), "5.831 after 1 clock reads;");
 }
 
 TEST(FirstRotationDeathTest, StartsThePauseToo) {
     EXPECT_EXIT((PrintTurn(700'000, 500.0), PrintTurn(700'101, 20.0), std::_Exit(0)),
-                testing::ExitedWithCode(0), "2.528 after 1 looks at the clock;");
+                testing::ExitedWithCode(0), "2.528 after 1 clock reads;");
 }
 
 TEST(FirstRotationDeathTest, AloneReadsTheClockTwice) {
     EXPECT_EXIT((PrintTurn(700'000, 1.0), PrintTurn(700'000, 1.0), std::_Exit(0)), testing::ExitedWithCode(0),
-                "1.000 after 2 looks at the clock;1.000 after 1 looks at the clock;");
+                "1.000 after 2 clock reads;1.000 after 1 clock reads;");
 }
 
 TEST(FirstRotationDeathTest, MayComeAtTheClocksLastMoment) {
     constexpr std::uint64_t kLast = UINT64_MAX;
     EXPECT_EXIT((PrintTurn(kLast, 1.0), PrintTurn(kLast, 1.0), std::_Exit(0)), testing::ExitedWithCode(0),
-                "1.000 after 2 looks at the clock;1.000 after 1 looks at the clock;");
+                "1.000 after 2 clock reads;1.000 after 1 clock reads;");
 }
 
-// The inner rotation is the first one; the outer one finds the clock started.
-TEST(FirstRotationDeathTest, MayLetAnotherOneInWhileItAsksForTheTime) {
+// The inner rotation is the first; the outer one finds the clock started.
+TEST(FirstRotationDeathTest, MayContainAnotherOneInItsClockRead) {
     const auto turn_inside = [] {
         const InsideCall turn("GetTickCount64", [] { PrintTurn(700'000, 500.0); });
         PrintTurn(700'000, 500.0);
     };
     EXPECT_EXIT((turn_inside(), std::_Exit(0)), testing::ExitedWithCode(0),
-                "1.000 after 2 looks at the clock;1.000 after");
+                "1.000 after 2 clock reads;1.000 after");
 }
 
 }  // namespace

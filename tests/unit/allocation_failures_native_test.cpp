@@ -1,5 +1,5 @@
-// Every allocation of the library's own fails in turn: the test program is linked with --wrap of what the
-// library allocates with. The simulator is a library of its own and is not touched.
+// Failures of each of the library's allocations: the test program is linked with --wrap for the allocation
+// functions. The simulator is a separate library and is not affected.
 #include <gtest/gtest.h>
 
 #include <cstdio>
@@ -38,7 +38,7 @@ bool FailsNow() { return shortage_in_force != nullptr && shortage_in_force->Fail
 
 }  // namespace
 
-// operator new, operator new[] and the new that answers null.
+// operator new, operator new[] and the nothrow new.
 extern "C" void* __real__Znwm(std::size_t size);
 extern "C" void* __wrap__Znwm(std::size_t size) {
     return FailsNow() ? throw std::bad_alloc() : __real__Znwm(size);
@@ -62,21 +62,21 @@ extern "C" void* __wrap_calloc(std::size_t count, std::size_t size) {
 namespace brindle {
 namespace {
 
-// Longer than what a string holds without allocating.
+// Exceeds the small-string buffer.
 constexpr char16_t kLabel[] = u"a label that does not fit into a string object";
 
-// A call of the library's, and what becomes of it when its first, second, third ... allocation fails.
+// A call of the library, and its expected outcomes when the first, second, third ... allocation fails.
 struct Case {
     const char* name;
     std::function<void()> prepare;
     std::function<std::int32_t()> act;
     std::vector<std::string> outcomes;
-    // When all allocations from that one on fail, where this is another outcome.
+    // Where they differ: the outcomes when all allocations from that one on fail.
     std::vector<std::string> lasting_outcomes = {};
-    bool repeats = true;  // whether it can be made a second time in one run of the library
+    bool repeats = true;  // whether it can be repeated without a new start of the library
 };
 
-constexpr char kRaised[] = "std::bad_alloc";
+constexpr char kThrown[] = "std::bad_alloc";
 
 std::vector<std::string> Always(const char* outcome, std::size_t times) {
     return std::vector<std::string>(times, outcome);
@@ -89,30 +89,31 @@ protected:
         host_.haptic_request = &buzz;
     }
 
-    void Try(const Case& tried) {
-        SCOPED_TRACE(tried.name);
-        const Run undisturbed = Act(tried, {});
+    void InjectEachFailure(const Case& test_case) {
+        SCOPED_TRACE(test_case.name);
+        const Run baseline = Act(test_case, {});
         std::vector<std::string> outcomes;
         std::vector<std::string> lasting_outcomes;
         for (std::uint32_t which = 1;; ++which) {
-            const Run run = Act(tried, {which, which});
+            const Run run = Act(test_case, {which, which});
             if (!run.failed) {
                 break;
             }
-            const Run lasting = Act(tried, {which, UINT32_MAX});
+            const Run lasting = Act(test_case, {which, UINT32_MAX});
             outcomes.push_back(run.outcome);
             lasting_outcomes.push_back(lasting.outcome);
-            EXPECT_EQ(run.again, undisturbed.again);
-            EXPECT_EQ(lasting.again, undisturbed.again);
-            EXPECT_EQ(Act(tried, {}).outcome, undisturbed.outcome);
+            EXPECT_EQ(run.again, baseline.again);
+            EXPECT_EQ(lasting.again, baseline.again);
+            EXPECT_EQ(Act(test_case, {}).outcome, baseline.outcome);
         }
-        EXPECT_EQ(outcomes, tried.outcomes);
-        EXPECT_EQ(lasting_outcomes, tried.lasting_outcomes.empty() ? tried.outcomes : tried.lasting_outcomes);
-        std::fprintf(stderr, "allocations: %s: %zu failures\n", tried.name, outcomes.size());
+        EXPECT_EQ(outcomes, test_case.outcomes);
+        EXPECT_EQ(lasting_outcomes,
+                  test_case.lasting_outcomes.empty() ? test_case.outcomes : test_case.lasting_outcomes);
+        std::fprintf(stderr, "allocations: %s: %zu failures\n", test_case.name, outcomes.size());
     }
 
     static void Start() { ASSERT_EQ(initialize(), 0); }
-    // Loads end when they are told to, and otherwise never.
+    // Loads complete only on request.
     void Listen() {
         Start();
         ASSERT_TRUE(init_dial_listener(&host_));
@@ -123,10 +124,12 @@ protected:
         Listen();
         ASSERT_TRUE(SetMenu(kWindow, {item}));
     }
-    void TryMenu(const char* name, MenuItemDescription item, std::vector<std::string> outcomes) {
+    void InjectEachFailureOfMenu(const char* name, MenuItemDescription item,
+                                 std::vector<std::string> outcomes) {
         item.display_text = kLabel;
-        Try({name, [this] { Listen(); }, [&item] { return std::int32_t{add_custom_menu(kWindow, &item, 1)}; },
-             std::move(outcomes)});
+        InjectEachFailure({name, [this] { Listen(); },
+                           [&item] { return std::int32_t{add_custom_menu(kWindow, &item, 1)}; },
+                           std::move(outcomes)});
     }
 
     const TemporaryFile file_{"brindle-allocation.png", SmallPng()};
@@ -136,18 +139,18 @@ private:
     struct Run {
         bool failed = false;
         std::string outcome;
-        std::string again;  // when there is memory
+        std::string again;  // the outcome of the repetition, with memory
     };
 
-    // In a fresh run of the library, after which everything has come back.
-    static Run Act(const Case& tried, Shortage shortage) {
+    // Restarts the library; at the end nothing is leaked.
+    static Run Act(const Case& test_case, Shortage shortage) {
         dialsim_reset();
-        tried.prepare();
+        test_case.prepare();
         Run run;
-        run.outcome = OutcomeOf(tried, &shortage);
+        run.outcome = OutcomeOf(test_case, &shortage);
         run.failed = shortage.WasInjected();
-        if (tried.repeats) {
-            run.again = OutcomeOf(tried, nullptr);
+        if (test_case.repeats) {
+            run.again = OutcomeOf(test_case, nullptr);
         }
         dialsim_abandon_pending();
         uninit();
@@ -155,27 +158,28 @@ private:
         return run;
     }
 
-    static std::string OutcomeOf(const Case& tried, Shortage* shortage) {
+    static std::string OutcomeOf(const Case& test_case, Shortage* shortage) {
         testing::internal::CaptureStdout();
         std::int32_t answer = 0;
-        bool raised = false;
+        bool thrown = false;
         shortage_in_force = shortage;
         try {
-            answer = tried.act();
+            answer = test_case.act();
         } catch (const std::bad_alloc&) {
-            raised = true;
+            thrown = true;
         }
         shortage_in_force = nullptr;
         const std::string printed = testing::internal::GetCapturedStdout();
         char answered[32];
         std::snprintf(answered, sizeof answered, "answered %x", static_cast<unsigned>(answer));
-        return (raised ? kRaised : answered) + (printed.empty() ? "" : ", " + printed);
+        return (thrown ? kThrown : answered) + (printed.empty() ? "" : ", " + printed);
     }
 };
 
-// A handler that cannot be made is a subscription that fails: tried again, and made then if there is memory.
+// A handler that cannot be allocated is a failed subscription: it is retried, and succeeds when there is
+// memory.
 TEST_F(AllocationFailures, OfRegistering) {
-    std::vector<std::string> outcomes(2, kRaised);
+    std::vector<std::string> outcomes(2, kThrown);
     std::vector<std::string> lasting_outcomes = outcomes;
     for (int line = 467; line <= 491; line += 4) {
         const std::string at_line = " at line " + std::to_string(line) + "\n";
@@ -183,63 +187,64 @@ TEST_F(AllocationFailures, OfRegistering) {
         lasting_outcomes.push_back("answered 0, failed with 8007000e" + at_line +
                                    "register failed with 8007000e at line 110\n");
     }
-    outcomes.emplace_back(kRaised);
-    lasting_outcomes.emplace_back(kRaised);
-    Try({.name = "init_dial_listener",
-         .prepare = Start,
-         .act = [this] { return std::int32_t{init_dial_listener(&host_)}; },
-         .outcomes = outcomes,
-         .lasting_outcomes = lasting_outcomes,
-         .repeats = false});
+    outcomes.emplace_back(kThrown);
+    lasting_outcomes.emplace_back(kThrown);
+    InjectEachFailure({.name = "init_dial_listener",
+                       .prepare = Start,
+                       .act = [this] { return std::int32_t{init_dial_listener(&host_)}; },
+                       .outcomes = outcomes,
+                       .lasting_outcomes = lasting_outcomes,
+                       .repeats = false});
 }
 
 TEST_F(AllocationFailures, OfFillingAMenu) {
     const TemporaryFile font("brindle-allocation.ttf", SmallPng());
-    // The entry, the item's handler, and the place of the entry.
-    TryMenu("a known icon", KnownIcon(1), Always(kRaised, 3));
-    TryMenu("a glyph of an installed font", SystemFont(1), Always(kRaised, 3));
+    // The entry, the item's handler, and the list of entries.
+    InjectEachFailureOfMenu("a known icon", KnownIcon(1), Always(kThrown, 3));
+    InjectEachFailureOfMenu("a glyph of an installed font", SystemFont(1), Always(kThrown, 3));
     // Also the short path.
-    TryMenu("a glyph of a font file", CustomFont(1, font.Path()), Always(kRaised, 4));
-    TryMenu("a picture resource", ResourcePNG(1, 1, kPngResource), Always(kRaised, 3));
-    // The entry, the label's copy, and the handler of the completion.
-    TryMenu("a picture file", FilePNG(1, file_.Path()), Always(kRaised, 3));
+    InjectEachFailureOfMenu("a glyph of a font file", CustomFont(1, font.Path()), Always(kThrown, 4));
+    InjectEachFailureOfMenu("a picture resource", ResourcePNG(1, 1, kPngResource), Always(kThrown, 3));
+    // The entry, the copy of the label, and the completion handler.
+    InjectEachFailureOfMenu("a picture file", FilePNG(1, file_.Path()), Always(kThrown, 3));
 }
 
-// At this border they become a code.
+// The completion handler converts exceptions to codes.
 TEST_F(AllocationFailures, OfOpeningAPictureFile) {
-    Try({"a picture file that is open", [this] { ListenWithAMenu(FilePNG(1, file_.Path())); },
-         dialsim_complete_all, Always("answered 8007000e", 3)});
+    InjectEachFailure({"a picture file that is open", [this] { ListenWithAMenu(FilePNG(1, file_.Path())); },
+                       dialsim_complete_all, Always("answered 8007000e", 3)});
 }
 
-// The sequence's iterator is made while the platform reads it, and its failure comes back through the
-// platform.
+// The platform requests the sequence's iterator, and returns its failure.
 TEST_F(AllocationFailures, OfTheDefaultMenu) {
-    Try({"set_default_menu", [this] { Listen(); },
-         [] { return std::int32_t{set_default_menu(kWindow, kTwoSystemItems, 2)}; }, Always(kRaised, 3)});
+    InjectEachFailure({"set_default_menu", [this] { Listen(); },
+                       [] { return std::int32_t{set_default_menu(kWindow, kTwoSystemItems, 2)}; },
+                       Always(kThrown, 3)});
 }
 
 TEST_F(AllocationFailures, OfLookingForTheDial) {
-    Try({"is_dial_present",
-         [this] {
-             Listen();
-             dialsim_async(DIALSIM_AT_ONCE);
-         },
-         [] { return std::int32_t{is_dial_present(kWindow)}; }, Always(kRaised, 2)});
+    InjectEachFailure({"is_dial_present",
+                       [this] {
+                           Listen();
+                           dialsim_async(DIALSIM_AT_ONCE);
+                       },
+                       [] { return std::int32_t{is_dial_present(kWindow)}; }, Always(kThrown, 2)});
 }
 
 TEST_F(AllocationFailures, OfReadingSettings) {
     const StoresFolder stores;
     ASSERT_TRUE(dialsim_put_credential("host", "key", "17"));
-    Try({"get_string_from_storage",
-         Start,
-         [] {
-             BrindleChar* const text = get_string_from_storage(u"host", u"key");
-             const bool found = text != nullptr;
-             std::free(text);
-             return std::int32_t{found};
-         },
-         {kRaised}});
-    Try({"get_int_from_storage", Start, [] { return get_int_from_storage(u"host", u"key"); }, {kRaised}});
+    InjectEachFailure({"get_string_from_storage",
+                       Start,
+                       [] {
+                           BrindleChar* const text = get_string_from_storage(u"host", u"key");
+                           const bool found = text != nullptr;
+                           std::free(text);
+                           return std::int32_t{found};
+                       },
+                       {kThrown}});
+    InjectEachFailure(
+        {"get_int_from_storage", Start, [] { return get_int_from_storage(u"host", u"key"); }, {kThrown}});
 }
 
 TEST_F(AllocationFailures, OfAnIteratorKeepNoReference) {
@@ -254,31 +259,33 @@ TEST_F(AllocationFailures, OfAnIteratorKeepNoReference) {
     EXPECT_EQ(sequence->Release(), 1u);
 }
 
-// What gets by without memory.
+// Calls that allocate nothing.
 TEST_F(AllocationFailures, OfEverythingElse) {
     const StoresFolder stores;
     const auto listen = [this] { ListenWithAMenu(KnownIcon(1)); };
-    Try({"initialize", [] {}, initialize, {}});
-    Try({"set_current_custom_menu",
-         listen,
-         [] { return std::int32_t{set_current_custom_menu(kWindow, 1)}; },
-         {}});
-    Try({"an item that is chosen", listen, [] { return dialsim_choose(kWindow, 0); }, {}});
-    Try({"a turn", listen, [] { return dialsim_turn(kWindow, 1.0); }, {}});
-    Try({"a click", listen, [] { return dialsim_click(kWindow); }, {}});
-    Try({"a contact",
-         [this] { Listen(); },
-         [] { return dialsim_touch(kWindow, 1, 2, 3, 4) | dialsim_acquire(kWindow); },
-         {}});
-    Try({"set_string_in_storage", Start, [] { return set_string_in_storage(u"host", u"key", u"18"); }, {}});
-    Try({"set_int_in_storage", Start, [] { return set_int_in_storage(u"host", u"key", 18); }, {}});
-    Try({"uninit",
-         listen,
-         [] {
-             uninit();
-             return 0;
-         },
-         {}});
+    InjectEachFailure({"initialize", [] {}, initialize, {}});
+    InjectEachFailure({"set_current_custom_menu",
+                       listen,
+                       [] { return std::int32_t{set_current_custom_menu(kWindow, 1)}; },
+                       {}});
+    InjectEachFailure({"an item that is chosen", listen, [] { return dialsim_choose(kWindow, 0); }, {}});
+    InjectEachFailure({"a turn", listen, [] { return dialsim_turn(kWindow, 1.0); }, {}});
+    InjectEachFailure({"a click", listen, [] { return dialsim_click(kWindow); }, {}});
+    InjectEachFailure({"a contact",
+                       [this] { Listen(); },
+                       [] { return dialsim_touch(kWindow, 1, 2, 3, 4) | dialsim_acquire(kWindow); },
+                       {}});
+    InjectEachFailure(
+        {"set_string_in_storage", Start, [] { return set_string_in_storage(u"host", u"key", u"18"); }, {}});
+    InjectEachFailure(
+        {"set_int_in_storage", Start, [] { return set_int_in_storage(u"host", u"key", 18); }, {}});
+    InjectEachFailure({"uninit",
+                       listen,
+                       [] {
+                           uninit();
+                           return 0;
+                       },
+                       {}});
 }
 
 }  // namespace

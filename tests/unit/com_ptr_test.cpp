@@ -10,7 +10,8 @@
 namespace brindle {
 namespace {
 
-// Counts, answers for the agility marker as it is told, and reports its end. It stays when the count is 0.
+// Counts references, returns a preset code to a query for the agility marker, and reports its last release.
+// It is not deleted.
 class Counted final : public abi::IAgileObject {
 public:
     Counted() = default;
@@ -26,13 +27,13 @@ public:
     }
     std::uint32_t AddRef() noexcept override { return static_cast<std::uint32_t>(++references); }
     std::uint32_t Release() noexcept override {
-        if (--references == 0 && at_end) {
-            at_end();
+        if (--references == 0 && on_last_release) {
+            on_last_release();
         }
         return static_cast<std::uint32_t>(references);
     }
 
-    // An owner of one reference.
+    // Returns an owner of one reference.
     ComPtr<Counted> Owner() {
         AddRef();
         return ComPtr<Counted>::Attach(this);
@@ -41,7 +42,7 @@ public:
     int references = 0;
     HRESULT answer = S_OK;
     bool yields_nothing = false;
-    std::function<void()> at_end;
+    std::function<void()> on_last_release;
 };
 
 TEST(OwnedReferences, BeginEmpty) {
@@ -50,7 +51,7 @@ TEST(OwnedReferences, BeginEmpty) {
     EXPECT_EQ(pointer.Get(), nullptr);
 }
 
-TEST(OwnedReferences, TakingOverAddsNoneAndTheEndReleasesOne) {
+TEST(OwnedReferences, AttachAddsNoneAndTheDestructorReleasesOne) {
     Counted object;
     {
         const auto pointer = object.Owner();
@@ -118,12 +119,12 @@ TEST(OwnedReferences, AssigningToItselfKeepsIt) {
     EXPECT_EQ(object.references, 1);
 }
 
-TEST(OwnedReferences, AFormerObjectThatLooksBackFindsTheNewOne) {
+TEST(OwnedReferences, AReentrantReleaseInAnAssignmentReadsTheNewObject) {
     Counted former;
     Counted latter;
     auto pointer = former.Owner();
     const Counted* seen = nullptr;
-    former.at_end = [&] { seen = pointer.Get(); };
+    former.on_last_release = [&] { seen = pointer.Get(); };
     pointer = latter.Owner();
     EXPECT_EQ(seen, &latter);
 }
@@ -137,11 +138,11 @@ TEST(OwnedReferences, ResetReleasesOnce) {
     EXPECT_EQ(object.references, 0);
 }
 
-TEST(OwnedReferences, AnObjectThatLooksBackDuringResetFindsNothing) {
+TEST(OwnedReferences, AReentrantReleaseInResetReadsNull) {
     Counted object;
     auto pointer = object.Owner();
     bool held_at_end = true;
-    object.at_end = [&] {
+    object.on_last_release = [&] {
         held_at_end = static_cast<bool>(pointer);
         pointer.Reset();
     };
@@ -159,7 +160,7 @@ TEST(OwnedReferences, DetachingReleasesNothing) {
     object.Release();
 }
 
-TEST(OwnedReferences, ThePlaceForAnotherIsEmptiedFirst) {
+TEST(OwnedReferences, PutReleasesTheFormerObject) {
     Counted former;
     Counted latter;
     auto pointer = former.Owner();
@@ -179,7 +180,7 @@ TEST(Queries, GiveAReferenceOfTheirOwn) {
     EXPECT_EQ(object.references, 1);
 }
 
-TEST(Queries, AFailureIsAnsweredAndLeavesNothing) {
+TEST(Queries, AFailureIsReturnedWithANullPointer) {
     Counted former;
     Counted object;
     object.answer = Code(0x80010108);

@@ -17,11 +17,11 @@ constexpr float kInfinity = std::numeric_limits<float>::infinity();
 TEST(Truncation, CutsTheFractionOffTowardZero) {
     const struct {
         float value;
-        std::int32_t whole;
+        std::int32_t truncated;
     } rows[] = {{0.0F, 0},   {-0.0F, 0},  {0.999F, 0}, {-0.5F, 0},    {-0.999F, 0},         {1.0F, 1},
                 {10.7F, 10}, {-1.0F, -1}, {-1.5F, -1}, {-10.7F, -10}, {8388607.5F, 8388607}};
     for (const auto& row : rows)
-        EXPECT_EQ(Truncate(row.value), row.whole) << row.value;
+        EXPECT_EQ(Truncate(row.value), row.truncated) << row.value;
 }
 
 TEST(Truncation, KeepsTheOutermostValuesThatFit) {

@@ -21,8 +21,8 @@ ComPtr<RotationHandler> MakeIdle() {
     return MakeDelegate<RotationHandler>([](auto*, auto*) { return S_OK; });
 }
 
-// What a query answers; a reference that it gave is given back.
-std::pair<HRESULT, void*> Asked(RotationHandler& handler, const GUID& iid) {
+// Returns the query's result; a returned reference is released.
+std::pair<HRESULT, void*> QueryResult(RotationHandler& handler, const GUID& iid) {
     int before = 0;
     void* object = &before;
     const HRESULT code = handler.QueryInterface(iid, &object);
@@ -35,29 +35,29 @@ std::pair<HRESULT, void*> Asked(RotationHandler& handler, const GUID& iid) {
 TEST(Delegates, AnswerForThemselvesTheRootAndTheAgilityMarker) {
     const auto handler = MakeIdle();
     const std::pair<HRESULT, void*> itself{S_OK, handler.Get()};
-    EXPECT_EQ(Asked(*handler.Get(), RotationHandler::Iid), itself);
-    EXPECT_EQ(Asked(*handler.Get(), abi::IUnknown::Iid), itself);
-    EXPECT_EQ(Asked(*handler.Get(), abi::IAgileObject::Iid), itself);
+    EXPECT_EQ(QueryResult(*handler.Get(), RotationHandler::Iid), itself);
+    EXPECT_EQ(QueryResult(*handler.Get(), abi::IUnknown::Iid), itself);
+    EXPECT_EQ(QueryResult(*handler.Get(), abi::IAgileObject::Iid), itself);
 }
 
 TEST(Delegates, AnswerForNothingElse) {
     const auto handler = MakeIdle();
     const std::pair<HRESULT, void*> refused{Code(0x80004002), nullptr};
-    EXPECT_EQ(Asked(*handler.Get(), abi::IInspectable::Iid), refused);
-    EXPECT_EQ(Asked(*handler.Get(), ClickHandler::Iid), refused);
-    EXPECT_EQ(Asked(*handler.Get(), RotationHandler::GenericId), refused);
-    EXPECT_EQ(Asked(*handler.Get(), abi::IMarshalIid), refused);
-    EXPECT_EQ(Asked(*handler.Get(), GUID{}), refused);
+    EXPECT_EQ(QueryResult(*handler.Get(), abi::IInspectable::Iid), refused);
+    EXPECT_EQ(QueryResult(*handler.Get(), ClickHandler::Iid), refused);
+    EXPECT_EQ(QueryResult(*handler.Get(), RotationHandler::GenericId), refused);
+    EXPECT_EQ(QueryResult(*handler.Get(), abi::IMarshalIid), refused);
+    EXPECT_EQ(QueryResult(*handler.Get(), GUID{}), refused);
 }
 
 TEST(Delegates, ARefusedQueryGivesNoReference) {
     const auto handler = MakeIdle();
-    Asked(*handler.Get(), abi::IInspectable::Iid);
+    QueryResult(*handler.Get(), abi::IInspectable::Iid);
     EXPECT_EQ(handler->AddRef(), 2u);
     handler->Release();
 }
 
-TEST(Delegates, AQueryWithoutAPlaceForTheAnswerIsRefused) {
+TEST(Delegates, AQueryWithoutAnOutputPointerIsRefused) {
     const auto handler = MakeIdle();
     EXPECT_EQ(handler->QueryInterface(RotationHandler::Iid, nullptr), Code(0x80004003));
     EXPECT_EQ(handler->AddRef(), 2u);
@@ -90,7 +90,7 @@ TEST(Delegates, EveryAnsweredQueryGivesAReference) {
     handler->Release();
 }
 
-TEST(Delegates, TheActionLivesUntilTheLastReferenceGoes) {
+TEST(Delegates, TheActionLivesUntilTheLastRelease) {
     const auto captured = std::make_shared<int>(0);
     RotationHandler* handler =
         MakeDelegate<RotationHandler>([captured](auto*, auto*) { return S_OK; }).Detach();
@@ -117,7 +117,7 @@ TEST(Delegates, TheActionGetsTheArgumentsAndItsAnswerIsTheAnswer) {
     EXPECT_EQ(handler->Invoke(sender, args), Code(0x80070005));
 }
 
-TEST(Delegates, WhatTheActionRaisesLeavesInvoke) {
+TEST(Delegates, AnExceptionOfTheActionLeavesInvoke) {
     const auto handler =
         MakeDelegate<RotationHandler>([](auto*, auto*) -> HRESULT { throw std::runtime_error("raised"); });
     EXPECT_THROW(handler->Invoke(nullptr, nullptr), std::runtime_error);

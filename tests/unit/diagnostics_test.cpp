@@ -37,7 +37,7 @@ TEST(FailureLines, PrintASuccessAsItIs) {
 
 constexpr WCHAR kUntouched = 0x2592;
 
-// A buffer between guards, and what the formatter did with it.
+// A buffer with a guard at its end, and the formatter's result.
 class Formatted {
 public:
     template <class... Arguments>
@@ -46,8 +46,8 @@ public:
 
     int result() const { return result_; }
     WideText text() const { return cells_.c_str(); }
-    bool untouched() const { return cells_ == WideText(cells_.size(), kUntouched); }
-    bool guard_stands() const { return cells_.back() == kUntouched; }
+    bool is_untouched() const { return cells_ == WideText(cells_.size(), kUntouched); }
+    bool is_guard_intact() const { return cells_.back() == kUntouched; }
 
 private:
     WideText cells_;
@@ -97,21 +97,21 @@ TEST(WideFormatting, ATextWithItsTerminatorMayFillTheBuffer) {
     const Formatted line(8, UTF16("<%s>"), UTF16("12345"));
     EXPECT_EQ(line.text(), UTF16("<12345>"));
     EXPECT_EQ(line.result(), 7);
-    EXPECT_TRUE(line.guard_stands());
+    EXPECT_TRUE(line.is_guard_intact());
 }
 
 TEST(WideFormatting, ATextWithoutRoomForItsTerminatorFailsAndLeavesAnEmptyText) {
     const Formatted line(7, UTF16("<%s>"), UTF16("12345"));
     EXPECT_EQ(line.result(), -1);
     EXPECT_EQ(line.text(), UTF16(""));
-    EXPECT_TRUE(line.guard_stands());
+    EXPECT_TRUE(line.is_guard_intact());
 }
 
 TEST(WideFormatting, ATextThatIsTooLongFailsAndLeavesAnEmptyText) {
     const Formatted line(6, UTF16("<%s>"), UTF16("12345"));
     EXPECT_EQ(line.result(), -1);
     EXPECT_EQ(line.text(), UTF16(""));
-    EXPECT_TRUE(line.guard_stands());
+    EXPECT_TRUE(line.is_guard_intact());
 }
 
 TEST(WideFormatting, ALabelLongerThanTheLineFailsAndTheProcessLives) {
@@ -119,7 +119,7 @@ TEST(WideFormatting, ALabelLongerThanTheLineFailsAndTheProcessLives) {
     const Formatted line(kWideLineCharacters, UTF16("Added %s to menu\n"), label.c_str());
     EXPECT_EQ(line.result(), -1);
     EXPECT_EQ(line.text(), UTF16(""));
-    EXPECT_TRUE(line.guard_stands());
+    EXPECT_TRUE(line.is_guard_intact());
 }
 
 TEST(WideFormatting, TheLineHoldsTwoThousandCharactersWithTheTerminator) {
@@ -140,7 +140,7 @@ TEST(WideFormatting, ALongTextWithoutRoomForItsTerminatorFailsToo) {
     const Formatted line(text.size(), UTF16("%s"), text.c_str());
     EXPECT_EQ(line.result(), -1);
     EXPECT_EQ(line.text(), UTF16(""));
-    EXPECT_TRUE(line.guard_stands());
+    EXPECT_TRUE(line.is_guard_intact());
 }
 
 TEST(WideFormatting, AnEmptyFormatGivesTheEmptyText) {
@@ -152,7 +152,7 @@ TEST(WideFormatting, AnEmptyFormatGivesTheEmptyText) {
 TEST(WideFormatting, ABufferWithoutRoomIsNotTouched) {
     const Formatted line(0, UTF16("%s"), UTF16("text"));
     EXPECT_EQ(line.result(), -1);
-    EXPECT_TRUE(line.untouched());
+    EXPECT_TRUE(line.is_untouched());
 }
 
 TEST(WideFormatting, ABufferOfOneHoldsTheEmptyTextOnly) {
@@ -165,7 +165,7 @@ TEST(WideFormatting, WithoutABufferItFails) { EXPECT_EQ(FormatWide(nullptr, 20, 
 TEST(WideFormatting, WithoutAFormatItFailsAndTouchesNothing) {
     const Formatted line(20, nullptr);
     EXPECT_EQ(line.result(), -1);
-    EXPECT_TRUE(line.untouched());
+    EXPECT_TRUE(line.is_untouched());
 }
 
 }  // namespace

@@ -21,7 +21,7 @@ constexpr char kGetSelected[] = "IRadialControllerMenu::GetSelectedMenuItem";
 constexpr char kGetTag[] = "IRadialControllerMenuItem::get_Tag";
 constexpr char kGetNumber[] = "IPropertyValue::GetUInt32";
 
-// A registered listener whose fields the tests can fill as the menu functions do.
+// A registered listener whose fields a test sets as the menu functions do.
 struct DialListenerTest : SimulatorApartmentTest {
     void SetUp() override {
         SimulatorApartmentTest::SetUp();
@@ -42,7 +42,7 @@ struct DialListenerTest : SimulatorApartmentTest {
         ASSERT_EQ(listener->Register(kWindow), S_OK);
         dialsim_clear_journal();
     }
-    // Lines that the test does not ask for spoil it from here on.
+    // From here on, output that the test does not read fails it.
     void Capture() {
         testing::internal::CaptureStdout();
         capturing_ = true;
@@ -52,13 +52,13 @@ struct DialListenerTest : SimulatorApartmentTest {
         return testing::internal::GetCapturedStdout();
     }
 
-    abi::IRadialControllerMenu* GiveMenu() {
+    abi::IRadialControllerMenu* FetchMenu() {
         EXPECT_EQ(listener->controller_->get_Menu(listener->menu_.menu_.Put()), S_OK);
         return listener->menu_.menu_.Get();
     }
-    // A new item at the end of the menu, selected.
+    // Appends a new item to the menu and selects it.
     ComPtr<abi::IRadialControllerMenuItem> SelectNewItem() {
-        abi::IRadialControllerMenu* menu = GiveMenu();
+        abi::IRadialControllerMenu* menu = FetchMenu();
         EXPECT_EQ(GetFactory<abi::RadialControllerMenuItem>(items), S_OK);
         ComPtr<abi::IRadialControllerMenuItem> item;
         EXPECT_EQ(items->CreateFromKnownIcon(nullptr, abi::RadialControllerMenuKnownIcon::Ruler, item.Put()),
@@ -80,7 +80,7 @@ struct DialListenerTest : SimulatorApartmentTest {
         EXPECT_EQ(item->put_Tag(tag.Get()), S_OK);
         dialsim_clear_journal();
     }
-    // The tag that the host is told with one turn.
+    // Turns the dial once and returns the tag that the host receives.
     std::uint32_t ReportedTag() {
         host.rotations.clear();
         EXPECT_EQ(dialsim_turn(kWindow, 1.0), S_OK);
@@ -108,7 +108,7 @@ struct DialListenerTest : SimulatorApartmentTest {
         MenuEntry entry = MakeEntry(UTF16("Brush"), 7, true);
         return listener->menu_.AddMenuItemFromKnownIcon(entry, abi::RadialControllerMenuKnownIcon::Ruler);
     }
-    // The token of a new item's subscription, as its entry has it.
+    // The token of a new item's subscription, from its entry.
     std::int64_t TokenOfNewItem() {
         MenuEntry entry = MakeEntry(UTF16("Brush"), 7, true);
         EXPECT_EQ(entry.invoked_token, 0);
@@ -158,7 +158,7 @@ TEST_F(DialListenerTest, WithoutAMenuNoSelectionIsAskedFor) {
 }
 
 TEST_F(DialListenerTest, WithoutASelectionTheRotationIsReportedWithoutATag) {
-    GiveMenu();
+    FetchMenu();
     EXPECT_EQ(ReportedTag(), 0u);
     EXPECT_EQ(dialsim_calls(kGetSelected), 1u);
     EXPECT_EQ(dialsim_calls(kGetTag), 0u);
@@ -312,13 +312,13 @@ TEST_F(DialListenerTest, NoItemInvokedIsNoFailure) {
     EXPECT_EQ(Journal(), "");
 }
 
-TEST_F(DialListenerTest, ADialThatIsNotThereIsAFailure) {
+TEST_F(DialListenerTest, AMissingDialIsAFailure) {
     dialsim_remove_devices();
     EXPECT_EQ(listener->Presence().IsDialPresent(), E_FAIL);
 }
 
-// A wait that something else ends meanwhile answers from what has been found so far.
-TEST_F(DialListenerTest, TheAnswerStandsBeforeTheTextsItWasReadFromAreReleased) {
+// A wait that another completion ends returns the result found so far.
+TEST_F(DialListenerTest, TheResultIsStoredBeforeItsStringsAreReleased) {
     const auto found = ComPtr<SharedFlag>::Attach(new SharedFlag);
     const auto done = ComPtr<SharedFlag>::Attach(new SharedFlag);
     dialsim_async(DIALSIM_AT_ONCE);
@@ -369,7 +369,7 @@ TEST_F(DialListenerTest, TheDestructorUnsubscribesNothing) {
     EXPECT_EQ(Journal().find("remove_"), std::string::npos) << Journal();
 }
 
-// A thing whose last release writes down what still existed then.
+// An object whose last release records the objects that still exist.
 template <class Interface>
 class ReleaseObserver : public Interface {
 public:
@@ -427,9 +427,9 @@ public:
     HRESULT TrySelectPreviouslySelectedMenuItem(abi::boolean*) noexcept override { return E_NOTIMPL; }
 };
 
-TEST_F(DialListenerTest, ItemStaticsGoAfterTheEntriesAndBeforeTheMenu) {
+TEST_F(DialListenerTest, ItemStaticsAreReleasedAfterTheEntriesAndBeforeTheMenu) {
     ReleaseObserverForStatics statics;
-    GiveMenu();
+    FetchMenu();
     AddEntry("Brush");
     SetItemStatics(&statics);
     const std::uint32_t menu_references = dialsim_references(kMenus);
@@ -440,7 +440,7 @@ TEST_F(DialListenerTest, ItemStaticsGoAfterTheEntriesAndBeforeTheMenu) {
     EXPECT_EQ(statics.controllers, 1u);
 }
 
-TEST_F(DialListenerTest, TheMenuGoesAfterTheEntriesAndBeforeTheController) {
+TEST_F(DialListenerTest, TheMenuIsReleasedAfterTheEntriesAndBeforeTheController) {
     ReleaseObserverForMenu menu;
     AddEntry("Brush");
     SetMenu(&menu);
@@ -450,7 +450,7 @@ TEST_F(DialListenerTest, TheMenuGoesAfterTheEntriesAndBeforeTheController) {
     EXPECT_EQ(menu.controllers, 1u);
 }
 
-TEST_F(DialListenerTest, TheSpareInterfaceGoesBetweenTheControllerAndItsFactory) {
+TEST_F(DialListenerTest, TheSpareInterfaceIsReleasedBetweenTheControllerAndItsFactory) {
     ReleaseObserverForSpare spare;
     SetSpare(&spare);
     EXPECT_EQ(dialsim_objects(kControllerFactories), 1u);
@@ -462,7 +462,7 @@ TEST_F(DialListenerTest, TheSpareInterfaceGoesBetweenTheControllerAndItsFactory)
 }
 
 TEST_F(DialListenerTest, AnItemsSubscriptionIsKeptWithItsEntryWhenItSucceeded) {
-    GiveMenu();
+    FetchMenu();
     EXPECT_EQ(GetFactory<abi::RadialControllerMenuItem>(items), S_OK);
     SetItemStatics(ComPtr<abi::IRadialControllerMenuItemStatics>(items).Detach());
     EXPECT_GT(TokenOfNewItem(), 0);

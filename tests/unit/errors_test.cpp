@@ -14,7 +14,7 @@
 namespace brindle {
 namespace {
 
-// Whether the code is raised as this kind, not as one derived from it, and the error carries the code.
+// Whether the code is thrown as exactly this type, and the error carries the code.
 template <class Kind>
 bool IsThrownExactlyAs(HRESULT code) {
     try {
@@ -29,7 +29,7 @@ bool IsThrownExactlyAs(HRESULT code) {
 struct KindRow {
     std::uint32_t code;
     const char* kind;
-    bool (*raised_as)(HRESULT code);
+    bool (*thrown_as)(HRESULT code);
 };
 
 #define KIND(code, kind) \
@@ -63,7 +63,7 @@ HRESULT CodeCarriedBy(HRESULT raised) {
 
 TEST(ThrownErrors, EveryCodeOfItsOwnKindIsRaisedAsThatKind) {
     for (const KindRow& row : kKinds)
-        EXPECT_TRUE(row.raised_as(Code(row.code))) << row.kind;
+        EXPECT_TRUE(row.thrown_as(Code(row.code))) << row.kind;
 }
 
 TEST(ThrownErrors, AHandlerForPlatformErrorsCatchesEveryKindAndReadsItsCode) {
@@ -137,7 +137,7 @@ TEST_F(ErrorsToCodes, AnyOtherStandardErrorGivesAGeneralFailure) {
     EXPECT_EQ(CodeFor(std::exception()), Code(0x80004005));
 }
 
-TEST_F(ErrorsToCodes, WhatIsNoStandardErrorGivesAGeneralFailure) {
+TEST_F(ErrorsToCodes, AnExceptionThatIsNotStandardGivesAGeneralFailure) {
     EXPECT_EQ(CodeFor(42), Code(0x80004005));
     EXPECT_EQ(dialsim_calls("RoOriginateLanguageException"), 0u);
 }
@@ -165,7 +165,7 @@ TEST_F(ErrorsToCodes, PlatformErrorsAndMissingMemoryAreNotReported) {
     EXPECT_EQ(Journal(), "");
 }
 
-TEST_F(ErrorsToCodes, TheCodeComesBackWhereTheMessageCannotBeMade) {
+TEST_F(ErrorsToCodes, TheCodeIsReturnedWhereTheMessageCannotBeCreated) {
     for (const char* operation : {"WindowsPreallocateStringBuffer", "WindowsPromoteStringBuffer"}) {
         for (const std::uint32_t code : {0x8007000Eu, 0x80004005u}) {
             ASSERT_TRUE(dialsim_fail(operation, Code(code), 1, 1));

@@ -26,8 +26,8 @@ constexpr DWORD kInProcess = 3;
 
 class FreeThreaded : public SimulatorApartmentTest {
 protected:
-    // A reference to give back; null where it is refused, whatever stood there before.
-    Marshal* AskForMarshal(HRESULT expected) {
+    // Returns a reference that the test releases; null after a refusal, whatever the pointer was before.
+    Marshal* QueryMarshal(HRESULT expected) {
         void* marshal = this;
         EXPECT_EQ(handler_->QueryInterface(abi::IMarshalIid, &marshal), expected);
         return static_cast<Marshal*>(marshal);
@@ -54,7 +54,7 @@ TEST_F(FreeThreaded, IsADelegateAndAgile) {
 }
 
 TEST_F(FreeThreaded, ItsMarshallingIsThePlatformsAndCountsOnIt) {
-    Marshal* const marshal = AskForMarshal(S_OK);
+    Marshal* const marshal = QueryMarshal(S_OK);
     ASSERT_NE(marshal, nullptr);
     EXPECT_EQ(References(), 2u);
     void* root = nullptr;
@@ -68,29 +68,29 @@ TEST_F(FreeThreaded, ItsMarshallingIsThePlatformsAndCountsOnIt) {
     EXPECT_EQ(marshal->Release(), 1u);
 }
 
-TEST_F(FreeThreaded, AnAnswerWithoutAPlaceIsRefused) {
+TEST_F(FreeThreaded, AQueryWithoutAnOutputPointerIsRefused) {
     EXPECT_EQ(handler_->QueryInterface(abi::IMarshalIid, nullptr), E_POINTER);
     EXPECT_EQ(dialsim_calls(kCreateMarshaler), 0u);
 }
 
 TEST_F(FreeThreaded, OneMarshalerServesEveryQuestion) {
     for (int i = 0; i < 3; ++i) {
-        AskForMarshal(S_OK)->Release();
+        QueryMarshal(S_OK)->Release();
     }
     EXPECT_EQ(dialsim_calls(kCreateMarshaler), 1u);
 }
 
 TEST_F(FreeThreaded, WhereThePlatformHasNoMarshalerTheQuestionFailsAndMayBeAskedAgain) {
     dialsim_fail(kCreateMarshaler, Code(0x80070005), 1, 1);
-    EXPECT_EQ(AskForMarshal(Code(0x80070005)), nullptr);
+    EXPECT_EQ(QueryMarshal(Code(0x80070005)), nullptr);
     dialsim_yield_null(kCreateMarshaler, 1, 1);
-    EXPECT_EQ(AskForMarshal(E_NOINTERFACE), nullptr);
+    EXPECT_EQ(QueryMarshal(E_NOINTERFACE), nullptr);
     EXPECT_EQ(References(), 1u);
-    AskForMarshal(S_OK)->Release();
+    QueryMarshal(S_OK)->Release();
 }
 
 TEST_F(FreeThreaded, ArrivesAsItself) {
-    Marshal* const marshal = AskForMarshal(S_OK);
+    Marshal* const marshal = QueryMarshal(S_OK);
     ::IStream* created = nullptr;
     ASSERT_EQ(CreateStreamOnHGlobal(GlobalAlloc(GMEM_MOVEABLE, 256), 1, &created), S_OK);
     auto* const stream = reinterpret_cast<Stream*>(created);

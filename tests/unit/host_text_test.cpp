@@ -25,7 +25,7 @@ TEST_F(HostTexts, EndAtTheFirstTerminatorAndAreClearBeyondIt) {
     const WideText long_text = WideText(UTF16("ab\0"), 3) + WideText(60, 'x');
     String text;
     ASSERT_EQ(WindowsCreateString(long_text.data(), static_cast<UINT>(long_text.size()), text.Put()), S_OK);
-    // Leaves a block behind for the copy to be made in.
+    // Frees a block with content, which the copy then uses.
     HostText used = CopyForHost(ToPlatformString(std::string(63, 'y')));
     used.reset();
     const HostText copy = CopyForHost(text);

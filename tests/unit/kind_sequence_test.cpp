@@ -92,7 +92,7 @@ TEST_F(KindSequenceTest, AnEmptySequenceHasNothing) {
     EXPECT_EQ(more, 0);
 }
 
-TEST_F(KindSequenceTest, ClosedItAnswersNothingAnyMore) {
+TEST_F(KindSequenceTest, ACallAfterCloseFails) {
     const auto iterator = First();
     abi::boolean more = 0;
     EXPECT_EQ(iterator->MoveNext(&more), S_OK);

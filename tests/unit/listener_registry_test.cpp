@@ -68,7 +68,7 @@ TEST(ListenerRegistry, ASecondListenerReplacesTheFirstAndLeavesItAlive) {
     registry.Insert(1, MakeListener());
     EXPECT_NE(registry.Find(1), displaced);
     registry.EndAll();
-    delete displaced;  // still ours to end: the registry has forgotten it
+    delete displaced;  // owned by the test: the registry no longer refers to it
 }
 
 TEST(ListenerRegistry, EndingAllLeavesItEmptyAndUsable) {

@@ -1,4 +1,4 @@
-// A font file whose path is as long as the system takes: 4095 characters, all of them in its short form.
+// A font file with a path of the system's maximum length, 4095 characters, which is its own short path.
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -15,7 +15,7 @@
 namespace brindle {
 namespace {
 
-// Folders in each other, whose names are short already, and a file in the last one; gone with this object.
+// Nested folders with short names, and a file in the innermost one; the destructor deletes them.
 class DeepFile {
 public:
     DeepFile() {
@@ -49,7 +49,7 @@ private:
 
 using LongPath = SimulatorTest;
 
-TEST_F(LongPath, OfAFontFileIsPassedOnWhole) {
+TEST_F(LongPath, OfAFontFileIsPassedOnCompletely) {
     const DeepFile font;
     ASSERT_GT(font.path().size(), 4050u);
     const WideText path(font.path().begin(), font.path().end());

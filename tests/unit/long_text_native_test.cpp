@@ -1,4 +1,4 @@
-// A text of more units than 32 bits can count: 8 GiB of address space over one small piece of memory.
+// A text of more than 2^32 units: 8 GiB of address space mapped to one small block of memory.
 #include <gtest/gtest.h>
 #include <sys/mman.h>
 #include <unistd.h>
@@ -20,7 +20,7 @@ TEST(LongText, Beyond32BitLengthIsThrownAsAnOverflow) {
     constexpr std::size_t kPieces = (std::size_t{1} << 33) / kPiece;
     const int memory = memfd_create("text", 0);
     ASSERT_EQ(ftruncate(memory, kPiece), 0);
-    // One page more, zero, ends the text.
+    // One additional page of zeros terminates the text.
     auto* const text = static_cast<char*>(mmap(nullptr, kPieces * kPiece + 4096, PROT_READ | PROT_WRITE,
                                                MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0));
     ASSERT_NE(text, MAP_FAILED);

@@ -1,4 +1,5 @@
-// Pictures that only a table of resources can hold: large ones, and those of modules with any handle.
+// Large pictures, and pictures of modules with arbitrary handles, which only the simulator's resource table
+// can provide.
 #include "menu/png_resource.h"
 
 #include <gtest/gtest.h>
@@ -32,7 +33,7 @@ protected:
     std::vector<std::uint8_t> bytes_;
 };
 
-TEST_P(LargePicture, ComesWhole) {
+TEST_P(LargePicture, IsReadCompletely) {
     GlobalBlock block;
     ComPtr<abi::IStream> stream;
     ASSERT_EQ(Load(stream, block), S_OK);
@@ -60,7 +61,7 @@ INSTANTIATE_TEST_SUITE_P(OfBytes, LargePicture,
 
 using SimilarHandles = SimilarPair<std::uint64_t>;
 
-// Two modules, of which the first alone has the picture.
+// Two modules, of which only the first has the picture.
 class SimilarModules : public SimulatorApartmentTest, public testing::WithParamInterface<SimilarHandles> {
 protected:
     void SetUp() override {
@@ -71,7 +72,7 @@ protected:
     }
     void TearDown() override {
         uninit();
-        ASSERT_EQ(RoInitialize(RO_INIT_SINGLETHREADED), S_OK);  // for the apartment's own end
+        ASSERT_EQ(RoInitialize(RO_INIT_SINGLETHREADED), S_OK);  // matches the fixture's RoUninitialize
         SimulatorApartmentTest::TearDown();
     }
 

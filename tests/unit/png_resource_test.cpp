@@ -29,7 +29,7 @@ TEST_F(PngResource, ComesAsAStreamFromItsStart) {
     EXPECT_EQ(bytes, SmallPng());
 }
 
-TEST_F(PngResource, NeedsAPlaceForItsStream) {
+TEST_F(PngResource, NeedsAnOutputPointerForItsStream) {
     GlobalBlock block;
     EXPECT_EQ(LoadPngResourceStream(Module(), kPngResource, nullptr, block), E_INVALIDARG);
     EXPECT_EQ(dialsim_calls("FindResourceW"), 0u);
@@ -72,7 +72,7 @@ TEST_F(PngResource, WhateverElseFailsIsAPlainFailure) {
     }
 }
 
-TEST(MenuEntry, WithoutALabelsBoxHasAnEmptyLabel) { EXPECT_EQ(LabelOf(MenuEntry{})[0], 0); }
+TEST(MenuEntry, WithoutALabelObjectHasAnEmptyLabel) { EXPECT_EQ(LabelOf(MenuEntry{})[0], 0); }
 
 TEST(MenuEntry, StartsEmpty) {
     const MenuEntry entry;

@@ -1,4 +1,4 @@
-// The wait for the dial to the millisecond: natively the clock moves with each sleep and with nothing else.
+// The length of the wait in milliseconds: natively only sleeps move the clock.
 #include <brindle.h>
 #include <gtest/gtest.h>
 
@@ -23,7 +23,7 @@ protected:
         dialsim_reset();
     }
 
-    // The dial is among the devices; this long after the start of the wait the platform says so.
+    // The dial is among the devices; the enumeration completes this long after the start of the wait.
     bool IsPresentAfter(std::uint32_t milliseconds) {
         dialsim_async_delay(milliseconds);
         return is_dial_present(kWindow);
@@ -44,7 +44,7 @@ TEST_F(PresenceWait, ReadsTheFlagLastAfterTheTenThousandthSleep) {
     EXPECT_EQ(Sleeps(), 10'000u);
 }
 
-// The flag is not read again, but the answer is.
+// The flag is not read again, but the result is.
 TEST_F(PresenceWait, TakesAnAnswerThatCameDuringTheLastSleep) {
     EXPECT_TRUE(IsPresentAfter(10'001));
     EXPECT_EQ(Sleeps(), 10'001u);

@@ -25,7 +25,7 @@ protected:
         }
     }
 
-    // An operation of one guarded step that answers with these codes, in turn.
+    // An operation of one guarded step that returns these codes in turn.
     HRESULT Run(std::vector<HRESULT> codes) {
         const auto step = [&] { return codes.at(evaluations++); };
         RETURN_IF_STEP_FAILS(42, step());
@@ -104,13 +104,13 @@ TEST_F(Steps, TheLineIsPrintedBetweenTheSecondAndTheThirdEvaluation) {
     EXPECT_EQ(Printed(), "evaluated\nevaluated\nfailed with 80000001 at line 5\nevaluated\n");
 }
 
-TEST_F(Steps, WhatTheOperationRaisesPassesThrough) {
+TEST_F(Steps, AnExceptionOfTheOperationPassesThrough) {
     EXPECT_THROW(Run({}), std::out_of_range);
     EXPECT_EQ(evaluations, 1u);
     EXPECT_EQ(Printed(), "");
 }
 
-TEST_F(Steps, WhatALaterEvaluationRaisesPassesThrough) {
+TEST_F(Steps, AnExceptionOfALaterEvaluationPassesThrough) {
     EXPECT_THROW(Run({kFirst}), std::out_of_range);
     EXPECT_EQ(evaluations, 2u);
     EXPECT_EQ(Printed(), "");

@@ -17,13 +17,13 @@ using PlatformStrings = SimulatorTest;
 
 WideText Converted(std::string_view utf8) { return CharactersOf(ToPlatformString(utf8).Get()); }
 
-TEST_F(PlatformStrings, EmptyTextIsTheEmptyStringAndAsksForNone) {
+TEST_F(PlatformStrings, EmptyTextIsTheEmptyStringAndAllocatesNothing) {
     EXPECT_EQ(ToPlatformString("").Get(), nullptr);
     EXPECT_EQ(ToPlatformString({}).Get(), nullptr);
     EXPECT_EQ(dialsim_calls("WindowsPreallocateStringBuffer"), 0u);
 }
 
-TEST_F(PlatformStrings, TheirLengthIsAskedForAndThenExactlyThatMuchIsMade) {
+TEST_F(PlatformStrings, TheirLengthIsQueriedAndExactlyThatMuchIsAllocated) {
     { const String string = ToPlatformString("dial"); }
     EXPECT_EQ(Journal(),
               "MultiByteToWideChar(65001)\n"
@@ -56,7 +56,7 @@ TEST_F(PlatformStrings, OnlyTheBytesOfTheViewAreRead) {
 
 TEST_F(PlatformStrings, ADamagedByteIsReplaced) { EXPECT_EQ(Converted("a\xFFz"), UTF16("a\uFFFDz")); }
 
-TEST_F(PlatformStrings, ALongTextIsWhole) {
+TEST_F(PlatformStrings, ALongTextIsComplete) {
     EXPECT_EQ(Converted(std::string(100'000, 'x')), WideText(100'000, UTF16('x')));
 }
 
@@ -66,7 +66,7 @@ TEST_F(PlatformStrings, UnconvertibleTextIsTheEmptyStringAndReportsNothing) {
     EXPECT_EQ(Journal(), "MultiByteToWideChar(65001)\n");
 }
 
-// The code that the conversion of a plain text raises.
+// The code that the conversion of a plain text throws.
 HRESULT ThrownCode() {
     try {
         ToPlatformString("dial");
@@ -100,7 +100,7 @@ TEST_F(PlatformStrings, AFailedPromotionReleasesTheBuffer) {
     EXPECT_EQ(dialsim_strings(), 0u);
 }
 
-TEST_F(PlatformStrings, TheOwnerGivesTheStringBackOnce) {
+TEST_F(PlatformStrings, TheOwnerReleasesTheStringOnce) {
     {
         String first = ToPlatformString("dial");
         EXPECT_EQ(dialsim_strings(), 1u);
@@ -111,14 +111,14 @@ TEST_F(PlatformStrings, TheOwnerGivesTheStringBackOnce) {
     EXPECT_EQ(dialsim_calls("WindowsDeleteString"), 1u);
 }
 
-TEST_F(PlatformStrings, AssigningGivesTheFormerStringBack) {
+TEST_F(PlatformStrings, AssigningReleasesTheFormerString) {
     String string = ToPlatformString("first");
     string = ToPlatformString("second");
     EXPECT_EQ(dialsim_calls("WindowsDeleteString(first)"), 1u);
     EXPECT_EQ(CharactersOf(string.Get()), UTF16("second"));
 }
 
-TEST_F(PlatformStrings, ThePlaceForAnotherStringIsEmptiedFirst) {
+TEST_F(PlatformStrings, PutReleasesTheFormerString) {
     String string = ToPlatformString("first");
     EXPECT_EQ(*string.Put(), nullptr);
     EXPECT_EQ(dialsim_calls("WindowsDeleteString(first)"), 1u);

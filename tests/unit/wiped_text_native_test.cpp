@@ -1,4 +1,4 @@
-// What the library frees is looked at on its way: the test program is linked with --wrap=free.
+// Blocks that the library frees are inspected: the test program is linked with --wrap=free.
 #include <gtest/gtest.h>
 #include <malloc.h>
 
@@ -20,7 +20,7 @@ constexpr char16_t kSecret[] = u"17 secret";
 int blocks_with_the_secret = 0;
 
 const void* observed = nullptr;
-std::size_t watched_bytes = 0;
+std::size_t observed_bytes = 0;
 bool observed_was_clear = false;
 
 bool IsClear(const void* block, std::size_t size) {
@@ -36,7 +36,7 @@ extern "C" void __wrap_free(void* block) {
         ++blocks_with_the_secret;
     }
     if (block != nullptr && block == observed) {
-        observed_was_clear = IsClear(block, watched_bytes);
+        observed_was_clear = IsClear(block, observed_bytes);
     }
     __real_free(block);
 }
@@ -55,7 +55,7 @@ protected:
     static HostText Secret() { return CopyForHost(CopyText(kSecret)); }
 };
 
-TEST_F(WipedTexts, ATextThatIsNotWipedWouldBeSeen) {
+TEST_F(WipedTexts, ATextThatIsNotWipedIsDetected) {
     Secret();
     EXPECT_EQ(blocks_with_the_secret, 1);
 }
@@ -63,7 +63,7 @@ TEST_F(WipedTexts, ATextThatIsNotWipedWouldBeSeen) {
 TEST_F(WipedTexts, AWipedTextIsFreedWithoutItsCharacters) {
     HostText secret = Secret();
     observed = secret.get();
-    watched_bytes = sizeof kSecret;
+    observed_bytes = sizeof kSecret;
     Wipe(std::move(secret));
     EXPECT_TRUE(observed_was_clear);
     EXPECT_EQ(blocks_with_the_secret, 0);
@@ -73,8 +73,8 @@ TEST_F(WipedTexts, ALongTextIsWipedToItsEnd) {
     const WideText characters(70'000, 0x8001);
     HostText text = CopyForHost(CopyText(characters.c_str()));
     observed = text.get();
-    watched_bytes = characters.size() * sizeof(WCHAR);
-    EXPECT_FALSE(IsClear(observed, watched_bytes));
+    observed_bytes = characters.size() * sizeof(WCHAR);
+    EXPECT_FALSE(IsClear(observed, observed_bytes));
     Wipe(std::move(text));
     EXPECT_TRUE(observed_was_clear);
 }

@@ -51,7 +51,7 @@ protected:
 inline constexpr GUID IMarshalIid = Id("00000003-0000-0000-c000-000000000046");
 
 // Invoke of a delegate is not noexcept: an exception of an event handler leaves it
-// (Delegates.WhatTheActionRaisesLeavesInvoke).
+// (Delegates.AnExceptionOfTheActionLeavesInvoke).
 template <class Sender, class Args>
 struct TypedEventHandler : IUnknown {
     static constexpr GUID GenericId = Id("9de1c534-6ae1-11e0-84e1-18a905bcc53f");
