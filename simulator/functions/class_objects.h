@@ -1,15 +1,15 @@
-// The functions whose results are objects of the published classes. The classes define them: they are above
-// the functions, which they need for their strings.
+// Functions that return objects of runtime classes. classes/ defines them: it may include functions/, not the
+// reverse.
 #pragma once
 
 #include "platform/functions.h"
 
 namespace dialsim {
 
-// REGDB_E_CLASSNOTREG for a class that the simulator does not have.
+// Returns REGDB_E_CLASSNOTREG for a class that the simulator does not implement.
 HRESULT GetClassFactory(HSTRING class_name, const IID& iid, void** factory);
 
-// Takes over a stream and gives one in its place that is journaled, counted and open to faults.
+// Takes ownership of the stream and returns a wrapper with journal, leak tracking and fault injection.
 ::IStream* JournalStream(::IStream* stream);
 
 HRESULT CreateStreamOverStream(::IStream* stream, const IID& iid, void** result);

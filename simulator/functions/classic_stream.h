@@ -1,4 +1,4 @@
-// How the simulator's classic streams live. They are no objects of the Windows Runtime.
+// Base class of the simulator's COM streams, which are not Windows Runtime objects.
 #pragma once
 
 #include <atomic>
@@ -7,7 +7,7 @@
 
 namespace dialsim {
 
-// Counted, and made with one reference.
+// Created with one reference.
 class ClassicStream : public brindle::abi::IStream {
 public:
     HRESULT QueryInterface(const GUID& iid, void** object) noexcept final {
@@ -15,11 +15,11 @@ public:
         if (object == nullptr) {
             return E_POINTER;
         }
-        const bool answered = abi::SameId(iid, abi::IUnknown::Iid) ||
-                              abi::SameId(iid, abi::ISequentialStream::Iid) ||
-                              abi::SameId(iid, abi::IStream::Iid);
-        *object = answered ? this : nullptr;
-        if (!answered) {
+        const bool supported = abi::SameId(iid, abi::IUnknown::Iid) ||
+                               abi::SameId(iid, abi::ISequentialStream::Iid) ||
+                               abi::SameId(iid, abi::IStream::Iid);
+        *object = supported ? this : nullptr;
+        if (!supported) {
             return E_NOINTERFACE;
         }
         AddRef();

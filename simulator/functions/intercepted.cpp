@@ -1,4 +1,4 @@
-// The flat functions as the library calls them: journaled, tracked, and subject to faults.
+// The intercepted flat functions, with journal, leak tracking and fault injection.
 #include "simulator/functions/intercepted.h"
 
 #include <cerrno>
@@ -19,36 +19,36 @@ namespace dialsim {
 
 namespace {
 
-// --- what the journal prints of an argument
+// --- journal arguments
 
 std::string Shown(const WCHAR* text) { return text == nullptr ? "null" : Narrow(text); }
 std::string Shown(const WCHAR* text, UINT length) {
     return text == nullptr ? "null" : Narrow({text, length});
 }
 
-// An integer in place of a name is an identifier.
+// A value below 0x10000 is an integer identifier instead of a name.
 std::string NameOrId(const WCHAR* name) {
     const auto number = reinterpret_cast<std::uintptr_t>(name);
     return number < 0x10000 ? std::to_string(number) : Narrow(name);
 }
 
-std::string Part(const std::string& text) { return text; }
-std::string Part(HSTRING string) { return Narrow(View(string)); }
+std::string ArgumentText(const std::string& text) { return text; }
+std::string ArgumentText(HSTRING string) { return Narrow(View(string)); }
 template <class Number>
-requires std::is_integral_v<Number> || std::is_enum_v<Number> std::string Part(Number number) {
+requires std::is_integral_v<Number> || std::is_enum_v<Number> std::string ArgumentText(Number number) {
     return std::to_string(number);
 }
 
-// Separated by commas, empty ones too.
-template <class... Parts>
-std::string JournalText(const Parts&... parts) {
+// The arguments separated by commas; empty ones are kept.
+template <class... Arguments>
+std::string JournalText(const Arguments&... arguments) {
     std::string text;
     [[maybe_unused]] const char* separator = "";
-    (text.append(std::exchange(separator, ", ")).append(Part(parts)), ...);
+    (text.append(std::exchange(separator, ", ")).append(ArgumentText(arguments)), ...);
     return text;
 }
 
-// --- what the caller gets under a fault: the forms of the table's column "fault"
+// --- results under a fault: the values of the column "fault" of the function table
 
 struct Code {
     template <class Body>
@@ -63,12 +63,12 @@ struct Code {
 
 template <class T>
 struct Out {
-    explicit Out(T* result) : place(result) {}
-    T* const place;
+    explicit Out(T* pointer) : result(pointer) {}
+    T* const result;
 
     template <class Body>
     HRESULT Run(const char* operation, const std::string& arguments, Body body) const {
-        return PerformInto(operation, arguments, place, body);
+        return PerformInto(operation, arguments, result, body);
     }
 };
 
@@ -90,21 +90,21 @@ struct Value {
     }
 };
 
-template <class Otherwise>
+template <class Fallback>
 struct Else {
-    explicit Else(Otherwise value) : otherwise(value) {}
-    const Otherwise otherwise;
+    explicit Else(Fallback value) : fallback(value) {}
+    const Fallback fallback;
 
     template <class Body>
     auto Run(const char* operation, const std::string& arguments, Body body) const {
         using Result = decltype(body());
         std::optional<Result> result;
         Perform(operation, arguments, [&] { return result = body(), S_OK; });
-        return result ? *result : static_cast<Result>(otherwise());
+        return result ? *result : static_cast<Result>(fallback());
     }
 };
 
-// --- the calls that hand something out, take it back, or are the simulator's own
+// --- functions with leak tracking, and functions that the simulator replaces in both builds
 
 namespace tracked {
 
@@ -131,9 +131,9 @@ HRESULT WindowsPromoteStringBuffer(HSTRING_BUFFER buffer, HSTRING* string) {
     TheLeakTracker().TrackString(*string);
     return code;
 }
-// Natively the clock moves; on Windows the sleep may be skipped.
+// Natively advances the simulated clock; on Windows the sleep may be skipped.
 void Sleep(DWORD milliseconds) { PlatformSleep(milliseconds); }
-// The runtime library ends a process whose buffer is too small; only a fault can cause that here.
+// The runtime library ends the process when the buffer is too small, which only a fault causes here.
 int wcscpy_s(WCHAR* copy, std::size_t size, const WCHAR* text) {
     return WideView(text).size() < size ? real::wcscpy_s(copy, size, text) : ERANGE;
 }
@@ -156,7 +156,7 @@ HRESULT CreateStreamOnHGlobal(HGLOBAL block, BOOL delete_on_release, ::IStream**
     }
     return code;
 }
-// In both builds: Wine has none.
+// Simulated in both builds: Wine lacks this function.
 HRESULT CreateRandomAccessStreamOverStream(::IStream* stream, BSOS_OPTIONS, const IID& iid, void** result) {
     return CreateStreamOverStream(stream, iid, result);
 }
@@ -169,8 +169,8 @@ namespace intercepted {
 
 #define FAULT_CODE \
     Code {}
-#define FAULT_OUT(place) \
-    Out { place }
+#define FAULT_OUT(result) \
+    Out { result }
 #define FAULT_VALUE(value) \
     Value { value }
 #define FAULT_ELSE(value)     \

@@ -1,4 +1,4 @@
-// The flat functions as the library calls them: journaled, tracked, and subject to faults.
+// The intercepted flat functions, with journal, leak tracking and fault injection.
 #pragma once
 
 #include "platform/function_table.h"
@@ -6,8 +6,8 @@
 
 namespace dialsim {
 
-// On Windows puts these in the place of the functions that a loaded module imports (null: the program's);
-// false when it is not loaded. Natively the library is linked to them: true.
+// On Windows hooks the imports of a loaded module (null: the program); false when it is not loaded. Natively
+// the library is linked to the intercepted functions: true.
 bool InterceptModule(const char* module);
 
 namespace intercepted {

@@ -1,4 +1,4 @@
-// How objects are taken from one apartment to another, as the platform publishes it.
+// The platform's interface for marshaling objects between apartments.
 #pragma once
 
 #include <cstdint>
@@ -26,7 +26,7 @@ protected:
 
 inline constexpr DWORD kInProcess = 3;  // MSHCTX_INPROC
 
-// Names the free-threaded marshaler as the one that unmarshals.
+// The class identifier of the free-threaded marshaler.
 inline constexpr GUID kFreeThreadedMarshaler = brindle::abi::Id("0000033a-0000-0000-c000-000000000046");
 
 }  // namespace dialsim

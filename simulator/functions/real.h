@@ -1,4 +1,4 @@
-// The original functions: natively the simulator's implementation, on Windows the system's.
+// The original functions: natively the simulator's implementations, on Windows the system's.
 #pragma once
 
 #include "platform/function_table.h"

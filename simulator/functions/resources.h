@@ -1,4 +1,4 @@
-// What a module holds beside its code.
+// Resources of modules.
 #pragma once
 
 #include <cstdint>
@@ -6,7 +6,7 @@
 
 namespace dialsim {
 
-// False on Windows, where resources are the module's own.
+// False on Windows, where modules contain their resources.
 bool AddResource(std::uint64_t module, std::uint16_t id, const std::string& type, std::string bytes);
 
 }  // namespace dialsim

@@ -1,11 +1,11 @@
-// Platform strings, from the platform's side.
+// Creating and reading platform strings.
 #pragma once
 
 #include "simulator/system/text.h"
 
 namespace dialsim {
 
-// A new string for the caller to own; counted by leak tracking.
+// The caller owns the string; leak tracking counts it.
 HRESULT NewString(WideView text, HSTRING* string);
 
 WideView View(HSTRING string);

@@ -1,4 +1,4 @@
-// The flat functions under their published names, for programs that are linked natively.
+// Defines the flat functions by their published names, for natively linked programs.
 #include "simulator/functions/intercepted.h"
 
 #define EXPORT(result, name, parameters, arguments, ...) \

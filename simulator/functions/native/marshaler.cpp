@@ -1,4 +1,4 @@
-// The free-threaded marshaler: in every apartment of the process the object is the same.
+// The free-threaded marshaler: every apartment of the process gets a pointer to the object itself.
 #include <atomic>
 
 #include "simulator/functions/marshal.h"
@@ -11,11 +11,11 @@ namespace {
 
 namespace abi = brindle::abi;
 
-// What lies in the stream: a pointer.
+// The marshaled data is a pointer.
 constexpr std::uint32_t kSize = sizeof(void*);
 
-// Part of a bigger object: its own roots keep it alive and are nobody else's, those of IMarshal are the
-// outer object's.
+// Aggregated by an outer object. This class's IUnknown counts its own references; the IUnknown methods of its
+// IMarshal are delegated to the outer object.
 class Marshaler final : public abi::IUnknown {
 public:
     explicit Marshaler(abi::IUnknown* outer) : marshal_(outer == nullptr ? this : outer) {
@@ -68,7 +68,7 @@ private:
             *size = kSize;
             return S_OK;
         }
-        // What is on its way holds a reference.
+        // The marshaled data owns a reference.
         HRESULT MarshalInterface(abi::IStream* stream, const IID& iid, void*, DWORD, void*,
                                  DWORD) noexcept override {
             abi::IUnknown* object = nullptr;
@@ -83,26 +83,26 @@ private:
             return code;
         }
         HRESULT UnmarshalInterface(abi::IStream* stream, const IID& iid, void** object) noexcept override {
-            abi::IUnknown* arrived = nullptr;
-            if (const HRESULT code = stream->Read(&arrived, kSize, nullptr); code < 0) {
+            abi::IUnknown* object_in_stream = nullptr;
+            if (const HRESULT code = stream->Read(&object_in_stream, kSize, nullptr); code < 0) {
                 return code;
             }
-            const HRESULT code = arrived->QueryInterface(iid, object);
-            arrived->Release();
+            const HRESULT code = object_in_stream->QueryInterface(iid, object);
+            object_in_stream->Release();
             return code;
         }
         HRESULT ReleaseMarshalData(abi::IStream* stream) noexcept override {
-            abi::IUnknown* arrived = nullptr;
-            const HRESULT code = stream->Read(&arrived, kSize, nullptr);
+            abi::IUnknown* object_in_stream = nullptr;
+            const HRESULT code = stream->Read(&object_in_stream, kSize, nullptr);
             if (code >= 0) {
-                arrived->Release();
+                object_in_stream->Release();
             }
             return code;
         }
         HRESULT DisconnectObject(DWORD) noexcept override { return S_OK; }
 
     private:
-        abi::IUnknown* const outer_;  // not owned: it outlives its parts
+        abi::IUnknown* const outer_;  // not owned: the outer object owns this one
     };
 
     ~Marshaler() { TheLeakTracker().UntrackObject(this); }

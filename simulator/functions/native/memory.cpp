@@ -1,4 +1,4 @@
-// Global blocks, and the stream over one.
+// Global memory blocks and streams over them.
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
@@ -15,7 +15,7 @@ namespace abi = brindle::abi;
 constexpr HRESULT kInvalidFunction = static_cast<HRESULT>(0x80030001);  // STG_E_INVALIDFUNCTION
 constexpr HRESULT kDiskFull = static_cast<HRESULT>(0x80030070);         // STG_E_MEDIUMFULL
 
-// A movable block: what is handed out is no address of its bytes.
+// A movable block: its handle is not the address of its bytes.
 struct Block {
     void* bytes;
     std::size_t size;
@@ -23,7 +23,7 @@ struct Block {
 
 Block* At(HGLOBAL handle) { return static_cast<Block*>(handle); }
 
-// Of fixed size. Whoever freed the block must not use the stream any more, but may let go of it.
+// Has a fixed size. After the block is freed, the stream may only be released.
 class BlockStream final : public ClassicStream {
 public:
     BlockStream(HGLOBAL block, bool owned) : block_(block), owned_(owned) {}
@@ -112,7 +112,7 @@ HGLOBAL GlobalAlloc(UINT flags, std::size_t size) {
 
 void* GlobalLock(HGLOBAL block) { return block == nullptr ? nullptr : At(block)->bytes; }
 
-// 0: nobody holds it locked any more.
+// 0: the lock count is zero.
 BOOL GlobalUnlock(HGLOBAL) { return 0; }
 
 HGLOBAL GlobalFree(HGLOBAL block) {

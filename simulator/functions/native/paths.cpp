@@ -1,4 +1,4 @@
-// Paths and their short forms.
+// Path functions.
 #include "simulator/functions/real.h"
 #include "simulator/system/native/short_paths.h"
 #include "simulator/system/text.h"

@@ -48,7 +48,7 @@ ULONGLONG GetTickCount64() { return ClockNow(); }
 
 int MultiByteToWideChar(UINT code_page, DWORD flags, const char* bytes, int byte_count, WCHAR* wide,
                         int wide_count) {
-    // The flags for other code pages are refused for this one.
+    // UTF-8 requires flags of 0.
     if (code_page != CP_UTF8 || flags != 0) {
         return 0;
     }
@@ -67,7 +67,7 @@ int MultiByteToWideChar(UINT code_page, DWORD flags, const char* bytes, int byte
 
 }  // namespace dialsim
 
-// Nothing can catch it: the process says so and ends.
+// A structured exception cannot be caught natively: prints it and ends the process.
 void RaiseException(DWORD code, DWORD flags, DWORD argument_count, const std::uintptr_t*) {
     std::fprintf(stderr, "structured exception %x, flags %x, %u arguments\n", code, flags, argument_count);
     std::_Exit(EXIT_FAILURE);

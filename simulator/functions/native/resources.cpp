@@ -1,4 +1,4 @@
-// Modules have no resources natively: the program fills a table with them.
+// Native modules have no resources: AddResource adds them to a table.
 #include "simulator/functions/resources.h"
 
 #include <list>
@@ -21,7 +21,7 @@ namespace dialsim {
 namespace {
 
 Mutex resources_mutex;
-std::list<HRSRC__>& resources = *new std::list<HRSRC__>;  // never moved: their addresses are handed out
+std::list<HRSRC__>& resources = *new std::list<HRSRC__>;  // a list: handles are addresses of its elements
 
 const ResetAction clear_resources(ResetPhase::State, [] {
     const std::lock_guard guard(resources_mutex);
@@ -41,7 +41,7 @@ bool AddResource(std::uint64_t module, std::uint16_t id, const std::string& type
 namespace real {
 
 HRSRC FindResourceW(HMODULE module, const WCHAR* name, const WCHAR* type) {
-    // Only identifiers as names, and only names as types.
+    // Supports integer names and string types only.
     if (Number(name) > 0xFFFF || Number(type) <= 0xFFFF) {
         return nullptr;
     }

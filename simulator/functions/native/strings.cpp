@@ -1,4 +1,4 @@
-// The platform's strings: counted, immutable, terminated; null is the empty text.
+// The platform's strings: reference-counted, immutable, null-terminated; null is the empty string.
 #include <atomic>
 #include <cstddef>
 #include <cstdlib>
@@ -7,7 +7,7 @@
 
 #include "simulator/functions/real.h"
 
-// Both kinds begin alike, so that a reader need not know which one it has.
+// The common head of counted strings and string references.
 struct HSTRING__ {
     std::uint32_t is_reference;
     std::uint32_t length;
@@ -20,7 +20,7 @@ namespace {
 
 constexpr HRESULT kNotTerminated = static_cast<HRESULT>(0x80000017);  // E_STRING_NOT_NULL_TERMINATED
 
-// Characters follow in the same block, from `text` on.
+// The characters follow in the same block, starting with `text`.
 struct CountedString : HSTRING__ {
     std::atomic<std::uint32_t> references;
     WCHAR text[1];

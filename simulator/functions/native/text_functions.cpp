@@ -1,4 +1,4 @@
-// The runtime library's functions for UTF-16 texts, as they behave in the "C" locale.
+// The runtime library's functions for UTF-16 strings, in the "C" locale.
 #include <algorithm>
 #include <cerrno>
 #include <cstdint>
@@ -37,7 +37,7 @@ int wcscpy_s(WCHAR* copy, std::size_t size, const WCHAR* text) {
     return 0;
 }
 
-// A number is ASCII: what is not cannot belong to it.
+// A number consists of ASCII characters: parsing ends at the first other one.
 LONG wcstol(const WCHAR* text, WCHAR** end, int base) {
     std::string ascii;
     for (const WCHAR* unit = text; *unit != 0 && *unit < 0x80; ++unit) {

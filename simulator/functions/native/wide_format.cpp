@@ -1,5 +1,5 @@
-// The runtime library's bounded wide formatter, as much of it as UTF-16 texts need: each conversion but %s is
-// left to the standard library's narrow one.
+// The runtime library's bounded wide formatter, as far as the library uses it. Every conversion except %s is
+// done by the standard narrow formatter.
 #include <cstdio>
 #include <string>
 #include <string_view>
@@ -14,12 +14,12 @@ using dialsim::WideView;
 
 constexpr WideView kConversions = u"dioxXucsfFeEgGaApn%";
 
-// One conversion, from % to its letter.
+// Removes one conversion specification from the front, from % to its letter, and returns it.
 std::string TakeConversion(WideView& format) {
     const std::size_t end = format.find_first_of(kConversions, 1);
-    const WideView whole = format.substr(0, end == WideView::npos ? format.size() : end + 1);
-    format.remove_prefix(whole.size());
-    return dialsim::Narrow(whole);
+    const WideView conversion = format.substr(0, end == WideView::npos ? format.size() : end + 1);
+    format.remove_prefix(conversion.size());
+    return dialsim::Narrow(conversion);
 }
 
 template <class Value>

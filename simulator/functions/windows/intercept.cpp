@@ -1,4 +1,4 @@
-// Puts the simulator between a module and the platform's flat functions, by way of the module's import table.
+// Hooks a module's calls of the flat functions through its import address table.
 #include <cstring>
 
 #include "simulator/functions/intercepted.h"
@@ -23,28 +23,28 @@ T* At(char* base, std::size_t offset) {
     return reinterpret_cast<T*>(base + offset);
 }
 
-void Replace(void** place, void* replacement) {
+void PatchEntry(void** entry, void* replacement) {
     DWORD protection = 0;
-    VirtualProtect(place, sizeof *place, PAGE_READWRITE, &protection);
-    *place = replacement;
-    VirtualProtect(place, sizeof *place, protection, &protection);
+    VirtualProtect(entry, sizeof *entry, PAGE_READWRITE, &protection);
+    *entry = replacement;
+    VirtualProtect(entry, sizeof *entry, protection, &protection);
 }
 
-void HookImport(const char* name, void** place) {
-    for (const Hook& import : kHooks) {
-        if (std::strcmp(name, import.name) == 0) {
-            Replace(place, import.replacement);
+void HookImport(const char* name, void** entry) {
+    for (const Hook& hook : kHooks) {
+        if (std::strcmp(name, hook.name) == 0) {
+            PatchEntry(entry, hook.replacement);
         }
     }
 }
 
 void HookLibraryImports(char* base, const IMAGE_IMPORT_DESCRIPTOR& library) {
     const auto* names = At<IMAGE_THUNK_DATA>(base, library.OriginalFirstThunk);
-    auto* places = At<void*>(base, library.FirstThunk);
-    for (; names->u1.AddressOfData != 0; ++names, ++places) {
+    auto* entries = At<void*>(base, library.FirstThunk);
+    for (; names->u1.AddressOfData != 0; ++names, ++entries) {
         if (!IMAGE_SNAP_BY_ORDINAL(names->u1.Ordinal)) {
             const char* name = At<IMAGE_IMPORT_BY_NAME>(base, names->u1.AddressOfData)->Name;
-            HookImport(name, places);
+            HookImport(name, entries);
         }
     }
 }
