@@ -29,7 +29,7 @@ bool Applies(Fault& fault) {
 }  // namespace
 
 Journal& TheJournal() {
-    // Never destroyed: controllers may end after main.
+    // Never destroyed: controllers may be destroyed after main returns.
     static Journal& journal = *new Journal;
     return journal;
 }
@@ -53,11 +53,11 @@ Journal::Entry Journal::Begin(std::string_view operation, std::string_view argum
     return entry;
 }
 
-// With the lock held.
+// Requires the lock.
 Journal::Entry Journal::Write(Line line) {
     Entry entry{first_number_ + lines_.size(), std::nullopt};
     for (Fault& fault : faults_) {
-        // Every fault counts every call, also where an earlier one applies already.
+        // Every fault counts the call, even when an earlier fault applies to it.
         if (line.Matches(fault.pattern) && Applies(fault) && !entry.fault) {
             entry.fault = fault;
         }
@@ -68,7 +68,7 @@ Journal::Entry Journal::Write(Line line) {
 
 void Journal::End(const Entry& entry, HRESULT code) {
     const std::lock_guard guard(mutex_);
-    if (entry.number >= first_number_) {  // not cleared meanwhile
+    if (entry.number >= first_number_) {  // not cleared since Begin
         lines_[entry.number - first_number_].code = code;
     }
 }

@@ -1,4 +1,4 @@
-// Every platform call in order, and the faults that apply to them.
+// The journal of platform calls, and fault injection.
 #pragma once
 
 #include <cstdint>
@@ -17,16 +17,16 @@ namespace dialsim {
 
 struct Fault {
     enum class Kind {
-        Fail,      // the operation does not take place and fails
-        FailLate,  // it takes place and then claims to have failed
-        YieldNull  // it does not take place and succeeds with nothing
+        Fail,      // fails without being executed
+        FailLate,  // is executed and returns a failure
+        YieldNull  // is not executed and succeeds with a null result
     };
 
-    std::string pattern;  // an operation, or an operation with its arguments
+    std::string pattern;  // an operation, with or without arguments
     Kind kind;
     HRESULT code;
-    std::uint32_t from;   // the first matching call that it applies to, counted from 1
-    std::uint32_t times;  // 0: for ever
+    std::uint32_t from;   // the first matching call it applies to, counted from 1
+    std::uint32_t times;  // 0: unlimited
     std::uint32_t matching_calls = 0;
 };
 
@@ -34,15 +34,15 @@ class Journal {
 public:
     struct Entry {
         std::uint64_t number;
-        std::optional<Fault> fault;  // what applies to the call
+        std::optional<Fault> fault;  // the fault that applies to the call
     };
 
     using CallHook = void (*)(void* context, const char* call);
 
-    // Writes the call down, looks for a fault, and then calls the hook without a lock.
+    // Records the call, finds its fault, and calls the hook without a lock.
     Entry Begin(std::string_view operation, std::string_view arguments);
     void End(const Entry& entry, HRESULT code);
-    // What happens without being called for.
+    // Records an event that is not a call of the library.
     void Note(std::string_view event, std::string_view arguments);
 
     void Add(Fault fault);
@@ -73,8 +73,7 @@ private:
 
 Journal& TheJournal();
 
-// While one of these lives, what the platform does on this thread is the platform's own affair: not
-// journaled, and no fault applies.
+// Pauses journal and fault injection on this thread during the lifetime of the object.
 class JournalPause {
 public:
     JournalPause();
@@ -84,8 +83,7 @@ public:
     static bool IsActive();
 };
 
-// One platform operation: journaled, failed by its fault if there is one, else done by `body`, which answers
-// an HRESULT.
+// Performs a platform operation with journal and fault injection. `body` executes it and returns an HRESULT.
 template <class Body>
 HRESULT Perform(std::string_view operation, std::string_view arguments, Body body) {
     if (JournalPause::IsActive()) {
@@ -102,8 +100,8 @@ HRESULT Perform(std::string_view operation, std::string_view arguments, Body bod
     return code;
 }
 
-// The same with a result. A null place for it is refused; a pointer is null unless `body` fills it in; a
-// value is left alone by a failure and zero where nothing is yielded.
+// Performs an operation that stores a result. Fails with E_POINTER when `result` is null. A pointer is null
+// unless `body` stores one; any other value is unchanged after a failure and zero after YieldNull.
 template <class Result, class Body>
 HRESULT PerformInto(std::string_view operation, std::string_view arguments, Result* result, Body body) {
     if (result == nullptr) {

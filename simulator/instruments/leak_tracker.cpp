@@ -10,7 +10,7 @@ namespace {
 
 const ResetAction reset_tracker(ResetPhase::Instruments, [] { TheLeakTracker().Reset(); });
 
-// The null string is the empty text and belongs to nobody.
+// The null string is the empty string and is not tracked.
 void EraseOne(std::multiset<HSTRING>& strings, HSTRING string) {
     if (const auto found = strings.find(string); found != strings.end()) {
         strings.erase(found);
@@ -26,7 +26,7 @@ std::string Line(std::string_view name, const LeakTracker::ClassCounts& counts) 
 }  // namespace
 
 LeakTracker& TheLeakTracker() {
-    // Never destroyed: objects may come back after the end of main.
+    // Never destroyed: objects may be released after main returns.
     static LeakTracker& tracker = *new LeakTracker;
     return tracker;
 }

@@ -1,4 +1,4 @@
-// What the platform has handed out and what has come back.
+// Leak tracking: the outstanding objects, references, handlers, strings and memory blocks.
 #pragma once
 
 #include <atomic>
@@ -22,8 +22,8 @@ public:
         std::uint32_t references = 0;
     };
 
-    // `object` is where it begins, for leak checkers; its count may be read until it is gone. The name is a
-    // constant.
+    // `object` is the address of its allocation, `class_name` a constant. `references` must be valid until
+    // UntrackObject.
     void TrackObject(const void* object, std::string_view class_name,
                      const std::atomic<std::uint32_t>& references);
     void UntrackObject(const void* object);
@@ -41,8 +41,8 @@ public:
     std::uint32_t Blocks();
     std::string Text();
 
-    // What is still out is no longer counted, but kept in sight of leak checkers: some of it is out on
-    // purpose.
+    // Stops counting everything outstanding. Keeps pointers to it: leak checkers do not report references
+    // that are deliberately never released.
     void Reset();
 
 private:

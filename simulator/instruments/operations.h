@@ -1,4 +1,4 @@
-// The operations of the platform that the library calls, as faults name them.
+// The names of the platform operations that the library calls, for fault injection.
 #pragma once
 
 #include <cstddef>
@@ -7,10 +7,10 @@
 
 namespace dialsim {
 
-// By index from 0; null past the last.
+// The name of the operation at this index, from 0; null after the last.
 const char* OperationName(std::size_t index);
 
-// Whether the fault names an operation of the list, with or without arguments, and a kind that it can have.
+// Whether the fault names a listed operation, with or without arguments, and has a kind that it supports.
 bool IsApplicable(const Fault& fault);
 
 }  // namespace dialsim

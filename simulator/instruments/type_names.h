@@ -26,7 +26,7 @@ struct NameMapping {
     std::string_view to;
 };
 
-// The first that fits counts.
+// The first match applies.
 constexpr NameMapping kNameMappings[] = {
     {"HSTRING__ *", "String"},
     {"HSTRING__*", "String"},
@@ -57,7 +57,7 @@ inline constexpr PublishedName kPublishedName = Published(CompilerName<T>());
 
 }  // namespace detail
 
-// "IVectorView<SimpleHapticsControllerFeedback>", taken from the compiler's name for the type.
+// "IVectorView<SimpleHapticsControllerFeedback>", derived from the compiler's name for the type.
 template <class T>
 constexpr std::string_view TypeName() {
     return {detail::kPublishedName<T>.text.data(), detail::kPublishedName<T>.length};
