@@ -3,7 +3,7 @@
 
 namespace dialsim {
 
-// At the start as the environment variable DIALSIM_PACKAGED says.
+// Initially the value of the environment variable DIALSIM_PACKAGED.
 bool IsPackaged();
 void SetPackaged(bool packaged);
 

@@ -17,8 +17,9 @@ namespace {
 
 constexpr HRESULT kSettingsDamaged = static_cast<HRESULT>(0x80073DB8);  // ERROR_STATE_LOAD_STORE_FAILED
 constexpr HRESULT kVaultDamaged = static_cast<HRESULT>(0x80070570);     // ERROR_FILE_CORRUPT
-constexpr HRESULT kValueTooLong = static_cast<HRESULT>(0x80073DC8);  // its name ends in VALUE_SIZE_EXCEEDED
-constexpr HRESULT kNameTooLong = static_cast<HRESULT>(0x80073DC9);   // and NAME_SIZE_EXCEEDED
+// ERROR_STATE_SETTING_VALUE_SIZE_EXCEEDED, ERROR_STATE_SETTING_NAME_SIZE_EXCEEDED
+constexpr HRESULT kValueTooLong = static_cast<HRESULT>(0x80073DC8);
+constexpr HRESULT kNameTooLong = static_cast<HRESULT>(0x80073DC9);
 
 constexpr std::size_t kNameUnits = 255;
 constexpr std::size_t kValueBytes = 8192;
@@ -83,7 +84,7 @@ void ParseIfChanged(const std::optional<std::string>& json, ParsedFile<Content>&
     }
 }
 
-// Prints once what is wrong with a file, until the file is valid again.
+// Prints the error of a damaged file once, until the file is valid again.
 template <class Content>
 HRESULT Load(const StoreFolder& folder, const StoreFile& file, ParsedFile<Content>& parsed) {
     std::optional<std::string> json;

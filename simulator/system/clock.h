@@ -1,4 +1,4 @@
-// Time, as far as the simulator may say what it is.
+// The clock and delayed actions.
 #pragma once
 
 #include <cstdint>
@@ -8,21 +8,21 @@ namespace dialsim {
 
 std::uint64_t ClockNow();
 
-// False on Windows, where the clock is the system's and stays as it is.
+// False on Windows, where the clock is the system's and is unchanged.
 bool SetClock(std::uint64_t milliseconds);
 
-// Lets time pass on the clock that the library reads; in real time also where the simulator owns that clock.
+// Advances the clock that the library reads; with `real_time` the native build also waits that long.
 void Wait(std::uint32_t milliseconds, bool real_time);
 
-// The platform's Sleep. Natively it is a Wait that takes no real time; on Windows it may be skipped.
+// The platform's Sleep. Natively it advances the clock at once; on Windows it may be skipped.
 void PlatformSleep(std::uint32_t milliseconds);
 void SkipSleeps(bool skip);
 
-// Runs the action on a thread of the simulator's, so many milliseconds from now. Where the simulator owns the
-// clock, whoever moves it that far returns when the action has been run.
+// Runs the action on a new thread after this time. Natively, the call that advances the clock that far
+// returns when the action has ended.
 void RunAfter(std::uint32_t milliseconds, std::function<void()> action);
 
-// Returns when every such action has been run; the simulator's own clock moves on as far as that takes.
+// Returns when every such action has ended; natively advances the clock as far as necessary.
 void WaitForActions();
 
 }  // namespace dialsim

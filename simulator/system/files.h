@@ -1,4 +1,4 @@
-// The real file system.
+// Files and paths.
 #pragma once
 
 #include <cstddef>
@@ -10,22 +10,22 @@
 
 namespace dialsim {
 
-// Whether a path says where it begins: at a drive, a share or, natively, the root.
+// Whether the path begins with a drive, a share or, natively, the root.
 bool IsAbsolutePath(WideView path);
 
-// Whether it leads to a file; a folder is none.
+// False for a folder.
 bool IsFile(const WideString& path);
 
-// Null where it cannot be opened; `mode` is that of fopen.
+// Null when the file cannot be opened; `mode` is that of fopen.
 std::FILE* OpenFile(const std::string& path, const char* mode);
 
-// The file's beginning, at most `count` bytes; empty when it cannot be read.
+// At most `count` bytes from the beginning of the file; empty when it cannot be read.
 std::string ReadPrefix(const WideString& path, std::size_t count);
 
-// Nothing where it cannot be read.
+// Empty when the file cannot be read.
 std::optional<std::string> ReadFile(const std::string& path);
 
-// False where it could not be written.
+// False when the file cannot be written.
 bool WriteFile(const std::string& path, const std::string& content);
 
 }  // namespace dialsim

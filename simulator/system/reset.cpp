@@ -6,8 +6,8 @@ namespace dialsim {
 
 namespace {
 
-// A constant until the first action is made, whichever file's that is. Complete when the simulator is loaded:
-// no lock.
+// Constant-initialized, before the actions of any file. The list is complete when the simulator is loaded: no
+// lock.
 constinit const ResetAction* first_action = nullptr;
 
 }  // namespace

@@ -1,13 +1,14 @@
-// What brings the simulator back to the start: each part registers its own action, beside its state.
+// Restores the initial state of the simulator: each file registers an action for its state.
 #pragma once
 
 namespace dialsim {
 
-// Work ends what is under way and may still use the state; State forgets; the Instruments come last, for they
-// have to see what the others release. Actions of one phase do not depend on each other's order.
+// The phases run in this order. Work ends running operations, which may use the state; State resets it;
+// Instruments are last, because they record the releases of the other phases. Actions of one phase run in any
+// order.
 enum class ResetPhase { Work, State, Instruments };
 
-// An object of namespace scope:
+// Define objects at namespace scope:
 //     const ResetAction reset_devices(ResetPhase::State, [] { TheDevices().Reset(); });
 class ResetAction {
 public:

@@ -14,8 +14,8 @@ bool IsContinuation(unsigned char byte) { return (byte & 0xC0) == 0x80; }
 struct Lead {
     int following;
     unsigned char payload_mask;
-    // The range of the byte after the lead byte: it keeps out overlong forms, surrogates and what is beyond
-    // Unicode.
+    // The valid range of the second byte, which excludes overlong forms, surrogates and values above
+    // U+10FFFF.
     unsigned char second_min;
     unsigned char second_max;
 };
@@ -35,7 +35,7 @@ Lead Classify(unsigned char byte) {
     return {-1, 0, 0, 0};
 }
 
-// Takes one character, or the longest beginning of a damaged one, off the front.
+// Decodes and removes the first character. Of an invalid sequence the maximal subpart is removed.
 char32_t DecodeCharacter(std::string_view& utf8) {
     const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(utf8[i]); };
     const unsigned char first = byte(0);
@@ -47,9 +47,9 @@ char32_t DecodeCharacter(std::string_view& utf8) {
     char32_t character = first & lead.payload_mask;
     std::size_t used = 1;
     for (int i = 0; i < lead.following; ++i, ++used) {
-        const bool damaged = used >= utf8.size() || !IsContinuation(byte(used)) ||
+        const bool invalid = used >= utf8.size() || !IsContinuation(byte(used)) ||
                              (used == 1 && (byte(1) < lead.second_min || byte(1) > lead.second_max));
-        if (damaged) {
+        if (invalid) {
             utf8.remove_prefix(used);
             return kReplacement;
         }
@@ -60,21 +60,21 @@ char32_t DecodeCharacter(std::string_view& utf8) {
 }
 
 void AppendUtf8(std::string& utf8, char32_t character) {
-    const auto put = [&](char32_t bits) { utf8 += static_cast<char>(bits); };
+    const auto append = [&](char32_t bits) { utf8 += static_cast<char>(bits); };
     if (character < 0x80) {
-        put(character);
+        append(character);
     } else if (character < 0x800) {
-        put(0xC0 | (character >> 6));
-        put(0x80 | (character & 0x3F));
+        append(0xC0 | (character >> 6));
+        append(0x80 | (character & 0x3F));
     } else if (character < 0x10000) {
-        put(0xE0 | (character >> 12));
-        put(0x80 | ((character >> 6) & 0x3F));
-        put(0x80 | (character & 0x3F));
+        append(0xE0 | (character >> 12));
+        append(0x80 | ((character >> 6) & 0x3F));
+        append(0x80 | (character & 0x3F));
     } else {
-        put(0xF0 | (character >> 18));
-        put(0x80 | ((character >> 12) & 0x3F));
-        put(0x80 | ((character >> 6) & 0x3F));
-        put(0x80 | (character & 0x3F));
+        append(0xF0 | (character >> 18));
+        append(0x80 | ((character >> 12) & 0x3F));
+        append(0x80 | ((character >> 6) & 0x3F));
+        append(0x80 | (character & 0x3F));
     }
 }
 

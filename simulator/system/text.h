@@ -11,11 +11,11 @@ namespace dialsim {
 using WideString = std::basic_string<WCHAR>;
 using WideView = std::basic_string_view<WCHAR>;
 
-// Each damaged sequence becomes U+FFFD, one for its longest possible beginning.
+// Replaces each maximal subpart of an invalid sequence with U+FFFD, as Unicode recommends.
 WideString Widen(std::string_view utf8);
 std::string Narrow(WideView wide);
 
-// A code as the journal shows it: "80004005".
+// A code in the format of the journal: "80004005".
 std::string Hex(HRESULT code);
 
 }  // namespace dialsim

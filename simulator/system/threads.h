@@ -1,4 +1,4 @@
-// Threads that are started one by one and waited for together.
+// Threads that are joined together.
 #pragma once
 
 #include <functional>
@@ -17,11 +17,11 @@ public:
         running_.push_back(StartThread(std::move(action)));
     }
 
-    // Also for those that are started meanwhile. Who comes second waits for the first to have waited.
+    // Also waits for threads that are started during the wait. Concurrent calls wait one after the other.
     void WaitForAll() {
         const std::lock_guard wait_guard(wait_mutex_);
-        for (std::vector<Thread> taken = Take(); !taken.empty(); taken = Take()) {
-            for (Thread& thread : taken) {
+        for (std::vector<Thread> threads = Take(); !threads.empty(); threads = Take()) {
+            for (Thread& thread : threads) {
                 Join(thread);
             }
         }

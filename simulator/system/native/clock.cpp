@@ -1,4 +1,4 @@
-// The native build's clock stands still until it is set or waited on.
+// The native build's clock advances only when it is set or waited on.
 #include "simulator/system/clock.h"
 
 #include <algorithm>
@@ -13,13 +13,13 @@ namespace dialsim {
 
 namespace {
 
-// A machine that has been up for some minutes.
+// Starts at a plausible time since system start.
 std::atomic<std::uint64_t> clock_ms = 500'000;
 
-// Never destroyed: an action may outlive main.
+// Never destroyed: an action may run after main returns.
 Threads& actions = *new Threads;
 
-// Actions whose time has not come, by that time.
+// The pending actions by due time.
 Mutex scheduled_mutex;
 std::multimap<std::uint64_t, std::function<void()>>& scheduled =
     *new std::multimap<std::uint64_t, std::function<void()>>;
@@ -34,8 +34,8 @@ void RunDueActions() {
     actions.WaitForAll();
 }
 
-// Where the clock has to stand for the next action; 0 without one.
-std::uint64_t NextTime() {
+// The due time of the next action; 0 when there is none.
+std::uint64_t NextDueTime() {
     const std::lock_guard guard(scheduled_mutex);
     return scheduled.empty() ? 0 : scheduled.begin()->first;
 }
@@ -72,7 +72,7 @@ void RunAfter(std::uint32_t milliseconds, std::function<void()> action) {
 
 void WaitForActions() {
     actions.WaitForAll();
-    while (const std::uint64_t next = NextTime()) {
+    while (const std::uint64_t next = NextDueTime()) {
         clock_ms = std::max<std::uint64_t>(clock_ms, next);
         RunDueActions();
     }

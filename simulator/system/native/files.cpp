@@ -17,7 +17,7 @@ namespace {
 Mutex short_paths_mutex;
 std::map<std::string, std::string>& long_of_short = *new std::map<std::string, std::string>;
 
-const ResetAction forget_short_paths(ResetPhase::State, [] {
+const ResetAction clear_short_paths(ResetPhase::State, [] {
     const std::lock_guard guard(short_paths_mutex);
     long_of_short.clear();
 });
@@ -27,40 +27,42 @@ bool Exists(const std::string& path) {
     return stat(path.c_str(), &status) == 0;
 }
 
-bool FitsShortName(char c) {
+bool IsShortNameCharacter(char c) {
     return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') || c == '_' ||
            c == '-' || c == '~';
 }
 
-// At most so many characters that a short name can have.
-bool Fits(const std::string& text, std::size_t length) {
-    return text.size() <= length && std::all_of(text.begin(), text.end(), FitsShortName);
+// At most `length` characters, all allowed in a short name.
+bool IsShortNamePart(const std::string& text, std::size_t length) {
+    return text.size() <= length && std::all_of(text.begin(), text.end(), IsShortNameCharacter);
 }
 
-std::string ShortNamePart(const std::string& text, std::size_t length) {
+std::string ToShortNamePart(const std::string& text, std::size_t length) {
     std::string part;
     for (const char c : text) {
         if (part.size() < length && c != '.' && c != ' ') {
-            part += c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : FitsShortName(c) ? c : '_';
+            part += c >= 'a' && c <= 'z'      ? static_cast<char>(c - 'a' + 'A')
+                    : IsShortNameCharacter(c) ? c
+                                              : '_';
         }
     }
     return part;
 }
 
-// ShortNamePart names are told apart by a number.
+// Shortened names are distinguished by a number.
 std::string ShortName(const std::string& name, int number) {
     const std::size_t dot = std::min(name.rfind('.'), name.size());
     const std::string stem = name.substr(0, dot);
     const std::string extension = name.substr(std::min(dot + 1, name.size()));
-    if (Fits(stem, 8) && Fits(extension, 3)) {
+    if (IsShortNamePart(stem, 8) && IsShortNamePart(extension, 3)) {
         return name;
     }
-    const std::string tail = "~" + std::to_string(number);
-    return ShortNamePart(stem, 8 - tail.size()) + tail +
-           (extension.empty() ? "" : "." + ShortNamePart(extension, 3));
+    const std::string suffix = "~" + std::to_string(number);
+    return ToShortNamePart(stem, 8 - suffix.size()) + suffix +
+           (extension.empty() ? "" : "." + ToShortNamePart(extension, 3));
 }
 
-// `parent` is short already.
+// Requires a short `parent`.
 std::string ShortChild(const std::string& parent, const std::string& path, const std::string& name) {
     for (int number = 1;; ++number) {
         const std::string short_name = ShortName(name, number);

@@ -5,13 +5,13 @@
 
 namespace dialsim {
 
-// The path's 8.3 form; it stands for the path from now on.
+// Returns the path's 8.3 form, which LongPath converts back until the next reset.
 std::string ShortPath(const std::string& path);
 
-// What the path stands for; itself unless it is a short one.
+// The path for a result of ShortPath; any other path is returned unchanged.
 std::string LongPath(const std::string& path);
 
-// Whether it, or what it stands for, leads to a file or a folder.
+// Whether the path, or the path for its short form, is an existing file or folder.
 bool PathExists(const std::string& path);
 
 }  // namespace dialsim

@@ -1,4 +1,4 @@
-// Locks and threads: the standard library's.
+// Mutexes and threads of the standard library.
 #pragma once
 
 #include <cstdint>

@@ -11,12 +11,12 @@ namespace dialsim {
 
 namespace {
 
-// Never destroyed: an action may outlive main.
+// Never destroyed: an action may run after main returns.
 Threads& actions = *new Threads;
 
 std::atomic<bool> skip_sleeps = false;
 
-const ResetAction sleep_again(ResetPhase::State, [] { skip_sleeps = false; });
+const ResetAction reset_sleeps(ResetPhase::State, [] { skip_sleeps = false; });
 
 }  // namespace
 

@@ -1,4 +1,4 @@
-// Locks and threads: the system's. The toolchain's default thread model has none in its standard library.
+// Mutexes and threads of the system: with the toolchain's default thread model its standard library has none.
 #pragma once
 
 #include <windows.h>
