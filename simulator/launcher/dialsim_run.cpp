@@ -1,4 +1,4 @@
-// dialsim-run: starts a program with a dial beside it, for a person or for a script.
+// dialsim-run: starts a program with a simulated dial, controlled by the user or a script.
 #include <windows.h>
 // after windows.h
 #include <shellapi.h>
@@ -32,7 +32,7 @@ struct Options {
     std::vector<std::wstring> command;
 };
 
-// Without a command when the arguments make no sense.
+// Without a command after a usage error.
 Options ParseArguments(const std::vector<std::wstring>& words) {
     Options options;
     std::size_t i = 1;
@@ -52,7 +52,7 @@ Options ParseArguments(const std::vector<std::wstring>& words) {
     return options;
 }
 
-std::vector<std::wstring> OwnArguments() {
+std::vector<std::wstring> CommandLineArguments() {
     int count = 0;
     wchar_t** arguments = CommandLineToArgvW(GetCommandLineW(), &count);
     std::vector<std::wstring> words(arguments, arguments + count);
@@ -60,7 +60,7 @@ std::vector<std::wstring> OwnArguments() {
     return words;
 }
 
-// As programs take their command lines apart: backslashes count only in front of a quotation mark.
+// Quotes an argument as command-line parsers expect: backslashes are escaped only before a quotation mark.
 std::wstring Quoted(const std::wstring& word) {
     if (!word.empty() && word.find_first_of(L" \t\"") == std::wstring::npos) {
         return word;
@@ -77,7 +77,7 @@ std::wstring Quoted(const std::wstring& word) {
     return quoted.append(backslashes, L'\\') + L'"';
 }
 
-bool Register() {
+bool RegisterSimulator() {
     wchar_t path[MAX_PATH];
     std::wstring library(path, GetModuleFileNameW(nullptr, path, MAX_PATH));
     library = library.substr(0, library.find_last_of(L'\\') + 1) + L"dialsim.dll";
@@ -127,10 +127,10 @@ int Run(const Options& options) {
 }  // namespace
 
 int main() {
-    const Options options = ParseArguments(OwnArguments());
+    const Options options = ParseArguments(CommandLineArguments());
     if (options.help || options.command.empty()) {
         std::fputs(kHelp, options.help ? stdout : stderr);
         return options.help ? 0 : kUsageError;
     }
-    return Register() ? Run(options) : kNotStarted;
+    return RegisterSimulator() ? Run(options) : kNotStarted;
 }

@@ -1,4 +1,4 @@
-// What the environment asks for, for programs that do not name the simulator.
+// Sessions from environment variables, for programs that do not use the simulator directly.
 #include <cstdio>
 #include <cstdlib>
 #include <string>
@@ -17,25 +17,25 @@ namespace dialsim {
 
 namespace {
 
-constexpr int kUsageError = 2;  // the program's status when its script makes no sense
+constexpr int kUsageError = 2;  // the program's exit status when its script is invalid
 
-// False when nothing was played.
+// False when the script cannot be read or is invalid.
 bool PlayFile(const std::string& path, bool real_time) {
     const auto script = ReadFile(path);
-    const std::string reason = script ? PlayScript(*script, real_time) : "cannot be read";
-    if (!reason.empty()) {
-        std::fprintf(stderr, "dial script %s: %s\n", path.c_str(), reason.c_str());
+    const std::string error = script ? PlayScript(*script, real_time) : "cannot be read";
+    if (!error.empty()) {
+        std::fprintf(stderr, "dial script %s: %s\n", path.c_str(), error.c_str());
     }
-    return reason.empty();
+    return error.empty();
 }
 
-// The host does not know of the simulator: nobody else puts it in the place of what Wine lacks.
+// Intercepts the platform's functions: the program cannot, and Wine lacks one that the simulator provides.
 void InterceptHost() {
     InterceptModule(nullptr);
     InterceptModule("brindle.dll");
 }
 
-// DIALSIM_SETUP, to its end.
+// Plays DIALSIM_SETUP and returns when it has ended.
 void RunSetupScript() {
     const std::string setup = Environment("DIALSIM_SETUP");
     if (!setup.empty()) {
@@ -44,7 +44,7 @@ void RunSetupScript() {
     }
 }
 
-// A program that was started for its script ends with it.
+// With DIALSIM_CLOSE=1 the program ends after its script.
 void PlayAndClose(const std::string& path, std::uint64_t window) {
     const bool played = PlayFile(path, true);
     if (Environment("DIALSIM_CLOSE") != "1") {
@@ -63,8 +63,8 @@ void StartRequestedRecording() {
     }
 }
 
-// DIALSIM_RECORD, _WINDOW and _SCRIPT, for the first window that gets a controller. Nobody waits for the
-// script: the program may end before it does.
+// Applies DIALSIM_RECORD, _WINDOW and _SCRIPT to the first window with a controller. The script is not
+// awaited: the program may end before it.
 void StartSession(std::uint64_t window) {
     StartRequestedRecording();
     const bool has_dial = Environment("DIALSIM_WINDOW") == "1";
@@ -76,12 +76,12 @@ void StartSession(std::uint64_t window) {
         TheDesktop().OpenDial(window);
     }
     if (!script.empty()) {
-        Thread own = StartThread([=] { PlayAndClose(script, window); });
-        Detach(own);
+        Thread thread = StartThread([=] { PlayAndClose(script, window); });
+        Detach(thread);
     }
 }
 
-// Each begins when the platform's classes say so, which know nothing of it.
+// Subscribes to signals: classes/ may not include launcher/.
 struct Session {
     Session() {
         FirstActivation().Subscribe(RunSetupScript);
