@@ -1,4 +1,4 @@
-// The control surface: flat functions over the simulator's parts.
+// The control functions.
 #include "simulator/dialsim.h"
 
 #include <algorithm>
@@ -34,10 +34,10 @@ namespace {
 
 using namespace dialsim;
 
-static_assert(kNoController == DIALSIM_NO_CONTROLLER && kHandlerRaised == DIALSIM_RAISED);
+static_assert(kNoController == DIALSIM_NO_CONTROLLER && kHandlerThrew == DIALSIM_RAISED);
 static_assert(kMemoryFolder == DIALSIM_MEMORY);
 
-std::size_t CopyOut(const std::string& text, char* buffer, std::size_t size) {
+std::size_t CopyText(const std::string& text, char* buffer, std::size_t size) {
     if (buffer != nullptr && size > 0) {
         const std::size_t length = std::min(text.size(), size - 1);
         std::memcpy(buffer, text.data(), length);
@@ -54,9 +54,9 @@ bool AddFault(const Fault& fault) {
     return true;
 }
 
-Threads& scripts = *new Threads;  // never destroyed: a script may outlive main
+Threads& scripts = *new Threads;  // never destroyed: a script may run after main returns
 
-// The simulator's own hand in the menu is not journaled.
+// Not journaled: not a call of the library.
 bool AppendItem(std::uint64_t window, abi::IRadialControllerMenuItem* item) {
     const Ref<Controller> controller = NewestControllerOf(window);
     const JournalPause no_journal;
@@ -83,7 +83,7 @@ void dialsim_close_menu() { CloseMenu(); }
 int32_t dialsim_acquire(uint64_t window) { return Acquire(window); }
 int32_t dialsim_lose(uint64_t window) { return Lose(window); }
 
-size_t dialsim_raised(char* buffer, size_t size) { return CopyOut(LastRaised(), buffer, size); }
+size_t dialsim_raised(char* buffer, size_t size) { return CopyText(LastExceptionMessage(), buffer, size); }
 void dialsim_raise_on_own_thread(bool own_thread) { SetOwnThread(own_thread); }
 
 void dialsim_set_haptics(bool present, const uint16_t* waveforms, uint32_t count) {
@@ -93,17 +93,17 @@ void dialsim_set_haptics(bool present, const uint16_t* waveforms, uint32_t count
 void dialsim_set_type_present(const char* type, bool present) { SetTypePresent(type, present); }
 
 size_t dialsim_menu(uint64_t window, char* buffer, size_t size) {
-    return CopyOut(MenuText(window), buffer, size);
+    return CopyText(MenuText(window), buffer, size);
 }
 size_t dialsim_menu_svg(uint64_t window, char* buffer, size_t size) {
-    return CopyOut(MenuSvg(window), buffer, size);
+    return CopyText(MenuSvg(window), buffer, size);
 }
 
 uint32_t dialsim_system_items(uint64_t window, int32_t* kinds, uint32_t capacity) {
     const Ref<Controller> controller = NewestControllerOf(window);
-    const auto shown = SystemItems(controller ? controller->window() : window);
-    std::copy_n(shown.begin(), std::min<std::size_t>(shown.size(), capacity), kinds);
-    return static_cast<uint32_t>(shown.size());
+    const auto items = SystemItems(controller ? controller->window() : window);
+    std::copy_n(items.begin(), std::min<std::size_t>(items.size(), capacity), kinds);
+    return static_cast<uint32_t>(items.size());
 }
 void dialsim_keep_sequences(bool keep) { RetainSequences(keep); }
 int32_t dialsim_use_kept_sequence() { return UseRetainedSequence(); }
@@ -117,7 +117,7 @@ bool dialsim_append_item(uint64_t window, const char* tag_kind, uint32_t value) 
     } else if (kind == "String") {
         tag = Box(Widen(std::to_string(value)));
     } else if (kind == "object") {
-        tag = MakePropertyValueStatics();  // any object that is no value
+        tag = MakePropertyValueStatics();  // any object that is not a property value
     } else if (kind != "none") {
         return false;
     }
@@ -159,7 +159,7 @@ void dialsim_set_stores(const char* folder) {
 }
 void dialsim_set_packaged(bool packaged) { SetPackaged(packaged); }
 size_t dialsim_store(const char* store, char* buffer, size_t size) {
-    return CopyOut(StoreText(store), buffer, size);
+    return CopyText(StoreText(store), buffer, size);
 }
 bool dialsim_put_setting(const char* store, const char* key, const char* type, const char* value) {
     const auto settings = SettingsNamed(store);
@@ -174,7 +174,7 @@ bool dialsim_put_credential(const char* resource, const char* user_name, const c
 bool dialsim_clear_stores() { return ClearStores(); }
 size_t dialsim_store_file(const char* store, char* buffer, size_t size) {
     const std::optional<std::string> content = StoreContent(store);
-    return content ? CopyOut(*content, buffer, size) : 0;
+    return content ? CopyText(*content, buffer, size) : 0;
 }
 bool dialsim_put_store_file(const char* store, const void* bytes, size_t size) {
     return PutStoreContent(store, std::string(static_cast<const char*>(bytes), size));
@@ -190,16 +190,16 @@ void dialsim_skip_sleeps(bool skip) { SkipSleeps(skip); }
 bool dialsim_set_clock(uint64_t milliseconds) { return SetClock(milliseconds); }
 
 bool dialsim_play(const char* script, uint32_t flags, char* error, size_t error_size) {
-    const std::string reason = PlayScript(script, (flags & DIALSIM_REAL_TIME) != 0);
-    CopyOut(reason, error, error_size);
-    return reason.empty();
+    const std::string script_error = PlayScript(script, (flags & DIALSIM_REAL_TIME) != 0);
+    CopyText(script_error, error, error_size);
+    return script_error.empty();
 }
 
 void dialsim_play_in_background(const char* script, uint32_t flags,
                                 void (*done)(void* context, const char* error), void* context) {
     scripts.Start([script = std::string(script), flags, done, context] {
-        const std::string reason = PlayScript(script, (flags & DIALSIM_REAL_TIME) != 0);
-        done(context, reason.empty() ? nullptr : reason.c_str());
+        const std::string script_error = PlayScript(script, (flags & DIALSIM_REAL_TIME) != 0);
+        done(context, script_error.empty() ? nullptr : script_error.c_str());
     });
 }
 void dialsim_wait_for_scripts() {
@@ -226,7 +226,7 @@ bool dialsim_yield_null(const char* operation, uint32_t from, uint32_t times) {
 }
 const char* dialsim_operation(uint32_t index) { return OperationName(index); }
 
-size_t dialsim_journal(char* buffer, size_t size) { return CopyOut(TheJournal().Text(), buffer, size); }
+size_t dialsim_journal(char* buffer, size_t size) { return CopyText(TheJournal().Text(), buffer, size); }
 void dialsim_clear_journal() { TheJournal().Clear(); }
 void dialsim_on_call(void (*hook)(void* context, const char* call), void* context) {
     TheJournal().SetCallHook(hook, context);
@@ -242,7 +242,7 @@ uint32_t dialsim_references(const char* class_name) {
 uint32_t dialsim_strings() { return TheLeakTracker().Strings(); }
 uint32_t dialsim_blocks() { return TheLeakTracker().Blocks(); }
 uint32_t dialsim_handlers() { return TheLeakTracker().Handlers(); }
-size_t dialsim_accounts(char* buffer, size_t size) { return CopyOut(TheLeakTracker().Text(), buffer, size); }
+size_t dialsim_accounts(char* buffer, size_t size) { return CopyText(TheLeakTracker().Text(), buffer, size); }
 
 void dialsim_reset() { ResetAll(); }
 

@@ -1,4 +1,4 @@
-// The runtime classes that the simulator has.
+// The runtime classes that the simulator implements.
 #pragma once
 
 #include <cstddef>
@@ -7,10 +7,10 @@
 
 namespace dialsim {
 
-// Their names, by index from 0; null past the last.
+// The name of the class at this index, from 0; null after the last.
 const char* ActivatableClass(std::size_t index);
 
-// Emitted before the first class is handed out.
+// Emitted before the first factory is returned.
 OneShotSignal<>& FirstActivation();
 
 }  // namespace dialsim

@@ -25,7 +25,7 @@ const ResetAction restore_types(ResetPhase::State, [] {
     missing_types.clear();
 });
 
-// Types can be made to be missing; of what is finer than a type, everything is there.
+// Reports every member of a present type as present.
 class ApiInformation final : public Object<abi::IApiInformationStatics> {
     using Interface = abi::IApiInformationStatics;
     using boolean = abi::boolean;
@@ -34,40 +34,40 @@ public:
     ApiInformation() : Object(TypeName<Interface>()) {}
 
     HRESULT IsTypePresent(HSTRING type, boolean* result) noexcept override {
-        return Answer("IsTypePresent", type, result);
+        return ReportPresence("IsTypePresent", type, result);
     }
     HRESULT IsMethodPresent(HSTRING type, HSTRING, boolean* result) noexcept override {
-        return Answer("IsMethodPresent", type, result);
+        return ReportPresence("IsMethodPresent", type, result);
     }
     HRESULT IsMethodPresentWithArity(HSTRING type, HSTRING, std::uint32_t,
                                      boolean* result) noexcept override {
-        return Answer("IsMethodPresentWithArity", type, result);
+        return ReportPresence("IsMethodPresentWithArity", type, result);
     }
     HRESULT IsEventPresent(HSTRING type, HSTRING, boolean* result) noexcept override {
-        return Answer("IsEventPresent", type, result);
+        return ReportPresence("IsEventPresent", type, result);
     }
     HRESULT IsPropertyPresent(HSTRING type, HSTRING, boolean* result) noexcept override {
-        return Answer("IsPropertyPresent", type, result);
+        return ReportPresence("IsPropertyPresent", type, result);
     }
     HRESULT IsReadOnlyPropertyPresent(HSTRING type, HSTRING, boolean* result) noexcept override {
-        return Answer("IsReadOnlyPropertyPresent", type, result);
+        return ReportPresence("IsReadOnlyPropertyPresent", type, result);
     }
     HRESULT IsWriteablePropertyPresent(HSTRING type, HSTRING, boolean* result) noexcept override {
-        return Answer("IsWriteablePropertyPresent", type, result);
+        return ReportPresence("IsWriteablePropertyPresent", type, result);
     }
     HRESULT IsEnumNamedValuePresent(HSTRING type, HSTRING, boolean* result) noexcept override {
-        return Answer("IsEnumNamedValuePresent", type, result);
+        return ReportPresence("IsEnumNamedValuePresent", type, result);
     }
     HRESULT IsApiContractPresentByMajor(HSTRING contract, std::uint16_t, boolean* result) noexcept override {
-        return Answer("IsApiContractPresentByMajor", contract, result);
+        return ReportPresence("IsApiContractPresentByMajor", contract, result);
     }
     HRESULT IsApiContractPresentByMajorAndMinor(HSTRING contract, std::uint16_t, std::uint16_t,
                                                 boolean* result) noexcept override {
-        return Answer("IsApiContractPresentByMajorAndMinor", contract, result);
+        return ReportPresence("IsApiContractPresentByMajorAndMinor", contract, result);
     }
 
 private:
-    static HRESULT Answer(std::string_view method, HSTRING name, boolean* result) {
+    static HRESULT ReportPresence(std::string_view method, HSTRING name, boolean* result) {
         const std::string type = Narrow(View(name));
         return PerformInto(MethodName<Interface>(method), type, result, [&] {
             *result = !IsTypeMissing(type);

@@ -1,11 +1,11 @@
-// Which types there are.
+// The types that the platform reports as present.
 #pragma once
 
 #include <string>
 
 namespace dialsim {
 
-// Every type is present at the start.
+// Initially every type is present.
 void SetTypePresent(const std::string& type, bool present);
 
 }  // namespace dialsim

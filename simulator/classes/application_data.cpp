@@ -1,4 +1,4 @@
-// The application's own settings, for programs with the identity of a package.
+// The application's settings, for programs with package identity.
 #include "platform/interfaces/storage.h"
 #include "simulator/classes/factories.h"
 #include "simulator/classes/property_value.h"
@@ -12,7 +12,7 @@ namespace {
 constexpr HRESULT kNoPackage = static_cast<HRESULT>(0x80073D54);        // APPMODEL_ERROR_NO_PACKAGE
 constexpr HRESULT kUnsupportedType = static_cast<HRESULT>(0x8007065E);  // ERROR_UNSUPPORTED_TYPE
 
-// A setting of several values, without the values: nothing here looks into one.
+// A composite setting. Its values are not simulated: no caller reads them.
 class CompositeValue final : public Object<abi::IPropertySet> {
 public:
     CompositeValue() : Object("Windows.Storage.ApplicationDataCompositeValue") {}
@@ -31,7 +31,7 @@ HRESULT ToSetting(abi::IInspectable* value, Setting& setting) {
     return kept ? S_OK : kUnsupportedType;
 }
 
-// Remembers nothing: every call is one to the store.
+// Has no cache: every call accesses the store.
 class SettingsMap final : public Object<abi::IPropertySet, abi::IMap<HSTRING, abi::IInspectable>> {
     using Interface = abi::IMap<HSTRING, abi::IInspectable>;
 
@@ -106,14 +106,14 @@ private:
     const SettingsStore store_;
 };
 
-// The outermost container; the simulator has none inside.
+// A root container. The simulator has no nested containers.
 class Container final : public Object<abi::IApplicationDataContainer> {
     using Interface = abi::IApplicationDataContainer;
 
 public:
     explicit Container(SettingsStore store) : Object(abi::ApplicationDataContainer::Name), store_(store) {}
 
-    // It has no name.
+    // A root container has no name.
     HRESULT get_Name(HSTRING* result) noexcept override {
         return PerformInto(MethodName<Interface>("get_Name"), "", result, [] { return S_OK; });
     }
@@ -159,29 +159,31 @@ public:
                            [&] { return Make<Container>(SettingsStore::Roaming).CopyTo(result); });
     }
 
-    HRESULT get_Version(std::uint32_t* result) noexcept override { return Refuse("get_Version", result); }
+    HRESULT get_Version(std::uint32_t* result) noexcept override {
+        return ReturnNotImplemented("get_Version", result);
+    }
     HRESULT SetVersionAsync(std::uint32_t, abi::ApplicationDataSetVersionHandler*,
                             abi::IAsyncAction** result) noexcept override {
-        return Refuse("SetVersionAsync", result);
+        return ReturnNotImplemented("SetVersionAsync", result);
     }
     HRESULT ClearAllAsync(abi::IAsyncAction** result) noexcept override {
-        return Refuse("ClearAllAsync", result);
+        return ReturnNotImplemented("ClearAllAsync", result);
     }
     HRESULT ClearAsync(abi::ApplicationDataLocality, abi::IAsyncAction** result) noexcept override {
-        return Refuse("ClearAsync", result);
+        return ReturnNotImplemented("ClearAsync", result);
     }
     HRESULT get_LocalFolder(abi::StorageFolder** result) noexcept override {
-        return Refuse("get_LocalFolder", result);
+        return ReturnNotImplemented("get_LocalFolder", result);
     }
     HRESULT get_RoamingFolder(abi::StorageFolder** result) noexcept override {
-        return Refuse("get_RoamingFolder", result);
+        return ReturnNotImplemented("get_RoamingFolder", result);
     }
     HRESULT get_TemporaryFolder(abi::StorageFolder** result) noexcept override {
-        return Refuse("get_TemporaryFolder", result);
+        return ReturnNotImplemented("get_TemporaryFolder", result);
     }
     HRESULT add_DataChanged(abi::TypedEventHandler<abi::ApplicationData, abi::IInspectable>*,
                             EventRegistrationToken* result) noexcept override {
-        return Refuse("add_DataChanged", result);
+        return ReturnNotImplemented("add_DataChanged", result);
     }
     HRESULT remove_DataChanged(EventRegistrationToken) noexcept override {
         return Perform(MethodName<Interface>("remove_DataChanged"), "", [] { return E_NOTIMPL; });
@@ -190,12 +192,12 @@ public:
         return Perform(MethodName<Interface>("SignalDataChanged"), "", [] { return E_NOTIMPL; });
     }
     HRESULT get_RoamingStorageQuota(std::uint64_t* result) noexcept override {
-        return Refuse("get_RoamingStorageQuota", result);
+        return ReturnNotImplemented("get_RoamingStorageQuota", result);
     }
 
 private:
     template <class Result>
-    static HRESULT Refuse(std::string_view method, Result* result) {
+    static HRESULT ReturnNotImplemented(std::string_view method, Result* result) {
         return PerformInto(MethodName<Interface>(method), "", result, [] { return E_NOTIMPL; });
     }
 };

@@ -11,7 +11,8 @@ namespace dialsim {
 
 namespace {
 
-// The platform's threads belong to its multithreaded apartment; one of somebody else's keeps its own.
+// Enters the multithreaded apartment, as the platform's threads do. A thread that is in another apartment
+// stays in it.
 class ApartmentScope {
 public:
     ApartmentScope() = default;
@@ -32,7 +33,7 @@ const ResetAction reset_operations(ResetPhase::Work, [] { TheAsyncOperations().R
 }  // namespace
 
 AsyncOperations& TheAsyncOperations() {
-    // Never destroyed: operations may complete after the end of main.
+    // Never destroyed: operations may complete after main returns.
     static AsyncOperations& operations = *new AsyncOperations;
     return operations;
 }
@@ -56,20 +57,20 @@ void AsyncOperations::OnHandlerAttached(Completable* operation) {
     if (slot == nullptr || slot->completed) {
         return;
     }
-    slot->kept = operation->TryAddReference();
+    slot->referenced = operation->TryAddReference();
     if (slot->mode == AsyncMode::OwnThread) {
         const auto index = static_cast<std::uint32_t>(slot - slots_.data());
         RunAfter(delay_, [this, operation, index] { CompleteOnOwnThread(operation, index); });
     }
 }
 
-// It may have been completed otherwise or abandoned in the meantime.
+// The operation may have been completed or abandoned before this runs.
 void AsyncOperations::CompleteOnOwnThread(Completable* operation, std::uint32_t index) {
     Completable* claimed = nullptr;
     {
         const std::lock_guard guard(mutex_);
-        const bool here = index < slots_.size() && slots_[index].operation == operation;
-        claimed = here ? Claim(slots_[index]) : nullptr;
+        const bool matches = index < slots_.size() && slots_[index].operation == operation;
+        claimed = matches ? Claim(slots_[index]) : nullptr;
     }
     if (claimed != nullptr) {
         const ApartmentScope apartment;
@@ -147,28 +148,28 @@ bool AsyncOperations::MarshalsFreeThreaded(std::uint32_t index) {
     Completable* referenced = nullptr;
     {
         const std::lock_guard guard(mutex_);
-        const bool there = index < slots_.size() && slots_[index].operation != nullptr;
-        referenced = there && slots_[index].operation->TryAddReference() ? slots_[index].operation : nullptr;
+        const bool exists = index < slots_.size() && slots_[index].operation != nullptr;
+        referenced = exists && slots_[index].operation->TryAddReference() ? slots_[index].operation : nullptr;
     }
     if (referenced == nullptr) {
         return false;
     }
-    const bool answer = referenced->MarshalsFreeThreaded();
+    const bool free_threaded = referenced->MarshalsFreeThreaded();
     referenced->ReleaseReference();
-    return answer;
+    return free_threaded;
 }
 
 void AsyncOperations::Abandon() {
-    std::vector<Completable*> kept;
+    std::vector<Completable*> referenced_operations;
     {
         const std::lock_guard guard(mutex_);
         for (Slot& slot : slots_) {
-            if (!std::exchange(slot.completed, true) && std::exchange(slot.kept, false)) {
-                kept.push_back(slot.operation);
+            if (!std::exchange(slot.completed, true) && std::exchange(slot.referenced, false)) {
+                referenced_operations.push_back(slot.operation);
             }
         }
     }
-    for (Completable* operation : kept) {
+    for (Completable* operation : referenced_operations) {
         operation->ReleaseReference();
     }
 }
@@ -192,10 +193,10 @@ Completable* AsyncOperations::Claim(Slot& slot) {
     if (slot.operation == nullptr || slot.completed) {
         return nullptr;
     }
-    if (!slot.kept && !slot.operation->TryAddReference()) {
+    if (!slot.referenced && !slot.operation->TryAddReference()) {
         return nullptr;
     }
-    slot.kept = false;
+    slot.referenced = false;
     slot.completed = true;
     return slot.operation;
 }

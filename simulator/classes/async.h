@@ -1,4 +1,4 @@
-// Asynchronous operations, and when they complete.
+// Asynchronous operations and the time of their completion.
 #pragma once
 
 #include <cstdint>
@@ -17,22 +17,24 @@
 namespace dialsim {
 
 enum class AsyncMode {
-    AtOnce,    // before anybody can listen
-    Held,      // when it is told to
-    OwnThread  // soon after somebody listens, on a thread of its own
+    AtOnce,    // before a handler can be attached
+    Held,      // by a call of Complete
+    OwnThread  // on a new thread, after a handler is attached and the delay
 };
 
-inline constexpr HRESULT kPending = static_cast<HRESULT>(0x8000000A);          // E_PENDING
-inline constexpr HRESULT kIllegalCall = static_cast<HRESULT>(0x8000000E);      // E_ILLEGAL_METHOD_CALL
-inline constexpr HRESULT kIllegalDelegate = static_cast<HRESULT>(0x80000018);  // its name ends in ASSIGNMENT
-inline constexpr HRESULT kCancelled = static_cast<HRESULT>(0x800704C7);        // ERROR_CANCELLED
+inline constexpr HRESULT kPending = static_cast<HRESULT>(0x8000000A);      // E_PENDING
+inline constexpr HRESULT kIllegalCall = static_cast<HRESULT>(0x8000000E);  // E_ILLEGAL_METHOD_CALL
+// E_ILLEGAL_DELEGATE_ASSIGNMENT
+inline constexpr HRESULT kIllegalDelegate = static_cast<HRESULT>(0x80000018);
+inline constexpr HRESULT kCancelled = static_cast<HRESULT>(0x800704C7);  // ERROR_CANCELLED
 
-// What the list of operations needs of one.
+// An operation, independent of its result type.
 class Completable {
 public:
-    // With its own status unless another is given. Empty when it has completed before or nobody listens yet.
+    // Completes with `status`, or without one with the status of its result. Empty when the operation has
+    // already completed or has no handler.
     virtual std::optional<Outcome> Complete(std::optional<abi::AsyncStatus> status) = 0;
-    // Whether its handler does, as long as it has one.
+    // Whether its handler uses the free-threaded marshaler; false without a handler.
     virtual bool MarshalsFreeThreaded() = 0;
     virtual bool TryAddReference() = 0;
     virtual void ReleaseReference() = 0;
@@ -41,39 +43,38 @@ protected:
     ~Completable() = default;
 };
 
-// Every operation since the last reset, in the order of their starts.
+// Every operation since the last reset, in starting order.
 class AsyncOperations {
 public:
     AsyncMode Register(Completable* operation);
     void Unregister(Completable* operation);
-    // Somebody listens.
     void OnHandlerAttached(Completable* operation);
     void OnHandlerReturned(Completable* operation, HRESULT code);
 
     void SetMode(AsyncMode mode);
-    // How long those on threads of their own take.
+    // The time until completion in mode OwnThread.
     void SetDelay(std::uint32_t milliseconds);
     std::uint32_t Pending();
     HRESULT Complete(std::uint32_t index, std::optional<abi::AsyncStatus> status);
     HRESULT CompleteAll();
     HRESULT CompletionCode(std::uint32_t index);
     bool MarshalsFreeThreaded(std::uint32_t index);
-    // Those that have not completed never will.
+    // Pending operations never complete.
     void Abandon();
     void Reset();
 
 private:
     struct Slot {
-        Completable* operation;  // null when it is gone
+        Completable* operation;  // null after its destruction
         AsyncMode mode;
-        bool kept = false;  // by a reference of the list's
+        bool referenced = false;  // the list owns a reference
         bool completed = false;
         HRESULT code = kPending;
     };
 
     void CompleteOnOwnThread(Completable* operation, std::uint32_t index);
     Slot* Find(Completable* operation);
-    // Marks it completed, and takes over or gets a reference; null when it cannot be completed.
+    // Marks the operation as completed and returns a reference to it; null when it cannot be completed.
     Completable* Claim(Slot& slot);
 
     Mutex mutex_;
@@ -92,7 +93,7 @@ class AsyncOperation final : public Object<abi::IAsyncOperation<Result>, abi::IA
     using Value = typename Result::Default;
 
 public:
-    // It will have failed with `code`, or yield the value.
+    // Completes with the value, or fails with a negative `code`.
     AsyncOperation(HRESULT code, Ref<Value> value)
         : Object<Interface, abi::IAsyncInfo>(TypeName<Interface>()), code_(code), value_(std::move(value)) {
         if (TheAsyncOperations().Register(this) == AsyncMode::AtOnce) {
@@ -163,7 +164,7 @@ public:
             return S_OK;
         });
     }
-    // What the simulator does cannot be stopped.
+    // The simulated work cannot be cancelled.
     HRESULT Cancel() noexcept override {
         return Perform(MethodName<abi::IAsyncInfo>("Cancel"), "", [] { return S_OK; });
     }
@@ -204,7 +205,7 @@ private:
     }
     HRESULT Failure() const { return code_ < 0 ? code_ : E_FAIL; }
 
-    // A handler is called once and then let go of.
+    // Calls the handler once and releases it.
     std::optional<Outcome> Call() {
         std::shared_ptr<HeldHandler<Handler>> handler;
         {

@@ -30,7 +30,7 @@ std::uint64_t Number(HWND window) { return reinterpret_cast<std::uintptr_t>(wind
 
 class Configuration;
 
-// The settings outlive the objects; the objects are the same for a window as long as somebody has one.
+// A window has one configuration object while references to it exist. Its settings outlive the object.
 struct Configurations {
     Mutex mutex;
     std::map<std::uint64_t, Kinds> kinds;
@@ -45,7 +45,7 @@ Configurations& TheConfigurations() {
     return configurations;
 }
 
-// The sequence runs whatever code it is made of when it is released, after the lock.
+// Releases the sequence after the lock: its destructor may be code of the library.
 const ResetAction reset_configurations(ResetPhase::State, [] {
     Ref<Sequence> sequence;
     Ref<Iterator> iterator;
@@ -62,7 +62,7 @@ void SetKinds(std::uint64_t window, Kinds kinds) {
     TheConfigurations().kinds[window] = std::move(kinds);
 }
 
-// Runs whatever code the sequence is made of: no lock is held.
+// Calls code of the library through the sequence: no lock may be held.
 HRESULT ReadAll(Iterator& iterator, Kinds& kinds) {
     abi::boolean more = 0;
     for (HRESULT code = iterator.get_HasCurrent(&more);; code = iterator.MoveNext(&more)) {
@@ -126,8 +126,8 @@ public:
         const auto kind = static_cast<std::int32_t>(type);
         return PerformInto(MethodName<Interface>("TrySelectDefaultMenuItem"), std::to_string(kind), result,
                            [&] {
-                               const Kinds shown = SystemItems(window_);
-                               *result = std::find(shown.begin(), shown.end(), kind) != shown.end();
+                               const Kinds kinds = SystemItems(window_);
+                               *result = std::find(kinds.begin(), kinds.end(), kind) != kinds.end();
                                return S_OK;
                            });
     }
@@ -177,7 +177,7 @@ class ConfigurationFactory final
 public:
     ConfigurationFactory() : Object(TypeName<Interop>()) {}
 
-    // A configuration is a window's.
+    // A configuration exists for a window only.
     HRESULT ActivateInstance(abi::IInspectable** instance) noexcept override {
         return PerformInto(MethodName<abi::IActivationFactory>("ActivateInstance"), "", instance,
                            [] { return E_NOTIMPL; });
@@ -223,15 +223,15 @@ HRESULT UseRetainedSequence() {
         return S_FALSE;
     }
     HRESULT code = S_OK;
-    const Ref<Iterator> again = First(*sequence.get(), code);
+    const Ref<Iterator> second_iterator = First(*sequence.get(), code);
     Kinds kinds;
-    for (Iterator* used : {again.get(), iterator.get()}) {
+    for (Iterator* used : {second_iterator.get(), iterator.get()}) {
         if (used != nullptr) {
-            abi::boolean answer = 0;
+            abi::boolean has_current = 0;
             Kind kind{};
             std::uint32_t count = 0;
-            for (const HRESULT use : {used->get_HasCurrent(&answer), used->get_Current(&kind),
-                                      used->MoveNext(&answer), used->GetMany(1, &kind, &count)}) {
+            for (const HRESULT use : {used->get_HasCurrent(&has_current), used->get_Current(&kind),
+                                      used->MoveNext(&has_current), used->GetMany(1, &kind, &count)}) {
                 code = code < 0 ? use : code;
             }
         }

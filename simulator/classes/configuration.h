@@ -1,4 +1,4 @@
-// Which of the system's own entries a window's menu shows.
+// The system items of a window's menu.
 #pragma once
 
 #include <cstdint>
@@ -9,13 +9,15 @@
 
 namespace dialsim {
 
-// In their order; all five unless the window was given others.
+// In menu order; all five unless SetDefaultMenuItems has selected others.
 std::vector<std::int32_t> SystemItems(std::uint64_t window);
 std::string SystemItemName(std::int32_t kind);
 
-// Sequences handed over are normally let go of with the call; kept ones can be used once more later. The code
-// of that: not negative if anything of the sequence still worked, S_FALSE when none is kept.
+// Whether SetDefaultMenuItems keeps a reference to the last sequence after it returns.
 void RetainSequences(bool keep);
+
+// Calls all methods of the retained sequence and releases it. Negative when all calls fail, S_FALSE when no
+// sequence is retained.
 HRESULT UseRetainedSequence();
 
 }  // namespace dialsim

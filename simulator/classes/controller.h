@@ -1,4 +1,4 @@
-// The dial as one window sees it.
+// A window's radial controller.
 #pragma once
 
 #include "platform/interfaces/ui_input.h"
@@ -21,7 +21,7 @@ public:
     RadialMenu& menu() { return *menu_.get(); }
     bool automatic_haptics() const { return automatic_haptics_; }
 
-    // The platform raises the event with arguments made for it from the dial's state.
+    // Each raises one event, with arguments from the dial's state.
     Outcome RaiseRotation(const DialState& dial, double degrees);
     Outcome RaiseClick(const DialState& dial);
     Outcome RaiseContactStarted(const DialState& dial);

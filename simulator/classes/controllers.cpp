@@ -14,19 +14,19 @@ namespace {
 struct Registry {
     Mutex mutex;
     std::vector<Controller*> controllers;
-    std::vector<std::uint64_t> windows;  // that have had a controller
+    std::vector<std::uint64_t> windows;  // every window that has had a controller
 };
 
-// Never destroyed: controllers may leave after the end of main.
+// Never destroyed: controllers may be destroyed after main returns.
 Registry& registry = *new Registry;
 
-// With the mutex held: 0 becomes the window of the controller made last, if there is one.
+// Requires the lock. Replaces 0 with the window of the newest controller, if there is one.
 std::uint64_t Resolve(std::uint64_t window) {
     return window == 0 && !registry.controllers.empty() ? registry.controllers.back()->window() : window;
 }
 
-// Controllers that still exist no longer take part.
-const ResetAction forget_controllers(ResetPhase::State, [] {
+// Controllers that still exist raise no more events.
+const ResetAction clear_controllers(ResetPhase::State, [] {
     const std::lock_guard guard(registry.mutex);
     registry.controllers.clear();
     registry.windows.clear();
@@ -72,9 +72,9 @@ std::size_t WindowNumber(std::uint64_t window) {
     return found == windows.end() ? 0 : static_cast<std::size_t>(found - windows.begin()) + 1;
 }
 
-std::uint64_t WindowAt(std::size_t place) {
+std::uint64_t WindowAt(std::size_t number) {
     const std::lock_guard guard(registry.mutex);
-    return place >= 1 && place <= registry.windows.size() ? registry.windows[place - 1] : kNoWindow;
+    return number >= 1 && number <= registry.windows.size() ? registry.windows[number - 1] : kNoWindow;
 }
 
 OneShotSignal<std::uint64_t>& FirstController() {

@@ -1,4 +1,4 @@
-// Which controllers exist, and the windows that they were made for.
+// The controllers that exist, and their windows.
 #pragma once
 
 #include <cstddef>
@@ -12,25 +12,24 @@ namespace dialsim {
 
 class Controller;
 
-// A handle that the system gives to no window.
+// A handle that no window has.
 inline constexpr std::uint64_t kNoWindow = ~std::uint64_t{0};
 
-// Controllers enter when they are made and leave when they end.
+// Called by the constructor and the destructor of a controller. The registry owns no references.
 void AddController(Controller* controller);
 void RemoveController(Controller* controller);
 
-// References to the window's controllers, oldest first; window 0 is that of the controller made last.
+// References to the window's controllers, oldest first. Window 0 means that of the newest controller.
 std::vector<Ref<Controller>> ControllersOf(std::uint64_t window);
-// Null without one.
+// Null when the window has no controller.
 Ref<Controller> NewestControllerOf(std::uint64_t window);
 
-// A window's place in the order in which windows got their first controller, from 1; 0 for one that never got
-// any.
+// Windows are numbered from 1 in the order of their first controllers; 0 for a window without any.
 std::size_t WindowNumber(std::uint64_t window);
-// The window at that place, or kNoWindow.
-std::uint64_t WindowAt(std::size_t place);
+// The window with this number, or kNoWindow.
+std::uint64_t WindowAt(std::size_t number);
 
-// Emitted with its window when the first controller has been made.
+// Emitted after the first controller is created, with its window.
 OneShotSignal<std::uint64_t>& FirstController();
 
 }  // namespace dialsim

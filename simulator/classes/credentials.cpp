@@ -1,4 +1,4 @@
-// The user's credentials, and the vault that keeps them.
+// The user's credentials and their vault.
 #include "platform/interfaces/credentials.h"
 #include "simulator/classes/factories.h"
 #include "simulator/classes/vectors.h"
@@ -8,8 +8,8 @@ namespace dialsim {
 
 namespace {
 
-// What the journal may tell of a credential.
-std::string Names(WideView resource, WideView user_name) {
+// The journal arguments of a credential. The password never appears in the journal.
+std::string ResourceAndUserName(WideView resource, WideView user_name) {
     return Narrow(resource) + ", " + Narrow(user_name);
 }
 
@@ -98,7 +98,7 @@ Ref<abi::IPasswordCredential> MakeCredential(WideView resource, WideView user_na
         new Credential({WideString(resource), WideString(user_name), WideString(password)}));
 }
 
-// Empty for null and for credentials of others.
+// Empty for null and for other implementations of the interface.
 CredentialTexts TextsOf(abi::IPasswordCredential* credential) {
     auto* ours = dynamic_cast<Credential*>(credential);
     return ours == nullptr ? CredentialTexts() : ours->Texts();
@@ -113,8 +113,8 @@ public:
     HRESULT CreatePasswordCredential(HSTRING resource, HSTRING user_name, HSTRING password,
                                      abi::IPasswordCredential** result) noexcept override {
         return PerformInto(
-            MethodName<Interface>("CreatePasswordCredential"), Names(View(resource), View(user_name)), result,
-            [&] {
+            MethodName<Interface>("CreatePasswordCredential"),
+            ResourceAndUserName(View(resource), View(user_name)), result, [&] {
                 if (View(resource).empty() || View(user_name).empty() || View(password).empty()) {
                     return E_INVALIDARG;
                 }
@@ -132,21 +132,23 @@ public:
 
     HRESULT Add(abi::IPasswordCredential* credential) noexcept override {
         const CredentialTexts texts = TextsOf(credential);
-        return Perform(MethodName<Interface>("Add"), Names(texts.resource, texts.user_name),
+        return Perform(MethodName<Interface>("Add"), ResourceAndUserName(texts.resource, texts.user_name),
                        [&] { return PutCredential(texts.resource, texts.user_name, texts.password); });
     }
     HRESULT Remove(abi::IPasswordCredential* credential) noexcept override {
         const CredentialTexts texts = TextsOf(credential);
-        return Perform(MethodName<Interface>("Remove"), Names(texts.resource, texts.user_name), [&] {
-            return UseVault([&](Vault& vault) {
-                return vault.erase({texts.resource, texts.user_name}) == 0 ? kNotFound : S_OK;
-            });
-        });
+        return Perform(MethodName<Interface>("Remove"), ResourceAndUserName(texts.resource, texts.user_name),
+                       [&] {
+                           return UseVault([&](Vault& vault) {
+                               return vault.erase({texts.resource, texts.user_name}) == 0 ? kNotFound : S_OK;
+                           });
+                       });
     }
     HRESULT Retrieve(HSTRING resource, HSTRING user_name,
                      abi::IPasswordCredential** result) noexcept override {
         return PerformInto(
-            MethodName<Interface>("Retrieve"), Names(View(resource), View(user_name)), result, [&] {
+            MethodName<Interface>("Retrieve"), ResourceAndUserName(View(resource), View(user_name)), result,
+            [&] {
                 WideString password;
                 const HRESULT code =
                     FindPassword(WideString(View(resource)), WideString(View(user_name)), password);
@@ -171,13 +173,13 @@ public:
     }
 
 private:
-    // Lists have no passwords; each credential retrieves its own.
-    template <class Wanted>
-    static HRESULT Find(Wanted wanted, HRESULT none, List** result) {
+    // Credentials in lists have no password until RetrievePassword is called.
+    template <class Predicate>
+    static HRESULT Find(Predicate matches, HRESULT none, List** result) {
         std::vector<Ref<abi::IPasswordCredential>> found;
         const HRESULT code = UseVault([&](Vault& vault) {
             for (const auto& [names, password] : vault) {
-                if (wanted(names)) {
+                if (matches(names)) {
                     found.push_back(MakeCredential(names.first, names.second, {}));
                 }
             }

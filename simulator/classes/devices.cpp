@@ -19,7 +19,7 @@ constexpr char kDial[] =
 
 const ResetAction reset_devices(ResetPhase::State, [] { TheDevices().Reset(); });
 
-// What a query asks of a device interface.
+// The conditions of a query.
 struct Filter {
     std::string interface_class;  // empty: any
     std::optional<bool> enabled;
@@ -30,7 +30,7 @@ struct Filter {
     }
 };
 
-// The terms of a conjunction, without their blanks.
+// Splits a conjunction into its terms and removes white space.
 std::vector<std::string> TermsOf(const std::string& query) {
     std::vector<std::string> terms(1);
     std::istringstream words(query);
@@ -44,7 +44,7 @@ std::vector<std::string> TermsOf(const std::string& query) {
     return terms;
 }
 
-// The two properties that device interfaces have here, in the platform's query syntax.
+// Parses a condition on one of the two supported properties, in Advanced Query Syntax.
 bool ParseTerm(const std::string& term, Filter& filter) {
     static const std::string of_class = "System.Devices.InterfaceClassGuid:=\"";
     static const std::string of_enabled =
@@ -98,24 +98,24 @@ public:
         });
     }
     HRESULT get_EnclosureLocation(abi::EnclosureLocation** result) noexcept override {
-        return Refuse("get_EnclosureLocation", result);
+        return ReturnNotImplemented("get_EnclosureLocation", result);
     }
     HRESULT get_Properties(abi::IMapView<HSTRING, abi::IInspectable>** result) noexcept override {
-        return Refuse("get_Properties", result);
+        return ReturnNotImplemented("get_Properties", result);
     }
     HRESULT Update(abi::DeviceInformationUpdate*) noexcept override {
         return Perform(MethodName<Interface>("Update"), "", [] { return E_NOTIMPL; });
     }
     HRESULT GetThumbnailAsync(abi::IAsyncOperation<abi::DeviceThumbnail>** result) noexcept override {
-        return Refuse("GetThumbnailAsync", result);
+        return ReturnNotImplemented("GetThumbnailAsync", result);
     }
     HRESULT GetGlyphThumbnailAsync(abi::IAsyncOperation<abi::DeviceThumbnail>** result) noexcept override {
-        return Refuse("GetGlyphThumbnailAsync", result);
+        return ReturnNotImplemented("GetGlyphThumbnailAsync", result);
     }
 
 private:
     template <class Result>
-    static HRESULT Refuse(std::string_view method, Result** result) {
+    static HRESULT ReturnNotImplemented(std::string_view method, Result** result) {
         return PerformInto(MethodName<Interface>(method), "", result, [] { return E_NOTIMPL; });
     }
 
@@ -141,39 +141,39 @@ public:
     }
 
     HRESULT CreateFromIdAsync(HSTRING, DeviceOperation** result) noexcept override {
-        return Refuse("CreateFromIdAsync", result);
+        return ReturnNotImplemented("CreateFromIdAsync", result);
     }
     HRESULT CreateFromIdAsyncAdditionalProperties(HSTRING, AdditionalProperties*,
                                                   DeviceOperation** result) noexcept override {
-        return Refuse("CreateFromIdAsyncAdditionalProperties", result);
+        return ReturnNotImplemented("CreateFromIdAsyncAdditionalProperties", result);
     }
     HRESULT FindAllAsync(Operation** result) noexcept override {
         return PerformInto(MethodName<Interface>("FindAllAsync"), "", result,
                            [&] { return StartEnumeration({}).CopyTo(result); });
     }
     HRESULT FindAllAsyncDeviceClass(abi::DeviceClass, Operation** result) noexcept override {
-        return Refuse("FindAllAsyncDeviceClass", result);
+        return ReturnNotImplemented("FindAllAsyncDeviceClass", result);
     }
     HRESULT FindAllAsyncAqsFilterAndAdditionalProperties(HSTRING, AdditionalProperties*,
                                                          Operation** result) noexcept override {
-        return Refuse("FindAllAsyncAqsFilterAndAdditionalProperties", result);
+        return ReturnNotImplemented("FindAllAsyncAqsFilterAndAdditionalProperties", result);
     }
     HRESULT CreateWatcher(abi::DeviceWatcher** result) noexcept override {
-        return Refuse("CreateWatcher", result);
+        return ReturnNotImplemented("CreateWatcher", result);
     }
     HRESULT CreateWatcherDeviceClass(abi::DeviceClass, abi::DeviceWatcher** result) noexcept override {
-        return Refuse("CreateWatcherDeviceClass", result);
+        return ReturnNotImplemented("CreateWatcherDeviceClass", result);
     }
     HRESULT CreateWatcherAqsFilter(HSTRING, abi::DeviceWatcher** result) noexcept override {
-        return Refuse("CreateWatcherAqsFilter", result);
+        return ReturnNotImplemented("CreateWatcherAqsFilter", result);
     }
     HRESULT CreateWatcherAqsFilterAndAdditionalProperties(HSTRING, AdditionalProperties*,
                                                           abi::DeviceWatcher** result) noexcept override {
-        return Refuse("CreateWatcherAqsFilterAndAdditionalProperties", result);
+        return ReturnNotImplemented("CreateWatcherAqsFilterAndAdditionalProperties", result);
     }
 
 private:
-    // What it finds is found out at once, and told when it completes.
+    // The result is determined at the start of the operation, not at its completion.
     static Ref<Operation> StartEnumeration(const Filter& filter) {
         std::vector<Ref<abi::IDeviceInformation>> found;
         for (const Devices::Entry& entry : TheDevices().All()) {
@@ -189,7 +189,7 @@ private:
             Ref<abi::IVectorView<abi::DeviceInformation>>::Attach(new Collection(std::move(found))));
     }
     template <class Result>
-    static HRESULT Refuse(std::string_view method, Result** result) {
+    static HRESULT ReturnNotImplemented(std::string_view method, Result** result) {
         return PerformInto(MethodName<Interface>(method), "", result, [] { return E_NOTIMPL; });
     }
 };
@@ -197,7 +197,7 @@ private:
 }  // namespace
 
 Devices& TheDevices() {
-    // Never destroyed: enumerations may outlive main.
+    // Never destroyed: enumerations may run after main returns.
     static Devices& devices = *new Devices;
     return devices;
 }

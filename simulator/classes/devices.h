@@ -1,4 +1,4 @@
-// The device interfaces of the machine, and their enumeration.
+// The machine's device interfaces and their enumeration.
 #pragma once
 
 #include <mutex>
@@ -21,11 +21,11 @@ public:
 
     Devices();
 
-    // Null: an entry without an object; the dial's class.
+    // Without an id the enumeration yields null for the entry; without a class it has the dial's.
     void Add(const char* id, const char* interface_class, bool enabled);
     void RemoveAll();
     void Fail(HRESULT code);
-    // The dial alone, and enumerations that work.
+    // Restores the initial state: one device, the dial, and successful enumerations.
     void Reset();
 
     std::vector<Entry> All();

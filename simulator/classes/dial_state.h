@@ -1,4 +1,4 @@
-// The dial as events find it.
+// The dial's state at the time of an event.
 #pragma once
 
 #include <cstdint>
@@ -10,7 +10,7 @@
 namespace dialsim {
 
 struct DialState {
-    double angle = 0;  // how far it has been turned, in degrees
+    double angle = 0;  // the sum of all rotations, in degrees
     bool button_down = false;
     std::optional<brindle::abi::Rect> contact;
     bool has_haptics = true;

@@ -1,4 +1,4 @@
-// One event of a platform object: its handlers and their tokens.
+// An event of a platform object: its handlers and their tokens.
 #pragma once
 
 #include <cstdint>
@@ -17,7 +17,7 @@ namespace dialsim {
 
 inline constexpr HRESULT kWrongThread = static_cast<HRESULT>(0x8001010E);  // RPC_E_WRONG_THREAD
 
-// A handler that the platform holds, and that leak tracking counts as long as it does.
+// The platform's reference to a handler, counted by leak tracking.
 template <class Handler>
 class HeldHandler {
 public:
@@ -28,8 +28,8 @@ public:
     HeldHandler& operator=(const HeldHandler&) = delete;
     ~HeldHandler() { TheLeakTracker().UntrackHandler(handler_.get()); }
 
-    // Nothing stands above the platform: what a handler raises stops here and is reported. One that is not
-    // agile belongs to the thread that subscribed it.
+    // Catches and reports an exception of the handler. A handler that is not agile fails on any thread except
+    // the one that subscribed it.
     template <class... Arguments>
     Outcome Call(Arguments... arguments) const {
         if (!agile_ && thread_ != CurrentThread()) {
@@ -46,7 +46,7 @@ public:
 
     HRESULT CopyTo(Handler** result) const { return handler_.CopyTo(result); }
 
-    // Whether it arrives in every apartment as itself.
+    // Whether every apartment gets the handler itself instead of a proxy.
     bool MarshalsFreeThreaded() const {
         IMarshal* marshal = nullptr;
         if (handler_->QueryInterface(IMarshal::Iid, reinterpret_cast<void**>(&marshal)) < 0) {
@@ -88,20 +88,20 @@ public:
         return S_OK;
     }
 
-    // An unknown token is no failure.
+    // An unknown token is ignored.
     HRESULT Remove(EventRegistrationToken token) {
-        const Handlers before = Snapshot();  // what is removed ends with it, after the lock
+        const Handlers before = Snapshot();  // releases the removed handler after the lock
         const std::lock_guard guard(mutex_);
         std::erase_if(handlers_, [&](const auto& entry) { return entry.first == token.value; });
         return S_OK;
     }
 
-    // Calls the handlers of this moment, with no lock held.
+    // Calls a snapshot of the handlers, without a lock.
     template <class Sender, class Args>
     Outcome Raise(Sender* sender, Args* args) {
         Outcome outcome;
         for (const auto& [token, handler] : Snapshot()) {
-            outcome.Join(handler->Call(sender, args));
+            outcome.Merge(handler->Call(sender, args));
         }
         return outcome;
     }

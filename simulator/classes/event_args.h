@@ -1,4 +1,4 @@
-// What the controller's events carry.
+// The arguments of the controller's events.
 #pragma once
 
 #include "platform/interfaces/ui_input.h"
@@ -32,12 +32,12 @@ private:
     const abi::Rect bounds_;
 };
 
-// One contact an event; every reader gets the same.
+// The contact of an event: its arguments return the same object each time.
 inline Ref<ScreenContact> MakeContact(const DialState& dial) {
     return dial.contact ? Make<ScreenContact>(*dial.contact) : Ref<ScreenContact>();
 }
 
-// The arguments of an event that carries a contact and nothing else.
+// The arguments of an event that has only a contact.
 template <class Args>
 class ContactArgs final : public Object<typename Args::Default> {
     using Interface = typename Args::Default;

@@ -12,32 +12,32 @@ namespace {
 
 std::atomic<bool> own_thread = false;
 
-Mutex raised_mutex;
-std::string& last_raised = *new std::string;  // never destroyed: handlers may be called after main
+Mutex message_mutex;
+std::string& last_message = *new std::string;  // never destroyed: handlers may run after main returns
 
-void SetLastRaised(const std::string& what) {
-    const std::lock_guard guard(raised_mutex);
-    last_raised = what;
+void SetLastExceptionMessage(const std::string& message) {
+    const std::lock_guard guard(message_mutex);
+    last_message = message;
 }
 
 const ResetAction reset_raising(ResetPhase::State, [] {
     own_thread = false;
-    SetLastRaised("");
+    SetLastExceptionMessage("");
 });
 
 }  // namespace
 
 HRESULT CodeOf(const Outcome& outcome) {
-    if (outcome.raised) {
-        SetLastRaised(outcome.what);
-        return kHandlerRaised;
+    if (outcome.threw) {
+        SetLastExceptionMessage(outcome.message);
+        return kHandlerThrew;
     }
     return outcome.code;
 }
 
-std::string LastRaised() {
-    const std::lock_guard guard(raised_mutex);
-    return last_raised;
+std::string LastExceptionMessage() {
+    const std::lock_guard guard(message_mutex);
+    return last_message;
 }
 
 void SetOwnThread(bool own) { own_thread = own; }

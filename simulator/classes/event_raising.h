@@ -1,4 +1,4 @@
-// How the platform raises events: on which thread, and what becomes of them.
+// The thread and the result of raised events.
 #pragma once
 
 #include <functional>
@@ -9,31 +9,31 @@
 
 namespace dialsim {
 
-// What became of a raised event: the first failure among its handlers.
+// The result of a raised event: the first failure among its handlers.
 struct Outcome {
     HRESULT code = S_OK;
-    bool raised = false;
-    std::string what;
+    bool threw = false;
+    std::string message;
 
-    void Join(Outcome other) {
-        if (code >= 0 && !raised) {
+    void Merge(Outcome other) {
+        if (code >= 0 && !threw) {
             *this = std::move(other);
         }
     }
 };
 
-// The code of an event whose handler raised an exception instead of answering.
-inline constexpr HRESULT kHandlerRaised = static_cast<HRESULT>(0xA0000001);
+// The code of an event whose handler threw an exception.
+inline constexpr HRESULT kHandlerThrew = static_cast<HRESULT>(0xA0000001);
 
-// As the journal and the callers of events get it; the message of what was raised is kept.
+// The code for journal and callers. Stores the message of an exception.
 HRESULT CodeOf(const Outcome& outcome);
-// The last such message; empty when nothing has been raised.
-std::string LastRaised();
+// The message of the last exception; empty when there was none.
+std::string LastExceptionMessage();
 
-// Events are raised on the caller's thread, or each on a thread of its own.
+// Raises events on the caller's thread, or each on a new thread.
 void SetOwnThread(bool own_thread);
 
-// On the thread that is set for events; returns when it is done.
+// Runs `body` on the thread for events and returns when it has ended.
 void RunOnEventThread(const std::function<void()>& body);
 
 }  // namespace dialsim

@@ -1,4 +1,4 @@
-// The activation factories of the published classes, each in the file of its class.
+// The activation factories of the runtime classes, each defined in the file of its class.
 #pragma once
 
 #include "simulator/classes/object.h"

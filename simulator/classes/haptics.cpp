@@ -21,7 +21,7 @@ public:
             return S_OK;
         });
     }
-    // Zero: the device decides.
+    // Zero: the device chooses the duration.
     HRESULT get_Duration(abi::TimeSpan* result) noexcept override {
         return PerformInto(MethodName<Interface>("get_Duration"), "", result, [&] {
             *result = {};
@@ -103,12 +103,12 @@ private:
             return S_OK;
         });
     }
-    // The journal has what was played: waveform, then how.
+    // The journal arguments are the waveform and the playback parameters.
     static HRESULT Play(std::string_view method, abi::ISimpleHapticsControllerFeedback* feedback,
-                        const std::string& how) {
+                        const std::string& parameters) {
         const std::string waveform =
             feedback == nullptr ? "null" : std::to_string(static_cast<Feedback*>(feedback)->waveform());
-        return Perform(MethodName<Interface>(method), waveform + how,
+        return Perform(MethodName<Interface>(method), waveform + parameters,
                        [&] { return feedback == nullptr ? E_INVALIDARG : S_OK; });
     }
 

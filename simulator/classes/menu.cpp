@@ -8,7 +8,7 @@ namespace dialsim {
 
 namespace {
 
-// Whatever is removed is released outside the lock: an item's end may run code of others.
+// Removed items are released after the lock: their destruction may run code of the library.
 template <class Body>
 HRESULT WithLock(Mutex& mutex, Body body) {
     const std::lock_guard guard(mutex);

@@ -35,7 +35,7 @@ public:
 
     std::vector<Ref<Element>> Snapshot();
 
-    // After so many more calls of GetAt the last item goes.
+    // Removes the last item during the n-th call of GetAt from now; 0: at once.
     void ShrinkAfter(std::uint32_t calls);
 
 private:
@@ -57,15 +57,15 @@ public:
     HRESULT SelectMenuItem(abi::IRadialControllerMenuItem* item) noexcept override;
     HRESULT TrySelectPreviouslySelectedMenuItem(abi::boolean* result) noexcept override;
 
-    // The user chooses the item at this place in the ring, from 0.
+    // Simulates that the user chooses the item at this index.
     Outcome Choose(std::uint32_t index);
 
     MenuItems& items() { return *items_.get(); }
-    // As it stands, in or out of the menu; null without one.
+    // The last selected item, which may have been removed from the menu; null when there is none.
     Ref<abi::IRadialControllerMenuItem> Selected();
 
 private:
-    // Null unless the item is still in the menu.
+    // Null when the item is not in the menu.
     Ref<abi::IRadialControllerMenuItem> IfInMenu(const Ref<abi::IRadialControllerMenuItem>& item);
     void Select(Ref<abi::IRadialControllerMenuItem> item);
 

@@ -26,7 +26,7 @@ HRESULT MenuItem::get_Tag(abi::IInspectable** result) noexcept {
 
 HRESULT MenuItem::put_Tag(abi::IInspectable* value) noexcept {
     return Perform(MethodName<Interface>("put_Tag"), "", [&] {
-        Ref<abi::IInspectable> tag(value);  // the former one is released outside the lock
+        Ref<abi::IInspectable> tag(value);  // the old tag is released after the lock
         const std::lock_guard guard(mutex_);
         std::swap(tag_, tag);
         return S_OK;
@@ -54,7 +54,7 @@ constexpr std::array<const char*, 9> kIconNames = {
     "Scroll", "Zoom",     "UndoRedo",     "Volume", "NextPreviousTrack",
     "Ruler",  "InkColor", "InkThickness", "PenType"};
 
-// Icons are small; of what is longer, nothing can be drawn.
+// Icons are small. A longer file is read in part and cannot be drawn.
 constexpr std::size_t kMaxPngBytes = 65536;
 
 // "PNG file 32x32"
@@ -77,7 +77,7 @@ class MenuItemStatics final
 public:
     MenuItemStatics() : Object(TypeName<First>()) {}
 
-    // The picture is read here and never again: what it was read from may go while the item stays.
+    // Reads the picture now: its source may be deleted during the lifetime of the item.
     HRESULT CreateFromIcon(HSTRING label, abi::IRandomAccessStreamReference* icon,
                            Item** result) noexcept override {
         return PerformInto(MethodName<First>("CreateFromIcon"), Narrow(View(label)), result, [&] {

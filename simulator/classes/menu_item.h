@@ -1,4 +1,4 @@
-// The items of a dial menu, and what their pictures are made of.
+// The items of a dial menu and their pictures.
 #pragma once
 
 #include <mutex>
@@ -12,15 +12,15 @@
 
 namespace dialsim {
 
-// How an item's picture was given, and what it can be drawn from.
+// An item's picture: its description and the data for drawing it.
 struct Picture {
     std::string source = {};                           // "known icon Volume", "glyph A of Symbols"
-    Ref<abi::IRandomAccessStreamReference> icon = {};  // kept as long as the item is
-    std::string png = {};                              // what that referred to
+    Ref<abi::IRandomAccessStreamReference> icon = {};  // referenced during the lifetime of the item
+    std::string png = {};                              // the contents of `icon`
     std::optional<std::uint32_t> known_icon = {};
     WideString glyph = {};
     WideString font_family = {};
-    std::string font_file = {};  // a uniform resource identifier
+    std::string font_file = {};  // a URI
 };
 
 class MenuItem final : public Object<abi::IRadialControllerMenuItem> {
@@ -36,7 +36,7 @@ public:
                         EventRegistrationToken* result) noexcept override;
     HRESULT remove_Invoked(EventRegistrationToken token) noexcept override;
 
-    // The user chooses the item.
+    // Raises Invoked.
     Outcome Invoke();
 
     const Picture& picture() const { return picture_; }
@@ -49,7 +49,7 @@ private:
     Event<abi::TypedEventHandler<abi::RadialControllerMenuItem, abi::IInspectable>> invoked_;
 };
 
-// An item that nobody made through the factories.
+// Creates an item without a picture, not through the factories.
 Ref<abi::IRadialControllerMenuItem> MakeItem(const std::string& label, abi::IInspectable* tag);
 
 }  // namespace dialsim

@@ -1,4 +1,4 @@
-// How the simulator's objects live: its own reference counting, shared with nothing of the library's.
+// Reference counting of the simulator's objects, independent of the library's.
 #pragma once
 
 #include <atomic>
@@ -38,7 +38,7 @@ public:
         }
     }
 
-    // Takes over a reference.
+    // Takes ownership of a reference.
     static Ref Attach(T* object) {
         Ref ref;
         ref.object_ = object;
@@ -49,7 +49,7 @@ public:
     T* operator->() const { return object_; }
     explicit operator bool() const { return object_ != nullptr; }
 
-    // Hands a reference to the caller.
+    // Returns a reference to the caller.
     template <class Interface>
     HRESULT CopyTo(Interface** result) const {
         if (object_ != nullptr) {
@@ -68,9 +68,9 @@ Ref<T> Make(Arguments&&... arguments) {
     return Ref<T>::Attach(new T(std::forward<Arguments>(arguments)...));
 }
 
-// An object of a runtime class with its default interface first. Made with one reference. Every query for one
-// of its published interfaces by the library is an operation of its own, "QueryInterface(IPropertyValue)";
-// those for the roots and the agility marker are not.
+// An object of a runtime class, created with one reference; its default interface is the first base. A query
+// for a published interface is a journaled operation, "QueryInterface(IPropertyValue)"; one for IUnknown,
+// IInspectable or IAgileObject is not.
 template <class Default, class... More>
 class Object : public Default, public More... {
 public:
@@ -87,7 +87,7 @@ public:
         *object = nullptr;
         if (abi::SameId(iid, abi::IUnknown::Iid) || abi::SameId(iid, abi::IInspectable::Iid) ||
             abi::SameId(iid, abi::IAgileObject::Iid)) {
-            return Answer<Default>(object);
+            return ReturnInterface<Default>(object);
         }
         HRESULT code = E_NOINTERFACE;
         (TryQuery<Default>(iid, object, code) || ... || TryQuery<More>(iid, object, code));
@@ -103,7 +103,7 @@ public:
     }
 
     HRESULT GetIids(std::uint32_t* count, GUID** iids) noexcept final {
-        // Only projections ask; the simulator has no allocator to hand the list over with.
+        // Only language projections call this, and the simulator has no CoTaskMemAlloc for the list.
         *count = 0;
         *iids = nullptr;
         return E_NOTIMPL;
@@ -114,7 +114,7 @@ public:
         return S_OK;
     }
 
-    // A reference, unless the object is on its way out already.
+    // Adds a reference unless the object is being destroyed.
     bool TryAddRef() noexcept {
         std::uint32_t count = references_;
         while (count != 0 && !references_.compare_exchange_weak(count, count + 1)) {
@@ -123,12 +123,12 @@ public:
     }
 
 protected:
-    // Every path of deletion is Release.
+    // Objects are deleted by Release only.
     virtual ~Object() { TheLeakTracker().UntrackObject(this); }
 
 private:
     template <class Interface>
-    HRESULT Answer(void** object) noexcept {
+    HRESULT ReturnInterface(void** object) noexcept {
         AddRef();
         *object = static_cast<Interface*>(this);
         return S_OK;
@@ -138,7 +138,8 @@ private:
         if (!abi::SameId(iid, Interface::Iid)) {
             return false;
         }
-        code = Perform("QueryInterface", TypeName<Interface>(), [&] { return Answer<Interface>(object); });
+        code = Perform("QueryInterface", TypeName<Interface>(),
+                       [&] { return ReturnInterface<Interface>(object); });
         return true;
     }
 

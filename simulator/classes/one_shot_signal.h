@@ -1,4 +1,4 @@
-// What happens once in a process, and who wants to know of it.
+// A signal that is emitted once in a process.
 #pragma once
 
 #include <functional>
@@ -18,7 +18,7 @@ public:
         subscribers_.push_back(std::move(subscriber));
     }
 
-    // The first call runs the subscribers, and calls that come meanwhile wait for that.
+    // The first call runs the subscribers; concurrent calls wait until it has ended.
     void Emit(Arguments... arguments) {
         const std::lock_guard guard(mutex_);
         for (const auto& subscriber : std::exchange(subscribers_, {})) {

@@ -5,7 +5,7 @@ namespace dialsim {
 namespace {
 
 constexpr std::string_view kSignature("\x89PNG\r\n\x1a\n", 8);
-// The first chunk's length and name.
+// The length and the type of the first chunk.
 constexpr std::string_view kHeaderChunk("\0\0\0\x0DIHDR", 8);
 constexpr std::size_t kHeaderSize = 13;
 
@@ -35,7 +35,7 @@ std::optional<PictureSize> SizeOfPng(std::string_view prefix) {
         prefix.substr(kSignature.size(), kHeaderChunk.size()) != kHeaderChunk) {
         return {};
     }
-    // The checksum covers the chunk's name and what it holds.
+    // The checksum covers the chunk's type and data.
     const std::string_view checked = prefix.substr(12, 4 + kHeaderSize);
     const PictureSize size{Number(prefix, 16), Number(prefix, 20)};
     if (Crc(checked) != Number(prefix, 29) || size.width == 0 || size.height == 0) {

@@ -1,4 +1,4 @@
-// Pictures, as far as the simulator looks at them.
+// The size of PNG pictures.
 #pragma once
 
 #include <cstdint>
@@ -12,10 +12,10 @@ struct PictureSize {
     std::uint32_t height;
 };
 
-// As much of a PNG's prefix as has to be read to know its size.
+// The length of the signature and the header chunk.
 inline constexpr std::size_t kPngHeaderBytes = 33;
 
-// Empty for what is no PNG.
+// Empty for an invalid PNG header.
 std::optional<PictureSize> SizeOfPng(std::string_view prefix);
 
 }  // namespace dialsim

@@ -2,7 +2,7 @@
 
 #include "simulator/classes/factories.h"
 
-// The types of one value, with the names that the getters, the factories and the enumeration share.
+// The scalar types, with the names of their getters, factories and enumerators.
 #define DIALSIM_INTEGERS(ROW)  \
     ROW(UInt8, std::uint8_t)   \
     ROW(Int16, std::int16_t)   \
@@ -38,7 +38,7 @@ using abi::PropertyType;
 
 constexpr HRESULT kTypeMismatch = static_cast<HRESULT>(0x80028CA0);  // TYPE_E_TYPEMISMATCH
 
-// Several types share a representation; the PropertyType beside it tells them apart.
+// Several types have the same representation; `type` distinguishes them.
 struct Value {
     PropertyType type = PropertyType::Empty;
     std::variant<std::monostate, std::uint8_t, std::int16_t, std::uint16_t, std::int32_t, std::uint32_t,
@@ -91,13 +91,13 @@ public:
 
 #define DIALSIM_ARRAY_GETTER(NAME, TYPE)                                        \
     HRESULT Get##NAME##Array(std::uint32_t*, TYPE** values) noexcept override { \
-        return RefuseArray("Get" #NAME "Array", values);                        \
+        return RejectArray("Get" #NAME "Array", values);                        \
     }
     DIALSIM_ARRAYS(DIALSIM_ARRAY_GETTER)
 #undef DIALSIM_ARRAY_GETTER
 
 private:
-    // Every other type is refused, a number of another width too.
+    // Fails for every other type, including numbers of another width.
     template <class T>
     HRESULT Get(std::string_view method, PropertyType type, T* result) {
         return PerformInto(MethodName<Interface>(method), "", result, [&] {
@@ -109,7 +109,7 @@ private:
         });
     }
     template <class T>
-    HRESULT RefuseArray(std::string_view method, T** values) {
+    HRESULT RejectArray(std::string_view method, T** values) {
         return PerformInto(MethodName<Interface>(method), "", values, [] { return kTypeMismatch; });
     }
 
@@ -122,7 +122,7 @@ class PropertyValueStatics final : public Object<abi::IPropertyValueStatics> {
 public:
     PropertyValueStatics() : Object(TypeName<Interface>()) {}
 
-    // An empty value is no object at all.
+    // An empty value is a null pointer.
     HRESULT CreateEmpty(abi::IInspectable** result) noexcept override {
         return PerformInto(MethodName<Interface>("CreateEmpty"), "", result, [] { return S_OK; });
     }
@@ -131,7 +131,7 @@ public:
             return Box({PropertyType::String, WideString(View(value))}, result);
         });
     }
-    // An object stands for itself.
+    // Returns the object itself.
     HRESULT CreateInspectable(abi::IInspectable* value, abi::IInspectable** result) noexcept override {
         return PerformInto(MethodName<Interface>("CreateInspectable"), "", result,
                            [&] { return Ref(value).CopyTo(result); });
@@ -147,7 +147,7 @@ public:
     DIALSIM_OTHERS(DIALSIM_FACTORY)
 #undef DIALSIM_FACTORY
 
-    // The simulator keeps no arrays.
+    // The simulator has no array values.
 #define DIALSIM_ARRAY_FACTORY(NAME, TYPE)                                                             \
     HRESULT Create##NAME##Array(std::uint32_t, TYPE*, abi::IInspectable** result) noexcept override { \
         return PerformInto(MethodName<Interface>("Create" #NAME "Array"), "", result,                 \

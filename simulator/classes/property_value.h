@@ -11,7 +11,7 @@ namespace dialsim {
 
 Ref<abi::IInspectable> Box(const Scalar& scalar);
 
-// Empty for null, for objects of others, and for values of other types.
+// Empty for null, for other implementations, and for types that Scalar does not have.
 std::optional<Scalar> Unbox(abi::IInspectable* object);
 
 }  // namespace dialsim

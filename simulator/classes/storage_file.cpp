@@ -32,31 +32,31 @@ public:
                            [&] { return StartOpening(WideString(View(path))).CopyTo(result); });
     }
     HRESULT GetFileFromApplicationUriAsync(abi::IUriRuntimeClass*, Operation** result) noexcept override {
-        return Refuse("GetFileFromApplicationUriAsync", result);
+        return ReturnNotImplemented("GetFileFromApplicationUriAsync", result);
     }
     HRESULT CreateStreamedFileAsync(HSTRING, abi::StreamedFileDataRequestedHandler*,
                                     abi::IRandomAccessStreamReference*,
                                     Operation** result) noexcept override {
-        return Refuse("CreateStreamedFileAsync", result);
+        return ReturnNotImplemented("CreateStreamedFileAsync", result);
     }
     HRESULT ReplaceWithStreamedFileAsync(abi::IStorageFile*, abi::StreamedFileDataRequestedHandler*,
                                          abi::IRandomAccessStreamReference*,
                                          Operation** result) noexcept override {
-        return Refuse("ReplaceWithStreamedFileAsync", result);
+        return ReturnNotImplemented("ReplaceWithStreamedFileAsync", result);
     }
     HRESULT CreateStreamedFileFromUriAsync(HSTRING, abi::IUriRuntimeClass*,
                                            abi::IRandomAccessStreamReference*,
                                            Operation** result) noexcept override {
-        return Refuse("CreateStreamedFileFromUriAsync", result);
+        return ReturnNotImplemented("CreateStreamedFileFromUriAsync", result);
     }
     HRESULT ReplaceWithStreamedFileFromUriAsync(abi::IStorageFile*, abi::IUriRuntimeClass*,
                                                 abi::IRandomAccessStreamReference*,
                                                 Operation** result) noexcept override {
-        return Refuse("ReplaceWithStreamedFileFromUriAsync", result);
+        return ReturnNotImplemented("ReplaceWithStreamedFileFromUriAsync", result);
     }
 
 private:
-    // Whether there is a file is found out at once, and told when the operation completes.
+    // The result is determined at the start of the operation, not at its completion.
     static Ref<Operation> StartOpening(const WideString& path) {
         if (!IsAbsolutePath(path)) {
             return StartOperation<abi::StorageFile>(E_INVALIDARG, {});
@@ -66,7 +66,7 @@ private:
         }
         return StartOperation<abi::StorageFile>(S_OK, Ref<abi::IStorageFile>::Attach(new StorageFile(path)));
     }
-    static HRESULT Refuse(std::string_view method, Operation** result) {
+    static HRESULT ReturnNotImplemented(std::string_view method, Operation** result) {
         return PerformInto(MethodName<Interface>(method), "", result, [] { return E_NOTIMPL; });
     }
 };

@@ -6,7 +6,7 @@
 
 namespace dialsim {
 
-// Empty for null and for files of others.
+// Empty for null and for other implementations of the interface.
 WideString PathOf(abi::IStorageFile* file);
 
 }  // namespace dialsim

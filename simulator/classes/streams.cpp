@@ -68,7 +68,7 @@ public:
 private:
     ~JournaledStream() override { TheLeakTracker().UntrackObject(this); }
 
-    // The caller may not want the count. What yields nothing moves no bytes.
+    // `moved` may be null. Under a fault that yields null, no bytes are moved.
     template <class Body>
     static HRESULT Move(std::string_view method, std::uint32_t count, std::uint32_t* moved, Body body) {
         std::uint32_t total = 0;
@@ -132,7 +132,7 @@ public:
     HRESULT get_CanRead(abi::boolean* result) noexcept override { return Can("get_CanRead", result); }
     HRESULT get_CanWrite(abi::boolean* result) noexcept override { return Can("get_CanWrite", result); }
 
-    // From the stream's beginning; it stands behind what was read afterwards.
+    // Reads from the beginning and leaves the position after the prefix.
     std::string ReadPrefix(std::size_t count) {
         const JournalPause no_journal;
         std::string bytes(count, '\0');
@@ -154,7 +154,7 @@ private:
     const Ref<abi::IStream> stream_;
 };
 
-// To a file or to a stream.
+// Refers to a file or a stream.
 class StreamReference final : public Object<abi::IRandomAccessStreamReference> {
     using Interface = abi::IRandomAccessStreamReference;
 
@@ -211,8 +211,8 @@ public:
 }  // namespace
 
 ::IStream* JournalStream(::IStream* stream) {
-    auto taken = Ref<abi::IStream>::Attach(reinterpret_cast<abi::IStream*>(stream));
-    return reinterpret_cast<::IStream*>(static_cast<abi::IStream*>(new JournaledStream(std::move(taken))));
+    auto inner = Ref<abi::IStream>::Attach(reinterpret_cast<abi::IStream*>(stream));
+    return reinterpret_cast<::IStream*>(static_cast<abi::IStream*>(new JournaledStream(std::move(inner))));
 }
 
 HRESULT CreateStreamOverStream(::IStream* stream, const IID& iid, void** result) {

@@ -8,10 +8,10 @@
 
 namespace dialsim {
 
-// At most `count` bytes from the beginning of what is referred to; empty when it cannot be read.
+// At most `count` bytes from the beginning of the file or stream; empty when it cannot be read.
 std::string ReadPrefix(abi::IRandomAccessStreamReference* reference, std::size_t count);
 
-// "file" or "image"; empty for a reference of others.
+// "file" or "image"; empty for other implementations of the interface.
 std::string KindOfReference(abi::IRandomAccessStreamReference* reference);
 
 }  // namespace dialsim

@@ -14,7 +14,7 @@ namespace {
 bool IsLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
-// A single letter in front of a colon is a drive.
+// A single letter before a colon is a drive, not a scheme.
 bool HasScheme(std::string_view text) {
     const std::size_t colon = text.find(':');
     return colon != std::string_view::npos && colon > 1 && colon + 1 < text.size() && IsLetter(text[0]) &&
@@ -50,7 +50,7 @@ std::string Escaped(std::string_view text, bool of_path) {
     return escaped;
 }
 
-// Empty for a text that is none.
+// Empty for an invalid URI.
 std::string MakeAbsolute(WideView given) {
     const std::string text = Narrow(given);
     if (HasScheme(text)) {
@@ -82,31 +82,45 @@ public:
     HRESULT get_DisplayUri(HSTRING* result) noexcept override {
         return ReturnAbsoluteUri("get_DisplayUri", result);
     }
-    HRESULT get_Domain(HSTRING* result) noexcept override { return Refuse("get_Domain", result); }
-    HRESULT get_Extension(HSTRING* result) noexcept override { return Refuse("get_Extension", result); }
-    HRESULT get_Fragment(HSTRING* result) noexcept override { return Refuse("get_Fragment", result); }
-    HRESULT get_Host(HSTRING* result) noexcept override { return Refuse("get_Host", result); }
-    HRESULT get_Password(HSTRING* result) noexcept override { return Refuse("get_Password", result); }
-    HRESULT get_Path(HSTRING* result) noexcept override { return Refuse("get_Path", result); }
-    HRESULT get_Query(HSTRING* result) noexcept override { return Refuse("get_Query", result); }
+    HRESULT get_Domain(HSTRING* result) noexcept override {
+        return ReturnNotImplemented("get_Domain", result);
+    }
+    HRESULT get_Extension(HSTRING* result) noexcept override {
+        return ReturnNotImplemented("get_Extension", result);
+    }
+    HRESULT get_Fragment(HSTRING* result) noexcept override {
+        return ReturnNotImplemented("get_Fragment", result);
+    }
+    HRESULT get_Host(HSTRING* result) noexcept override { return ReturnNotImplemented("get_Host", result); }
+    HRESULT get_Password(HSTRING* result) noexcept override {
+        return ReturnNotImplemented("get_Password", result);
+    }
+    HRESULT get_Path(HSTRING* result) noexcept override { return ReturnNotImplemented("get_Path", result); }
+    HRESULT get_Query(HSTRING* result) noexcept override { return ReturnNotImplemented("get_Query", result); }
     HRESULT get_QueryParsed(abi::WwwFormUrlDecoder** result) noexcept override {
-        return Refuse("get_QueryParsed", result);
+        return ReturnNotImplemented("get_QueryParsed", result);
     }
     HRESULT get_RawUri(HSTRING* result) noexcept override {
         return PerformInto(MethodName<Interface>("get_RawUri"), "", result,
                            [&] { return NewString(raw_, result); });
     }
-    HRESULT get_SchemeName(HSTRING* result) noexcept override { return Refuse("get_SchemeName", result); }
-    HRESULT get_UserName(HSTRING* result) noexcept override { return Refuse("get_UserName", result); }
-    HRESULT get_Port(std::int32_t* result) noexcept override { return Refuse("get_Port", result); }
+    HRESULT get_SchemeName(HSTRING* result) noexcept override {
+        return ReturnNotImplemented("get_SchemeName", result);
+    }
+    HRESULT get_UserName(HSTRING* result) noexcept override {
+        return ReturnNotImplemented("get_UserName", result);
+    }
+    HRESULT get_Port(std::int32_t* result) noexcept override {
+        return ReturnNotImplemented("get_Port", result);
+    }
     HRESULT get_Suspicious(abi::boolean* result) noexcept override {
-        return Refuse("get_Suspicious", result);
+        return ReturnNotImplemented("get_Suspicious", result);
     }
     HRESULT Equals(abi::IUriRuntimeClass*, abi::boolean* result) noexcept override {
-        return Refuse("Equals", result);
+        return ReturnNotImplemented("Equals", result);
     }
     HRESULT CombineUri(HSTRING, abi::IUriRuntimeClass** result) noexcept override {
-        return Refuse("CombineUri", result);
+        return ReturnNotImplemented("CombineUri", result);
     }
 
 private:
@@ -115,7 +129,7 @@ private:
                            [&] { return NewString(Widen(absolute_), result); });
     }
     template <class T>
-    static HRESULT Refuse(std::string_view method, T* result) {
+    static HRESULT ReturnNotImplemented(std::string_view method, T* result) {
         return PerformInto(MethodName<Interface>(method), "", result, [] { return E_NOTIMPL; });
     }
 

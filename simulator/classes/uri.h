@@ -1,4 +1,4 @@
-// Uniform resource identifiers.
+// URIs.
 #pragma once
 
 #include <string>
@@ -8,7 +8,7 @@
 
 namespace dialsim {
 
-// "file:///C:/x/y.ttf"; empty for null and for those of others.
+// "file:///C:/x/y.ttf"; empty for null and for other implementations.
 std::string AbsoluteUri(abi::IUriRuntimeClass* uri);
 
 }  // namespace dialsim

@@ -15,7 +15,7 @@ namespace dialsim {
 
 inline constexpr HRESULT kOutOfBounds = static_cast<HRESULT>(0x8000000B);  // E_BOUNDS
 
-// A fixed list of objects.
+// An immutable list of objects.
 template <class T>
 class VectorView final : public Object<abi::IVectorView<T>> {
     using Interface = abi::IVectorView<T>;

@@ -82,8 +82,8 @@ void DrawDial(const Surface& surface, const DialState& state) {
 
 // The real platform ends the process.
 void Report(HRESULT code) {
-    if (code == kHandlerRaised) {
-        std::fprintf(stderr, "dial: a handler threw: %s\n", LastRaised().c_str());
+    if (code == kHandlerThrew) {
+        std::fprintf(stderr, "dial: a handler threw: %s\n", LastExceptionMessage().c_str());
     }
 }
 

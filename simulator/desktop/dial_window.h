@@ -7,7 +7,7 @@
 
 namespace dialsim {
 
-// Creates the window on a thread of its own, which raises the dial's events unless another thread is set, and
+// Creates the window on a new thread, which raises the dial's events unless another thread is set, and
 // which ends with the process. Returns when the window exists.
 void OpenDialWindow(std::uint64_t host);
 

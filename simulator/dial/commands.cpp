@@ -11,9 +11,9 @@ namespace dialsim {
 
 namespace {
 
-// Raises an event on every controller of the window, on the thread that is set for it.
+// Raises an event on every controller of the window, on the thread for events.
 template <class RaiseOne>
-HRESULT RaiseAt(std::uint64_t window, RaiseOne raise_one) {
+HRESULT RaiseOnControllers(std::uint64_t window, RaiseOne raise_one) {
     const auto controllers = ControllersOf(window);
     if (controllers.empty()) {
         return kNoController;
@@ -22,97 +22,97 @@ HRESULT RaiseAt(std::uint64_t window, RaiseOne raise_one) {
     RunOnEventThread([&] {
         const DialState state = TheDial().State();
         for (const auto& controller : controllers) {
-            outcome.Join(raise_one(*controller.get(), state));
+            outcome.Merge(raise_one(*controller.get(), state));
         }
     });
     return CodeOf(outcome);
 }
 
-std::string CommandWithRect(const char* action, const abi::Rect& bounds) {
-    return Command(action, bounds.X, bounds.Y, bounds.Width, bounds.Height);
+std::string CommandWithRect(const char* name, const abi::Rect& bounds) {
+    return Command(name, bounds.X, bounds.Y, bounds.Width, bounds.Height);
 }
 
 }  // namespace
 
-// With the menu open, turns and clicks are the menu's, and the window hears nothing of them.
+// While the menu is open, turns and clicks go to the menu and not to the window.
 HRESULT Turn(std::uint64_t window, double degrees) {
-    const RecordingScope action(window, Command("turn", degrees));
+    const RecordingScope recording(window, Command("turn", degrees));
     TheDial().Update([=](DialState& state) { state.angle += degrees; });
     if (MoveHighlight(degrees)) {
         return S_OK;
     }
     TheDesktop().UpdateDisplay();
-    return RaiseAt(window, [=](Controller& controller, const DialState& state) {
+    return RaiseOnControllers(window, [=](Controller& controller, const DialState& state) {
         return controller.RaiseRotation(state, degrees);
     });
 }
 
 HRESULT Click(std::uint64_t window) {
-    const RecordingScope action(window, "click");
+    const RecordingScope recording(window, "click");
     if (const auto menu = TheOpenMenu()) {
         CloseMenu();
         return Choose(menu->window, menu->highlighted);
     }
-    return RaiseAt(
+    return RaiseOnControllers(
         window, [](Controller& controller, const DialState& state) { return controller.RaiseClick(state); });
 }
 
 void Hold(bool down) {
-    const RecordingScope action(down ? "hold" : "release");
+    const RecordingScope recording(down ? "hold" : "release");
     TheDial().Update([=](DialState& state) { state.button_down = down; });
     TheDesktop().UpdateDisplay();
 }
 
 HRESULT Touch(std::uint64_t window, const abi::Rect& bounds) {
-    const RecordingScope action(window, CommandWithRect("touch", bounds));
+    const RecordingScope recording(window, CommandWithRect("touch", bounds));
     TheDial().Update([&](DialState& state) { state.contact = bounds; });
-    return RaiseAt(window, [](Controller& controller, const DialState& state) {
+    return RaiseOnControllers(window, [](Controller& controller, const DialState& state) {
         return controller.RaiseContactStarted(state);
     });
 }
 
 HRESULT Move(std::uint64_t window, const abi::Rect& bounds) {
-    const RecordingScope action(window, CommandWithRect("move", bounds));
+    const RecordingScope recording(window, CommandWithRect("move", bounds));
     TheDial().Update([&](DialState& state) { state.contact = bounds; });
-    return RaiseAt(window, [](Controller& controller, const DialState& state) {
+    return RaiseOnControllers(window, [](Controller& controller, const DialState& state) {
         return controller.RaiseContactContinued(state);
     });
 }
 
 HRESULT Lift(std::uint64_t window) {
-    const RecordingScope action(window, "lift");
+    const RecordingScope recording(window, "lift");
     TheDial().Update([](DialState& state) { state.contact.reset(); });
-    return RaiseAt(window,
-                   [](Controller& controller, const DialState&) { return controller.RaiseContactEnded(); });
+    return RaiseOnControllers(
+        window, [](Controller& controller, const DialState&) { return controller.RaiseContactEnded(); });
 }
 
 HRESULT Acquire(std::uint64_t window) {
-    const RecordingScope action(window, "acquire");
-    return RaiseAt(window, [](Controller& controller, const DialState& state) {
+    const RecordingScope recording(window, "acquire");
+    return RaiseOnControllers(window, [](Controller& controller, const DialState& state) {
         return controller.RaiseControlAcquired(state);
     });
 }
 
 HRESULT Lose(std::uint64_t window) {
-    const RecordingScope action(window, "lose");
-    return RaiseAt(window,
-                   [](Controller& controller, const DialState&) { return controller.RaiseControlLost(); });
+    const RecordingScope recording(window, "lose");
+    return RaiseOnControllers(
+        window, [](Controller& controller, const DialState&) { return controller.RaiseControlLost(); });
 }
 
 HRESULT Choose(std::uint64_t window, std::uint32_t item) {
-    const RecordingScope action(window, Command("choose", item));
-    return RaiseAt(window,
-                   [=](Controller& controller, const DialState&) { return controller.menu().Choose(item); });
+    const RecordingScope recording(window, Command("choose", item));
+    return RaiseOnControllers(
+        window, [=](Controller& controller, const DialState&) { return controller.menu().Choose(item); });
 }
 
 bool UseMouse(std::uint64_t window, MouseAction button, int x, int y) {
     constexpr const char* kNames[] = {" down", " move", " up"};
-    const RecordingScope action(window, Command("mouse", x, y) + kNames[static_cast<int>(button)]);
+    const RecordingScope recording(window, Command("mouse", x, y) + kNames[static_cast<int>(button)]);
     return TheDesktop().SendMouse(window, button, x, y);
 }
 
 void Settle() {
-    const RecordingScope action("settle");
+    const RecordingScope recording("settle");
     WaitForActions();
 }
 

@@ -1,4 +1,5 @@
-// What the control functions and the script runner share: a user's hand on the dial.
+// Simulated actions of the user, for the control functions and scripts. Events return the first failure of
+// their handlers.
 #pragma once
 
 #include <cstdint>
@@ -10,7 +11,7 @@
 
 namespace dialsim {
 
-// No controller exists for the window: ERROR_NOT_FOUND.
+// ERROR_NOT_FOUND: the window has no controller.
 inline constexpr HRESULT kNoController = static_cast<HRESULT>(0x80070490);
 
 HRESULT Turn(std::uint64_t window, double degrees);
@@ -22,9 +23,9 @@ HRESULT Lift(std::uint64_t window);
 HRESULT Choose(std::uint64_t window, std::uint32_t item);
 HRESULT Acquire(std::uint64_t window);
 HRESULT Lose(std::uint64_t window);
-// False where there is no such window.
+// False when there is no such window.
 bool UseMouse(std::uint64_t window, MouseAction button, int x, int y);
-// Until everything that the platform does on threads of its own is done.
+// Returns when all actions on the simulator's threads have ended.
 void Settle();
 void SetHaptics(bool present, std::vector<std::uint16_t> waveforms);
 

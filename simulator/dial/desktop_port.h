@@ -1,5 +1,4 @@
-// What the dial wants of the user's desktop: a dial and an open menu to look at, a mouse, and pictures of the
-// screen.
+// The dial's interface to the desktop: display of the dial and its menu, mouse input, screenshots.
 #pragma once
 
 #include <cstdint>
@@ -9,26 +8,26 @@ namespace dialsim {
 
 enum class MouseAction { Down, Move, Up };
 
-// By itself a desktop that is not there: nothing is drawn, and the answers are false. So it is natively.
+// The base class is the desktop of the native build: it draws nothing and returns false.
 class DesktopPort {
 public:
-    // A dial beside the window, for a person to turn.
+    // Opens the window of the dial beside this window.
     virtual void OpenDial(std::uint64_t /*window*/) {}
 
-    // As if the user had closed it.
+    // Closes the window as the user would.
     virtual void CloseWindow(std::uint64_t /*window*/) {}
 
-    // Returns when what there is to see shows the dial and its menu as they are now.
+    // Returns when the display shows the current state of dial and menu.
     virtual void UpdateDisplay() {}
 
-    // The left button at a place in the window; returns when the window has dealt with it, and false where
-    // there is no such window.
+    // Sends an action of the left button at a point in the window. Returns when the window has handled it;
+    // false when there is no such window.
     virtual bool SendMouse(std::uint64_t /*window*/, MouseAction /*action*/, int /*x*/, int /*y*/) {
         return false;
     }
 
-    // The window, and the dial beside it, as they are on the screen: a PNG. False where that cannot be had or
-    // written.
+    // Writes the areas of the window and the dial on the screen as PNG. False when there is no area or the
+    // file cannot be written.
     virtual bool WriteScreenshot(std::uint64_t /*window*/, const std::string& /*path*/) { return false; }
 
 protected:
@@ -37,7 +36,7 @@ protected:
 
 DesktopPort& TheDesktop();
 
-// While the simulator is loaded, before anybody asks for it.
+// Called during loading of the simulator, before any call of TheDesktop.
 void InstallDesktop(DesktopPort& desktop);
 
 }  // namespace dialsim

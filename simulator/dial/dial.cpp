@@ -12,7 +12,7 @@ const ResetAction reset_dial(ResetPhase::State,
 }  // namespace
 
 Dial& TheDial() {
-    // Never destroyed: a script may turn it after the end of main.
+    // Never destroyed: a script may turn the dial after main returns.
     static Dial& dial = *new Dial;
     return dial;
 }

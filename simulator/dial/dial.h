@@ -1,4 +1,4 @@
-// The one dial there is.
+// The dial. All windows share one.
 #pragma once
 
 #include <mutex>

@@ -15,7 +15,7 @@ namespace dialsim {
 
 namespace {
 
-// What a line of text cannot show becomes a space.
+// Replaces control characters with spaces.
 std::string SingleLine(std::string text) {
     for (char& c : text) {
         if (static_cast<unsigned char>(c) < 0x20 || c == 0x7F) {
@@ -45,7 +45,7 @@ std::string TagOf(abi::IRadialControllerMenuItem& item) {
     return !tag ? "-" : number ? std::to_string(*number) : "not a number";
 }
 
-// Items of others have no picture that is known here.
+// Other implementations of the interface have no accessible picture.
 Picture PictureOf(abi::IRadialControllerMenuItem& item) {
     const auto* ours = dynamic_cast<MenuItem*>(&item);
     return ours == nullptr ? Picture{"unknown picture"} : ours->picture();
@@ -103,18 +103,18 @@ namespace {
 
 constexpr double kWidth = 900;
 constexpr double kHeight = 720;
-constexpr double kRing = 250;
-// In characters.
+constexpr double kRingRadius = 250;
+// In Unicode characters.
 constexpr std::size_t kMaxTextCharacters = 30;
 constexpr std::size_t kMaxCenterCharacters = 16;
 
-// Text as XML may have it.
+// Escapes text for XML. U+FFFE and U+FFFF are not allowed there and become U+FFFD.
 std::string Escaped(const std::string& text) {
     std::string escaped;
     for (std::size_t i = 0; i < text.size(); ++i) {
-        const bool no_character =
+        const bool disallowed =
             text.compare(i, 3, "\xEF\xBF\xBE") == 0 || text.compare(i, 3, "\xEF\xBF\xBF") == 0;
-        if (no_character) {
+        if (disallowed) {
             escaped += "\xEF\xBF\xBD";
             i += 2;
             continue;
@@ -139,12 +139,12 @@ std::string Escaped(const std::string& text) {
     return escaped;
 }
 
-// Whole characters of the beginning, where all of it is too much.
-std::string Abbreviated(const std::string& text, std::size_t longest) {
+// Truncates a longer text to `max_characters` characters and adds an ellipsis.
+std::string Abbreviated(const std::string& text, std::size_t max_characters) {
     std::size_t characters = 0;
     for (std::size_t i = 0; i < text.size(); ++i) {
-        const bool begins = (static_cast<unsigned char>(text[i]) & 0xC0) != 0x80;
-        if (begins && ++characters > longest) {
+        const bool starts_character = (static_cast<unsigned char>(text[i]) & 0xC0) != 0x80;
+        if (starts_character && ++characters > max_characters) {
             return text.substr(0, i) + "\xE2\x80\xA6";
         }
     }
@@ -164,7 +164,8 @@ struct Point {
 
 Point PointOnRing(std::size_t index, std::size_t count) {
     const double angle = AngleInRing(index, count);
-    return {kWidth / 2 + kRing * 1.2 * std::cos(angle), kHeight / 2 - 20 + kRing * std::sin(angle)};
+    return {kWidth / 2 + kRingRadius * 1.2 * std::cos(angle),
+            kHeight / 2 - 20 + kRingRadius * std::sin(angle)};
 }
 
 std::string Text(Point point, double size, const char* color, const std::string& text) {
@@ -177,23 +178,23 @@ std::string Circle(Point point, double radius, const char* fill, const char* str
            "\" fill=\"" + fill + "\" stroke=\"" + stroke + "\" stroke-width=\"3\"/>\n";
 }
 
-std::string Draw(const MenuModelItem& item, Point point) {
+std::string ItemSvg(const MenuModelItem& item, Point point) {
     const char* fill = item.selected ? "#1f6feb" : item.present ? "#ffffff" : "#f4d6d6";
     const char* color = item.selected ? "#ffffff" : "#1c2128";
-    std::string drawn = "<g>\n" + Circle(point, 44, fill, item.selected ? "#0b3d91" : "#8b949e");
+    std::string svg = "<g>\n" + Circle(point, 44, fill, item.selected ? "#0b3d91" : "#8b949e");
     if (!item.present) {
-        return drawn + Text({point.x, point.y + 5}, 13, color, "no item") + "</g>\n";
+        return svg + Text({point.x, point.y + 5}, 13, color, "no item") + "</g>\n";
     }
     const std::string tag = item.tag == "-"              ? "no tag"
                             : item.tag == "not a number" ? "odd tag"
                                                          : "tag " + item.tag;
-    drawn += Text({point.x, point.y + 5}, 12, color, tag);
-    drawn += Text({point.x, point.y + 62}, 15, "#1c2128", item.label);
-    drawn += Text({point.x, point.y + 79}, 11, "#57606a", SingleLine(item.picture.source));
-    return drawn + "</g>\n";
+    svg += Text({point.x, point.y + 5}, 12, color, tag);
+    svg += Text({point.x, point.y + 62}, 15, "#1c2128", item.label);
+    svg += Text({point.x, point.y + 79}, 11, "#57606a", SingleLine(item.picture.source));
+    return svg + "</g>\n";
 }
 
-std::string DrawSystemItem(const std::string& name, Point point) {
+std::string SystemItemSvg(const std::string& name, Point point) {
     return "<g>\n" + Circle(point, 30, "#eaeef2", "#c0c7cf") +
            Text({point.x, point.y + 4}, 12, "#57606a", "system") +
            Text({point.x, point.y + 48}, 13, "#57606a", name) + "</g>\n";
@@ -212,29 +213,29 @@ std::string MenuSvg(std::uint64_t window) {
     }
     const std::string size = "width=\"" + Number(kWidth) + "\" height=\"" + Number(kHeight) + "\"";
     const Point middle{kWidth / 2, kHeight / 2 - 20};
-    std::string picture =
+    std::string svg =
         "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<svg xmlns=\"http://www.w3.org/2000/svg\" " + size +
         " viewBox=\"0 0 " + Number(kWidth) + " " + Number(kHeight) +
         "\" font-family=\"sans-serif\" text-anchor=\"middle\">\n<rect " + size + " fill=\"#f6f8fa\"/>\n";
-    picture += "<ellipse cx=\"" + Number(middle.x) + "\" cy=\"" + Number(middle.y) + "\" rx=\"" +
-               Number(kRing * 1.2) + "\" ry=\"" + Number(kRing) +
-               "\" fill=\"none\" stroke=\"#d0d7de\" stroke-width=\"2\"/>\n";
-    picture += Circle(middle, 90, "#24292f", "#57606a");
+    svg += "<ellipse cx=\"" + Number(middle.x) + "\" cy=\"" + Number(middle.y) + "\" rx=\"" +
+           Number(kRingRadius * 1.2) + "\" ry=\"" + Number(kRingRadius) +
+           "\" fill=\"none\" stroke=\"#d0d7de\" stroke-width=\"2\"/>\n";
+    svg += Circle(middle, 90, "#24292f", "#57606a");
     std::string selected = "nothing chosen";
     const std::size_t count = menu->items.size() + menu->system_items.size();
     for (std::size_t i = 0; i < menu->items.size(); ++i) {
-        picture += Draw(menu->items[i], PointOnRing(i, count));
+        svg += ItemSvg(menu->items[i], PointOnRing(i, count));
         if (menu->items[i].selected) {
             selected = Abbreviated(menu->items[i].label, kMaxCenterCharacters);
         }
     }
     for (std::size_t i = 0; i < menu->system_items.size(); ++i) {
-        picture +=
-            DrawSystemItem(SystemItemName(menu->system_items[i]), PointOnRing(menu->items.size() + i, count));
+        svg +=
+            SystemItemSvg(SystemItemName(menu->system_items[i]), PointOnRing(menu->items.size() + i, count));
     }
-    picture += Text({middle.x, middle.y}, 18, "#ffffff", selected);
-    picture += Text({middle.x, middle.y + 24}, 12, "#c9d1d9", HapticsText(*menu));
-    return picture + "</svg>\n";
+    svg += Text({middle.x, middle.y}, 18, "#ffffff", selected);
+    svg += Text({middle.x, middle.y + 24}, 12, "#c9d1d9", HapticsText(*menu));
+    return svg + "</svg>\n";
 }
 
 }  // namespace dialsim

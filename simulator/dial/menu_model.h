@@ -1,4 +1,4 @@
-// A window's menu as a person would see it.
+// The visible contents of a window's menu.
 #pragma once
 
 #include <cstdint>
@@ -25,13 +25,13 @@ struct MenuModel {
     bool automatic_haptics = false;
 };
 
-// Nothing when no controller exists for the window.
+// Empty when the window has no controller.
 std::optional<MenuModel> ReadMenu(std::uint64_t window);
 
-// The angle of a place in the ring, in radians clockwise from the right; the first place is at the top.
+// The angle of an item in the ring, in radians clockwise from the right; the first item is at the top.
 double AngleInRing(std::size_t index, std::size_t count);
 
-// Both empty when no controller exists for the window.
+// Both are empty when the window has no controller.
 std::string MenuText(std::uint64_t window);
 std::string MenuSvg(std::uint64_t window);
 

@@ -21,8 +21,8 @@ struct State {
 };
 
 State& TheState() {
-    static State& place = *new State;
-    return place;
+    static State& state = *new State;
+    return state;
 }
 
 void SetOpenMenu(std::optional<OpenMenu> menu) {
@@ -33,12 +33,12 @@ void SetOpenMenu(std::optional<OpenMenu> menu) {
     TheDesktop().UpdateDisplay();
 }
 
-// Not by CloseMenu: a recording would have it as the user's.
+// Does not call CloseMenu, which would be recorded as an action of the user.
 const ResetAction close_menu(ResetPhase::State, [] { SetOpenMenu({}); });
 
 std::int64_t ItemCount(std::uint64_t window) {
-    const auto shown = ReadMenu(window);
-    return shown ? static_cast<std::int64_t>(shown->items.size()) : 0;
+    const auto model = ReadMenu(window);
+    return model ? static_cast<std::int64_t>(model->items.size()) : 0;
 }
 
 }  // namespace
@@ -49,14 +49,14 @@ std::optional<OpenMenu> TheOpenMenu() {
 }
 
 bool OpenMenuOf(std::uint64_t window) {
-    const auto shown = ReadMenu(window);
-    if (!shown || shown->items.empty()) {
+    const auto model = ReadMenu(window);
+    if (!model || model->items.empty()) {
         return false;
     }
     const RecordingScope action(window, "menu");
-    OpenMenu menu{shown->window, 0};
-    for (std::uint32_t i = 0; i < shown->items.size(); ++i) {
-        menu.highlighted = shown->items[i].selected ? i : menu.highlighted;
+    OpenMenu menu{model->window, 0};
+    for (std::uint32_t i = 0; i < model->items.size(); ++i) {
+        menu.highlighted = model->items[i].selected ? i : menu.highlighted;
     }
     SetOpenMenu(menu);
     return true;
@@ -74,11 +74,11 @@ bool MoveHighlight(double degrees) {
     }
     const std::int64_t count = ItemCount(menu->window);
     if (count == 0) {
-        CloseMenu();  // its items or its window have gone meanwhile
+        CloseMenu();  // its items or its controller no longer exist
         return false;
     }
-    const std::int64_t place = menu->highlighted + std::llround(degrees / kDegreesForItem);
-    menu->highlighted = static_cast<std::uint32_t>((place % count + count) % count);
+    const std::int64_t index = menu->highlighted + std::llround(degrees / kDegreesForItem);
+    menu->highlighted = static_cast<std::uint32_t>((index % count + count) % count);
     SetOpenMenu(menu);
     return true;
 }

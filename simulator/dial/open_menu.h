@@ -1,5 +1,4 @@
-// The menu while the user has it open over a window: turning moves a highlight, a click chooses what it is
-// on.
+// The menu that is open over a window: turning moves the highlight, a click chooses the highlighted item.
 #pragma once
 
 #include <cstdint>
@@ -11,18 +10,17 @@ namespace dialsim {
 
 struct OpenMenu {
     std::uint64_t window = 0;
-    std::uint32_t highlighted = 0;  // a place in the ring
+    std::uint32_t highlighted = 0;  // the index of an item
 };
 
-// Nothing while it is closed.
+// Empty while no menu is open.
 std::optional<OpenMenu> TheOpenMenu();
 
-// The highlight begins on the selected item. False, and the menu stays closed, where there is nothing to
-// choose.
+// Highlights the selected item. False when the menu has no items: it stays closed.
 bool OpenMenuOf(std::uint64_t window);
 void CloseMenu();
 
-// By one item for every ten degrees, round the ring; false while the menu is closed.
+// Moves the highlight by one item for every ten degrees, cyclically; false while no menu is open.
 bool MoveHighlight(double degrees);
 
 }  // namespace dialsim

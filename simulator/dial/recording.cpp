@@ -19,36 +19,37 @@ constexpr char kHeading[] = "# What the dial did: angles in degrees, times in mi
 
 Mutex mutex;
 std::FILE* file = nullptr;
-std::string& current_window = *new std::string;  // the window that the script has named last
+std::string& current_window = *new std::string;  // the window of the last `window` line
 std::uint64_t idle_since_ms = 0;
 
-// Commands within a command come again with it: a click that chooses, a handler that moves the dial.
+// Nested commands are not recorded, because playing the outer one repeats them: a click that chooses an item,
+// a handler that turns the dial.
 thread_local int command_depth = 0;
 
 void WriteLine(const std::string& line) {
     std::fprintf(file, "%s\n", line.c_str());
-    std::fflush(file);  // a killed program's recording is whole
+    std::fflush(file);  // the recording is complete when the program is killed
 }
 
-// Its place in the order of their first controllers: handles differ from run to run.
+// "@" and the number of the window, because handles differ between runs; the handle for an unnumbered window.
 std::string WindowName(std::uint64_t window) {
-    const std::size_t place = WindowNumber(window);
-    std::string name = place == 0 ? "" : "@";
-    name += std::to_string(place == 0 ? window : place);
+    const std::size_t number = WindowNumber(window);
+    std::string name = number == 0 ? "" : "@";
+    name += std::to_string(number == 0 ? window : number);
     return name;
 }
 
-// A clock that was set back gives no wait.
+// No wait is recorded when the clock was set back.
 void WriteWait() {
     const std::uint64_t now = ClockNow();
-    const std::uint64_t passed = now - std::min(now, idle_since_ms);
-    if (passed > 0) {
+    const std::uint64_t elapsed = now - std::min(now, idle_since_ms);
+    if (elapsed > 0) {
         WriteLine(
-            Command("wait", std::min<std::uint64_t>(passed, std::numeric_limits<std::uint32_t>::max())));
+            Command("wait", std::min<std::uint64_t>(elapsed, std::numeric_limits<std::uint32_t>::max())));
     }
 }
 
-// `window` is empty for a command that is for none.
+// `window` is empty for a command without a window.
 void Write(const std::string& command, const std::string& window) {
     const std::lock_guard guard(mutex);
     if (file == nullptr) {

@@ -1,4 +1,4 @@
-// Writes down what the dial does, as a script that does it again.
+// Records the actions of the dial as a script.
 #pragma once
 
 #include <charconv>
@@ -8,7 +8,7 @@
 
 namespace dialsim {
 
-// A command with its numbers, as short as they can be written and be read back unchanged.
+// A command with its arguments, in the shortest form that parses to the same numbers.
 template <class... Numbers>
 std::string Command(std::string text, Numbers... numbers) {
     char digits[32];
@@ -16,12 +16,12 @@ std::string Command(std::string text, Numbers... numbers) {
     return text;
 }
 
-// One recording at a time: ends the one under way. False where the file cannot be written.
+// Ends a running recording: there is one at a time. False when the file cannot be written.
 bool StartRecording(const std::string& path);
 void EndRecording();
 
-// The command is carried out while one of these lives. What passes between them is recorded as waits; what
-// passes meanwhile is the handlers' own time.
+// Records a command; its handlers run during the lifetime of the object. The time between two of these
+// objects is recorded as a wait, the time of the handlers is not.
 class RecordingScope {
 public:
     explicit RecordingScope(const std::string& command);

@@ -27,22 +27,22 @@ namespace dialsim {
 
 namespace {
 
-// Where the script stands while it plays.
+// The state of a running script.
 struct Player {
     std::uint64_t window = 0;
     bool real_time = false;
 };
 
-// Answers what an event's handlers answered; 0 for everything else.
+// Returns the result of an event; S_OK for commands that raise none.
 using Action = std::function<HRESULT(Player&)>;
 using Words = std::vector<std::string>;
 
-// Why a line cannot be understood.
+// A syntax error of a line.
 class ParseError : public std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
-// A whole word as a number; integers decimal, or hexadecimal behind 0x.
+// Parses a word as a number; integers are decimal, or hexadecimal after 0x.
 template <class Number>
 Number Parse(const std::string& word) {
     const char* const end = word.data() + word.size();
@@ -64,17 +64,17 @@ abi::Rect ParseRect(const Words& words) {
     return {Parse<float>(words[1]), Parse<float>(words[2]), Parse<float>(words[3]), Parse<float>(words[4])};
 }
 
-bool ParseChoice(const std::string& word, const char* yes, const char* no) {
-    if (word != yes && word != no) {
-        throw ParseError("'" + word + "' is neither '" + yes + "' nor '" + no + "'");
+bool ParseChoice(const std::string& word, const char* first, const char* second) {
+    if (word != first && word != second) {
+        throw ParseError("'" + word + "' is neither '" + first + "' nor '" + second + "'");
     }
-    return word == yes;
+    return word == first;
 }
 
-// `counts` is where the optional FROM and TIMES begin.
+// `counts` is the index of the optional FROM and TIMES.
 Fault ParseFault(const Words& words, std::size_t counts, Fault::Kind kind, HRESULT code) {
-    const auto count = [&](std::size_t i, std::uint32_t absent) {
-        return i < words.size() ? Parse<std::uint32_t>(words[i]) : absent;
+    const auto count = [&](std::size_t i, std::uint32_t default_value) {
+        return i < words.size() ? Parse<std::uint32_t>(words[i]) : default_value;
     };
     Fault fault{words[1], kind, code, count(counts, 1), count(counts + 1, 0)};
     if (!IsApplicable(fault)) {
@@ -113,10 +113,10 @@ MouseAction ParseMouseAction(const std::string& word) {
     return ParseChoice(word, "down", "up") ? MouseAction::Down : MouseAction::Up;
 }
 
-// For what does not always work; it is no error of the script.
-void ReportIfFailed(bool worked, const std::string& what) {
-    if (!worked) {
-        std::fprintf(stderr, "dial script: %s\n", what.c_str());
+// Reports a command that failed; the script continues.
+void ReportIfFailed(bool succeeded, const std::string& error) {
+    if (!succeeded) {
+        std::fprintf(stderr, "dial script: %s\n", error.c_str());
     }
 }
 
@@ -136,8 +136,8 @@ Action ParseShow(const std::string& word) {
 
 struct Command {
     const char* name;
-    std::size_t least_words;  // with the name
-    std::size_t most_words;
+    std::size_t min_words;  // including the name
+    std::size_t max_words;
     Action (*parse)(const Words& words);
 };
 
@@ -197,8 +197,8 @@ const Command kCommands[] = {
     {"window", 2, 2,
      [](const Words& words) -> Action {
          if (words[1].starts_with('@')) {
-             return WithoutResult([place = Parse<std::uint32_t>(words[1].substr(1))](Player& player) {
-                 player.window = WindowAt(place);
+             return WithoutResult([number = Parse<std::uint32_t>(words[1].substr(1))](Player& player) {
+                 player.window = WindowAt(number);
              });
          }
          return WithoutResult(
@@ -290,7 +290,7 @@ Action ParseCommand(const Words& words) {
         if (words[0] != command.name) {
             continue;
         }
-        if (words.size() < command.least_words || words.size() > command.most_words) {
+        if (words.size() < command.min_words || words.size() > command.max_words) {
             throw ParseError("'" + words[0] + "' does not take " + std::to_string(words.size() - 1) +
                              " arguments");
         }
@@ -313,19 +313,20 @@ std::vector<Line> ParseLines(const std::string& script) {
             if (const Words words = Split(line); !words.empty()) {
                 parsed.push_back({number, ParseCommand(words)});
             }
-        } catch (const ParseError& reason) {
-            throw ParseError("line " + std::to_string(number) + ": " + reason.what());
+        } catch (const ParseError& error) {
+            throw ParseError("line " + std::to_string(number) + ": " + error.what());
         }
     }
     return parsed;
 }
 
-// An event that came to nothing is no error of the script, but its author wants to know.
+// Reports an event that failed; the script continues.
 void Report(int number, HRESULT code) {
     if (code == kNoController) {
         std::fprintf(stderr, "dial script, line %d: no window has a listener\n", number);
-    } else if (code == kHandlerRaised) {
-        std::fprintf(stderr, "dial script, line %d: a handler threw: %s\n", number, LastRaised().c_str());
+    } else if (code == kHandlerThrew) {
+        std::fprintf(stderr, "dial script, line %d: a handler threw: %s\n", number,
+                     LastExceptionMessage().c_str());
     } else if (code < 0) {
         std::fprintf(stderr, "dial script, line %d: a handler returned %x\n", number,
                      static_cast<unsigned>(code));
@@ -342,8 +343,8 @@ std::string PlayScript(const std::string& script, bool real_time) {
             Report(line.number, line.action(player));
         }
         return {};
-    } catch (const ParseError& reason) {
-        return reason.what();
+    } catch (const ParseError& error) {
+        return error.what();
     }
 }
 

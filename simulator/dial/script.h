@@ -1,12 +1,12 @@
-// Plain-text scripts that turn the dial.
+// Plain-text scripts of dial commands.
 #pragma once
 
 #include <string>
 
 namespace dialsim {
 
-// Plays the commands in order. Empty, or why nothing was played: every line is understood before the first is
-// carried out.
+// Parses all lines, then executes the commands in order. Returns an empty string, or the first syntax error:
+// then no command is executed.
 std::string PlayScript(const std::string& script, bool real_time);
 
 }  // namespace dialsim

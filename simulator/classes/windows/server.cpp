@@ -1,4 +1,4 @@
-// dialsim.dll as a server of Windows Runtime classes: activation, and its entries in the registry.
+// dialsim.dll as an in-process server of Windows Runtime classes: activation and registration.
 #include <windows.h>
 
 #include <string>
@@ -15,8 +15,7 @@ constexpr char kClassesKey[] = "SOFTWARE\\Microsoft\\WindowsRuntime\\Activatable
 
 HMODULE this_module = nullptr;
 
-// On real Windows the classes belong to the system: replacing them there would take the dial from every
-// program.
+// On Windows the classes belong to the system: replacing them would disable the dial for every program.
 bool RunsUnderWine() { return GetProcAddress(GetModuleHandleA("ntdll.dll"), "wine_get_version") != nullptr; }
 
 HRESULT WriteClass(const std::string& name, const std::string& path) {
@@ -47,7 +46,7 @@ HRESULT WINAPI DllGetActivationFactory(HSTRING class_name, void** factory) {
     return GetClassFactory(class_name, brindle::abi::IInspectable::Iid, factory);
 }
 
-// Control functions and journal live here: never unloaded.
+// Never unloaded: the DLL contains the control functions and the journal.
 HRESULT WINAPI DllCanUnloadNow() { return S_FALSE; }
 
 HRESULT WINAPI DllRegisterServer() {
