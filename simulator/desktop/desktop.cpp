@@ -30,12 +30,12 @@ HWND HandleOf(std::uint64_t window) {
 }
 
 // Copies these areas of the screen onto a plain background.
-void CaptureScreen(const Surface& surface, const std::vector<RECT>& places, POINT corner) {
+void CaptureAreas(const Surface& surface, const std::vector<RECT>& areas, POINT corner) {
     surface.Fill({0, 0}, surface.width() + surface.height(), {kBackdrop}, [](Point) { return -1.0; });
     const HDC screen = GetDC(nullptr);
-    for (const RECT& place : places) {
-        BitBlt(surface.context(), place.left - corner.x, place.top - corner.y, place.right - place.left,
-               place.bottom - place.top, screen, place.left, place.top, SRCCOPY);
+    for (const RECT& area : areas) {
+        BitBlt(surface.context(), area.left - corner.x, area.top - corner.y, area.right - area.left,
+               area.bottom - area.top, screen, area.left, area.top, SRCCOPY);
     }
     ReleaseDC(nullptr, screen);
     GdiFlush();
@@ -81,19 +81,19 @@ public:
     }
 
     bool WriteScreenshot(std::uint64_t window, const std::string& path) override {
-        std::vector<RECT> places = {ClientScreenRect(HandleOf(window))};
+        std::vector<RECT> areas = {ClientScreenRect(HandleOf(window))};
         if (const HWND dial = TheDialWindow()) {
-            places.push_back(ClientScreenRect(dial));
+            areas.push_back(ClientScreenRect(dial));
         }
         RECT all{};
-        for (const RECT& place : places) {
-            UnionRect(&all, &all, &place);
+        for (const RECT& area : areas) {
+            UnionRect(&all, &all, &area);
         }
         if (IsRectEmpty(&all)) {
             return false;
         }
         const Surface surface(all.right - all.left + 2 * kMargin, all.bottom - all.top + 2 * kMargin);
-        CaptureScreen(surface, places, {all.left - kMargin, all.top - kMargin});
+        CaptureAreas(surface, areas, {all.left - kMargin, all.top - kMargin});
         QuantizeColors(surface);
         return WritePng(surface, path);
     }

@@ -18,8 +18,8 @@ constexpr wchar_t kClassName[] = L"DialsimDial";
 constexpr int kWidth = 220;
 constexpr int kHeight = 264;
 constexpr Point kMiddle{kWidth / 2.0, 106};
-constexpr double kBody = 88;
-constexpr double kTop = 62;
+constexpr double kBodyRadius = 88;
+constexpr double kTopRadius = 62;
 const double kHalfTurn = std::acos(-1.0);
 
 constexpr std::uint32_t kBackground = 0xF6F8FA;
@@ -40,10 +40,10 @@ std::atomic<HWND> dial_window = nullptr;
 
 void DrawBody(const Surface& surface) {
     for (int i = 10; i > 0; --i) {
-        surface.Disc({kMiddle.x, kMiddle.y + 5}, kBody + i, {0, 0.02});
+        surface.Disc({kMiddle.x, kMiddle.y + 5}, kBodyRadius + i, {0, 0.02});
     }
-    surface.Disc(kMiddle, kBody, {kDark});
-    surface.Circle(kMiddle, kBody - 1.5, 3, {0x444C56});
+    surface.Disc(kMiddle, kBodyRadius, {kDark});
+    surface.Circle(kMiddle, kBodyRadius - 1.5, 3, {0x444C56});
 }
 
 // The marks turn with the dial; one of them is the pointer.
@@ -51,16 +51,16 @@ void DrawMarks(const Surface& surface, double degrees) {
     const double turned = degrees / 180 * kHalfTurn - kHalfTurn / 2;
     for (int i = 1; i < 36; ++i) {
         const double angle = turned + i * kHalfTurn / 18;
-        surface.Line(PointOnCircle(kMiddle, kBody - 14, angle), PointOnCircle(kMiddle, kBody - 8, angle), 1.5,
-                     {kTick, 0.8});
+        surface.Line(PointOnCircle(kMiddle, kBodyRadius - 14, angle),
+                     PointOnCircle(kMiddle, kBodyRadius - 8, angle), 1.5, {kTick, 0.8});
     }
-    surface.Line(PointOnCircle(kMiddle, kBody - 20, turned), PointOnCircle(kMiddle, kBody - 8, turned), 5,
-                 {kAccent});
+    surface.Line(PointOnCircle(kMiddle, kBodyRadius - 20, turned),
+                 PointOnCircle(kMiddle, kBodyRadius - 8, turned), 5, {kAccent});
 }
 
 void DrawTop(const Surface& surface, bool pressed) {
-    const double radius = pressed ? kTop - 3 : kTop;
-    surface.Disc(kMiddle, kTop + 2, {0x1C2128});
+    const double radius = pressed ? kTopRadius - 3 : kTopRadius;
+    surface.Disc(kMiddle, kTopRadius + 2, {0x1C2128});
     for (int i = 0; i < 16; ++i) {
         surface.Disc({kMiddle.x, kMiddle.y - i}, radius - i * 1.5, {0xADBAC7, pressed ? 0.012 : 0.025});
     }
@@ -80,8 +80,8 @@ void DrawDial(const Surface& surface, const DialState& state) {
     surface.Text({kMiddle.x, 242}, 12, FW_NORMAL, kText, L"click or space: press, hold: menu");
 }
 
-// The real platform ends the process.
-void Report(HRESULT code) {
+// Reports an exception of a handler. The real platform would end the process.
+void ReportException(HRESULT code) {
     if (code == kHandlerThrew) {
         std::fprintf(stderr, "dial: a handler threw: %s\n", LastExceptionMessage().c_str());
     }
@@ -110,7 +110,7 @@ private:
     RingWindow ring_;
     RECT host_rect_{};
     bool pressed_ = false;
-    bool press_handled_ = false;  // the press was a turn or opened the menu, and is no click
+    bool press_handled_ = false;  // the press turned the dial or opened the menu: no click
 };
 
 bool DialWindow::OnMessage(HWND window, UINT message, WPARAM wparam) {
@@ -196,7 +196,7 @@ void DialWindow::OnKeyDown(HWND window, WPARAM key) {
     }
 }
 
-// Ignores the repetitions of a key that is held down.
+// Ignores key repeat.
 void DialWindow::Press(HWND window) {
     if (pressed_) {
         return;
@@ -215,14 +215,14 @@ void DialWindow::ReleaseButton(HWND window) {
     KillTimer(window, kHoldTimer);
     Hold(false);
     if (!press_handled_) {
-        Report(Click(Host()));
+        ReportException(Click(Host()));
     }
 }
 
 void DialWindow::TurnBy(HWND window, double degrees) {
     KillTimer(window, kHoldTimer);
     press_handled_ = true;
-    Report(Turn(Host(), degrees));
+    ReportException(Turn(Host(), degrees));
 }
 
 // Moves the dial with the host's window and keeps it on the screen.
@@ -231,11 +231,11 @@ void DialWindow::Follow(HWND window) {
         ShowWindow(window, SW_HIDE);
         return;
     }
-    const RECT place = ClientScreenRect(host_);
-    if (!EqualRect(&place, &host_rect_)) {
-        host_rect_ = place;
+    const RECT rect = ClientScreenRect(host_);
+    if (!EqualRect(&rect, &host_rect_)) {
+        host_rect_ = rect;
         const int most = GetSystemMetrics(SM_CXSCREEN) - kWidth;
-        SetWindowPos(window, HWND_TOPMOST, std::min(static_cast<int>(place.right) + kGap, most), place.top, 0,
+        SetWindowPos(window, HWND_TOPMOST, std::min(static_cast<int>(rect.right) + kGap, most), rect.top, 0,
                      0, SWP_NOSIZE | SWP_NOACTIVATE);
     }
     ShowWindow(window, SW_SHOWNOACTIVATE);
@@ -274,10 +274,10 @@ void RunDial(HWND host, HANDLE ready) {
 }  // namespace
 
 RECT ClientScreenRect(HWND window) {
-    RECT place{};
-    GetClientRect(window, &place);
-    MapWindowPoints(window, nullptr, reinterpret_cast<POINT*>(&place), 2);
-    return place;
+    RECT rect{};
+    GetClientRect(window, &rect);
+    MapWindowPoints(window, nullptr, reinterpret_cast<POINT*>(&rect), 2);
+    return rect;
 }
 
 void OpenDialWindow(std::uint64_t host) {

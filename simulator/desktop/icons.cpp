@@ -22,23 +22,28 @@ public:
         : surface_(surface), middle_(middle), scale_(size / kIconSquare), paint_(paint) {}
 
     void Line(Point from, Point to, double width = kPen) const {
-        surface_.Line(Place(from), Place(to), width * scale_, paint_);
+        surface_.Line(ToSurface(from), ToSurface(to), width * scale_, paint_);
     }
-    // Two lines from the tip, which end `back` behind it and `side` to its sides.
-    void Tip(Point tip, Point back, Point side) const {
+    // An arrowhead: two lines from `tip` to the points at `back` plus and minus `side`.
+    void Arrowhead(Point tip, Point back, Point side) const {
         Line({tip.x + back.x + side.x, tip.y + back.y + side.y}, tip);
         Line({tip.x + back.x - side.x, tip.y + back.y - side.y}, tip);
     }
     void Arc(Point middle, double radius, double from, double to) const {
-        surface_.Arc(Place(middle), radius * scale_, from * kHalfTurn, to * kHalfTurn, kPen * scale_, paint_);
+        surface_.Arc(ToSurface(middle), radius * scale_, from * kHalfTurn, to * kHalfTurn, kPen * scale_,
+                     paint_);
     }
     void Circle(Point middle, double radius) const {
-        surface_.Circle(Place(middle), radius * scale_, kPen * scale_, paint_);
+        surface_.Circle(ToSurface(middle), radius * scale_, kPen * scale_, paint_);
     }
-    void Disc(Point middle, double radius) const { surface_.Disc(Place(middle), radius * scale_, paint_); }
+    void Disc(Point middle, double radius) const {
+        surface_.Disc(ToSurface(middle), radius * scale_, paint_);
+    }
 
 private:
-    Point Place(Point point) const { return {middle_.x + point.x * scale_, middle_.y + point.y * scale_}; }
+    Point ToSurface(Point point) const {
+        return {middle_.x + point.x * scale_, middle_.y + point.y * scale_};
+    }
 
     const Surface& surface_;
     const Point middle_;
@@ -48,8 +53,8 @@ private:
 
 void DrawScroll(const IconPainter& pen) {
     pen.Line({0, -9}, {0, 9});
-    pen.Tip({0, -10}, {0, 4}, {4, 0});
-    pen.Tip({0, 10}, {0, -4}, {4, 0});
+    pen.Arrowhead({0, -10}, {0, 4}, {4, 0});
+    pen.Arrowhead({0, 10}, {0, -4}, {4, 0});
 }
 
 void DrawZoom(const IconPainter& pen) {
@@ -80,9 +85,9 @@ void DrawVolume(const IconPainter& pen) {
 
 void DrawNextPrevious(const IconPainter& pen) {
     pen.Line({-9, -6}, {-9, 6});
-    pen.Tip({-8, 0}, {6, 0}, {0, 6});
+    pen.Arrowhead({-8, 0}, {6, 0}, {0, 6});
     pen.Line({9, -6}, {9, 6});
-    pen.Tip({8, 0}, {-6, 0}, {0, 6});
+    pen.Arrowhead({8, 0}, {-6, 0}, {0, 6});
 }
 
 void DrawRuler(const IconPainter& pen) {
@@ -158,25 +163,25 @@ void DrawGlyph(const Surface& surface, Point middle, double size, std::uint32_t 
 
 // --- pictures
 
-// The average colour and coverage of the part of the picture that one pixel of the drawing shows.
+// The average colour and coverage of the area of the picture that one pixel of the drawing shows.
 Paint AverageOf(Gdiplus::Bitmap& bitmap, double left, double top, double step) {
     constexpr int kSamples = 4;
-    double parts[4] = {};
+    double sums[4] = {};
     for (int i = 0; i < kSamples * kSamples; ++i) {
         Gdiplus::Color color;
         bitmap.GetPixel(static_cast<INT>(left + step * (i % kSamples + 0.5) / kSamples),
                         static_cast<INT>(top + step * (i / kSamples + 0.5) / kSamples), &color);
         const double alpha = color.GetA();
-        parts[0] += color.GetR() * alpha;
-        parts[1] += color.GetG() * alpha;
-        parts[2] += color.GetB() * alpha;
-        parts[3] += alpha;
+        sums[0] += color.GetR() * alpha;
+        sums[1] += color.GetG() * alpha;
+        sums[2] += color.GetB() * alpha;
+        sums[3] += alpha;
     }
-    if (parts[3] == 0) {
+    if (sums[3] == 0) {
         return {0, 0};
     }
-    const auto part = [&](int i) { return static_cast<std::uint32_t>(std::lround(parts[i] / parts[3])); };
-    return {part(0) << 16 | part(1) << 8 | part(2), parts[3] / (255.0 * kSamples * kSamples)};
+    const auto average = [&](int i) { return static_cast<std::uint32_t>(std::lround(sums[i] / sums[3])); };
+    return {average(0) << 16 | average(1) << 8 | average(2), sums[3] / (255.0 * kSamples * kSamples)};
 }
 
 void DrawBitmap(const Surface& surface, Point middle, double size, Gdiplus::Bitmap& bitmap) {

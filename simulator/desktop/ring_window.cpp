@@ -56,9 +56,9 @@ void DrawMenu(const Surface& surface, const MenuModel& menu, std::uint32_t highl
         }
     }
     for (std::size_t i = 0; i < menu.system_items.size(); ++i) {
-        const Point place = PointOnCircle(kMiddle, kBand, AngleInRing(menu.items.size() + i, count));
+        const Point middle = PointOnCircle(kMiddle, kBand, AngleInRing(menu.items.size() + i, count));
         // The system entries have the first known icons, in the same order.
-        DrawKnownIcon(surface, place, kPictureSize, {kSystems},
+        DrawKnownIcon(surface, middle, kPictureSize, {kSystems},
                       static_cast<std::uint32_t>(menu.system_items[i]));
     }
     DrawMiddle(surface, menu.items[highlighted]);
@@ -105,7 +105,7 @@ void RingWindow::UpdateDisplay() {
     RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
 }
 
-// Copies the screen as the ring's background: looks transparent also where windows cannot be.
+// Copies the screen as the ring's background, which simulates transparency where windows do not support it.
 void RingWindow::PlaceOver(HWND host) {
     RECT client{};
     GetClientRect(host, &client);

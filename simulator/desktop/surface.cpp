@@ -7,15 +7,17 @@ namespace {
 double DistanceBetween(Point a, Point b) { return std::hypot(a.x - b.x, a.y - b.y); }
 
 double DistanceToLine(Point point, Point from, Point to) {
-    const Point way{to.x - from.x, to.y - from.y};
-    const double length_squared = way.x * way.x + way.y * way.y;
+    const Point direction{to.x - from.x, to.y - from.y};
+    const double length_squared = direction.x * direction.x + direction.y * direction.y;
     const double along =
-        length_squared == 0 ? 0 : ((point.x - from.x) * way.x + (point.y - from.y) * way.y) / length_squared;
+        length_squared == 0
+            ? 0
+            : ((point.x - from.x) * direction.x + (point.y - from.y) * direction.y) / length_squared;
     const double nearest = std::clamp(along, 0.0, 1.0);
-    return DistanceBetween(point, {from.x + nearest * way.x, from.y + nearest * way.y});
+    return DistanceBetween(point, {from.x + nearest * direction.x, from.y + nearest * direction.y});
 }
 
-std::uint32_t MixPart(std::uint32_t below, std::uint32_t above, int shift, double amount) {
+std::uint32_t MixComponent(std::uint32_t below, std::uint32_t above, int shift, double amount) {
     const double from = below >> shift & 0xFF;
     const double to = above >> shift & 0xFF;
     return static_cast<std::uint32_t>(std::lround(from + (to - from) * amount)) << shift;
@@ -29,20 +31,21 @@ Surface::Surface(int width, int height)
     void* pixels = nullptr;
     bitmap_ = CreateDIBSection(context_, &format, DIB_RGB_COLORS, &pixels, nullptr, 0);
     pixels_ = static_cast<std::uint32_t*>(pixels);
-    former_ = SelectObject(context_, bitmap_);
+    old_bitmap_ = SelectObject(context_, bitmap_);
     SetBkMode(context_, TRANSPARENT);
 }
 
 Surface::~Surface() {
-    SelectObject(context_, former_);
+    SelectObject(context_, old_bitmap_);
     DeleteObject(bitmap_);
     DeleteDC(context_);
 }
 
 void Surface::Blend(int x, int y, Paint paint) const {
     std::uint32_t& pixel = At(x, y);
-    pixel = MixPart(pixel, paint.color, 16, paint.opacity) | MixPart(pixel, paint.color, 8, paint.opacity) |
-            MixPart(pixel, paint.color, 0, paint.opacity);
+    pixel = MixComponent(pixel, paint.color, 16, paint.opacity) |
+            MixComponent(pixel, paint.color, 8, paint.opacity) |
+            MixComponent(pixel, paint.color, 0, paint.opacity);
 }
 
 void Surface::Disc(Point middle, double radius, Paint paint) const {
@@ -64,14 +67,15 @@ void Surface::Arc(Point middle, double radius, double from, double to, double wi
     const double half = (to - from) / 2;
     const double turned = from + half;
     const Point end = PointOnCircle({0, 0}, radius, half);
-    // The arc is symmetric about its middle.
+    // The arc is symmetric about its middle: the distance is computed for one half.
     Fill(middle, radius + width / 2, paint, [=](Point point) {
         const double x = point.x - middle.x;
         const double y = point.y - middle.y;
-        const Point seen{x * std::cos(turned) + y * std::sin(turned),
-                         std::abs(y * std::cos(turned) - x * std::sin(turned))};
-        const bool beside = std::atan2(seen.y, seen.x) <= half;
-        return (beside ? std::abs(std::hypot(x, y) - radius) : DistanceBetween(seen, end)) - width / 2;
+        const Point mirrored{x * std::cos(turned) + y * std::sin(turned),
+                             std::abs(y * std::cos(turned) - x * std::sin(turned))};
+        const bool within_arc = std::atan2(mirrored.y, mirrored.x) <= half;
+        return (within_arc ? std::abs(std::hypot(x, y) - radius) : DistanceBetween(mirrored, end)) -
+               width / 2;
     });
 }
 
@@ -80,12 +84,12 @@ void Surface::Text(Point middle, int size, int weight, std::uint32_t color, cons
     const HFONT font =
         CreateFontW(-size, 0, 0, 0, weight, FALSE, FALSE, FALSE, DEFAULT_CHARSET, OUT_DEFAULT_PRECIS,
                     CLIP_DEFAULT_PRECIS, ANTIALIASED_QUALITY, DEFAULT_PITCH | FF_SWISS, family);
-    const HGDIOBJ former = SelectObject(context_, font);
+    const HGDIOBJ old_font = SelectObject(context_, font);
     SetTextColor(context_, RGB(color >> 16 & 0xFF, color >> 8 & 0xFF, color & 0xFF));
     RECT area{0, static_cast<LONG>(middle.y) - size, static_cast<LONG>(2 * middle.x),
               static_cast<LONG>(middle.y) + size};
     DrawTextW(context_, text, -1, &area, DT_CENTER | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX);
-    SelectObject(context_, former);
+    SelectObject(context_, old_font);
     DeleteObject(font);
     GdiFlush();
 }

@@ -70,7 +70,7 @@ private:
     const HDC context_;
     std::uint32_t* pixels_ = nullptr;
     HBITMAP bitmap_;
-    HGDIOBJ former_;
+    HGDIOBJ old_bitmap_;
 };
 
 // The point on a circle at this angle, in radians clockwise from the right.
