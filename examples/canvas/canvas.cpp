@@ -205,7 +205,7 @@ public:
                 Redraw();
                 return 0;
             case WM_ERASEBKGND:
-                return 1;  // everything is painted anyway
+                return 1;  // WM_PAINT paints the whole client area
             case WM_PAINT:
                 PaintWindow(window_, [this](HDC context, const RECT& client) { DrawAll(context, client); });
                 return 0;
@@ -385,7 +385,7 @@ int WINAPI WinMain(HINSTANCE program, HINSTANCE /*former*/, LPSTR /*arguments*/,
     if (window == nullptr || initialize() == 1) {
         return 1;
     }
-    // Without a dial the program paints all the same; the window shows that there is no dial.
+    // Without a dial the mouse still paints, and the window shows that the dial is absent.
     DialHost host(window);
     if (init_dial_listener(&host)) {
         FillMenu(window);

@@ -9,11 +9,11 @@ namespace dialsim {
 
 namespace {
 
-bool IsPackagedAtTheStart() { return Environment("DIALSIM_PACKAGED") == "1"; }
+bool IsPackagedInEnvironment() { return Environment("DIALSIM_PACKAGED") == "1"; }
 
-std::atomic<bool> packaged = IsPackagedAtTheStart();
+std::atomic<bool> packaged = IsPackagedInEnvironment();
 
-const ResetAction reset_identity(ResetPhase::State, [] { packaged = IsPackagedAtTheStart(); });
+const ResetAction reset_identity(ResetPhase::State, [] { packaged = IsPackagedInEnvironment(); });
 
 }  // namespace
 

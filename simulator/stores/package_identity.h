@@ -1,4 +1,4 @@
-// Whether the program runs with the identity of a package.
+// Whether the program has package identity.
 #pragma once
 
 namespace dialsim {
