@@ -34,7 +34,7 @@
  *
  *     // On the thread that owns the window and handles its messages.
  *     void RunWithDial(HWND window) {
- *         if (initialize() == 1) return;                // no dial support; do not call uninit
+ *         if (initialize() == 1) return;                // no Windows Runtime; no uninit
  *         Volume volume(window);                        // must outlive uninit
  *         if (init_dial_listener(&volume)) {            // false: see standard output
  *             MSG message;
@@ -52,7 +52,8 @@
  *            initialize and uninit. The library does not guard against another order.
  *
  * Threads    Call every function on the thread that called initialize, which becomes a single-threaded
- *            apartment. The platform chooses the threads of events, picture loads and presence queries.
+ *            apartment. The platform chooses the threads of events and of the completions of picture loads
+ *            and presence queries.
  *
  *            A callback on the thread of initialize may call every function of this header except initialize
  *            and uninit; a callback on another thread may call none. On the thread of initialize, events may
@@ -65,8 +66,8 @@
  *
  *            When picture files are loaded on another thread, give a menu at most one FilePNG item, as its
  *            last record. Until that load has ended, do not call add_custom_menu for the window, and no item
- *            of its menu may be chosen. The load ends shortly after its item can be selected; a failed load
- *            is not reported. ResourcePNG items are added during the call.
+ *            of its menu may be chosen. The load ends shortly after its item can be selected; a file that
+ *            cannot be opened is not reported. ResourcePNG items are added during the call.
  *
  * Windows    A window is identified by its handle as an unsigned 64-bit number: (uint64_t)hwnd.
  *
@@ -105,8 +106,9 @@
  *            and line 727 are attempted once and end their operation.
  *
  *            A step that consists of other steps prints their lines in each of its attempts: a contact that
- *            cannot be read prints four. When the platform succeeds and yields null, no step has failed: a
- *            null controller prints the "register" line only, a null menu or item list prints no line.
+ *            cannot be read prints four. A null factory fails its step, except that for known icons, which
+ *            fails its item only. A null controller prints the "register" line only; a null menu or item
+ *            list of add_custom_menu prints no line.
  */
 #ifndef BRINDLE_H
 #define BRINDLE_H
@@ -140,9 +142,10 @@ typedef char16_t BrindleChar;
 
 /* The place of the dial on the screen, in the coordinates that the platform reports for the window, truncated
  * toward zero; a coordinate outside the range of int32_t becomes INT32_MIN. All zero when the dial is not on
- * the screen or its place cannot be read. For a turn, right is the truncated sum of left and width; for a
- * click it is the truncated sum of the truncated left and width, so the two can differ by one. The same holds
- * for bottom. 16 bytes. */
+ * the screen or its place cannot be read. For a turn, right is the sum of the untruncated left and width,
+ * truncated once; for a click it is the sum of the field left and the untruncated width, truncated, so the
+ * two can differ by one: left 10.7 and width 20.6 give 31 for a turn and 30 for a click. The same holds for
+ * bottom. 16 bytes. */
 typedef struct DialContactRect {
     int32_t left;
     int32_t top;
@@ -253,7 +256,7 @@ typedef struct MenuItemDescription {
  * before init_dial_listener returns anything but true, or events access freed memory. Callbacks must not
  * throw or unwind, because the platform calls them.
  *
- * When the data of an event cannot be read:
+ * When the data of an event cannot be read, or the platform fails to play requested haptic feedback:
  *
  *   a turn's degrees, the contact's place, the selected item's tag   0, and the callback is called
  *   the selected item, a click's contact                             the callback is not called; a line is
@@ -271,7 +274,8 @@ public:
     /* The dial was turned. The callback may write info->hapticRequest and nothing else. */
     virtual void OnRotation(void* sender, const DialRotationInfo* info) = 0;
     /* Returns the window of this object. init_dial_listener calls it twice: the first result is the window
-     * that the dial is bound to; the second, after a successful registration, is the key of the listener.
+     * that the dial is bound to; the second, after a successful registration, is the window that the listener
+     * is registered for.
      * set_default_menu calls it once. */
     virtual uint64_t GetWindowHandle() = 0;
     /* The button was pressed and released; `rect` is the place of the dial on the screen. */
@@ -315,7 +319,7 @@ struct IDialHost {
  *     1        the Windows Runtime cannot be initialised, for instance because the thread is already in a
  *              multithreaded apartment, or it lacks the class for the check. Call nothing more, uninit
  *              included: the Windows Runtime may have stayed initialised, which the result does not report
- *     2        this Windows is too old, or the check failed. Call uninit
+ *     2        this Windows is too old, or the check failed. Call uninit at the end, as after 0
  *
  *   Errors     a structured exception, non-continuable, when the platform cannot create a string
  *   Threads    the thread that makes all other calls
@@ -349,7 +353,7 @@ void uninit(void);
  *              after one from 467 to 491 the events subscribed before it arrive, those after it do not, and
  *              its own may arrive more than once. Line 487 subscribes turns, line 491 clicks
  *     false    host is null (no line), a step failed, or the platform yielded no controller ("register" line
- *              only). The registration is undone
+ *              only). The listener is deleted; its events end with the last reference to the controller
  *
  *   Errors     std::bad_alloc when the listener or its entry cannot be allocated
  *   Threads    the thread of initialize. Events may arrive before the function returns
@@ -380,8 +384,9 @@ bool init_dial_listener(IDialHost* host);
  *              lack its tag, or be in the menu more than once
  *     false    no listener, or one without a controller; or the menu or its item list cannot be read (line
  *              124 or 129, no line when the platform yields null), and the old items stay; or the factory for
- *              known icons failed (151), and the records from that one on are skipped. Until a later call
- *              gets the menu, turns report no tag, and picture files that complete are refused (line 649)
+ *              known icons failed (151), and the records from that one on are skipped. After line
+ *              124 or a null menu, until a later call gets the menu, turns report no tag, and picture files
+ *              that complete are refused (line 649)
  *
  *   Errors     hresult_error when the platform cannot create a string from a label, also of a skipped record,
  *              or from a source text, or when a text is longer than 4294967295 units; std::bad_alloc out of
@@ -432,7 +437,7 @@ bool set_default_menu(uint64_t window, const int32_t* kinds, uint32_t count);
  *
  *   Returns
  *     true     the item is selected
- *     false    no listener, no such item, or a step of the search failed
+ *     false    no listener, no such item, or a step of the search or the selection failed
  *
  *   Errors     std::bad_alloc when the platform is out of memory
  *   Threads    the thread of initialize
@@ -445,22 +450,24 @@ bool set_current_custom_menu(uint64_t window, uint32_t item_id);
  * ------------------------------------------------------------------------------------------------------ */
 
 /*
- * Enumerates the devices and returns whether the dial is present: whether one of the enabled Bluetooth
- * interfaces of its class begins with the address of this one dial. Any other dial counts as none.
+ * Enumerates the devices anew in each call and returns whether the dial is present: whether one of the
+ * enabled Bluetooth interfaces of its class begins with the address of this one dial. Any other dial
+ * counts as none.
  *
  *   Parameters
  *     window   a window with a listener
  *
  *   Returns
  *     true     the dial is present
- *     false    it is not; the enumeration failed or did not complete in time; another completion ended the
- *              wait; or the window has no listener
+ *     false    it is not; the enumeration cannot be started, fails or does not complete in time; another
+ *              completion ended the wait; or the window has no listener
  *
  *   Errors     std::bad_alloc out of memory, also when the platform fails with 0x8007000E to start the
  *              enumeration
  *   Threads    the thread of initialize. Blocks it without handling messages until the enumeration completes,
- *              usually a few milliseconds. For an enumeration that fails or does not complete, the wait is
- *              10,001 sleeps of 1 ms: 10 seconds with a fine system timer, up to 160 with a tick of 16 ms
+ *              usually a few milliseconds. For an enumeration that cannot be started, the function returns at
+ *              once. For one that has started and fails or does not complete, the wait is 10,001 sleeps of 1
+ *              ms: 10 seconds with a fine system timer, up to 160 with a tick of 16 ms
  *   Since      0.1
  *
  * Calls for one window must not overlap, as in a callback that arrives during the call: the first completion
@@ -531,7 +538,7 @@ int32_t set_string_in_storage(const BrindleChar* resource, const BrindleChar* ke
  *     a text   a new buffer on every call, of its length + 1 units, which you own and release with free() of
  *              the Universal C Runtime. A host with another runtime library gets that function with
  *              GetProcAddress(GetModuleHandleW(L"ucrtbase.dll"), "free")
- *     null     no store has one
+ *     null     no store yields one
  *
  *   Errors     std::bad_alloc out of memory, also when the platform fails with 0x8007000E
  *   Threads    the thread of initialize
@@ -543,7 +550,7 @@ BrindleChar* get_string_from_storage(const BrindleChar* resource, const BrindleC
  * Stores a number.
  *
  *   Parameters
- *     resource   not used
+ *     resource   not null; not used
  *     key        NUL-terminated UTF-16, not null, read during the call
  *     value      any value; INT32_MIN reads as an absent number
  *
@@ -565,8 +572,8 @@ int32_t set_int_in_storage(const BrindleChar* resource, const BrindleChar* key, 
  *
  *   Returns
  *     a number    from the roaming settings; or else the decimal number at the beginning of the vault's text
- *                 (after blanks and a sign), limited to the range of int32_t, 0 when the text begins with
- *                 none; or else from the local settings
+ *                 (blanks may precede it, and it may have a sign), limited to the range of int32_t, 0 when
+ *                 the text begins with none; or else from the local settings
  *     INT32_MIN   (0x80000000) absent. INT32_MIN does not count as a number in any store, nor does a text in
  *                 the vault that reads as INT32_MIN or below: the next store is read
  *

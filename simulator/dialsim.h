@@ -14,16 +14,18 @@
  *             must not be null unless the function says so.
  *
  * Returns     A function that raises an event returns the HRESULT of its handlers: the first failure when
- *             handlers of several windows are called, DIALSIM_NO_CONTROLLER without a controller, and
+ *             a window has several controllers or handlers, DIALSIM_NO_CONTROLLER without a controller, and
  *             DIALSIM_RAISED after an exception. A function that copies a text takes a buffer and its size in
  *             bytes, always terminates the copy, and returns the size that the whole text needs, terminator
  *             included; the buffer may be null for size 0.
  *
- * Errors      Failures are results. The exception of a handler is caught and becomes DIALSIM_RAISED; on
- *             Windows it ends the process.
+ * Errors      Failures are results. The exception of a handler is caught and becomes DIALSIM_RAISED; the
+ *             platform itself ends the process.
  *
- * Threads     Every function may be called from any thread, also in a handler, unless it says otherwise. No
- *             lock is held while handlers run.
+ * Threads     Every function may be called from any thread. A handler may call every function, except, on a
+ *             thread of the simulator, those that wait for its threads: dialsim_wait, dialsim_wait_for_async,
+ *             dialsim_wait_for_scripts, dialsim_reset, and dialsim_play of a script that waits. No lock is
+ *             held while handlers run.
  *
  * Since       0.1, all functions.
  */
@@ -44,7 +46,7 @@ extern "C" {
 
 /* No controller exists for the window (the platform's ERROR_NOT_FOUND). */
 #define DIALSIM_NO_CONTROLLER ((int32_t)0x80070490)
-/* A handler threw an exception, which ends the process on Windows. See dialsim_raised. */
+/* A handler threw an exception, which ends the process on the real platform. See dialsim_raised. */
 #define DIALSIM_RAISED ((int32_t)0xA0000001)
 
 /* Raises RotationChanged; `degrees` since the last event, clockwise positive. Returns the handlers' code. */
@@ -61,11 +63,12 @@ int32_t dialsim_move(uint64_t window, float x, float y, float width, float heigh
 /* Lifts the dial off the screen and raises ScreenContactEnded. Returns the handlers' code. */
 int32_t dialsim_lift(uint64_t window);
 /* The user chooses the menu's item with this index, from 0: selects it and raises Invoked. Returns the
- * handlers' code, or E_BOUNDS (0x8000000B) when the menu has no such item. */
+ * handlers' code, or E_BOUNDS (0x8000000B) when the menu has no such item or the item is null. */
 int32_t dialsim_choose(uint64_t window, uint32_t item);
 /* The user holds the dial down until the menu opens, with the selected item highlighted. While it is open,
  * dialsim_turn moves the highlight by an item for every ten degrees and raises no event, and dialsim_click
- * chooses the highlighted item and closes the menu. Returns false when the menu has no items. */
+ * chooses the highlighted item and closes the menu. Returns false when the menu has no items, or the window
+ * no controller. */
 bool dialsim_open_menu(uint64_t window);
 /* Closes the menu without a choice. */
 void dialsim_close_menu(void);
@@ -156,7 +159,7 @@ void dialsim_async(enum dialsim_async_mode mode);
  * is no such operation or it has completed. */
 int32_t dialsim_complete(uint32_t index);
 /* Completes all operations that have not completed, in their order. Returns the first failure of a handler,
- * or E_BOUNDS when there is none to complete. */
+ * or 0, also when there is none to complete. */
 int32_t dialsim_complete_all(void);
 /* Completes the operation with another status: 0 started, 1 completed, 2 canceled, 3 error. Its GetResults
  * returns 0x8000000E for started, the results for completed, 0x800704C7 for canceled, and for error its
@@ -286,7 +289,8 @@ bool dialsim_add_resource(uint64_t module, uint16_t id, const char* type, const 
 
 /* Returns the milliseconds since the start of the system, as GetTickCount64. */
 uint64_t dialsim_now(void);
-/* Lets time pass: natively sets the clock forward and returns at once, on Windows sleeps. */
+/* Lets time pass: natively sets the clock forward at once, and returns when the simulator's threads have done
+ * what is due; on Windows sleeps. */
 void dialsim_wait(uint32_t milliseconds);
 /* Sets whether the platform's Sleep returns at once on Windows, without time passing (default: no). Natively
  * Sleep always sets the clock forward, and returns when the simulator's threads have done what is due. */
@@ -345,7 +349,8 @@ bool dialsim_play(const char* script, uint32_t flags, char* error, size_t error_
 void dialsim_play_in_background(const char* script, uint32_t flags,
                                 void (*done)(void* context, const char* error), void* context);
 /* Returns when every script in the background has ended and its `done` has returned, and then as
- * dialsim_wait_for_async. Must not be called in `done`. */
+ * dialsim_wait_for_async. Must not be called on the thread of a background script, neither in `done` nor in
+ * a handler. */
 void dialsim_wait_for_scripts(void);
 
 /*
@@ -367,9 +372,9 @@ bool dialsim_record(const char* path);
  *                    program and brindle.dll intercepted (see dialsim_watch): for faults, devices and package
  *                    identity
  *   DIALSIM_SCRIPT   a script that is played in the background, in real time, from the creation of the first
- *                    controller on. Begin it with a wait, so that the program can subscribe. With
- *                    DIALSIM_CLOSE=1 the window is closed at its end, and a script with a syntax error ends
- *                    the program with status 2
+ *                    controller on. Begin it with a wait, so that the program can subscribe. The program does
+ *                    not wait for its end. With DIALSIM_CLOSE=1 the window is closed at its end, and a script
+ *                    that cannot be read or has a syntax error ends the program with status 2
  *   DIALSIM_WINDOW   1: shows a dial to turn beside the window of the first controller; on Windows only
  *   DIALSIM_RECORD   the file of a recording from the creation of the first controller on
  *
