@@ -51,8 +51,8 @@ std::size_t SlotCount() {
     return SlotOf(&WithOneMore<Interface>::AfterTheLast);
 }
 
-template <class Result, class Interface, class... Parameters, bool Quiet>
-std::size_t ParametersOf(Result (Interface::*)(Parameters...) noexcept(Quiet)) {
+template <class Result, class Interface, class... Parameters, bool Noexcept>
+std::size_t ParametersOf(Result (Interface::*)(Parameters...) noexcept(Noexcept)) {
     return sizeof...(Parameters);
 }
 

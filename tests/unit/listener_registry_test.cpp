@@ -26,15 +26,15 @@ TEST(ListenerRegistry, FindsEachListenerUnderItsOwnWindow) {
 
 TEST(ListenerRegistry, FindsListenersThatWereInsertedInAnyOrder) {
     ListenerRegistry registry;
-    std::map<std::uint64_t, DialListener*> filed;
+    std::map<std::uint64_t, DialListener*> inserted;
     for (const std::uint64_t window : {5U, 1U, 9U, 3U, 7U}) {
         auto listener = MakeListener();
-        filed[window] = listener.get();
+        inserted[window] = listener.get();
         registry.Insert(window, std::move(listener));
     }
     for (const std::uint64_t window : {0U, 1U, 2U, 3U, 4U, 5U, 6U, 7U, 8U, 9U, 10U}) {
-        const auto entry = filed.find(window);
-        EXPECT_EQ(registry.Find(window), entry == filed.end() ? nullptr : entry->second) << window;
+        const auto entry = inserted.find(window);
+        EXPECT_EQ(registry.Find(window), entry == inserted.end() ? nullptr : entry->second) << window;
     }
     registry.EndAll();
 }

@@ -49,7 +49,7 @@ std::string ToShortNamePart(const std::string& text, std::size_t length) {
     return part;
 }
 
-// Shortened names are distinguished by a number.
+// A number distinguishes short names.
 std::string ShortName(const std::string& name, int number) {
     const std::size_t dot = std::min(name.rfind('.'), name.size());
     const std::string stem = name.substr(0, dot);
