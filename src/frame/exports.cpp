@@ -74,8 +74,8 @@ bool init_dial_listener(IDialHost* host) {
         PrintFailure("register", code, 110);
         return false;
     }
-    // Deliberately asked a second time, after the registration: brindle.h tells hosts that this answer is the
-    // key (Listener.TheSecondAnswerIsTheKey).
+    // Deliberately asked a second time, after the registration: brindle.h tells hosts that the listener is
+    // registered for this answer (Listener.TheSecondAnswerIsTheKey).
     registry.Insert(host->GetWindowHandle(), std::move(listener));
     return true;
 }

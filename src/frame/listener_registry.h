@@ -19,7 +19,7 @@ public:
     // subscribed: its host goes on getting events (Listener.ADisplacedListenerGoesOnCallingItsHost).
     void Insert(std::uint64_t window, std::unique_ptr<DialListener> listener);
 
-    // Null when the window has none; a miss inserts nothing.
+    // Null when the window has none.
     DialListener* Find(std::uint64_t window) {
         const auto place = Place(window);
         return place != listeners_.end() && place->first == window ? place->second : nullptr;

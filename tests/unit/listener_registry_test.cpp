@@ -50,13 +50,12 @@ TEST(ListenerRegistry, HoldsFiveThousand) {
     registry.EndAll();
 }
 
-TEST(ListenerRegistry, AMissGivesNullAndInsertsNothing) {
+TEST(ListenerRegistry, AMissGivesNull) {
     ListenerRegistry registry;
     EXPECT_EQ(registry.Find(1), nullptr);
     registry.Insert(2, MakeListener());
     EXPECT_EQ(registry.Find(1), nullptr);
     EXPECT_EQ(registry.Find(3), nullptr);
-    EXPECT_EQ(registry.Find(1), nullptr);
     registry.EndAll();
 }
 
