@@ -74,14 +74,15 @@ void ParseIfChanged(const std::optional<std::string>& json, ParsedFile<Content>&
     if (json == parsed.json) {
         return;
     }
-    parsed = {json, {}, {}};
+    ParsedFile<Content> now{json, {}, {}};
     try {
         if (json) {
-            Parse(*json, parsed.content);
+            Parse(*json, now.content);
         }
     } catch (const std::runtime_error& reason) {
-        parsed.problem = reason.what();
+        now.problem = reason.what();
     }
+    parsed = std::move(now);
 }
 
 // Prints the error of a damaged file once, until the file is valid again.
