@@ -33,9 +33,7 @@ DialDriver::DialDriver(const char* script_path) {
     if (!ReadFile(script_path, script_)) {
         error_ = std::string("the script ") + script_path + " cannot be read";
     }
-    // Intercepts the platform's functions: Wine lacks one that PNG resources need, which the simulator
-    // provides.
-    dialsim_watch("brindle.dll");
+    dialsim_start();
     // On Windows the picture is a resource of the program, and the call has no effect.
     std::string picture;
     if (ReadFile(SAMPLE_RESOURCE, picture)) {

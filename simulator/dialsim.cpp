@@ -246,4 +246,5 @@ size_t dialsim_accounts(char* buffer, size_t size) { return CopyText(TheLeakTrac
 
 void dialsim_reset() { ResetAll(); }
 
+bool dialsim_start() { return InterceptLibraries(); }
 bool dialsim_watch(const char* module) { return InterceptModule(module); }

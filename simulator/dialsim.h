@@ -1,9 +1,15 @@
 /*
  * dialsim.h - control functions of the simulated dial
  *
- * The simulator implements the platform that brindle calls: natively inside the test program, and on Windows
- * (under Wine) as dialsim.dll, which serves the Windows Runtime classes of the dial after "regsvr32
- * dialsim.dll". This header is the same for both.
+ * The simulator implements the platform that brindle calls: natively as the platform's functions of the test
+ * program, and on Windows as dialsim.dll, which answers the platform calls of brindle.dll in the process that
+ * loads it. This header is the same for both. A program on Windows is simulated after one call, or when
+ * dialsim-run starts it:
+ *
+ *   dialsim_start();               // first; brindle.dll may be loaded before or after
+ *   initialize();
+ *   init_dial_listener(&host);
+ *   dialsim_turn(0, 5.0);          // five degrees clockwise
  *
  *
  * Conventions
@@ -39,6 +45,22 @@
 #ifdef __cplusplus
 extern "C" {
 #endif
+
+/* ---------------------------------------------------------------------------------------------------------
+ * Start
+ * ------------------------------------------------------------------------------------------------------ */
+
+/* Simulates the dial in this process: answers the platform calls of every brindle.dll, loaded now or later, so
+ * that they are journaled, tracked and subject to faults, and activates the simulator's classes for them. The
+ * program's own calls of the platform still go to the system, as do classes that the simulator lacks. Lasts
+ * until the process ends; a second call has no effect. At the first activation a brindle.dll of another minor
+ * version ends the process with status 120 and a line on standard error. Returns false when the system does
+ * not announce the loading of libraries; natively there is nothing to do, and the result is true. */
+bool dialsim_start(void);
+/* The same for the calls of one loaded module that is not brindle.dll (null: the program), such as a test
+ * program that contains the library's object files. Returns false when the module is not loaded; natively
+ * true. */
+bool dialsim_watch(const char* module);
 
 /* ---------------------------------------------------------------------------------------------------------
  * The dial
@@ -368,9 +390,8 @@ bool dialsim_record(const char* path);
 /*
  * Environment variables control a program that does not call the simulator:
  *
- *   DIALSIM_SETUP    a script that is played before the first class of the platform is activated, with the
- *                    program and brindle.dll intercepted (see dialsim_watch): for faults, devices and package
- *                    identity
+ *   DIALSIM_SETUP    a script that is played before the first class of the platform is activated: for
+ *                    faults, devices and package identity
  *   DIALSIM_SCRIPT   a script that is played in the background, in real time, from the creation of the first
  *                    controller on. Begin it with a wait, so that the program can subscribe. The program does
  *                    not wait for its end. With DIALSIM_CLOSE=1 the window is closed at its end, and a script
@@ -446,15 +467,6 @@ size_t dialsim_accounts(char* buffer, size_t size);
  * dialsim_wait_for_async and abandons pending operations; existing controllers and operations no longer take
  * part. */
 void dialsim_reset(void);
-
-/* ---------------------------------------------------------------------------------------------------------
- * Interception
- * ------------------------------------------------------------------------------------------------------ */
-
-/* Intercepts the flat platform functions of a loaded module ("brindle.dll"; null for the program) on Windows,
- * so that they are journaled, tracked and subject to faults. Returns false when the module is not loaded.
- * Natively they always are, and the result is true. */
-bool dialsim_watch(const char* module);
 
 #ifdef __cplusplus
 }

@@ -16,8 +16,6 @@ namespace dialsim {
 
 namespace {
 
-constexpr HRESULT kClassNotRegistered = static_cast<HRESULT>(0x80040154);  // REGDB_E_CLASSNOTREG
-
 struct ActivatableClassEntry {
     const char* name;
     Ref<abi::IInspectable> (*make_factory)();
@@ -55,10 +53,6 @@ HRESULT GetClassFactory(HSTRING class_name, const IID& iid, void** factory) {
 OneShotSignal<>& FirstActivation() {
     static OneShotSignal<>& signal = *new OneShotSignal<>;
     return signal;
-}
-
-const char* ActivatableClass(std::size_t index) {
-    return index < std::size(kClasses) ? kClasses[index].name : nullptr;
 }
 
 }  // namespace dialsim

@@ -6,7 +6,9 @@
 
 namespace dialsim {
 
-// Returns REGDB_E_CLASSNOTREG for a class that the simulator does not implement.
+constexpr HRESULT kClassNotRegistered = static_cast<HRESULT>(0x80040154);  // REGDB_E_CLASSNOTREG
+
+// Returns kClassNotRegistered for a class that the simulator does not implement.
 HRESULT GetClassFactory(HSTRING class_name, const IID& iid, void** factory);
 
 // Takes ownership of the stream and returns a wrapper with journal, leak tracking and fault injection.

@@ -108,9 +108,15 @@ struct Else {
 
 namespace tracked {
 
+// The simulator's classes in this process, and the system's for all others.
 HRESULT RoGetActivationFactory(HSTRING class_name, const IID& iid, void** factory) {
     const JournalPause no_journal;
-    return real::RoGetActivationFactory(class_name, iid, factory);
+    if (const HRESULT code = CheckApartment(); code < 0) {
+        *factory = nullptr;
+        return code;
+    }
+    const HRESULT code = GetClassFactory(class_name, iid, factory);
+    return code == kClassNotRegistered ? real::RoGetActivationFactory(class_name, iid, factory) : code;
 }
 HRESULT WindowsCreateString(const WCHAR* text, UINT length, HSTRING* string) {
     const HRESULT code = real::WindowsCreateString(text, length, string);

@@ -10,6 +10,9 @@ namespace dialsim {
 // the library is linked to the intercepted functions: true.
 bool InterceptModule(const char* module);
 
+// The same for every module that is the library, loaded now or later.
+bool InterceptLibraries();
+
 namespace intercepted {
 
 #define DECLARE_INTERCEPTED(result, name, parameters, ...) result name parameters;

@@ -15,3 +15,10 @@ PLATFORM_FUNCTIONS(DECLARE_REAL)
 #undef DECLARE_REAL
 
 }  // namespace dialsim::real
+
+namespace dialsim {
+
+// CO_E_NOTINITIALIZED on a thread that is in no apartment: it cannot activate a class.
+HRESULT CheckApartment();
+
+}  // namespace dialsim

@@ -7,10 +7,15 @@
 #include <string>
 #include <vector>
 
+#include "brindle.h"
+#include "simulator/launcher/statuses.h"
+#include "simulator/launcher/windows/refusal.h"
+#include "simulator/launcher/windows/target.h"
+#include "simulator/launcher/windows/version.h"
+
 namespace {
 
-constexpr int kUsageError = 2;
-constexpr int kNotStarted = 125;
+using namespace dialsim;
 
 constexpr char kHelp[] =
     "usage: dialsim-run [--script FILE.dial] [--] PROGRAM.exe [ARGUMENT...]\n"
@@ -22,9 +27,21 @@ constexpr char kHelp[] =
     "\n"
     "  --script FILE.dial   plays the script to the program's window, then closes it\n"
     "\n"
-    "It registers dialsim.dll, which lies beside it, as the server of the dial's classes:\n"
-    "under Wine, for the whole prefix. On Windows itself these classes are the system's,\n"
-    "and nothing is replaced there: dialsim-run starts nothing, and ends with 125.\n";
+    "dialsim.dll, which lies beside dialsim-run, answers the platform calls of brindle.dll\n"
+    "inside the program's process, on Windows and under Wine. Nothing is installed or\n"
+    "registered, and other processes are not concerned.\n"
+    "\n"
+    "exit status: the program's own, or\n"
+    "    2  usage error\n"
+    "  118  the program did not close after the script and was ended\n"
+    "  119  a line of the script failed, or the script cannot be read\n"
+    "  120  the program loaded a brindle.dll that does not match this simulator\n"
+    "  121  the program ended without loading brindle.dll\n"
+    "  122  Windows does not let dialsim-run enter the program: it is elevated, packaged or\n"
+    "       protected, or its policy allows only signed libraries\n"
+    "  123  dialsim.dll is missing beside dialsim-run, or has another version\n"
+    "  124  the program is not a 64-bit program\n"
+    "  125  the program cannot be started\n";
 
 struct Options {
     bool help = false;
@@ -77,51 +94,59 @@ std::wstring Quoted(const std::wstring& word) {
     return quoted.append(backslashes, L'\\') + L'"';
 }
 
-bool RegisterSimulator() {
-    wchar_t path[MAX_PATH];
-    std::wstring library(path, GetModuleFileNameW(nullptr, path, MAX_PATH));
-    library = library.substr(0, library.find_last_of(L'\\') + 1) + L"dialsim.dll";
-    const HMODULE module = LoadLibraryW(library.c_str());
-    if (module == nullptr) {
-        std::fprintf(stderr, "dialsim-run: no dialsim.dll in its folder\n");
-        return false;
-    }
-    const auto do_register = reinterpret_cast<HRESULT(WINAPI*)()>(
-        reinterpret_cast<void*>(GetProcAddress(module, "DllRegisterServer")));
-    const HRESULT code = do_register();
-    if (code < 0) {
-        std::fprintf(stderr,
-                     "dialsim-run: the simulator cannot be registered (%lx); on Windows itself it never is\n",
-                     static_cast<unsigned long>(code));
-    }
-    return code >= 0;
+void Complain(const std::wstring& subject, const std::string& what) {
+    std::fprintf(stderr, "dialsim-run: %ls: %s\n", subject.c_str(), what.c_str());
 }
 
-int Run(const Options& options) {
-    std::wstring line;
-    for (const std::wstring& word : options.command) {
-        line += (line.empty() ? L"" : L" ") + Quoted(word);
+// dialsim.dll from the folder of this program. It is loaded here too: an offset in it is the same in the
+// other process.
+HMODULE LoadSimulator() {
+    std::wstring path(32768, L'\0');
+    path.resize(GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size())));
+    path = path.substr(0, path.find_last_of(L'\\') + 1) + L"dialsim.dll";
+    const HMODULE module = LoadLibraryW(path.c_str());
+    if (module == nullptr) {
+        Complain(path, "cannot be loaded (error " + std::to_string(GetLastError()) + ")");
+    } else if (VersionOf(module).Text() != BRINDLE_VERSION_TEXT) {
+        Complain(path, "has version " + VersionOf(module).Text() + ", and dialsim-run " BRINDLE_VERSION_TEXT);
+        return nullptr;
     }
+    return module;
+}
+
+void SetSession(const Options& options) {
     SetEnvironmentVariableW(L"DIALSIM_WINDOW", L"1");
     if (!options.script.empty()) {
         SetEnvironmentVariableW(L"DIALSIM_SCRIPT", options.script.c_str());
         SetEnvironmentVariableW(L"DIALSIM_CLOSE", L"1");
     }
-    STARTUPINFOW startup{};
-    startup.cb = sizeof startup;
-    PROCESS_INFORMATION process{};
-    if (!CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &startup,
-                        &process)) {
-        std::fprintf(stderr, "dialsim-run: %ls cannot be started (error %lu)\n", options.command[0].c_str(),
-                     GetLastError());
-        return kNotStarted;
+}
+
+int Run(const Options& options, HMODULE simulator) {
+    const std::wstring& program = options.command[0];
+    std::wstring line;
+    for (const std::wstring& word : options.command) {
+        line += (line.empty() ? L"" : L" ") + Quoted(word);
     }
-    WaitForSingleObject(process.hProcess, INFINITE);
-    DWORD status = 0;
-    GetExitCodeProcess(process.hProcess, &status);
-    CloseHandle(process.hThread);
-    CloseHandle(process.hProcess);
-    return static_cast<int>(status);
+    SetSession(options);
+    try {
+        Target target(line);
+        target.Attach(simulator);
+        const DWORD status = target.Run();
+        if (!target.LoadedLibrary()) {
+            Complain(program, "ended without loading brindle.dll, with status " + std::to_string(status));
+            return kNoLibrary;
+        }
+        return static_cast<int>(status);
+    } catch (const Refusal& refusal) {
+        Complain(program, refusal.reason);
+        return refusal.status;
+    }
+}
+
+// The program decides about Ctrl+C, which its process gets too.
+BOOL WINAPI IgnoreInterrupt(DWORD event) {
+    return event == CTRL_C_EVENT || event == CTRL_BREAK_EVENT ? TRUE : FALSE;
 }
 
 }  // namespace
@@ -132,5 +157,7 @@ int main() {
         std::fputs(kHelp, options.help ? stdout : stderr);
         return options.help ? 0 : kUsageError;
     }
-    return RegisterSimulator() ? Run(options) : kNotStarted;
+    SetConsoleCtrlHandler(IgnoreInterrupt, TRUE);
+    const HMODULE simulator = LoadSimulator();
+    return simulator == nullptr ? kNoSimulator : Run(options, simulator);
 }

@@ -8,7 +8,6 @@
 #include "simulator/dial/desktop_port.h"
 #include "simulator/dial/recording.h"
 #include "simulator/dial/script.h"
-#include "simulator/functions/intercepted.h"
 #include "simulator/stores/store_files.h"
 #include "simulator/system/files.h"
 #include "sync.h"
@@ -29,17 +28,10 @@ bool PlayFile(const std::string& path, bool real_time) {
     return error.empty();
 }
 
-// Intercepts the platform's functions: the program cannot, and Wine lacks one that the simulator provides.
-void InterceptHost() {
-    InterceptModule(nullptr);
-    InterceptModule("brindle.dll");
-}
-
 // Plays DIALSIM_SETUP and returns when it has ended.
 void RunSetupScript() {
     const std::string setup = Environment("DIALSIM_SETUP");
     if (!setup.empty()) {
-        InterceptHost();
         PlayFile(setup, false);
     }
 }
@@ -67,12 +59,8 @@ void StartRequestedRecording() {
 // awaited: the program may end before it.
 void StartSession(std::uint64_t window) {
     StartRequestedRecording();
-    const bool has_dial = Environment("DIALSIM_WINDOW") == "1";
     const std::string script = Environment("DIALSIM_SCRIPT");
-    if (has_dial || !script.empty()) {
-        InterceptHost();
-    }
-    if (has_dial) {
+    if (Environment("DIALSIM_WINDOW") == "1") {
         TheDesktop().OpenDial(window);
     }
     if (!script.empty()) {

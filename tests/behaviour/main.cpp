@@ -8,8 +8,8 @@ int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);
     // Each death test runs in a new process: the library's process-wide state is initial.
     testing::FLAGS_gtest_death_test_style = "threadsafe";
-    if (!dialsim_watch("brindle.dll")) {
-        std::fprintf(stderr, "brindle.dll is not loaded\n");
+    if (!dialsim_start()) {
+        std::fprintf(stderr, "the simulator cannot be started\n");
         return 1;
     }
     return RUN_ALL_TESTS();

@@ -125,8 +125,8 @@ int main(int count, char** words) {
     if (!Parse(count, words, options)) {
         return 2;
     }
-    if (!dialsim_watch("brindle.dll")) {
-        std::fprintf(stderr, "brindle.dll is not loaded\n");
+    if (!dialsim_start()) {
+        std::fprintf(stderr, "the simulator cannot be started\n");
         return 2;
     }
     const std::uint64_t failed = PlayAll(options);

@@ -357,6 +357,7 @@ const char* const kWithoutARow[] = {
     "dialsim_blocks",
     "dialsim_handlers",
     "dialsim_reset",
+    "dialsim_start",
     "dialsim_watch",
 };
 

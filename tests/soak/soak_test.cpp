@@ -13,9 +13,6 @@
 
 #ifdef _WIN32
 #include <windows.h>
-// after windows.h
-#include <roapi.h>
-#include <winstring.h>
 #else
 #include <malloc.h>
 
@@ -73,26 +70,7 @@ std::uint64_t HandlesInUse() {
     return handles;
 }
 
-// Wine leaks registry handles with every activation; Windows does not.
-std::uint64_t HandlesLeakedByActivation() {
-    constexpr wchar_t kClass[] = L"Windows.Foundation.PropertyValue";
-    RoInitialize(RO_INIT_SINGLETHREADED);
-    HSTRING name = nullptr;
-    WindowsCreateString(kClass, std::size(kClass) - 1, &name);
-    const std::uint64_t before = HandlesInUse();
-    IUnknown* factory = nullptr;
-    if (RoGetActivationFactory(name, IID_IUnknown, reinterpret_cast<void**>(&factory)) >= 0) {
-        factory->Release();
-    }
-    const std::uint64_t after = HandlesInUse();
-    WindowsDeleteString(name);
-    RoUninitialize();
-    return after - before;
-}
-
 #else
-
-std::uint64_t HandlesLeakedByActivation() { return 0; }
 
 std::uint64_t BytesInUse() {
     return __sanitizer_get_current_allocated_bytes != nullptr ? __sanitizer_get_current_allocated_bytes()
@@ -118,23 +96,16 @@ bool IsFlat(const ResourceUsage& early, const ResourceUsage& late) {
            late.strings == early.strings;
 }
 
-std::uint64_t activations = 0;
-
-// The simulator's journal grows with every call.
-void ClearJournal() {
-    activations += dialsim_calls("RoGetActivationFactory");
-    dialsim_clear_journal();
-}
-
+// Clears the simulator's journal, which grows with every call.
 void Repeat(std::uint64_t rounds, const std::function<void(std::uint64_t)>& round) {
     constexpr std::uint64_t kRoundsOfJournal = 16;
     for (std::uint64_t i = 0; i < rounds; ++i) {
         round(i);
         if (i % kRoundsOfJournal == 0) {
-            ClearJournal();
+            dialsim_clear_journal();
         }
     }
-    ClearJournal();
+    dialsim_clear_journal();
 }
 
 // Runs a tenth of the rounds first, and at least kFewest, so that one-time allocations are done.
@@ -142,12 +113,9 @@ bool StaysFlat(const char* what, std::uint64_t rounds, const std::function<void(
     constexpr std::uint64_t kFewest = 200;
     Repeat(std::max(rounds / 10, kFewest), round);
     static_cast<void>(MeasureUsage());  // the measurement allocates once, too
-    static const std::uint64_t leaked = HandlesLeakedByActivation();
     const ResourceUsage early = MeasureUsage();
-    const std::uint64_t activations_before = activations;
     Repeat(rounds, round);
-    ResourceUsage late = MeasureUsage();
-    late.handles -= leaked * (activations - activations_before);
+    const ResourceUsage late = MeasureUsage();
     const bool flat = IsFlat(early, late);
     std::printf(
         "%-10s %8llu rounds: %s, bytes %llu then %llu, handles %llu then %llu, references %u then %u\n", what,
@@ -170,7 +138,7 @@ void RunOnce(SilentHost& host) {
     dialsim_click(kWindow);
     is_dial_present(kWindow);
     uninit();
-    ClearJournal();
+    dialsim_clear_journal();
     dialsim_reset();
     dialsim_async(DIALSIM_AT_ONCE);
 }
@@ -185,7 +153,7 @@ void Write(std::uint64_t i) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (argc != 4 || !dialsim_watch("brindle.dll")) {
+    if (argc != 4 || !dialsim_start()) {
         std::fprintf(stderr, "usage: soak_test CYCLES ROTATIONS WRITES\n");
         return EXIT_FAILURE;
     }

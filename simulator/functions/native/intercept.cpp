@@ -6,3 +6,4 @@
 PLATFORM_FUNCTIONS(EXPORT)
 
 bool dialsim::InterceptModule(const char* /*module*/) { return true; }
+bool dialsim::InterceptLibraries() { return true; }

@@ -22,6 +22,8 @@ thread_local Apartment apartment;
 
 }  // namespace
 
+HRESULT CheckApartment() { return apartment.initializations == 0 ? kNotInitialized : S_OK; }
+
 namespace real {
 
 HRESULT RoInitialize(RO_INIT_TYPE type) {
@@ -38,8 +40,9 @@ void RoUninitialize() {
     }
 }
 
-HRESULT RoGetActivationFactory(HSTRING class_name, const IID& iid, void** factory) {
-    return apartment.initializations == 0 ? kNotInitialized : GetClassFactory(class_name, iid, factory);
+HRESULT RoGetActivationFactory(HSTRING /*class_name*/, const IID& /*iid*/, void** factory) {
+    *factory = nullptr;
+    return kClassNotRegistered;
 }
 
 BOOL RoOriginateLanguageException(HRESULT, HSTRING, ::IUnknown*) { return 1; }

@@ -1,11 +1,13 @@
-// Hooks a module's calls of the flat functions through its import address table.
+// Hooks the calls of the flat functions that a module makes, through its import address table.
 #include <cstring>
 
 #include "simulator/functions/intercepted.h"
+#include "simulator/functions/windows/libraries.h"
+#include "simulator/functions/windows/module_image.h"
+
+namespace dialsim {
 
 namespace {
-
-namespace intercepted = dialsim::intercepted;
 
 struct Hook {
     const char* name;
@@ -18,50 +20,28 @@ const Hook kHooks[] = {
 #undef HOOK
 };
 
-template <class T>
-T* At(char* base, std::size_t offset) {
-    return reinterpret_cast<T*>(base + offset);
-}
-
-void PatchEntry(void** entry, void* replacement) {
-    DWORD protection = 0;
-    VirtualProtect(entry, sizeof *entry, PAGE_READWRITE, &protection);
-    *entry = replacement;
-    VirtualProtect(entry, sizeof *entry, protection, &protection);
-}
-
 void HookImport(const char* name, void** entry) {
     for (const Hook& hook : kHooks) {
-        if (std::strcmp(name, hook.name) == 0) {
-            PatchEntry(entry, hook.replacement);
-        }
-    }
-}
-
-void HookLibraryImports(char* base, const IMAGE_IMPORT_DESCRIPTOR& library) {
-    const auto* names = At<IMAGE_THUNK_DATA>(base, library.OriginalFirstThunk);
-    auto* entries = At<void*>(base, library.FirstThunk);
-    for (; names->u1.AddressOfData != 0; ++names, ++entries) {
-        if (!IMAGE_SNAP_BY_ORDINAL(names->u1.Ordinal)) {
-            const char* name = At<IMAGE_IMPORT_BY_NAME>(base, names->u1.AddressOfData)->Name;
-            HookImport(name, entries);
+        if (std::strcmp(name, hook.name) == 0 && *entry != hook.replacement) {
+            // The table may be read-only, and other data may share its page.
+            DWORD protection = 0;
+            VirtualProtect(entry, sizeof *entry, PAGE_READWRITE, &protection);
+            *entry = hook.replacement;
+            VirtualProtect(entry, sizeof *entry, protection, &protection);
         }
     }
 }
 
 }  // namespace
 
-bool dialsim::InterceptModule(const char* module) {
-    auto* base = reinterpret_cast<char*>(GetModuleHandleA(module));
-    if (base == nullptr) {
-        return false;
+void HookImports(HMODULE module) { ModuleImage(module).VisitImports(HookImport); }
+
+bool InterceptModule(const char* module) {
+    const HMODULE base = GetModuleHandleA(module);
+    if (base != nullptr) {
+        HookImports(base);
     }
-    const auto* headers =
-        At<IMAGE_NT_HEADERS64>(base, static_cast<std::size_t>(At<IMAGE_DOS_HEADER>(base, 0)->e_lfanew));
-    const auto& directory = headers->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT];
-    const auto* library = At<IMAGE_IMPORT_DESCRIPTOR>(base, directory.VirtualAddress);
-    for (; library->Name != 0; ++library) {
-        HookLibraryImports(base, *library);
-    }
-    return true;
+    return base != nullptr;
 }
+
+}  // namespace dialsim

@@ -23,7 +23,7 @@ private:
 }  // namespace
 
 int main() {
-    if (!dialsim_watch("brindle.dll")) {
+    if (!dialsim_start()) {
         return 4;
     }
     if (const int32_t answer = initialize(); answer != 0) {

@@ -241,7 +241,7 @@ void WriteSettings() {
 
 void Start() {
     Host host;
-    CHECK(dialsim_watch("brindle.dll"));
+    CHECK(dialsim_start());
     CHECK(initialize() == 0);
     CHECK(ByteOf(init_dial_listener, static_cast<IDialHost*>(&host)) == 1);
     TurnTheDial(host);

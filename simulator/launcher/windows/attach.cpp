@@ -1,0 +1,53 @@
+// The part of dialsim-run inside the program, and the check of the library's version.
+#include <windows.h>
+
+#include <cstdio>
+#include <cstdlib>
+
+#include "brindle.h"
+#include "simulator/classes/activation.h"
+#include "simulator/functions/intercepted.h"
+#include "simulator/functions/windows/libraries.h"
+#include "simulator/launcher/statuses.h"
+#include "simulator/launcher/windows/version.h"
+#include "simulator/system/text.h"
+
+namespace dialsim {
+
+namespace {
+
+constexpr Version kOwnVersion = {BRINDLE_VERSION_MAJOR, BRINDLE_VERSION_MINOR, BRINDLE_VERSION_PATCH};
+
+std::string PathOf(HMODULE module) {
+    wchar_t path[MAX_PATH];
+    const DWORD length = GetModuleFileNameW(module, path, MAX_PATH);
+    return Narrow({path, length});
+}
+
+// Ends the program: another version of the library may call what this simulator lacks.
+void CheckLibraryVersions() {
+    for (const HMODULE module : LoadedModules()) {
+        const Version version = VersionOf(module);
+        if (IsLibrary(module) && !version.Matches(kOwnVersion)) {
+            std::fprintf(stderr, "dialsim: %s has version %s, and this simulator is for %s\n",
+                         PathOf(module).c_str(), version.Text().c_str(), kOwnVersion.Text().c_str());
+            std::_Exit(kWrongLibrary);
+        }
+    }
+}
+
+struct VersionCheck {
+    VersionCheck() { FirstActivation().Subscribe(CheckLibraryVersions); }
+};
+const VersionCheck version_check;
+
+}  // namespace
+
+}  // namespace dialsim
+
+// Runs on a thread that dialsim-run creates in the program, before the program's own first instruction. The
+// event belongs to the process.
+extern "C" DWORD WINAPI DialsimAttach(void* library_event) {
+    dialsim::SetEventForLibraries(library_event);
+    return dialsim::InterceptLibraries() ? 0 : 1;
+}
