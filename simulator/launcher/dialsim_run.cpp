@@ -94,8 +94,34 @@ std::wstring Quoted(const std::wstring& word) {
     return quoted.append(backslashes, L'\\') + L'"';
 }
 
+// A line on standard error: UTF-8, or Unicode on a console.
 void Complain(const std::wstring& subject, const std::string& what) {
-    std::fprintf(stderr, "dialsim-run: %ls: %s\n", subject.c_str(), what.c_str());
+    const std::wstring line =
+        L"dialsim-run: " + subject + L": " + std::wstring(what.begin(), what.end()) + L"\n";
+    const HANDLE output = GetStdHandle(STD_ERROR_HANDLE);
+    DWORD written = 0;
+    if (WriteConsoleW(output, line.data(), static_cast<DWORD>(line.size()), &written, nullptr) != FALSE) {
+        return;
+    }
+    std::string bytes(line.size() * 3, '\0');  // at most three bytes a unit
+    const int size = WideCharToMultiByte(CP_UTF8, 0, line.data(), static_cast<int>(line.size()), bytes.data(),
+                                         static_cast<int>(bytes.size()), nullptr, nullptr);
+    WriteFile(output, bytes.data(), static_cast<DWORD>(size), &written, nullptr);
+}
+
+// As a shell finds it: first in the current folder, then where CreateProcess searches.
+std::wstring FindProgram(const std::wstring& name) {
+    for (const wchar_t* extension : {L"", L".exe"}) {
+        const std::wstring here = name + extension;
+        if (const DWORD attributes = GetFileAttributesW(here.c_str());
+            attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0) {
+            std::wstring path(32768, L'\0');
+            path.resize(
+                GetFullPathNameW(here.c_str(), static_cast<DWORD>(path.size()), path.data(), nullptr));
+            return path;
+        }
+    }
+    return name;
 }
 
 // dialsim.dll from the folder of this program. It is loaded here too: an offset in it is the same in the
@@ -124,9 +150,9 @@ void SetSession(const Options& options) {
 
 int Run(const Options& options, HMODULE simulator) {
     const std::wstring& program = options.command[0];
-    std::wstring line;
-    for (const std::wstring& word : options.command) {
-        line += (line.empty() ? L"" : L" ") + Quoted(word);
+    std::wstring line = Quoted(FindProgram(program));
+    for (auto word = options.command.begin() + 1; word != options.command.end(); ++word) {
+        line += L" " + Quoted(*word);
     }
     SetSession(options);
     try {

@@ -1,5 +1,5 @@
-// A host that loads the library itself, in the ways that hosts do. Unaware of the simulator: the dial's turns come from
-// a script that dialsim-run plays.
+// A host that loads the library itself, in the ways that hosts do. Unaware of the simulator: the dial's turns
+// come from a script that dialsim-run plays.
 //
 //   launched_host load DLL          loads the library, waits for a turn, frees it
 //   launched_host reload DLL        the same three times, each time in a newly loaded library
@@ -52,7 +52,8 @@ public:
 
     std::uint64_t GetWindowHandle() override { return window_; }
     void OnRotation(void* /*sender*/, const DialRotationInfo* turn) override {
-        std::printf("window %llu turned by %g\n", static_cast<unsigned long long>(window_), turn->deltaDegrees);
+        std::printf("window %llu turned by %g\n", static_cast<unsigned long long>(window_),
+                    turn->deltaDegrees);
         std::fflush(stdout);
         SetEvent(turned_);
     }
@@ -70,7 +71,8 @@ class Session {
 public:
     Session(const std::string& path, std::uint64_t window) : library_(path), host_(window) {
         Require(library_.Get<decltype(initialize)>("initialize")() == 0, "initialize");
-        Require(library_.Get<decltype(init_dial_listener)>("init_dial_listener")(&host_), "init_dial_listener");
+        Require(library_.Get<decltype(init_dial_listener)>("init_dial_listener")(&host_),
+                "init_dial_listener");
     }
     ~Session() { library_.Get<decltype(uninit)>("uninit")(); }
 

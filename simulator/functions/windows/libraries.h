@@ -3,17 +3,26 @@
 
 #include <windows.h>
 
+#include <memory>
+#include <type_traits>
 #include <vector>
 
 namespace dialsim {
 
+struct FreeModule {
+    void operator()(HMODULE module) const { FreeLibrary(module); }
+};
+using LoadedModule = std::unique_ptr<std::remove_pointer_t<HMODULE>, FreeModule>;
+
 // Recognised by its exports: the file may have another name, and several may be loaded.
 bool IsLibrary(HMODULE module);
 
-std::vector<HMODULE> LoadedModules();
+// Held: none of them is unloaded meanwhile.
+std::vector<LoadedModule> LoadedModules();
 
-// Hooks the flat functions that the module imports; again has no effect.
-void HookImports(HMODULE module);
+// Hooks the flat functions that the module imports; a second time has no effect. False when the loader has
+// not bound them, as in a module that is loaded without its dependencies.
+bool HookImports(HMODULE module);
 
 // Sets the event that is set when a library is hooked.
 void SetEventForLibraries(HANDLE event);

@@ -4,6 +4,7 @@
 #include <windows.h>
 
 #include <cstddef>
+#include <cstdint>
 #include <cstring>
 
 namespace dialsim {
@@ -40,7 +41,8 @@ public:
         return false;
     }
 
-    // Calls visit(name, entry of the address table) for each function imported by name.
+    // Calls visit(name, entry, bound) for each function imported by name, with its entry in the address table
+    // and whether the loader has written the function's address there.
     template <class Visit>
     void VisitImports(Visit visit) const {
         const auto* module = Directory<IMAGE_IMPORT_DESCRIPTOR>(IMAGE_DIRECTORY_ENTRY_IMPORT);
@@ -49,8 +51,8 @@ public:
             auto* entries = At<void*>(module->FirstThunk);
             for (; names->u1.AddressOfData != 0; ++names, ++entries) {
                 if (!IMAGE_SNAP_BY_ORDINAL64(names->u1.Ordinal)) {
-                    visit(static_cast<const char*>(At<IMAGE_IMPORT_BY_NAME>(names->u1.AddressOfData)->Name),
-                          entries);
+                    const bool bound = reinterpret_cast<std::uintptr_t>(*entries) != names->u1.AddressOfData;
+                    visit(At<IMAGE_IMPORT_BY_NAME>(names->u1.AddressOfData)->Name, entries, bound);
                 }
             }
         }

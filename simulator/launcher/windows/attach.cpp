@@ -16,22 +16,29 @@ namespace dialsim {
 
 namespace {
 
+constexpr DWORD kLongestPath = 32768;
 constexpr Version kOwnVersion = {BRINDLE_VERSION_MAJOR, BRINDLE_VERSION_MINOR, BRINDLE_VERSION_PATCH};
 
 std::string PathOf(HMODULE module) {
-    wchar_t path[MAX_PATH];
-    const DWORD length = GetModuleFileNameW(module, path, MAX_PATH);
-    return Narrow({path, length});
+    std::wstring path(kLongestPath, L'\0');
+    path.resize(GetModuleFileNameW(module, path.data(), kLongestPath));
+    return Narrow(path);
 }
 
 // Ends the program: another version of the library may call what this simulator lacks.
+void CheckVersion(HMODULE library) {
+    const Version version = VersionOf(library);
+    if (!version.Matches(kOwnVersion)) {
+        std::fprintf(stderr, "dialsim: %s has version %s, and this simulator is for %s\n",
+                     PathOf(library).c_str(), version.Text().c_str(), kOwnVersion.Text().c_str());
+        std::_Exit(kWrongLibrary);
+    }
+}
+
 void CheckLibraryVersions() {
-    for (const HMODULE module : LoadedModules()) {
-        const Version version = VersionOf(module);
-        if (IsLibrary(module) && !version.Matches(kOwnVersion)) {
-            std::fprintf(stderr, "dialsim: %s has version %s, and this simulator is for %s\n",
-                         PathOf(module).c_str(), version.Text().c_str(), kOwnVersion.Text().c_str());
-            std::_Exit(kWrongLibrary);
+    for (const LoadedModule& module : LoadedModules()) {
+        if (IsLibrary(module.get())) {
+            CheckVersion(module.get());
         }
     }
 }

@@ -14,7 +14,10 @@ struct Refusal {
     std::string reason;
 };
 
-constexpr DWORD kElevationRequired = 740;  // ERROR_ELEVATION_REQUIRED, which the compiler's headers lack
+// Errors that the compiler's headers lack.
+constexpr DWORD kElevationRequired = 740;
+constexpr DWORD kVirusInfected = 225;
+constexpr DWORD kIntegrityPolicyViolation = 4551;
 
 // CreateProcess failed with this error.
 inline Refusal RefusalToStart(DWORD error) {
@@ -23,6 +26,9 @@ inline Refusal RefusalToStart(DWORD error) {
             return {kRefused, "it needs administrator rights; start dialsim-run with them"};
         case ERROR_ACCESS_DENIED:
             return {kRefused, "the system denies access, as it does for packaged and for protected programs"};
+        case kVirusInfected:
+        case kIntegrityPolicyViolation:
+            return {kRefused, "the security software of this computer blocks it"};
         case ERROR_BAD_EXE_FORMAT:
         case ERROR_EXE_MACHINE_TYPE_MISMATCH:
             return {kNot64Bit, "it is not a 64-bit program for x64"};

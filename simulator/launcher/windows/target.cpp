@@ -2,6 +2,7 @@
 // after windows.h
 #include <psapi.h>
 
+#include <algorithm>
 #include <vector>
 
 #include "simulator/launcher/windows/refusal.h"
@@ -10,32 +11,61 @@ namespace dialsim {
 
 namespace {
 
+constexpr DWORD kLongestPath = 32768;
+
 void* FunctionOf(HMODULE module, const char* name) {
     return reinterpret_cast<void*>(GetProcAddress(module, name));
 }
 
 std::wstring PathOf(HMODULE module) {
-    std::wstring path(32768, L'\0');
-    path.resize(GetModuleFileNameW(module, path.data(), static_cast<DWORD>(path.size())));
+    std::wstring path(kLongestPath, L'\0');
+    path.resize(GetModuleFileNameW(module, path.data(), kLongestPath));
     return path;
 }
 
-// The module of a process whose address has these lower 32 bits; null when there is none. A thread returns no
-// more of the address.
-char* FindModule(HANDLE process, DWORD low_address) {
+// The module of a process from this file; null when there is none. A thread's result is only half of its
+// address.
+char* FindModule(HANDLE process, const std::wstring& path) {
     std::vector<HMODULE> modules(1024);
     DWORD size = 0;
     EnumProcessModules(process, modules.data(), static_cast<DWORD>(modules.size() * sizeof(HMODULE)), &size);
-    modules.resize(size / sizeof(HMODULE));
+    modules.resize(std::min(modules.size(), size / sizeof(HMODULE)));
     for (const HMODULE module : modules) {
-        if (static_cast<DWORD>(reinterpret_cast<std::uintptr_t>(module)) == low_address) {
+        std::wstring name(kLongestPath, L'\0');
+        name.resize(GetModuleFileNameExW(process, module, name.data(), kLongestPath));
+        if (CompareStringOrdinal(name.c_str(), -1, path.c_str(), -1, TRUE) == CSTR_EQUAL) {
             return reinterpret_cast<char*>(module);
         }
     }
     return nullptr;
 }
 
+// From the file's header: the system's functions do not tell a native program of another processor from an
+// x64 one.
+WORD MachineOf(HANDLE process) {
+    std::wstring path(kLongestPath, L'\0');
+    auto length = kLongestPath;
+    QueryFullProcessImageNameW(process, 0, path.data(), &length);
+    const Handle file(CreateFileW(path.c_str(), GENERIC_READ,
+                                  FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                  OPEN_EXISTING, 0, nullptr));
+    IMAGE_DOS_HEADER start{};
+    IMAGE_NT_HEADERS64 headers{};
+    DWORD read = 0;
+    ReadFile(file.Get(), &start, sizeof start, &read, nullptr);
+    SetFilePointer(file.Get(), start.e_lfanew, nullptr, FILE_BEGIN);
+    ReadFile(file.Get(), &headers, sizeof headers, &read, nullptr);
+    return headers.FileHeader.Machine;
+}
+
 Refusal ReasonNotToLoad(HANDLE process) {
+    // A process that the loader ends takes a moment.
+    constexpr DWORD kMoment = 1000;
+    if (WaitForSingleObject(process, kMoment) == WAIT_OBJECT_0) {
+        DWORD status = 0;
+        GetExitCodeProcess(process, &status);
+        return RefusalToInitialize(status);
+    }
     PROCESS_MITIGATION_BINARY_SIGNATURE_POLICY signature{};
     PROCESS_MITIGATION_IMAGE_LOAD_POLICY load{};
     GetProcessMitigationPolicy(process, ProcessSignaturePolicy, &signature, sizeof signature);
@@ -66,9 +96,14 @@ Target::Target(std::wstring command_line) {
     startup.hStdOutput = GetStdHandle(STD_OUTPUT_HANDLE);
     startup.hStdError = GetStdHandle(STD_ERROR_HANDLE);
     PROCESS_INFORMATION started{};
-    if (CreateProcessW(nullptr, command_line.data(), nullptr, nullptr, TRUE, CREATE_SUSPENDED, nullptr,
-                       nullptr, &startup, &started) == FALSE) {
-        throw RefusalToStart(GetLastError());
+    // Inherited: a program that cannot be loaded ends, without a message box that nobody may close.
+    const UINT mode = SetErrorMode(SEM_FAILCRITICALERRORS);
+    const BOOL created = CreateProcessW(nullptr, command_line.data(), nullptr, nullptr, TRUE,
+                                        CREATE_SUSPENDED, nullptr, nullptr, &startup, &started);
+    const DWORD error = GetLastError();
+    SetErrorMode(mode);
+    if (created == FALSE) {
+        throw RefusalToStart(error);
     }
     process_ = Handle(started.hProcess);
     thread_ = Handle(started.hThread);
@@ -79,8 +114,7 @@ Target::Target(std::wstring command_line) {
 Target::~Target() { TerminateProcess(process_.Get(), static_cast<UINT>(kNotStarted)); }
 
 void Target::RequireX64() const {
-    BOOL is_32_bit = FALSE;
-    if (IsWow64Process(process_.Get(), &is_32_bit) != FALSE && is_32_bit != FALSE) {
+    if (MachineOf(process_.Get()) != IMAGE_FILE_MACHINE_AMD64) {
         throw RefusalToStart(ERROR_EXE_MACHINE_TYPE_MISMATCH);
     }
 }
@@ -123,17 +157,12 @@ char* Target::Load(const std::wstring& path) const {
     if (there == nullptr || WriteProcessMemory(process_.Get(), there, path.c_str(), size, nullptr) == FALSE) {
         throw RefusalToEnter(GetLastError());
     }
-    const DWORD low_address = Call(FunctionOf(GetModuleHandleW(L"kernel32.dll"), "LoadLibraryW"), there);
-    if (WaitForSingleObject(process_.Get(), 0) == WAIT_OBJECT_0) {
-        DWORD status = 0;
-        GetExitCodeProcess(process_.Get(), &status);
-        throw RefusalToInitialize(status);
-    }
-    VirtualFreeEx(process_.Get(), there, 0, MEM_RELEASE);
-    char* const module = low_address == 0 ? nullptr : FindModule(process_.Get(), low_address);
+    Call(FunctionOf(GetModuleHandleW(L"kernel32.dll"), "LoadLibraryW"), there);
+    char* const module = FindModule(process_.Get(), path);
     if (module == nullptr) {
         throw ReasonNotToLoad(process_.Get());
     }
+    VirtualFreeEx(process_.Get(), there, 0, MEM_RELEASE);
     return module;
 }
 
