@@ -244,7 +244,7 @@ void dialsim_fail_devices(int32_t code);
  * every operation on it fails, with 0x80073DB8 (ERROR_STATE_LOAD_STORE_FAILED) for settings and 0x80070570
  * (ERROR_FILE_CORRUPT) for the vault, and the first failure prints the reason on standard error. When the
  * system refuses access to a file or the folder, operations fail with its code, such as 0x80070005
- * (ERROR_ACCESS_DENIED).
+ * (ERROR_ACCESS_DENIED), and the first failure of each folder prints folder and code on standard error.
  *
  * The stores fail like the platform's:
  *
@@ -330,7 +330,8 @@ enum {
 };
 
 /*
- * Plays a script, which has one command on each line; # begins a comment:
+ * Plays a script, which has one command on each line; # begins a comment. Lines end with LF or CRLF, and a
+ * UTF-8 byte-order mark at the beginning is skipped:
  *
  *   turn DEGREES         click               hold                release
  *   touch X Y W H        move X Y W H        lift                acquire             lose
@@ -346,6 +347,7 @@ enum {
  *
  *   window          the window of the following commands: a handle, 0 (the newest, the default), or @N, the
  *                   N-th window since the last reset that a controller was created for, from 1
+ *   show menu       prints the text of dialsim_menu
  *   menu, close     dialsim_open_menu, dialsim_close_menu
  *   delay, settle   dialsim_async_delay, dialsim_wait_for_async
  *   show stores     prints the three stores, each under its name
@@ -362,12 +364,18 @@ enum {
  *
  *   Returns
  *     true     the script has been played
- *     false    a line has a syntax error; no command was executed
+ *     false    a line has a syntax error: no command was executed. Or a line failed: the commands before it
+ *              took place, those after it did not
+ *
+ * A line fails when its command cannot take place, "line 3: no item 9 in the menu (8000000b)": the window has
+ * no controller, or there is no such item, window @N, menu to open, operation to complete or window for the
+ * mouse, or the file cannot be written. It also fails when a handler throws an exception. A failure code that
+ * a handler returns is printed on standard error, and the script continues.
  */
 bool dialsim_play(const char* script, uint32_t flags, char* error, size_t error_size);
 
 /* Plays a script on a thread of the simulator. At the end that thread calls `done`, with `error` null or the
- * reason why nothing was played. */
+ * error message of dialsim_play. */
 void dialsim_play_in_background(const char* script, uint32_t flags,
                                 void (*done)(void* context, const char* error), void* context);
 /* Returns when every script in the background has ended and its `done` has returned, and then as
@@ -383,7 +391,8 @@ void dialsim_wait_for_scripts(void);
  * move, lift, choose, menu, close, acquire, lose), the mouse of a script, `settle`, and waits for the time
  * between them, without the time of handlers. Numbers are exact, and windows are named @N. Played to the same
  * host, the script raises the same events in the same order, natively at the same times. It does not contain
- * the initial state: devices, haptics, faults, package identity, and the thread of events.
+ * the initial state: devices, haptics, faults, package identity, and the thread of events; nor commands for a
+ * window without a controller.
  */
 bool dialsim_record(const char* path);
 
@@ -391,11 +400,18 @@ bool dialsim_record(const char* path);
  * Environment variables control a program that does not call the simulator:
  *
  *   DIALSIM_SETUP    a script that is played before the first class of the platform is activated: for
- *                    faults, devices and package identity
+ *                    faults, devices and package identity. When it cannot be read, does not parse or a line
+ *                    fails, the program ends with status 119
  *   DIALSIM_SCRIPT   a script that is played in the background, in real time, from the creation of the first
  *                    controller on. Begin it with a wait, so that the program can subscribe. The program does
- *                    not wait for its end. With DIALSIM_CLOSE=1 the window is closed at its end, and a script
- *                    that cannot be read or has a syntax error ends the program with status 2
+ *                    not wait for its end
+ *   DIALSIM_CLOSE    1: closes the window of the first controller at the end of the script. A program that is
+ *                    still running 10 seconds later, or the number of seconds in DIALSIM_CLOSE_SECONDS, is
+ *                    ended with status 118; a program whose controller has no window that can be closed is
+ *                    ended with status 0 a second after the script. A script that cannot be read, does not
+ *                    parse or has a line that fails ends the program with status 119. A program that is ended
+ *                    runs no destructors; output is lost that it has buffered in another runtime library than
+ *                    the simulator's
  *   DIALSIM_WINDOW   1: shows a dial to turn beside the window of the first controller; on Windows only
  *   DIALSIM_RECORD   the file of a recording from the creation of the first controller on
  *

@@ -103,24 +103,24 @@ std::uint32_t AsyncOperations::Pending() {
     }));
 }
 
-HRESULT AsyncOperations::Complete(std::uint32_t index, std::optional<abi::AsyncStatus> status) {
+EventResult AsyncOperations::Complete(std::uint32_t index, std::optional<abi::AsyncStatus> status) {
     Completable* claimed = nullptr;
     {
         const std::lock_guard guard(mutex_);
         claimed = index < slots_.size() ? Claim(slots_[index]) : nullptr;
     }
     if (claimed == nullptr) {
-        return kOutOfBounds;
+        return {kOutOfBounds, false};
     }
-    HRESULT code = S_OK;
+    EventResult result;
     RunOnEventThread([&] {
         const ApartmentScope apartment;
         if (const auto outcome = claimed->Complete(status)) {
-            code = CodeOf(*outcome);
+            result.code = CodeOf(*outcome);
         }
         claimed->ReleaseReference();
     });
-    return code;
+    return result;
 }
 
 HRESULT AsyncOperations::CompleteAll() {
@@ -131,9 +131,9 @@ HRESULT AsyncOperations::CompleteAll() {
     }
     HRESULT first_failure = S_OK;
     for (std::uint32_t index = 0; index < count; ++index) {
-        const HRESULT code = Complete(index, {});
-        if (first_failure >= 0 && code < 0 && code != kOutOfBounds) {
-            first_failure = code;
+        const EventResult result = Complete(index, {});
+        if (first_failure >= 0 && result.code < 0 && result.took_place) {
+            first_failure = result.code;
         }
     }
     return first_failure;

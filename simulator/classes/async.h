@@ -55,7 +55,7 @@ public:
     // The time until completion in mode OwnThread.
     void SetDelay(std::uint32_t milliseconds);
     std::uint32_t Pending();
-    HRESULT Complete(std::uint32_t index, std::optional<abi::AsyncStatus> status);
+    EventResult Complete(std::uint32_t index, std::optional<abi::AsyncStatus> status);
     HRESULT CompleteAll();
     HRESULT CompletionCode(std::uint32_t index);
     bool MarshalsFreeThreaded(std::uint32_t index);

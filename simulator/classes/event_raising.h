@@ -14,12 +14,22 @@ struct Outcome {
     HRESULT code = S_OK;
     bool threw = false;
     std::string message;
+    bool took_place = true;  // false when no handler was called because there was nothing to do
 
     void Merge(Outcome other) {
         if (code >= 0 && !threw) {
             *this = std::move(other);
         }
     }
+};
+
+// The result of a command that raises an event: the first failure of its handlers, or why it did not take
+// place, which a handler's code alone does not tell.
+struct EventResult {
+    HRESULT code = S_OK;
+    bool took_place = true;
+
+    operator HRESULT() const { return code; }
 };
 
 // The code of an event whose handler threw an exception.

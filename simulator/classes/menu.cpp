@@ -235,7 +235,7 @@ HRESULT RadialMenu::TrySelectPreviouslySelectedMenuItem(abi::boolean* result) no
 Outcome RadialMenu::Choose(std::uint32_t index) {
     const auto items = items_->Snapshot();
     if (index >= items.size() || !items[index]) {
-        return {kOutOfBounds, false, {}};
+        return {kOutOfBounds, false, {}, false};
     }
     Select(items[index]);
     auto* item = dynamic_cast<MenuItem*>(items[index].get());

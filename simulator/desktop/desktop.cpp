@@ -64,6 +64,14 @@ class WindowsDesktop final : public DesktopPort {
 public:
     void OpenDial(std::uint64_t window) override { OpenDialWindow(window); }
 
+    // The console's window belongs to all programs that use the console: closing it would end them too.
+    bool HasWindow(std::uint64_t window) override {
+        const HWND handle = reinterpret_cast<HWND>(window);
+        DWORD process = 0;
+        GetWindowThreadProcessId(handle, &process);
+        return process == GetCurrentProcessId() && handle != GetConsoleWindow();
+    }
+
     void CloseWindow(std::uint64_t window) override {
         PostMessageW(reinterpret_cast<HWND>(window), WM_CLOSE, 0, 0);
     }

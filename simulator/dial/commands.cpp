@@ -13,10 +13,10 @@ namespace {
 
 // Raises an event on every controller of the window, on the thread for events.
 template <class RaiseOne>
-HRESULT RaiseOnControllers(std::uint64_t window, RaiseOne raise_one) {
+EventResult RaiseOnControllers(std::uint64_t window, RaiseOne raise_one) {
     const auto controllers = ControllersOf(window);
     if (controllers.empty()) {
-        return kNoController;
+        return {kNoController, false};
     }
     Outcome outcome;
     RunOnEventThread([&] {
@@ -25,7 +25,7 @@ HRESULT RaiseOnControllers(std::uint64_t window, RaiseOne raise_one) {
             outcome.Merge(raise_one(*controller.get(), state));
         }
     });
-    return CodeOf(outcome);
+    return {CodeOf(outcome), outcome.took_place};
 }
 
 std::string CommandWithRect(const char* name, const abi::Rect& bounds) {
@@ -35,11 +35,11 @@ std::string CommandWithRect(const char* name, const abi::Rect& bounds) {
 }  // namespace
 
 // While the menu is open, turns and clicks go to the menu and not to the window.
-HRESULT Turn(std::uint64_t window, double degrees) {
+EventResult Turn(std::uint64_t window, double degrees) {
     const RecordingScope recording(window, Command("turn", degrees));
     TheDial().Update([=](DialState& state) { state.angle += degrees; });
     if (MoveHighlight(degrees)) {
-        return S_OK;
+        return {};
     }
     TheDesktop().UpdateDisplay();
     return RaiseOnControllers(window, [=](Controller& controller, const DialState& state) {
@@ -47,7 +47,7 @@ HRESULT Turn(std::uint64_t window, double degrees) {
     });
 }
 
-HRESULT Click(std::uint64_t window) {
+EventResult Click(std::uint64_t window) {
     const RecordingScope recording(window, "click");
     if (const auto menu = TheOpenMenu()) {
         CloseMenu();
@@ -63,7 +63,7 @@ void Hold(bool down) {
     TheDesktop().UpdateDisplay();
 }
 
-HRESULT Touch(std::uint64_t window, const abi::Rect& bounds) {
+EventResult Touch(std::uint64_t window, const abi::Rect& bounds) {
     const RecordingScope recording(window, CommandWithRect("touch", bounds));
     TheDial().Update([&](DialState& state) { state.contact = bounds; });
     return RaiseOnControllers(window, [](Controller& controller, const DialState& state) {
@@ -71,7 +71,7 @@ HRESULT Touch(std::uint64_t window, const abi::Rect& bounds) {
     });
 }
 
-HRESULT Move(std::uint64_t window, const abi::Rect& bounds) {
+EventResult Move(std::uint64_t window, const abi::Rect& bounds) {
     const RecordingScope recording(window, CommandWithRect("move", bounds));
     TheDial().Update([&](DialState& state) { state.contact = bounds; });
     return RaiseOnControllers(window, [](Controller& controller, const DialState& state) {
@@ -79,27 +79,27 @@ HRESULT Move(std::uint64_t window, const abi::Rect& bounds) {
     });
 }
 
-HRESULT Lift(std::uint64_t window) {
+EventResult Lift(std::uint64_t window) {
     const RecordingScope recording(window, "lift");
     TheDial().Update([](DialState& state) { state.contact.reset(); });
     return RaiseOnControllers(
         window, [](Controller& controller, const DialState&) { return controller.RaiseContactEnded(); });
 }
 
-HRESULT Acquire(std::uint64_t window) {
+EventResult Acquire(std::uint64_t window) {
     const RecordingScope recording(window, "acquire");
     return RaiseOnControllers(window, [](Controller& controller, const DialState& state) {
         return controller.RaiseControlAcquired(state);
     });
 }
 
-HRESULT Lose(std::uint64_t window) {
+EventResult Lose(std::uint64_t window) {
     const RecordingScope recording(window, "lose");
     return RaiseOnControllers(
         window, [](Controller& controller, const DialState&) { return controller.RaiseControlLost(); });
 }
 
-HRESULT Choose(std::uint64_t window, std::uint32_t item) {
+EventResult Choose(std::uint64_t window, std::uint32_t item) {
     const RecordingScope recording(window, Command("choose", item));
     return RaiseOnControllers(
         window, [=](Controller& controller, const DialState&) { return controller.menu().Choose(item); });

@@ -14,6 +14,9 @@ public:
     // Opens the window of the dial beside this window.
     virtual void OpenDial(std::uint64_t /*window*/) {}
 
+    // Whether this is a window of the program that can be closed.
+    virtual bool HasWindow(std::uint64_t /*window*/) { return false; }
+
     // Closes the window as the user would.
     virtual void CloseWindow(std::uint64_t /*window*/) {}
 

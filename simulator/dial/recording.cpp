@@ -5,6 +5,7 @@
 #include <limits>
 #include <mutex>
 
+#include "simulator/classes/controller.h"
 #include "simulator/classes/controllers.h"
 #include "simulator/system/clock.h"
 #include "simulator/system/files.h"
@@ -31,13 +32,8 @@ void WriteLine(const std::string& line) {
     std::fflush(file);  // the recording is complete when the program is killed
 }
 
-// "@" and the number of the window, because handles differ between runs; the handle for an unnumbered window.
-std::string WindowName(std::uint64_t window) {
-    const std::size_t number = WindowNumber(window);
-    std::string name = number == 0 ? "" : "@";
-    name += std::to_string(number == 0 ? window : number);
-    return name;
-}
+// By the number of the window, because handles differ between runs.
+std::string WindowName(std::uint64_t window) { return "@" + std::to_string(WindowNumber(window)); }
 
 // No wait is recorded when the clock was set back.
 void WriteWait() {
@@ -99,8 +95,9 @@ RecordingScope::RecordingScope(const std::string& command) {
     }
 }
 
+// Without a controller no event is raised, and the line would fail in a replay.
 RecordingScope::RecordingScope(std::uint64_t window, const std::string& command) {
-    if (command_depth++ == 0) {
+    if (command_depth++ == 0 && NewestControllerOf(window)) {
         Write(command, WindowName(window));
     }
 }

@@ -20,8 +20,8 @@ std::string Command(std::string text, Numbers... numbers) {
 bool StartRecording(const std::string& path);
 void EndRecording();
 
-// Records a command; its handlers run during the lifetime of the object. The time between two of these
-// objects is recorded as a wait, the time of the handlers is not.
+// Records a command, with a window only if that has a controller; its handlers run during the lifetime of the
+// object. The time between two of these objects is recorded as a wait, the time of the handlers is not.
 class RecordingScope {
 public:
     explicit RecordingScope(const std::string& command);

@@ -6,6 +6,7 @@
 #include <functional>
 #include <sstream>
 #include <stdexcept>
+#include <string_view>
 #include <vector>
 
 #include "simulator/classes/async.h"
@@ -33,12 +34,13 @@ struct Player {
     bool real_time = false;
 };
 
-// Returns the result of an event; S_OK for commands that raise none.
+// Returns the code of an event's handlers; S_OK for commands that raise none. Throws ScriptError when the
+// command cannot take place.
 using Action = std::function<HRESULT(Player&)>;
 using Words = std::vector<std::string>;
 
-// A syntax error of a line.
-class ParseError : public std::runtime_error {
+// A line that cannot be parsed or executed.
+class ScriptError : public std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
@@ -55,7 +57,7 @@ Number Parse(const std::string& word) {
         result = std::from_chars(word.data() + (hexadecimal ? 2 : 0), end, number, hexadecimal ? 16 : 10);
     }
     if (result.ec != std::errc() || result.ptr != end) {
-        throw ParseError("'" + word + "' is not a number in range");
+        throw ScriptError("'" + word + "' is not a number in range");
     }
     return number;
 }
@@ -66,7 +68,7 @@ abi::Rect ParseRect(const Words& words) {
 
 bool ParseChoice(const std::string& word, const char* first, const char* second) {
     if (word != first && word != second) {
-        throw ParseError("'" + word + "' is neither '" + first + "' nor '" + second + "'");
+        throw ScriptError("'" + word + "' is neither '" + first + "' nor '" + second + "'");
     }
     return word == first;
 }
@@ -78,7 +80,7 @@ Fault ParseFault(const Words& words, std::size_t counts, Fault::Kind kind, HRESU
     };
     Fault fault{words[1], kind, code, count(counts, 1), count(counts + 1, 0)};
     if (!IsApplicable(fault)) {
-        throw ParseError("no fault of this kind applies to '" + words[1] + "'");
+        throw ScriptError("no fault of this kind applies to '" + words[1] + "'");
     }
     return fault;
 }
@@ -113,18 +115,77 @@ MouseAction ParseMouseAction(const std::string& word) {
     return ParseChoice(word, "down", "up") ? MouseAction::Down : MouseAction::Up;
 }
 
-// Reports a command that failed; the script continues.
-void ReportIfFailed(bool succeeded, const std::string& error) {
-    if (!succeeded) {
-        std::fprintf(stderr, "dial script: %s\n", error.c_str());
-    }
+std::string WithCode(const std::string& reason, HRESULT code) {
+    char number[16];
+    std::snprintf(number, sizeof number, " (%08x)", static_cast<unsigned>(code));
+    return reason + number;
+}
+
+ScriptError NoController(std::uint64_t window) {
+    return ScriptError(WithCode(
+        window == 0 ? "no window has a controller" : "no controller for window " + std::to_string(window),
+        kNoController));
+}
+
+// A command that raises an event; `missing` is the reason why it cannot although the window has a controller.
+Action RaiseEvent(std::function<EventResult(std::uint64_t window)> raise, const std::string& missing = {}) {
+    return [raise = std::move(raise), missing](Player& player) {
+        const EventResult result = raise(player.window);
+        if (!result.took_place) {
+            throw result.code == kNoController ? NoController(player.window)
+                                               : ScriptError(WithCode(missing, result.code));
+        }
+        if (result.code == kHandlerThrew) {
+            throw ScriptError("a handler threw: " + LastExceptionMessage());
+        }
+        return result.code;
+    };
+}
+
+// A command that returns false when it cannot take place.
+Action Require(std::function<bool(Player&)> action, const std::string& reason) {
+    return WithoutResult([action = std::move(action), reason](Player& player) {
+        if (!action(player)) {
+            throw ScriptError(reason);
+        }
+    });
 }
 
 void Print(const std::string& text) { std::fputs(text.c_str(), stdout); }
 
+// The menu in a form that is empty only without a controller.
+std::string RequireMenu(std::uint64_t window, const std::string& menu) {
+    if (menu.empty()) {
+        throw NoController(window);
+    }
+    return menu;
+}
+
+Action ParseWindow(const std::string& word) {
+    if (!word.starts_with('@')) {
+        return WithoutResult(
+            [window = Parse<std::uint64_t>(word)](Player& player) { player.window = window; });
+    }
+    const auto select = [number = Parse<std::uint32_t>(word.substr(1))](Player& player) {
+        player.window = WindowAt(number);
+        return player.window != kNoWindow;
+    };
+    return Require(select, "no window " + word);
+}
+
+Action ParseComplete(const std::string& word) {
+    if (word == "all") {
+        return RaiseEvent([](std::uint64_t) { return EventResult{TheAsyncOperations().CompleteAll()}; });
+    }
+    return RaiseEvent([index = Parse<std::uint32_t>(word)](
+                          std::uint64_t) { return TheAsyncOperations().Complete(index, {}); },
+                      "no operation " + word + " to complete");
+}
+
 Action ParseShow(const std::string& word) {
     if (word == "menu") {
-        return WithoutResult([](Player& player) { Print(MenuText(player.window)); });
+        return WithoutResult(
+            [](Player& player) { Print(RequireMenu(player.window, MenuText(player.window))); });
     }
     if (word == "stores") {
         return WithoutResult([](Player&) { Print(AllStoresText()); });
@@ -146,64 +207,58 @@ constexpr std::size_t kUnlimited = 64;
 const Command kCommands[] = {
     {"turn", 2, 2,
      [](const Words& words) -> Action {
-         return [degrees = Parse<double>(words[1])](Player& player) { return Turn(player.window, degrees); };
+         return RaiseEvent(
+             [degrees = Parse<double>(words[1])](std::uint64_t window) { return Turn(window, degrees); });
      }},
     {"click", 1, 1,
-     [](const Words&) -> Action { return [](Player& player) { return Click(player.window); }; }},
+     [](const Words&) -> Action { return RaiseEvent(Click, "the menu lacks the highlighted item"); }},
     {"hold", 1, 1, [](const Words&) -> Action { return WithoutResult([](Player&) { Hold(true); }); }},
     {"release", 1, 1, [](const Words&) -> Action { return WithoutResult([](Player&) { Hold(false); }); }},
     {"touch", 5, 5,
      [](const Words& words) -> Action {
-         return [bounds = ParseRect(words)](Player& player) { return Touch(player.window, bounds); };
+         return RaiseEvent(
+             [bounds = ParseRect(words)](std::uint64_t window) { return Touch(window, bounds); });
      }},
     {"move", 5, 5,
      [](const Words& words) -> Action {
-         return [bounds = ParseRect(words)](Player& player) { return Move(player.window, bounds); };
+         return RaiseEvent(
+             [bounds = ParseRect(words)](std::uint64_t window) { return Move(window, bounds); });
      }},
     {"choose", 2, 2,
      [](const Words& words) -> Action {
-         return
-             [item = Parse<std::uint32_t>(words[1])](Player& player) { return Choose(player.window, item); };
+         return RaiseEvent(
+             [item = Parse<std::uint32_t>(words[1])](std::uint64_t window) { return Choose(window, item); },
+             "no item " + words[1] + " in the menu");
      }},
     {"menu", 1, 1,
      [](const Words&) -> Action {
-         return WithoutResult(
-             [](Player& player) { ReportIfFailed(OpenMenuOf(player.window), "no menu to open"); });
+         return Require([](Player& player) { return OpenMenuOf(player.window); }, "no menu to open");
      }},
     {"close", 1, 1, [](const Words&) -> Action { return WithoutResult([](Player&) { CloseMenu(); }); }},
     {"mouse", 4, 4,
      [](const Words& words) -> Action {
-         return WithoutResult([x = Parse<int>(words[1]), y = Parse<int>(words[2]),
-                               action = ParseMouseAction(words[3])](Player& player) {
-             ReportIfFailed(UseMouse(player.window, action, x, y), "no window for the mouse");
-         });
+         const auto use_mouse = [x = Parse<int>(words[1]), y = Parse<int>(words[2]),
+                                 action = ParseMouseAction(words[3])](Player& player) {
+             return UseMouse(player.window, action, x, y);
+         };
+         return Require(use_mouse, "no window for the mouse");
      }},
     {"shot", 2, 2,
      [](const Words& words) -> Action {
-         return WithoutResult([file = words[1]](Player& player) {
-             ReportIfFailed(TheDesktop().WriteScreenshot(player.window, file),
-                            "cannot write the screenshot '" + file + "'");
-         });
+         const auto write = [file = words[1]](Player& player) {
+             return TheDesktop().WriteScreenshot(player.window, file);
+         };
+         return Require(write, "cannot write the screenshot '" + words[1] + "'");
      }},
-    {"lift", 1, 1, [](const Words&) -> Action { return [](Player& player) { return Lift(player.window); }; }},
-    {"acquire", 1, 1,
-     [](const Words&) -> Action { return [](Player& player) { return Acquire(player.window); }; }},
-    {"lose", 1, 1, [](const Words&) -> Action { return [](Player& player) { return Lose(player.window); }; }},
+    {"lift", 1, 1, [](const Words&) -> Action { return RaiseEvent(Lift); }},
+    {"acquire", 1, 1, [](const Words&) -> Action { return RaiseEvent(Acquire); }},
+    {"lose", 1, 1, [](const Words&) -> Action { return RaiseEvent(Lose); }},
     {"wait", 2, 2,
      [](const Words& words) -> Action {
          return WithoutResult(
              [time = Parse<std::uint32_t>(words[1])](Player& player) { Wait(time, player.real_time); });
      }},
-    {"window", 2, 2,
-     [](const Words& words) -> Action {
-         if (words[1].starts_with('@')) {
-             return WithoutResult([number = Parse<std::uint32_t>(words[1].substr(1))](Player& player) {
-                 player.window = WindowAt(number);
-             });
-         }
-         return WithoutResult(
-             [window = Parse<std::uint64_t>(words[1])](Player& player) { player.window = window; });
-     }},
+    {"window", 2, 2, [](const Words& words) -> Action { return ParseWindow(words[1]); }},
     {"haptics", 1, kUnlimited,
      [](const Words& words) -> Action {
          std::vector<std::uint16_t> waveforms;
@@ -238,22 +293,14 @@ const Command kCommands[] = {
          return WithoutResult(
              [time = Parse<std::uint32_t>(words[1])](Player&) { TheAsyncOperations().SetDelay(time); });
      }},
-    {"complete", 2, 2,
-     [](const Words& words) -> Action {
-         if (words[1] == "all") {
-             return [](Player&) { return TheAsyncOperations().CompleteAll(); };
-         }
-         return [index = Parse<std::uint32_t>(words[1])](Player&) {
-             return TheAsyncOperations().Complete(index, {});
-         };
-     }},
+    {"complete", 2, 2, [](const Words& words) -> Action { return ParseComplete(words[1]); }},
     {"settle", 1, 1, [](const Words&) -> Action { return WithoutResult([](Player&) { Settle(); }); }},
     {"no-devices", 1, 1,
      [](const Words&) -> Action { return WithoutResult([](Player&) { TheDevices().RemoveAll(); }); }},
     {"device", 2, 3,
      [](const Words& words) -> Action {
          if (words.size() == 3 && words[2] != "disabled") {
-             throw ParseError("'" + words[2] + "' is not 'disabled'");
+             throw ScriptError("'" + words[2] + "' is not 'disabled'");
          }
          return WithoutResult([id = words[1], enabled = words.size() == 2](Player&) {
              TheDevices().Add(id.c_str(), nullptr, enabled);
@@ -267,11 +314,12 @@ const Command kCommands[] = {
     {"draw", 3, 3,
      [](const Words& words) -> Action {
          if (words[1] != "menu") {
-             throw ParseError("cannot draw '" + words[1] + "'");
+             throw ScriptError("cannot draw '" + words[1] + "'");
          }
-         return WithoutResult([file = words[2]](Player& player) {
-             ReportIfFailed(WriteFile(file, MenuSvg(player.window)), "cannot write '" + file + "'");
-         });
+         const auto write = [file = words[2]](Player& player) {
+             return WriteFile(file, RequireMenu(player.window, MenuSvg(player.window)));
+         };
+         return Require(write, "cannot write '" + words[2] + "'");
      }},
 };
 
@@ -291,12 +339,12 @@ Action ParseCommand(const Words& words) {
             continue;
         }
         if (words.size() < command.min_words || words.size() > command.max_words) {
-            throw ParseError("'" + words[0] + "' does not take " + std::to_string(words.size() - 1) +
-                             " arguments");
+            throw ScriptError("'" + words[0] + "' does not take " + std::to_string(words.size() - 1) +
+                              " arguments");
         }
         return command.parse(words);
     }
-    throw ParseError("unknown command '" + words[0] + "'");
+    throw ScriptError("unknown command '" + words[0] + "'");
 }
 
 struct Line {
@@ -304,33 +352,42 @@ struct Line {
     Action action;
 };
 
+// Adds the number of the line to its error.
+template <class Use>
+void AtLine(int number, Use use) {
+    try {
+        use();
+    } catch (const ScriptError& error) {
+        throw ScriptError("line " + std::to_string(number) + ": " + error.what());
+    }
+}
+
+// Some editors put it at the beginning of a file.
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
 std::vector<Line> ParseLines(const std::string& script) {
     std::vector<Line> parsed;
-    std::istringstream lines(script);
+    std::istringstream lines(script.substr(script.starts_with(kByteOrderMark) ? kByteOrderMark.size() : 0));
     std::string line;
     for (int number = 1; std::getline(lines, line); ++number) {
-        try {
+        AtLine(number, [&] {
             if (const Words words = Split(line); !words.empty()) {
                 parsed.push_back({number, ParseCommand(words)});
             }
-        } catch (const ParseError& error) {
-            throw ParseError("line " + std::to_string(number) + ": " + error.what());
-        }
+        });
     }
     return parsed;
 }
 
-// Reports an event that failed; the script continues.
-void Report(int number, HRESULT code) {
-    if (code == kNoController) {
-        std::fprintf(stderr, "dial script, line %d: no window has a listener\n", number);
-    } else if (code == kHandlerThrew) {
-        std::fprintf(stderr, "dial script, line %d: a handler threw: %s\n", number,
-                     LastExceptionMessage().c_str());
-    } else if (code < 0) {
-        std::fprintf(stderr, "dial script, line %d: a handler returned %x\n", number,
-                     static_cast<unsigned>(code));
-    }
+// A handler's failure does not end the script: the event was raised, and the library fails by design where
+// the platform does.
+void Execute(const Line& line, Player& player) {
+    AtLine(line.number, [&] {
+        if (const HRESULT code = line.action(player); code < 0) {
+            std::fprintf(stderr, "dial script: line %d: a handler returned %08x\n", line.number,
+                         static_cast<unsigned>(code));
+        }
+    });
 }
 
 }  // namespace
@@ -340,10 +397,10 @@ std::string PlayScript(const std::string& script, bool real_time) {
         Player player;
         player.real_time = real_time;
         for (const Line& line : ParseLines(script)) {
-            Report(line.number, line.action(player));
+            Execute(line, player);
         }
         return {};
-    } catch (const ParseError& error) {
+    } catch (const ScriptError& error) {
         return error.what();
     }
 }

@@ -20,6 +20,7 @@ public:
     // Negative when the folder cannot be created or locked; do not call the operations then.
     HRESULT code() const { return lock_ ? lock_->code() : S_OK; }
 
+    const std::string& path() const { return path_; }
     std::string PathOf(const std::string& name) const { return path_ + "/" + name; }
 
     // Empty when there is no such file.

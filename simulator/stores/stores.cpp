@@ -49,6 +49,7 @@ ParsedFile<Settings>& parsed_roaming = *new ParsedFile<Settings>;
 ParsedFile<Vault>& parsed_vault = *new ParsedFile<Vault>;
 std::optional<std::string>& given_folder = *new std::optional<std::string>;
 std::set<std::string>& reported_corrupt = *new std::set<std::string>;
+std::set<std::string>& reported_folders = *new std::set<std::string>;
 
 std::string FolderPath() {
     if (given_folder) {
@@ -58,12 +59,21 @@ std::string FolderPath() {
     return set.empty() ? UserDataFolder() : set;
 }
 
+// Returns the system's code. Prints the first failure of each folder: the library reports none to its host.
+HRESULT ReportFailure(const StoreFolder& folder, HRESULT code) {
+    if (code < 0 && reported_folders.insert(folder.path()).second) {
+        std::fprintf(stderr, "dialsim: settings cannot be stored in '%s' (%08x)\n", folder.path().c_str(),
+                     static_cast<unsigned>(code));
+    }
+    return code;
+}
+
 // Calls a function that returns an HRESULT with exclusive access to the folder.
 template <class Action>
 HRESULT InFolder(Action action) {
     const std::lock_guard guard(mutex);
     const StoreFolder folder(FolderPath());
-    return folder.code() < 0 ? folder.code() : action(folder);
+    return folder.code() < 0 ? ReportFailure(folder, folder.code()) : action(folder);
 }
 
 void Parse(const std::string& json, Settings& settings) { settings = SettingsFrom(json); }
@@ -116,7 +126,7 @@ HRESULT WithStore(const StoreFile& file, ParsedFile<Content>& parsed,
         const HRESULT code = use(content);
         return code < 0 || content == parsed.content
                    ? code
-                   : folder.Replace(file.name, ToJson(content), file.readers);
+                   : ReportFailure(folder, folder.Replace(file.name, ToJson(content), file.readers));
     });
 }
 

@@ -12,8 +12,9 @@ std::optional<std::string> ReadFile(const std::string& path) {
     while (const std::size_t count = std::fread(bytes, 1, sizeof bytes, file)) {
         content.append(bytes, count);
     }
+    const bool failed = std::ferror(file) != 0;
     std::fclose(file);
-    return content;
+    return failed ? std::nullopt : std::optional(content);
 }
 
 bool WriteFile(const std::string& path, const std::string& content) {

@@ -45,6 +45,34 @@ TEST_F(StoresInAFolder, InNoFolderFailWithTheSystemsCode) {
     std::remove(folder.PathOf("file").c_str());
 }
 
+// Host and library report no lost setting.
+TEST_F(StoresInAFolder, ThatCannotBeWrittenAreReportedOnceForEachFolder) {
+    folder.Write("file", "no folder");
+    const std::string no_folder = folder.PathOf("file");
+    const std::string below = folder.PathOf("file/below");
+    testing::internal::CaptureStderr();
+    for (const std::string& path : {no_folder, below, no_folder}) {
+        dialsim_set_stores(path.c_str());
+        EXPECT_NE(InsertText("key", "text"), S_OK);
+        EXPECT_NE(AddCredential("resource", "user", "secret"), S_OK);
+    }
+    EXPECT_EQ(testing::internal::GetCapturedStderr(),
+              "dialsim: settings cannot be stored in '" + no_folder + "' (80070003)\n" +
+                  "dialsim: settings cannot be stored in '" + below + "' (80070003)\n");
+    std::remove(no_folder.c_str());
+}
+
+TEST_F(StoresInAFolder, WithAFileThatCannotBeReplacedAreReported) {
+    ASSERT_EQ(InsertText("key", "old"), S_OK);
+    const std::string in_the_way = folder.PathOf("roaming.json.new");
+    StoresFolder::MakeFolder(in_the_way);
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(InsertText("key", "new"), kDenied);
+    EXPECT_EQ(testing::internal::GetCapturedStderr(),
+              "dialsim: settings cannot be stored in '" + folder.path() + "' (80070005)\n");
+    StoresFolder::RemoveFolder(in_the_way);
+}
+
 TEST_F(StoresInAFolder, AreTheFilesThere) {
     const std::string bytes("\0\r\n\xFF", 4);
     for (const char* store : kStores) {

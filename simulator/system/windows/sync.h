@@ -36,6 +36,8 @@ inline void Join(Thread thread) {
 
 inline void Detach(Thread thread) { CloseHandle(thread); }
 
+inline void Pause(std::uint32_t milliseconds) { Sleep(milliseconds); }
+
 inline std::uint64_t CurrentThread() { return GetCurrentThreadId(); }
 
 }  // namespace dialsim
