@@ -1,11 +1,11 @@
-// Diagnoses a dial that does nothing on a user's computer. Prints a line for each check: the classes that the
-// library needs, elevation, package identity and the stores that follow from it, presence of the dial, and
-// arrival of a turn. The last line says what to do.
+// Diagnoses a dial that does nothing on a user's computer. Prints a line for each check: the versions of the
+// system and of the library, the classes that the library needs, elevation, package identity and the stores
+// that follow from it, presence of the dial, and arrival of a turn. The last line says what to do.
 //
 //   dialcheck [--wait SECONDS]
 //
-// The exit status is 0 when all checks succeed and a turn arrives, 1 when something is missing, 2 when only
-// the turn is missing, 3 for a usage error.
+// Its own calls of the platform always go to the system, also when the simulator answers those of the
+// library.
 #include <brindle.h>
 
 #include <atomic>
@@ -14,14 +14,15 @@
 #include <cstdio>
 #include <cstring>
 #include <optional>
+#include <set>
 #include <string>
 
+#include "library.h"
 #include "needs.h"
 #include "system.h"
+#include "verdict.h"
 
 namespace {
-
-enum Status { kWorks = 0, kMissing = 1, kNoTurn = 2, kUsageError = 3 };
 
 constexpr char kUsage[] =
     "usage: dialcheck [--wait SECONDS]\n"
@@ -34,27 +35,24 @@ constexpr char kUsage[] =
     "             2  nothing is missing, but no turn arrived\n"
     "             3  usage error\n";
 
-struct Findings {
-    bool platform = false;
-    bool listening = false;
-    bool dial = false;
-    bool elevated = false;
-    bool turned = false;
-};
-
 // Flushed at once: the output is complete even when the process ends unexpectedly.
 void Report(const std::string& what, const std::string& answer) {
     std::printf("%s: %s\n", what.c_str(), answer.c_str());
     std::fflush(stdout);
 }
 
-std::string NotFound(int32_t code) {
-    char text[32];
-    std::snprintf(text, sizeof text, "not found (%08x)", static_cast<unsigned>(code));
-    return text;
+std::string WithCode(const char* what, int32_t code) {
+    char number[16];
+    std::snprintf(number, sizeof number, " (%08x)", static_cast<unsigned>(code));
+    return what + std::string(number);
 }
 
-std::string FoundOrNot(int32_t code) { return code < 0 ? NotFound(code) : "found"; }
+std::string FoundOrNot(int32_t code) { return code < 0 ? WithCode("not found", code) : "found"; }
+
+// While the simulator answers the library, a finding about the system says so.
+std::string OfSystem(const std::string& what, const Findings& found) {
+    return found.simulated ? what + " in Windows itself" : what;
+}
 
 // A platform object begins with a pointer to its function table.
 struct Object {
@@ -79,14 +77,18 @@ int32_t Find(const Need& need) {
     return code;
 }
 
-bool CheckClasses() {
-    bool all = true;
+// Returns the names of the classes that lack an interface.
+std::set<std::string> CheckClasses(Findings& found) {
+    std::set<std::string> missing;
     for (const Need& need : kNeeds) {
         const int32_t code = Find(need);
-        Report(std::string(need.class_name) + ", " + need.interface_name, FoundOrNot(code));
-        all = all && code >= 0;
+        Report(OfSystem(std::string(need.class_name) + ", " + need.interface_name, found), FoundOrNot(code));
+        if (code < 0) {
+            missing.insert(need.class_name);
+        }
     }
-    return all;
+    found.classes = missing.empty();
+    return missing;
 }
 
 // Only a program with package identity has application data.
@@ -104,20 +106,32 @@ int32_t FindApplicationData() {
     return code;
 }
 
-void CheckSettings() {
-    Report("package", PackageName());
-    const int32_t code = FindApplicationData();
-    Report("application data", FoundOrNot(code));
-    Report("settings", code < 0
-                           ? "texts in the vault only, numbers nowhere"
-                           : "texts in the roaming settings, the vault and the local settings, numbers in "
-                             "the roaming and the local settings");
+const char* Stores(bool application_data, bool vault) {
+    if (application_data) {
+        return vault ? "texts in the roaming settings, the vault and the local settings, numbers in the "
+                       "roaming and the local settings"
+                     : "texts and numbers in the roaming and the local settings";
+    }
+    return vault ? "texts in the vault only, numbers nowhere" : "texts and numbers nowhere";
 }
 
-bool CheckElevation() {
+void CheckSettings(const std::set<std::string>& missing, const Findings& found) {
+    Report("package", PackageName());
+    const int32_t code = FindApplicationData();
+    Report(OfSystem("application data", found), FoundOrNot(code));
+    const bool vault = !missing.contains(kPasswordVault) && !missing.contains(kPasswordCredential);
+    Report("settings", found.simulated ? "in the simulator's stores"
+                                       : Stores(code >= 0 && !missing.contains(kPropertyValue), vault));
+}
+
+void CheckElevation(Findings& found) {
     const std::optional<bool> elevated = IsElevated();
-    Report("elevated", !elevated ? "unknown" : *elevated ? "yes, Windows then sends no turns" : "no");
-    return elevated.value_or(false);
+    found.elevated = elevated.value_or(false);
+    const bool real_dial = !found.simulated && !found.wine;
+    Report("elevated", !elevated         ? "unknown"
+                       : !found.elevated ? "no"
+                       : real_dial       ? "yes, Windows then sends no turns"
+                                         : "yes");
 }
 
 // Prints each event.
@@ -157,71 +171,78 @@ void CheckTurn(ProbeWindow& window, const ProbeHost& host, std::chrono::seconds 
     window.HandleMessages(kRestOfAMovement, [] { return false; });
 }
 
-void CheckWindow(std::chrono::seconds wait, Findings& found) {
+void CheckWindow(const Library& library, std::chrono::seconds wait, Findings& found) {
     ProbeWindow window("Turn the dial now");
     Report("window", window.Handle() != 0 ? "created" : "cannot be created");
     ProbeHost host(window);
-    found.listening = window.Handle() != 0 && init_dial_listener(&host);
+    found.listening = window.Handle() != 0 && library.listen(&host);
     Report("listener", found.listening ? "registered" : "refused");
     if (found.listening) {
-        found.dial = is_dial_present(window.Handle());
+        found.dial = library.find_dial(window.Handle());
         Report("dial", found.dial ? "present" : "not present");
         CheckTurn(window, host, wait);
         found.turned = host.Turned();
     }
-    uninit();  // before the window and the host go
+    library.stop();  // before the window and the host go
 }
 
-void CheckLibrary(std::chrono::seconds wait, Findings& found) {
-    const int32_t started = initialize();
-    Report("library", started == 0   ? "ready"
-                      : started == 1 ? "the Windows Runtime is not available"
-                                     : "this Windows is too old");
-    found.platform = found.platform && started == 0;
-    if (started == 0) {
-        CheckWindow(wait, found);
-    } else if (started == 2) {
-        uninit();
+// `initialize` has one result for an apartment of the other kind and a missing Windows Runtime.
+const char* Describe(Start start, int32_t runtime) {
+    return start == kReady             ? "ready"
+           : start == kTooOld          ? "this Windows is too old"
+           : runtime == kMultithreaded ? "cannot start, because this thread is in a multithreaded apartment"
+                                       : "the Windows Runtime is not available";
+}
+
+void CheckStart(const Library& library, std::chrono::seconds wait, Findings& found) {
+    found.start = static_cast<Start>(library.start());
+    Report("start of the library", Describe(found.start, found.runtime));
+    if (found.start == kReady) {
+        CheckWindow(library, wait, found);
+    } else if (found.start == kTooOld) {
+        library.stop();
     }
+}
+
+void CheckVersions(const LoadedLibrary& library, Findings& found) {
+    Report("dialcheck", "version " BRINDLE_VERSION_TEXT);
+    Report("Windows", SystemVersion());
+    const std::string wine = WineVersion();
+    found.wine = !wine.empty();
+    if (found.wine) {
+        Report("Wine", wine + ": a dial cannot be found here; the simulator can replace it");
+    }
+    found.library = library.functions.has_value();
+    Report("library", library.description);
+    const std::string simulator = SimulatorPath();
+    found.simulated = !simulator.empty();
+    if (found.simulated) {
+        Report("simulator", "dialsim.dll " + simulator + " answers in the place of Windows for the library");
+    }
+}
+
+void CheckRuntime(Findings& found) {
+    found.runtime = StartRuntime();
+    Report("Windows Runtime", found.runtime >= 0 ? "started"
+                              : found.runtime == kMultithreaded
+                                  ? WithCode("started by another module as multithreaded", found.runtime)
+                                  : WithCode("cannot be started", found.runtime));
 }
 
 Findings Check(std::chrono::seconds wait) {
     Findings found;
-    const int32_t runtime = StartRuntime();
-    Report("Windows Runtime", FoundOrNot(runtime));
-    found.platform = CheckClasses();
-    CheckSettings();
-    found.elevated = CheckElevation();
-    CheckLibrary(wait, found);
-    if (runtime >= 0) {
+    const LoadedLibrary library = LoadDialLibrary();
+    CheckVersions(library, found);
+    CheckRuntime(found);
+    CheckSettings(CheckClasses(found), found);
+    CheckElevation(found);
+    if (library.functions) {
+        CheckStart(*library.functions, wait, found);
+    }
+    if (found.runtime >= 0) {
         StopRuntime();
     }
     return found;
-}
-
-Status ReportVerdict(const Findings& found) {
-    if (!found.platform) {
-        Report("verdict", "Windows lacks a required class, see above; install Windows updates");
-        return kMissing;
-    }
-    if (!found.listening) {
-        Report("verdict", "the dial listener cannot be created; send this output to your support");
-        return kMissing;
-    }
-    if (!found.dial) {
-        Report("verdict", found.turned ? "a dial turns, but it is not the supported one"
-                                       : "the dial is not paired; pair it in the Bluetooth settings");
-        return kMissing;
-    }
-    if (!found.turned) {
-        Report("verdict",
-               found.elevated
-                   ? "no turn arrived; run the program without administrator rights"
-                   : "no turn arrived; wake the dial, check its batteries, keep the window in front");
-        return kNoTurn;
-    }
-    Report("verdict", "the dial works");
-    return kWorks;
 }
 
 std::optional<std::chrono::seconds> WaitIn(int argc, char** argv) {
@@ -237,9 +258,7 @@ std::optional<std::chrono::seconds> WaitIn(int argc, char** argv) {
     return error == std::errc() && rest == end ? std::optional(std::chrono::seconds(seconds)) : std::nullopt;
 }
 
-}  // namespace
-
-int main(int argc, char** argv) {
+Status Run(int argc, char** argv) {
     if (argc == 2 && std::strcmp(argv[1], "--help") == 0) {
         std::fputs(kUsage, stdout);
         return kWorks;
@@ -249,5 +268,17 @@ int main(int argc, char** argv) {
         std::fputs(kUsage, stderr);
         return kUsageError;
     }
-    return ReportVerdict(Check(*wait));
+    const Verdict verdict = VerdictOf(Check(*wait));
+    Report("verdict", verdict.text);
+    return verdict.status;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    const Status status = Run(argc, argv);
+    if (HasOwnConsole()) {
+        WaitForKey();
+    }
+    return status;
 }

@@ -20,6 +20,11 @@ struct Need {
 inline constexpr Identifier kActivationFactory = {
     0x00000035, 0x0000, 0x0000, {0xc0, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x46}};
 
+// The classes that settings need, besides kApplicationData.
+inline constexpr char kPropertyValue[] = "Windows.Foundation.PropertyValue";
+inline constexpr char kPasswordVault[] = "Windows.Security.Credentials.PasswordVault";
+inline constexpr char kPasswordCredential[] = "Windows.Security.Credentials.PasswordCredential";
+
 inline constexpr Need kApplicationData = {
     "Windows.Storage.ApplicationData",
     "IApplicationDataStatics",
@@ -42,7 +47,7 @@ inline constexpr Need kNeeds[] = {
     {"Windows.UI.Input.RadialControllerMenuItem",
      "IRadialControllerMenuItemStatics2",
      {0x0cbb70be, 0x7e3e, 0x48bd, {0xbe, 0x04, 0x2c, 0x7f, 0xca, 0xa9, 0xc1, 0xff}}},
-    {"Windows.Foundation.PropertyValue",
+    {kPropertyValue,
      "IPropertyValueStatics",
      {0x629bdbc8, 0xd932, 0x4ff4, {0x96, 0xb9, 0x8d, 0x96, 0xc5, 0xc1, 0xe8, 0x58}}},
     {"Windows.Foundation.Uri",
@@ -58,8 +63,8 @@ inline constexpr Need kNeeds[] = {
      "IDeviceInformationStatics",
      {0xc17f100e, 0x3a46, 0x4a78, {0x80, 0x13, 0x76, 0x9d, 0xc9, 0xb9, 0x73, 0x90}}},
     kApplicationData,
-    {"Windows.Security.Credentials.PasswordVault", "IActivationFactory", kActivationFactory},
-    {"Windows.Security.Credentials.PasswordCredential",
+    {kPasswordVault, "IActivationFactory", kActivationFactory},
+    {kPasswordCredential,
      "ICredentialFactory",
      {0x54ef13a1, 0xbf26, 0x47b5, {0x97, 0xdd, 0xde, 0x77, 0x9b, 0x7c, 0xad, 0x58}}},
 };

@@ -18,6 +18,19 @@ void StopRuntime();
 // Gets a factory's interface; the caller owns the reference.
 int32_t GetFactory(const Need& need, void** factory);
 
+std::string SystemVersion();
+
+// Empty unless the system is Wine.
+std::string WineVersion();
+
+// The path of dialsim.dll; empty unless it is loaded in this process. The native build is linked to the
+// simulator, which is then the system.
+std::string SimulatorPath();
+
+// Whether the console belongs to this program only, as after a double click, and closes with it.
+bool HasOwnConsole();
+void WaitForKey();
+
 // Empty when the system does not report it.
 std::optional<bool> IsElevated();
 

@@ -2,6 +2,7 @@
 #include <mutex>
 
 #include "../text.h"
+#include "library.h"
 #include "system.h"
 
 // Platform functions, which the simulator defines.
@@ -29,6 +30,20 @@ int32_t GetFactory(const Need& need, void** factory) {
     WindowsDeleteString(string);
     return code;
 }
+
+LoadedLibrary LoadDialLibrary() {
+    return {Library{initialize, uninit, init_dial_listener, is_dial_present}, "linked into this program"};
+}
+
+std::string SystemVersion() { return "none, this is a native program over the simulator"; }
+
+std::string WineVersion() { return {}; }
+
+std::string SimulatorPath() { return {}; }
+
+bool HasOwnConsole() { return false; }
+
+void WaitForKey() {}
 
 std::optional<bool> IsElevated() { return {}; }
 

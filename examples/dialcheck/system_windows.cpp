@@ -3,7 +3,12 @@
 #include <roapi.h>
 #include <winstring.h>
 
+#include <conio.h>
+
+#include <cstdio>
+
 #include "../text.h"
+#include "module_path.h"
 #include "system.h"
 
 namespace {
@@ -12,10 +17,20 @@ constexpr char kClassName[] = "BrindleDialcheck";
 
 using PackageNameFunction = LONG(WINAPI*)(UINT32* length, wchar_t* name);
 
-// Loaded dynamically: Windows versions before packages lack it.
-PackageNameFunction FindPackageNameFunction() {
-    const FARPROC found = GetProcAddress(GetModuleHandleA("kernel32.dll"), "GetCurrentPackageFullName");
-    return reinterpret_cast<PackageNameFunction>(reinterpret_cast<void*>(found));
+// Null when the module lacks it.
+template <class Function>
+Function FunctionOf(HMODULE module, const char* name) {
+    return reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(module, name)));
+}
+
+template <class Function>
+Function SystemFunction(const char* module, const char* name) {
+    return FunctionOf<Function>(GetModuleHandleA(module), name);
+}
+
+bool IsConsole(DWORD handle) {
+    DWORD mode = 0;
+    return GetConsoleMode(GetStdHandle(handle), &mode) != FALSE;
 }
 
 }  // namespace
@@ -39,6 +54,39 @@ int32_t GetFactory(const Need& need, void** factory) {
     return code;
 }
 
+// GetVersionEx returns an older version to a program without a manifest.
+std::string SystemVersion() {
+    using GetVersionFunction = LONG(WINAPI*)(OSVERSIONINFOW*);
+    OSVERSIONINFOW version{};
+    version.dwOSVersionInfoSize = sizeof version;
+    SystemFunction<GetVersionFunction>("ntdll.dll", "RtlGetVersion")(&version);
+    return std::to_string(version.dwMajorVersion) + "." + std::to_string(version.dwMinorVersion) +
+           ", build " + std::to_string(version.dwBuildNumber);
+}
+
+std::string WineVersion() {
+    using WineVersionFunction = const char*(CDECL*)();
+    const auto get_version = SystemFunction<WineVersionFunction>("ntdll.dll", "wine_get_version");
+    return get_version == nullptr ? "" : get_version();
+}
+
+std::string SimulatorPath() {
+    const HMODULE simulator = GetModuleHandleA("dialsim.dll");
+    return simulator == nullptr ? "" : ToUtf8(ModulePath(simulator));
+}
+
+// A program that is started with redirected input or output is not read or ended by a key.
+bool HasOwnConsole() {
+    DWORD process = 0;
+    return GetConsoleProcessList(&process, 1) == 1 && IsConsole(STD_INPUT_HANDLE) &&
+           IsConsole(STD_OUTPUT_HANDLE);
+}
+
+void WaitForKey() {
+    std::printf("\nPress a key to close this window.\n");
+    _getch();
+}
+
 std::optional<bool> IsElevated() {
     HANDLE token = nullptr;
     if (!OpenProcessToken(GetCurrentProcess(), TOKEN_QUERY, &token)) {
@@ -52,7 +100,8 @@ std::optional<bool> IsElevated() {
 }
 
 std::string PackageName() {
-    const PackageNameFunction get_name = FindPackageNameFunction();
+    // Loaded dynamically: Windows versions before packages lack it.
+    const auto get_name = SystemFunction<PackageNameFunction>("kernel32.dll", "GetCurrentPackageFullName");
     if (get_name == nullptr) {
         return "none, this Windows does not support packages";
     }
