@@ -75,11 +75,12 @@ std::string SimulatorPath() {
     return simulator == nullptr ? "" : ToUtf8(ModulePath(simulator));
 }
 
-// A program that is started with redirected input or output is not read or ended by a key.
+// Nobody presses a key for a program whose input or output is redirected. Wine gives it a console of its own
+// in every Unix terminal, with a hidden window.
 bool HasOwnConsole() {
     DWORD process = 0;
     return GetConsoleProcessList(&process, 1) == 1 && IsConsole(STD_INPUT_HANDLE) &&
-           IsConsole(STD_OUTPUT_HANDLE);
+           IsConsole(STD_OUTPUT_HANDLE) && (WineVersion().empty() || IsWindowVisible(GetConsoleWindow()));
 }
 
 void WaitForKey() {
