@@ -1,4 +1,5 @@
-// Preloaded into a native program, makes its main thread multithreaded for the platform, as another module may.
+// Preloaded into a native program, makes its main thread multithreaded for the platform, as another module
+// may.
 extern "C" int RoInitialize(int type);
 
 namespace {
