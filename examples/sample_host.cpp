@@ -150,6 +150,7 @@ int main(int argc, char** argv) {
     if (argc != 4) {
         return Fail("usage: sample_host SCRIPT.dial PICTURE.png FONT.ttf");
     }
+    DialDriver driver(argv[1]);  // first: the library then finds the simulated dial
     HostWindow window("Brindle sample host");
     if (window.Handle() == 0) {
         return Fail("the window cannot be created; is there a display?");
@@ -163,7 +164,6 @@ int main(int argc, char** argv) {
         return Fail("the dial listener cannot be created; the lines above identify the step");
     }
 
-    DialDriver driver(argv[1]);
     Settings settings = LoadSettings();
     PrintSettings(settings);
 
