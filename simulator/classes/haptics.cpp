@@ -8,6 +8,8 @@ namespace dialsim {
 
 namespace {
 
+constinit FeedbackListener feedback_listener = [] {};
+
 class Feedback final : public Object<abi::ISimpleHapticsControllerFeedback> {
     using Interface = abi::ISimpleHapticsControllerFeedback;
 
@@ -108,14 +110,20 @@ private:
                         const std::string& parameters) {
         const std::string waveform =
             feedback == nullptr ? "null" : std::to_string(static_cast<Feedback*>(feedback)->waveform());
-        return Perform(MethodName<Interface>(method), waveform + parameters,
-                       [&] { return feedback == nullptr ? E_INVALIDARG : S_OK; });
+        const HRESULT code = Perform(MethodName<Interface>(method), waveform + parameters,
+                                     [&] { return feedback == nullptr ? E_INVALIDARG : S_OK; });
+        if (code == S_OK) {
+            feedback_listener();
+        }
+        return code;
     }
 
     const std::vector<std::uint16_t> waveforms_;
 };
 
 }  // namespace
+
+void SetFeedbackListener(FeedbackListener listener) { feedback_listener = listener; }
 
 Ref<abi::ISimpleHapticsController> MakeHapticsController(const DialState& state) {
     return Ref<abi::ISimpleHapticsController>::Attach(new HapticsController(state.waveforms));

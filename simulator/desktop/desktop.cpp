@@ -9,7 +9,9 @@
 #include "simulator/classes/controller.h"
 #include "simulator/classes/controllers.h"
 #include "simulator/desktop/dial_window.h"
+#include "simulator/desktop/dpi.h"
 #include "simulator/desktop/gdiplus_session.h"
+#include "simulator/desktop/placement.h"
 #include "simulator/desktop/surface.h"
 #include "simulator/dial/desktop_port.h"
 #include "simulator/system/text.h"
@@ -31,7 +33,7 @@ HWND HandleOf(std::uint64_t window) {
 
 // Copies these areas of the screen onto a plain background.
 void CaptureAreas(const Surface& surface, const std::vector<RECT>& areas, POINT corner) {
-    surface.Fill({0, 0}, surface.width() + surface.height(), {kBackdrop}, [](Point) { return -1.0; });
+    surface.Clear(kBackdrop);
     const HDC screen = GetDC(nullptr);
     for (const RECT& area : areas) {
         BitBlt(surface.context(), area.left - corner.x, area.top - corner.y, area.right - area.left,
@@ -78,6 +80,8 @@ public:
 
     void UpdateDisplay() override { RedrawDialWindow(); }
 
+    void ShowFeedback() override { ShowDialFeedback(); }
+
     bool SendMouse(std::uint64_t window, MouseAction action, int x, int y) override {
         const UINT message = action == MouseAction::Down   ? WM_LBUTTONDOWN
                              : action == MouseAction::Move ? WM_MOUSEMOVE
@@ -89,6 +93,7 @@ public:
     }
 
     bool WriteScreenshot(std::uint64_t window, const std::string& path) override {
+        const DpiScope per_monitor;  // the pixels of the screen
         std::vector<RECT> areas = {ClientScreenRect(HandleOf(window))};
         if (const HWND dial = TheDialWindow()) {
             areas.push_back(ClientScreenRect(dial));

@@ -1,11 +1,17 @@
 #include "simulator/desktop/dial_window.h"
 
+#include <windowsx.h>
+
 #include <atomic>
 #include <cstdio>
+#include <memory>
+#include <optional>
 
 #include "simulator/classes/event_raising.h"
+#include "simulator/desktop/dial_face.h"
+#include "simulator/desktop/dpi.h"
+#include "simulator/desktop/placement.h"
 #include "simulator/desktop/ring_window.h"
-#include "simulator/desktop/surface.h"
 #include "simulator/dial/commands.h"
 #include "simulator/dial/dial.h"
 #include "simulator/dial/open_menu.h"
@@ -15,70 +21,21 @@ namespace dialsim {
 namespace {
 
 constexpr wchar_t kClassName[] = L"DialsimDial";
-constexpr int kWidth = 220;
-constexpr int kHeight = 264;
-constexpr Point kMiddle{kWidth / 2.0, 106};
-constexpr double kBodyRadius = 88;
-constexpr double kTopRadius = 62;
+constexpr double kDegreesForNotch = 10;
+constexpr double kGap = 20;           // between the host's client area and the dial
+constexpr double kNoAngleRadius = 8;  // around the middle of the knob, where the pointer has no exact angle
 const double kHalfTurn = std::acos(-1.0);
 
-constexpr std::uint32_t kBackground = 0xF6F8FA;
-constexpr std::uint32_t kDark = 0x2A3038;
-constexpr std::uint32_t kTick = 0x768390;
-constexpr std::uint32_t kAccent = 0x4C9AFF;
-constexpr std::uint32_t kText = 0x57606A;
-
-constexpr double kDegreesForNotch = 10;
-constexpr int kGap = 20;  // between the visible frame of the host's window and the dial, in pixels
 constexpr UINT kUpdateDisplay = WM_APP;
+constexpr UINT kShowFeedback = WM_APP + 1;
 constexpr UINT_PTR kHoldTimer = 1;
 constexpr UINT kHoldMs = 500;
 constexpr UINT_PTR kFollowTimer = 2;
 constexpr UINT kFollowMs = 100;
+constexpr UINT_PTR kFeedbackTimer = 3;
+constexpr UINT kFeedbackMs = 150;
 
 std::atomic<HWND> dial_window = nullptr;
-
-void DrawBody(const Surface& surface) {
-    for (int i = 10; i > 0; --i) {
-        surface.Disc({kMiddle.x, kMiddle.y + 5}, kBodyRadius + i, {0, 0.02});
-    }
-    surface.Disc(kMiddle, kBodyRadius, {kDark});
-    surface.Circle(kMiddle, kBodyRadius - 1.5, 3, {0x444C56});
-}
-
-// The marks turn with the dial; one of them is the pointer.
-void DrawMarks(const Surface& surface, double degrees) {
-    const double turned = degrees / 180 * kHalfTurn - kHalfTurn / 2;
-    for (int i = 1; i < 36; ++i) {
-        const double angle = turned + i * kHalfTurn / 18;
-        surface.Line(PointOnCircle(kMiddle, kBodyRadius - 14, angle),
-                     PointOnCircle(kMiddle, kBodyRadius - 8, angle), 1.5, {kTick, 0.8});
-    }
-    surface.Line(PointOnCircle(kMiddle, kBodyRadius - 20, turned),
-                 PointOnCircle(kMiddle, kBodyRadius - 8, turned), 5, {kAccent});
-}
-
-void DrawTop(const Surface& surface, bool pressed) {
-    const double radius = pressed ? kTopRadius - 3 : kTopRadius;
-    surface.Disc(kMiddle, kTopRadius + 2, {0x1C2128});
-    for (int i = 0; i < 16; ++i) {
-        surface.Disc({kMiddle.x, kMiddle.y - i}, radius - i * 1.5, {0xADBAC7, pressed ? 0.012 : 0.025});
-    }
-    surface.Circle(kMiddle, radius, 1.5, {0x545D68});
-}
-
-void DrawDial(const Surface& surface, const DialState& state) {
-    const RECT all{0, 0, kWidth, kHeight};
-    SetDCBrushColor(surface.context(), RGB(kBackground >> 16, kBackground >> 8 & 0xFF, kBackground & 0xFF));
-    FillRect(surface.context(), &all, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
-    FrameRect(surface.context(), &all, static_cast<HBRUSH>(GetStockObject(LTGRAY_BRUSH)));
-    GdiFlush();
-    DrawBody(surface);
-    DrawMarks(surface, state.angle);
-    DrawTop(surface, state.button_down);
-    surface.Text({kMiddle.x, 222}, 12, FW_NORMAL, kText, L"wheel or arrow keys: turn");
-    surface.Text({kMiddle.x, 242}, 12, FW_NORMAL, kText, L"click or space: press, hold: menu");
-}
 
 // Reports an exception of a handler. The real platform would end the process.
 void ReportException(HRESULT code) {
@@ -87,103 +44,230 @@ void ReportException(HRESULT code) {
     }
 }
 
+bool IsBeyondDragThreshold(POINT from, POINT to) {
+    return std::abs(to.x - from.x) > GetSystemMetrics(SM_CXDRAG) ||
+           std::abs(to.y - from.y) > GetSystemMetrics(SM_CYDRAG);
+}
+
+// Created, used and destroyed on one thread, which handles its messages.
 class DialWindow {
 public:
-    explicit DialWindow(HWND host) : host_(host) {}
+    explicit DialWindow(HWND host);
+    DialWindow(const DialWindow&) = delete;
+    DialWindow& operator=(const DialWindow&) = delete;
+    ~DialWindow() { DestroyWindow(window_); }
 
-    // Other messages go to the default window procedure.
-    bool OnMessage(HWND window, UINT message, WPARAM wparam);
-    void Paint(HWND window);
+    HWND window() const { return window_; }
 
 private:
-    void OnTimer(HWND window, UINT_PTR timer);
-    void OnKeyDown(HWND window, WPARAM key);
-    void Press(HWND window);
-    void ReleaseButton(HWND window);
-    void TurnBy(HWND window, double degrees);
-    void Follow(HWND window);
+    // The left button is down on the knob.
+    struct Grab {
+        POINT start;
+        bool turns;                     // a drag
+        std::optional<double> radians;  // the angle of the pointer, empty until it is away from the middle
+    };
+
+    static LRESULT CALLBACK OnWindowMessage(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
+    // False for messages of the default window procedure.
+    bool OnMessage(UINT message, WPARAM wparam, LPARAM lparam);
+    bool OnMouse(UINT message, WPARAM wparam, POINT pointer);
+    bool OnKey(UINT message, WPARAM key);
+    void OnKeyDown(WPARAM key);
+    void OnTimer(UINT_PTR timer);
+    void OnMenuHold();
+    bool OnSetCursor(WORD hit) const;
+    void OnDrag(POINT pointer);
+
+    void Press();
+    void ReleaseButton();
+    void TurnBy(double degrees);
+    void TurnToPointer(POINT pointer);
+
+    void SetDpi(UINT dpi);
+    void Repaint();
+    void Paint();
+    void Follow();
+    void PlaceBesideHost();
+    void StayWherePut();
 
     std::uint64_t Host() const { return reinterpret_cast<std::uint64_t>(host_); }
+    Point FromMiddle(POINT pixel) const {
+        return {pixel.x / surface_->scale() - kKnobMiddle.x, pixel.y / surface_->scale() - kKnobMiddle.y};
+    }
 
     const HWND host_;
-    const Surface surface_{kWidth, kHeight};
+    HWND window_;
+    UINT dpi_ = 0;
+    std::unique_ptr<Surface> surface_;
     RingWindow ring_;
+
+    std::optional<bool> in_front_;  // as the windows are stacked
     RECT host_rect_{};
+    Point offset_{kGap, 0};  // from the top right corner of the host's client area
+    bool is_moved_ = false;  // by the user, at this moment
+
+    std::optional<Grab> grab_;
     bool pressed_ = false;
     bool press_handled_ = false;  // the press turned the dial or opened the menu: no click
+    bool has_feedback_ = false;
 };
 
-bool DialWindow::OnMessage(HWND window, UINT message, WPARAM wparam) {
+DialWindow::DialWindow(HWND host) : host_(host) {
+    WNDCLASSW window_class{};
+    window_class.lpfnWndProc = OnWindowMessage;
+    window_class.hInstance = GetModuleHandleW(nullptr);
+    window_class.hCursor = LoadCursorW(nullptr, MAKEINTRESOURCEW(32649));  // IDC_HAND
+    window_class.lpszClassName = kClassName;
+    RegisterClassW(&window_class);
+    // The window gets the resolution of the host's monitor when it is created there.
+    const RECT rect = ClientScreenRect(host);
+    window_ = CreateWindowExW(WS_EX_TOOLWINDOW, kClassName, L"Dial", WS_POPUP, rect.right, rect.top,
+                              kDialWidth, kDialHeight, nullptr, nullptr, window_class.hInstance, nullptr);
+    SetDpi(DpiOf(window_));
+    SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+    SetTimer(window_, kFollowTimer, kFollowMs, nullptr);
+}
+
+LRESULT CALLBACK DialWindow::OnWindowMessage(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
+    auto* dial = reinterpret_cast<DialWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+    if (dial != nullptr && message == WM_NCHITTEST) {
+        // Beside the knob the window is its own title bar: the system moves it.
+        POINT pointer{GET_X_LPARAM(lparam), GET_Y_LPARAM(lparam)};
+        ScreenToClient(window, &pointer);
+        const Point place = dial->FromMiddle(pointer);
+        return std::hypot(place.x, place.y) <= kKnobRadius ? HTCLIENT : HTCAPTION;
+    }
+    const bool done = dial != nullptr && dial->OnMessage(message, wparam, lparam);
+    return done ? 0 : DefWindowProcW(window, message, wparam, lparam);
+}
+
+bool DialWindow::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
     switch (message) {
         case kUpdateDisplay:
             ring_.UpdateDisplay();
-            RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
+            Repaint();
+            return true;
+        case kShowFeedback:
+            has_feedback_ = true;
+            SetTimer(window_, kFeedbackTimer, kFeedbackMs, nullptr);
+            Repaint();
             return true;
         case WM_PAINT:
-            Paint(window);
+            Paint();
             return true;
+        case WM_TIMER:
+            OnTimer(wparam);
+            return true;
+        case WM_DPICHANGED: {
+            const RECT& suggested = *reinterpret_cast<const RECT*>(lparam);
+            SetWindowPos(window_, nullptr, suggested.left, suggested.top, 0, 0,
+                         SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+            SetDpi(LOWORD(wparam));
+            return true;
+        }
+        case WM_DISPLAYCHANGE:
+            host_rect_ = {};  // the next Follow finds a visible place
+            return true;
+        case WM_ENTERSIZEMOVE:
+            is_moved_ = true;
+            return true;
+        case WM_EXITSIZEMOVE:
+            is_moved_ = false;
+            StayWherePut();
+            return true;
+        case WM_SETCURSOR:
+            return OnSetCursor(LOWORD(lparam));
+        case WM_KEYDOWN:
+        case WM_KEYUP:
+            return OnKey(message, wparam);
+        default:
+            return OnMouse(message, wparam, {GET_X_LPARAM(lparam), GET_Y_LPARAM(lparam)});
+    }
+}
+
+bool DialWindow::OnMouse(UINT message, WPARAM wparam, POINT pointer) {
+    switch (message) {
         case WM_MOUSEWHEEL:
-            TurnBy(window, kDegreesForNotch * GET_WHEEL_DELTA_WPARAM(wparam) / WHEEL_DELTA);
+            TurnBy(kDegreesForNotch * GET_WHEEL_DELTA_WPARAM(wparam) / WHEEL_DELTA);
             return true;
         case WM_LBUTTONDOWN:
-            SetCapture(window);
-            Press(window);
+            SetCapture(window_);
+            grab_ = {pointer, false, {}};
+            Press();
+            return true;
+        case WM_MOUSEMOVE:
+            if (grab_ && (wparam & MK_LBUTTON) != 0) {
+                OnDrag(pointer);
+            }
             return true;
         case WM_LBUTTONUP:
             ReleaseCapture();
             return true;
         case WM_CAPTURECHANGED:
-            ReleaseButton(window);
-            return true;
-        case WM_KEYUP:
-            if (wparam == VK_SPACE || wparam == VK_RETURN) {
-                ReleaseButton(window);
-            }
-            return true;
-        case WM_KEYDOWN:
-            OnKeyDown(window, wparam);
-            return true;
-        case WM_TIMER:
-            OnTimer(window, wparam);
+            grab_.reset();
+            ReleaseButton();
             return true;
         default:
             return false;
     }
 }
 
-void DialWindow::Paint(HWND window) {
-    DrawDial(surface_, TheDial().State());
-    PAINTSTRUCT paint;
-    const HDC context = BeginPaint(window, &paint);
-    BitBlt(context, 0, 0, kWidth, kHeight, surface_.context(), 0, 0, SRCCOPY);
-    EndPaint(window, &paint);
+// The hand is on the rim of the knob then: the host gets turns with the button released.
+void DialWindow::OnDrag(POINT pointer) {
+    if (!grab_->turns && IsBeyondDragThreshold(grab_->start, pointer)) {
+        const POINT start = grab_->start;
+        grab_->turns = true;
+        press_handled_ = true;
+        ReleaseButton();
+        TurnToPointer(start);
+    }
+    if (grab_ && grab_->turns) {
+        TurnToPointer(pointer);
+    }
 }
 
-void DialWindow::OnTimer(HWND window, UINT_PTR timer) {
-    if (timer == kFollowTimer) {
-        Follow(window);
+void DialWindow::TurnToPointer(POINT pointer) {
+    const Point place = FromMiddle(pointer);
+    if (std::hypot(place.x, place.y) < kNoAngleRadius) {
         return;
     }
-    KillTimer(window, kHoldTimer);
-    press_handled_ = true;
-    if (TheOpenMenu()) {
-        CloseMenu();
-    } else {
-        OpenMenuOf(Host());
+    const double radians = std::atan2(place.y, place.x);
+    const double turned = std::remainder(radians - grab_->radians.value_or(radians), 2 * kHalfTurn);
+    grab_->radians = radians;
+    if (turned != 0) {
+        TurnBy(turned / kHalfTurn * 180);
     }
 }
 
-void DialWindow::OnKeyDown(HWND window, WPARAM key) {
+bool DialWindow::OnSetCursor(WORD hit) const {
+    if (hit == HTCAPTION) {
+        SetCursor(LoadCursorW(nullptr, MAKEINTRESOURCEW(32646)));  // IDC_SIZEALL
+    }
+    return hit == HTCAPTION;
+}
+
+bool DialWindow::OnKey(UINT message, WPARAM key) {
+    if (message == WM_KEYDOWN) {
+        OnKeyDown(key);
+    } else if (key == VK_SPACE || key == VK_RETURN) {
+        ReleaseButton();
+    }
+    return true;
+}
+
+void DialWindow::OnKeyDown(WPARAM key) {
     switch (key) {
         case VK_LEFT:
-            TurnBy(window, -kDegreesForNotch);
+        case VK_DOWN:
+            TurnBy(-kDegreesForNotch);
             break;
         case VK_RIGHT:
-            TurnBy(window, kDegreesForNotch);
+        case VK_UP:
+            TurnBy(kDegreesForNotch);
             break;
         case VK_SPACE:
         case VK_RETURN:
-            Press(window);
+            Press();
             break;
         case 'M':
             OpenMenuOf(Host());
@@ -196,74 +280,134 @@ void DialWindow::OnKeyDown(HWND window, WPARAM key) {
     }
 }
 
+void DialWindow::OnTimer(UINT_PTR timer) {
+    switch (timer) {
+        case kHoldTimer:
+            OnMenuHold();
+            break;
+        case kFollowTimer:
+            Follow();
+            break;
+        case kFeedbackTimer:
+            KillTimer(window_, kFeedbackTimer);
+            has_feedback_ = false;
+            Repaint();
+            break;
+        default:
+            break;
+    }
+}
+
+void DialWindow::OnMenuHold() {
+    KillTimer(window_, kHoldTimer);
+    press_handled_ = true;
+    if (TheOpenMenu()) {
+        CloseMenu();
+    } else {
+        OpenMenuOf(Host());
+    }
+}
+
 // Ignores key repeat.
-void DialWindow::Press(HWND window) {
+void DialWindow::Press() {
     if (pressed_) {
         return;
     }
     pressed_ = true;
     press_handled_ = false;
     Hold(true);
-    SetTimer(window, kHoldTimer, kHoldMs, nullptr);
+    SetTimer(window_, kHoldTimer, kHoldMs, nullptr);
 }
 
-void DialWindow::ReleaseButton(HWND window) {
+void DialWindow::ReleaseButton() {
     if (!pressed_) {
         return;
     }
     pressed_ = false;
-    KillTimer(window, kHoldTimer);
+    KillTimer(window_, kHoldTimer);
     Hold(false);
     if (!press_handled_) {
+        const DpiScope of_host(host_);
         ReportException(Click(Host()));
     }
 }
 
-void DialWindow::TurnBy(HWND window, double degrees) {
-    KillTimer(window, kHoldTimer);
+void DialWindow::TurnBy(double degrees) {
+    KillTimer(window_, kHoldTimer);
     press_handled_ = true;
+    const DpiScope of_host(host_);
     ReportException(Turn(Host(), degrees));
 }
 
-// Moves the dial with the host's window and keeps it on the screen.
-void DialWindow::Follow(HWND window) {
+void DialWindow::SetDpi(UINT dpi) {
+    dpi_ = dpi;
+    const int width = ToPixels(kDialWidth, dpi);
+    const int height = ToPixels(kDialHeight, dpi);
+    surface_ = std::make_unique<Surface>(width, height, ScaleOf(dpi));
+    SetWindowPos(window_, nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    Repaint();
+}
+
+void DialWindow::Repaint() { RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW); }
+
+void DialWindow::Paint() {
+    DrawDial(*surface_, TheDial().State(), has_feedback_);
+    PAINTSTRUCT paint;
+    const HDC context = BeginPaint(window_, &paint);
+    BitBlt(context, 0, 0, surface_->width(), surface_->height(), surface_->context(), 0, 0, SRCCOPY);
+    EndPaint(window_, &paint);
+}
+
+// Shows the dial while the host's window shows, moves with it, and comes to the front with it.
+void DialWindow::Follow() {
     if (!IsWindowVisible(host_) || IsIconic(host_)) {
-        ShowWindow(window, SW_HIDE);
+        ShowWindow(window_, SW_HIDE);
         return;
     }
     const RECT rect = ClientScreenRect(host_);
-    if (!EqualRect(&rect, &host_rect_)) {
+    if (!is_moved_ && !EqualRect(&rect, &host_rect_)) {
         host_rect_ = rect;
-        const int most = GetSystemMetrics(SM_CXSCREEN) - kWidth;
-        SetWindowPos(window, HWND_TOPMOST, std::min(static_cast<int>(rect.right) + kGap, most), rect.top, 0,
-                     0, SWP_NOSIZE | SWP_NOACTIVATE);
+        PlaceBesideHost();
     }
-    ShowWindow(window, SW_SHOWNOACTIVATE);
+    // Only changes: tooltips and menus of the host stay above the dial.
+    if (const bool in_front = IsInFront(); in_front_ != in_front) {
+        in_front_ = in_front;
+        StackOverHost(window_, host_, in_front);
+        ring_.Stack(in_front);
+    }
+    ShowWindow(window_, SW_SHOWNOACTIVATE);
 }
 
-LRESULT CALLBACK OnMessage(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
-    auto* dial = reinterpret_cast<DialWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
-    const bool done = dial != nullptr && dial->OnMessage(window, message, wparam);
-    return done ? 0 : DefWindowProcW(window, message, wparam, lparam);
+void DialWindow::PlaceBesideHost() {
+    const double scale = ScaleOf(dpi_);
+    const int left = host_rect_.right + static_cast<int>(offset_.x * scale);
+    const int top = host_rect_.top + static_cast<int>(offset_.y * scale);
+    const RECT rect = MovedOntoMonitor({left, top, left + surface_->width(), top + surface_->height()});
+    SetWindowPos(window_, nullptr, rect.left, rect.top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-HWND MakeWindow() {
-    WNDCLASSW window_class{};
-    window_class.lpfnWndProc = OnMessage;
-    window_class.hInstance = GetModuleHandleW(nullptr);
-    window_class.hCursor = LoadCursorW(nullptr, MAKEINTRESOURCEW(32649));  // IDC_HAND
-    window_class.lpszClassName = kClassName;
-    RegisterClassW(&window_class);
-    return CreateWindowExW(WS_EX_TOPMOST | WS_EX_TOOLWINDOW, kClassName, L"Dial", WS_POPUP, 0, 0, kWidth,
-                           kHeight, nullptr, nullptr, window_class.hInstance, nullptr);
+// Keeps the place that the user chose, relative to the host's window.
+void DialWindow::StayWherePut() {
+    RECT rect{};
+    GetWindowRect(window_, &rect);
+    host_rect_ = ClientScreenRect(host_);
+    const double scale = ScaleOf(dpi_);
+    offset_ = {(rect.left - host_rect_.right) / scale, (rect.top - host_rect_.top) / scale};
+    PlaceBesideHost();
+}
+
+// Runs on the dial's thread while it waits for messages.
+void CALLBACK OnForegroundChange(HWINEVENTHOOK, DWORD, HWND, LONG, LONG, DWORD, DWORD) {
+    SendMessageW(dial_window, WM_TIMER, kFollowTimer, 0);
 }
 
 void RunDial(HWND host, HANDLE ready) {
-    DialWindow dial(host);
-    const HWND window = MakeWindow();
-    SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(&dial));
-    SetTimer(window, kFollowTimer, kFollowMs, nullptr);
-    dial_window = window;
+    const DpiScope per_monitor;
+    const DialWindow dial(host);
+    dial_window = dial.window();
+    // The timer alone would leave the dial above another program's window for a tenth of a second.
+    SetWinEventHook(EVENT_SYSTEM_FOREGROUND, EVENT_SYSTEM_FOREGROUND, nullptr, OnForegroundChange, 0, 0,
+                    WINEVENT_OUTOFCONTEXT);
     SetEvent(ready);
     MSG message;
     while (GetMessageW(&message, nullptr, 0, 0) > 0) {
@@ -272,13 +416,6 @@ void RunDial(HWND host, HANDLE ready) {
 }
 
 }  // namespace
-
-RECT ClientScreenRect(HWND window) {
-    RECT rect{};
-    GetClientRect(window, &rect);
-    MapWindowPoints(window, nullptr, reinterpret_cast<POINT*>(&rect), 2);
-    return rect;
-}
 
 void OpenDialWindow(std::uint64_t host) {
     const HANDLE ready = CreateEventW(nullptr, TRUE, FALSE, nullptr);
@@ -293,6 +430,12 @@ HWND TheDialWindow() { return dial_window; }
 void RedrawDialWindow() {
     if (const HWND window = dial_window) {
         SendMessageW(window, kUpdateDisplay, 0, 0);
+    }
+}
+
+void ShowDialFeedback() {
+    if (const HWND window = dial_window) {
+        SendNotifyMessageW(window, kShowFeedback, 0, 0);
     }
 }
 

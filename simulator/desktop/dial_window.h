@@ -1,4 +1,4 @@
-// The window of the dial beside the host's window, for use with mouse wheel, clicks and keys.
+// The window of the dial beside the host's window, for use with mouse and keys.
 #pragma once
 
 #include <windows.h>
@@ -11,13 +11,13 @@ namespace dialsim {
 // which ends with the process. Returns when the window exists.
 void OpenDialWindow(std::uint64_t host);
 
-// The client area of a window in screen coordinates.
-RECT ClientScreenRect(HWND window);
-
 // Null without a dial window.
 HWND TheDialWindow();
 
 // Returns when dial and ring show the current state.
 void RedrawDialWindow();
+
+// Marks the dial for a moment. Does not wait: a thread that plays a waveform may hold locks.
+void ShowDialFeedback();
 
 }  // namespace dialsim

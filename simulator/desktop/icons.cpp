@@ -122,6 +122,12 @@ using DrawIcon = void (*)(const IconPainter&);
 constexpr DrawIcon kKnownIcons[] = {DrawScroll, DrawZoom,     DrawUndoRedo,     DrawVolume, DrawNextPrevious,
                                     DrawRuler,  DrawInkColor, DrawInkThickness, DrawPenType};
 
+// The pixel at the corner of a square of pixels, given half of its side.
+POINT CornerOf(const Surface& surface, Point middle, int half_side) {
+    return {static_cast<LONG>(middle.x * surface.scale()) - half_side,
+            static_cast<LONG>(middle.y * surface.scale()) - half_side};
+}
+
 // --- glyphs
 
 std::wstring PathOfUri(const std::string& uri) {
@@ -148,15 +154,16 @@ private:
 void DrawGlyph(const Surface& surface, Point middle, double size, std::uint32_t color,
                const Picture& picture) {
     const FontFile file(picture.font_file);
-    const int side = static_cast<int>(size);
+    const int side = static_cast<int>(size * surface.scale());
     // White on black: the brightness of a pixel is the coverage by the glyph.
     const Surface mask(2 * side, 2 * side);
-    mask.Text({size, size}, side, FW_NORMAL, 0xFFFFFF, picture.glyph.c_str(), picture.font_family.c_str());
+    mask.Text({side * 1.0, side * 1.0}, 2 * side, side, FW_NORMAL, 0xFFFFFF, picture.glyph.c_str(),
+              picture.font_family.c_str());
+    const POINT corner = CornerOf(surface, middle, side);
     for (int y = 0; y < mask.height(); ++y) {
         for (int x = 0; x < mask.width(); ++x) {
             const double covered = (mask.At(x, y) & 0xFF) / 255.0;
-            surface.Blend(static_cast<int>(middle.x) - side + x, static_cast<int>(middle.y) - side + y,
-                          {color, covered});
+            surface.Blend(corner.x + x, corner.y + y, {color, covered});
         }
     }
 }
@@ -185,13 +192,12 @@ Paint AverageOf(Gdiplus::Bitmap& bitmap, double left, double top, double step) {
 }
 
 void DrawBitmap(const Surface& surface, Point middle, double size, Gdiplus::Bitmap& bitmap) {
-    const double step = std::max(bitmap.GetWidth(), bitmap.GetHeight()) / size;
-    const int side = static_cast<int>(size);
+    const int side = static_cast<int>(size * surface.scale());
+    const double step = static_cast<double>(std::max(bitmap.GetWidth(), bitmap.GetHeight())) / side;
+    const POINT corner = CornerOf(surface, middle, side / 2);
     for (int y = 0; y < side; ++y) {
         for (int x = 0; x < side; ++x) {
-            surface.Blend(static_cast<int>(middle.x) - side / 2 + x,
-                          static_cast<int>(middle.y) - side / 2 + y,
-                          AverageOf(bitmap, x * step, y * step, step));
+            surface.Blend(corner.x + x, corner.y + y, AverageOf(bitmap, x * step, y * step, step));
         }
     }
 }

@@ -1,6 +1,8 @@
 #include "simulator/desktop/ring_window.h"
 
+#include "simulator/desktop/dpi.h"
 #include "simulator/desktop/icons.h"
+#include "simulator/desktop/placement.h"
 #include "simulator/dial/menu_model.h"
 #include "simulator/dial/open_menu.h"
 
@@ -15,6 +17,7 @@ constexpr double kInner = 80;
 constexpr double kOuter = 172;
 constexpr double kBand = (kInner + kOuter) / 2;
 constexpr double kPictureSize = 40;
+constexpr double kLabelWidth = 140;
 
 constexpr std::uint32_t kRing = 0x1F242B;
 constexpr std::uint32_t kAccent = 0x1F6FEB;
@@ -38,8 +41,8 @@ void DrawSector(const Surface& surface, double angle, double half_angle, Paint p
 
 void DrawMiddle(const Surface& surface, const MenuModelItem& item) {
     surface.Disc(kMiddle, kInner + 0.5, {kWhite, 0.97});
-    surface.Text({kMiddle.x, kMiddle.y - 4}, 22, FW_SEMIBOLD, kLabel, Widen(item.label).c_str());
-    surface.Text({kMiddle.x, kMiddle.y + 24}, 12, FW_NORMAL, kFaint, L"click to choose");
+    surface.Text({kMiddle.x, kMiddle.y - 4}, kLabelWidth, 22, FW_SEMIBOLD, kLabel, Widen(item.label).c_str());
+    surface.Text({kMiddle.x, kMiddle.y + 24}, kLabelWidth, 12, FW_NORMAL, kFaint, L"click to choose");
 }
 
 void DrawMenu(const Surface& surface, const MenuModel& menu, std::uint32_t highlighted) {
@@ -64,74 +67,106 @@ void DrawMenu(const Surface& surface, const MenuModel& menu, std::uint32_t highl
     DrawMiddle(surface, menu.items[highlighted]);
 }
 
-HWND MakeWindow(WNDPROC procedure) {
-    WNDCLASSW window_class{};
-    window_class.lpfnWndProc = procedure;
-    window_class.hInstance = GetModuleHandleW(nullptr);
-    window_class.hCursor = LoadCursorW(nullptr, MAKEINTRESOURCEW(32512));  // IDC_ARROW
-    window_class.lpszClassName = kClassName;
-    RegisterClassW(&window_class);
-    const HWND window =
-        CreateWindowExW(WS_EX_TOPMOST | WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE, kClassName, L"", WS_POPUP, 0, 0,
-                        kSide, kSide, nullptr, nullptr, window_class.hInstance, nullptr);
-    SetWindowRgn(window, CreateEllipticRgn(0, 0, kSide, kSide), FALSE);
-    return window;
+// The rectangle of the ring over the middle of the host's window.
+RECT RectOver(HWND host, int side) {
+    const RECT client = ClientScreenRect(host);
+    const LONG left = (client.left + client.right - side) / 2;
+    const LONG top = (client.top + client.bottom - side) / 2;
+    return MovedOntoMonitor({left, top, left + side, top + side});
+}
+
+// Copies the screen, which simulates transparency where windows do not support it.
+std::unique_ptr<Surface> CaptureScreen(const RECT& rect, double scale) {
+    auto copy = std::make_unique<Surface>(rect.right - rect.left, rect.bottom - rect.top, scale);
+    const HDC screen = GetDC(nullptr);
+    BitBlt(copy->context(), 0, 0, copy->width(), copy->height(), screen, rect.left, rect.top, SRCCOPY);
+    ReleaseDC(nullptr, screen);
+    GdiFlush();
+    return copy;
 }
 
 }  // namespace
-
-RingWindow::RingWindow()
-    : window_(MakeWindow(&RingWindow::OnMessage)), surface_(std::make_unique<Surface>(kSide, kSide)) {
-    SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(surface_.get()));
-}
-
-RingWindow::~RingWindow() { DestroyWindow(window_); }
 
 void RingWindow::UpdateDisplay() {
     const auto open = TheOpenMenu();
     const auto menu = open ? ReadMenu(open->window) : std::nullopt;
     if (!menu || open->highlighted >= menu->items.size()) {
-        ShowWindow(window_, SW_HIDE);
-        background_.reset();
+        Close();
         return;
     }
-    if (!background_) {
-        PlaceOver(reinterpret_cast<HWND>(open->window));
+    if (window_ == nullptr) {
+        Open(reinterpret_cast<HWND>(open->window));
     }
-    BitBlt(surface_->context(), 0, 0, kSide, kSide, background_->context(), 0, 0, SRCCOPY);
+    BitBlt(surface_->context(), 0, 0, surface_->width(), surface_->height(), background_->context(), 0, 0,
+           SRCCOPY);
     GdiFlush();
     DrawMenu(*surface_, *menu, open->highlighted);
     ShowWindow(window_, SW_SHOWNOACTIVATE);
     RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
 }
 
-// Copies the screen as the ring's background, which simulates transparency where windows do not support it.
-void RingWindow::PlaceOver(HWND host) {
-    RECT client{};
-    GetClientRect(host, &client);
-    POINT corner{(client.right - kSide) / 2, (client.bottom - kSide) / 2};
-    ClientToScreen(host, &corner);
-    background_ = std::make_unique<Surface>(kSide, kSide);
-    const HDC screen = GetDC(nullptr);
-    BitBlt(background_->context(), 0, 0, kSide, kSide, screen, corner.x, corner.y, SRCCOPY);
-    ReleaseDC(nullptr, screen);
-    SetWindowPos(window_, HWND_TOPMOST, corner.x, corner.y, 0, 0, SWP_NOSIZE | SWP_NOACTIVATE);
+void RingWindow::Stack(bool in_front) const {
+    if (window_ != nullptr) {
+        StackOverHost(window_, host_, in_front);
+    }
+}
+
+// Created on the monitor of the host: it has the resolution of that monitor then.
+void RingWindow::Open(HWND host) {
+    host_ = host;
+    WNDCLASSW window_class{};
+    window_class.lpfnWndProc = OnMessage;
+    window_class.hInstance = GetModuleHandleW(nullptr);
+    window_class.hCursor = LoadCursorW(nullptr, MAKEINTRESOURCEW(32512));  // IDC_ARROW
+    window_class.lpszClassName = kClassName;
+    RegisterClassW(&window_class);
+    const RECT rect = RectOver(host, kSide);
+    window_ = CreateWindowExW(WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE, kClassName, L"", WS_POPUP, rect.left,
+                              rect.top, kSide, kSide, nullptr, nullptr, window_class.hInstance, nullptr);
+    SetDpi(DpiOf(window_));
+    Stack(IsInFront());
+    SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+}
+
+void RingWindow::Close() {
+    DestroyWindow(window_);
+    window_ = nullptr;
+}
+
+void RingWindow::SetDpi(UINT dpi) {
+    ShowWindow(window_, SW_HIDE);
+    const int side = ToPixels(kSide, dpi);
+    const RECT rect = RectOver(host_, side);
+    SetWindowRgn(window_, CreateEllipticRgn(0, 0, side + 1, side + 1), FALSE);
+    SetWindowPos(window_, nullptr, rect.left, rect.top, side, side, SWP_NOZORDER | SWP_NOACTIVATE);
+    background_ = CaptureScreen(rect, ScaleOf(dpi));
+    surface_ = std::make_unique<Surface>(side, side, ScaleOf(dpi));
 }
 
 LRESULT CALLBACK RingWindow::OnMessage(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
-    if (message == WM_LBUTTONDOWN) {
-        CloseMenu();
-        return 0;
-    }
-    if (message != WM_PAINT) {
+    auto* ring = reinterpret_cast<RingWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+    if (ring == nullptr) {
         return DefWindowProcW(window, message, wparam, lparam);
     }
-    PAINTSTRUCT paint;
-    const HDC context = BeginPaint(window, &paint);
-    const auto* surface = reinterpret_cast<const Surface*>(GetWindowLongPtrW(window, GWLP_USERDATA));
-    BitBlt(context, 0, 0, kSide, kSide, surface->context(), 0, 0, SRCCOPY);
-    EndPaint(window, &paint);
-    return 0;
+    switch (message) {
+        case WM_LBUTTONDOWN:
+            CloseMenu();
+            return 0;
+        case WM_DPICHANGED:
+            ring->SetDpi(LOWORD(wparam));
+            ring->UpdateDisplay();
+            return 0;
+        case WM_PAINT: {
+            PAINTSTRUCT paint;
+            const HDC context = BeginPaint(window, &paint);
+            const Surface& surface = *ring->surface_;
+            BitBlt(context, 0, 0, surface.width(), surface.height(), surface.context(), 0, 0, SRCCOPY);
+            EndPaint(window, &paint);
+            return 0;
+        }
+        default:
+            return DefWindowProcW(window, message, wparam, lparam);
+    }
 }
 
 }  // namespace dialsim

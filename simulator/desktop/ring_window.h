@@ -12,22 +12,27 @@ namespace dialsim {
 // Created, used and destroyed on one thread, which handles its messages.
 class RingWindow {
 public:
-    RingWindow();
+    RingWindow() = default;
     RingWindow(const RingWindow&) = delete;
     RingWindow& operator=(const RingWindow&) = delete;
-    ~RingWindow();
+    ~RingWindow() { Close(); }
 
-    // Shows, updates or hides the ring according to the open menu.
+    // Opens, updates or closes the ring according to the open menu.
     void UpdateDisplay();
+    // Puts the open ring above all windows, or above its host's only.
+    void Stack(bool in_front) const;
 
 private:
     static LRESULT CALLBACK OnMessage(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
-    void PlaceOver(HWND host);
+    void Open(HWND host);
+    void Close();
+    void SetDpi(UINT dpi);
 
-    const HWND window_;
-    // The area of the ring while it is shown.
+    HWND window_ = nullptr;  // null while no menu is open
+    HWND host_ = nullptr;
+    // The screen under the ring.
     std::unique_ptr<Surface> background_;
-    const std::unique_ptr<Surface> surface_;
+    std::unique_ptr<Surface> surface_;
 };
 
 }  // namespace dialsim

@@ -23,10 +23,15 @@ std::uint32_t MixComponent(std::uint32_t below, std::uint32_t above, int shift, 
     return static_cast<std::uint32_t>(std::lround(from + (to - from) * amount)) << shift;
 }
 
+std::uint32_t Mix(std::uint32_t below, std::uint32_t above, double amount) {
+    return MixComponent(below, above, 16, amount) | MixComponent(below, above, 8, amount) |
+           MixComponent(below, above, 0, amount);
+}
+
 }  // namespace
 
-Surface::Surface(int width, int height)
-    : width_(width), height_(height), context_(CreateCompatibleDC(nullptr)) {
+Surface::Surface(int width, int height, double scale)
+    : width_(width), height_(height), scale_(scale), context_(CreateCompatibleDC(nullptr)) {
     const BITMAPINFO format{{sizeof(BITMAPINFOHEADER), width, -height, 1, 32, BI_RGB, 0, 0, 0, 0, 0}, {}};
     void* pixels = nullptr;
     bitmap_ = CreateDIBSection(context_, &format, DIB_RGB_COLORS, &pixels, nullptr, 0);
@@ -41,15 +46,30 @@ Surface::~Surface() {
     DeleteDC(context_);
 }
 
+void Surface::Clear(std::uint32_t color) const { std::fill_n(pixels_, width_ * height_, color); }
+
 void Surface::Blend(int x, int y, Paint paint) const {
-    std::uint32_t& pixel = At(x, y);
-    pixel = MixComponent(pixel, paint.color, 16, paint.opacity) |
-            MixComponent(pixel, paint.color, 8, paint.opacity) |
-            MixComponent(pixel, paint.color, 0, paint.opacity);
+    if (paint.opacity > 0) {
+        At(x, y) = Mix(At(x, y), paint.color, paint.opacity);
+    }
 }
 
 void Surface::Disc(Point middle, double radius, Paint paint) const {
     Fill(middle, radius, paint, [=](Point point) { return DistanceBetween(point, middle) - radius; });
+}
+
+void Surface::GradientDisc(Point middle, double radius, std::uint32_t top, std::uint32_t bottom) const {
+    Shade(middle, radius, [=, this](Point point) {
+        const double below_top = std::clamp((point.y - middle.y + radius) / (2 * radius), 0.0, 1.0);
+        return Paint{Mix(top, bottom, below_top), CoverageAt(DistanceBetween(point, middle) - radius)};
+    });
+}
+
+void Surface::Glow(Point middle, double radius, double width, Paint paint) const {
+    Shade(middle, radius + width, [=](Point point) {
+        const double beyond = std::clamp((DistanceBetween(point, middle) - radius) / width, 0.0, 1.0);
+        return Paint{paint.color, paint.opacity * (1 - beyond) * (1 - beyond)};
+    });
 }
 
 void Surface::Circle(Point middle, double radius, double width, Paint paint) const {
@@ -79,16 +99,17 @@ void Surface::Arc(Point middle, double radius, double from, double to, double wi
     });
 }
 
-void Surface::Text(Point middle, int size, int weight, std::uint32_t color, const wchar_t* text,
-                   const wchar_t* family) const {
-    const HFONT font =
-        CreateFontW(-size, 0, 0, 0, weight, FALSE, FALSE, FALSE, DEFAULT_CHARSET, OUT_DEFAULT_PRECIS,
-                    CLIP_DEFAULT_PRECIS, ANTIALIASED_QUALITY, DEFAULT_PITCH | FF_SWISS, family);
+void Surface::Text(Point middle, double width, double size, int weight, std::uint32_t color,
+                   const wchar_t* text, const wchar_t* family) const {
+    const HFONT font = CreateFontW(-ToPixels(size), 0, 0, 0, weight, FALSE, FALSE, FALSE, DEFAULT_CHARSET,
+                                   OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS, ANTIALIASED_QUALITY,
+                                   DEFAULT_PITCH | FF_SWISS, family);
     const HGDIOBJ old_font = SelectObject(context_, font);
     SetTextColor(context_, RGB(color >> 16 & 0xFF, color >> 8 & 0xFF, color & 0xFF));
-    RECT area{0, static_cast<LONG>(middle.y) - size, static_cast<LONG>(2 * middle.x),
-              static_cast<LONG>(middle.y) + size};
-    DrawTextW(context_, text, -1, &area, DT_CENTER | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX);
+    RECT area{ToPixels(middle.x - width / 2), ToPixels(middle.y - size), ToPixels(middle.x + width / 2),
+              ToPixels(middle.y + size)};
+    DrawTextW(context_, text, -1, &area,
+              DT_CENTER | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS);
     SelectObject(context_, old_font);
     DeleteObject(font);
     GdiFlush();

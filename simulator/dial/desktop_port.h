@@ -23,6 +23,9 @@ public:
     // Returns when the display shows the current state of dial and menu.
     virtual void UpdateDisplay() {}
 
+    // Shows for a moment that the dial plays a waveform. Called on any thread, also that of the display.
+    virtual void ShowFeedback() {}
+
     // Sends an action of the left button at a point in the window. Returns when the window has handled it;
     // false when there is no such window.
     virtual bool SendMouse(std::uint64_t /*window*/, MouseAction /*action*/, int /*x*/, int /*y*/) {

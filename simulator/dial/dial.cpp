@@ -1,13 +1,25 @@
 #include "simulator/dial/dial.h"
 
+#include "simulator/classes/haptics.h"
+#include "simulator/dial/desktop_port.h"
 #include "simulator/system/reset.h"
 
 namespace dialsim {
 
 namespace {
 
-const ResetAction reset_dial(ResetPhase::State,
-                             [] { TheDial().Update([](DialState& state) { state = {}; }); });
+const ResetAction reset_dial(ResetPhase::State, [] {
+    TheDial().Update([](DialState& state) { state = {}; });
+    TheDesktop().UpdateDisplay();
+});
+
+// Subscribes while the simulator is loaded: classes/ may not include dial/.
+struct FeedbackDisplay {
+    FeedbackDisplay() {
+        SetFeedbackListener([] { TheDesktop().ShowFeedback(); });
+    }
+};
+const FeedbackDisplay feedback_display;
 
 }  // namespace
 

@@ -54,7 +54,7 @@ bool OpenMenuOf(std::uint64_t window) {
         return false;
     }
     const RecordingScope action(window, "menu");
-    OpenMenu menu{model->window, 0};
+    OpenMenu menu{model->window};
     for (std::uint32_t i = 0; i < model->items.size(); ++i) {
         menu.highlighted = model->items[i].selected ? i : menu.highlighted;
     }
@@ -77,7 +77,10 @@ bool MoveHighlight(double degrees) {
         CloseMenu();  // its items or its controller no longer exist
         return false;
     }
-    const std::int64_t index = menu->highlighted + std::llround(degrees / kDegreesForItem);
+    menu->turned += degrees;
+    const std::int64_t moved = std::llround(menu->turned / kDegreesForItem);
+    menu->turned -= static_cast<double>(moved) * kDegreesForItem;
+    const std::int64_t index = menu->highlighted + moved;
     menu->highlighted = static_cast<std::uint32_t>((index % count + count) % count);
     SetOpenMenu(menu);
     return true;

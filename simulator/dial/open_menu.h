@@ -11,6 +11,7 @@ namespace dialsim {
 struct OpenMenu {
     std::uint64_t window = 0;
     std::uint32_t highlighted = 0;  // the index of an item
+    double turned = 0;              // degrees that have not moved the highlight yet
 };
 
 // Empty while no menu is open.
@@ -20,7 +21,8 @@ std::optional<OpenMenu> TheOpenMenu();
 bool OpenMenuOf(std::uint64_t window);
 void CloseMenu();
 
-// Moves the highlight by one item for every ten degrees, cyclically; false while no menu is open.
+// Moves the highlight by one item for every ten degrees, cyclically, however many turns they take; false
+// while no menu is open.
 bool MoveHighlight(double degrees);
 
 }  // namespace dialsim

@@ -1,0 +1,23 @@
+// Place and order of the simulator's windows on the desktop.
+#pragma once
+
+#include <windows.h>
+
+namespace dialsim {
+
+// The client area of a window in screen coordinates.
+RECT ClientScreenRect(HWND window);
+
+// The rectangle, moved by as little as possible to be within the work area of the nearest monitor.
+RECT MovedOntoMonitor(RECT rect);
+
+// Whether the user works in this program: the foreground window belongs to it.
+bool IsInFront();
+
+// Puts a window above all others, or as a window of a program in the background directly above its host.
+//
+// A window that the host owned would need none of this, but it would belong to another thread than the host:
+// the system then joins the input queues of both threads, and a host that is busy would stop the dial.
+void StackOverHost(HWND window, HWND host, bool in_front);
+
+}  // namespace dialsim
