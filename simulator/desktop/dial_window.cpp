@@ -88,7 +88,7 @@ private:
     void Paint();
     void Follow();
     void PlaceBesideHost();
-    void StayWherePut();
+    void EndMove();
 
     std::uint64_t Host() const { return reinterpret_cast<std::uint64_t>(host_); }
     Point FromMiddle(POINT pixel) const {
@@ -172,8 +172,7 @@ bool DialWindow::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
             is_moved_ = true;
             return true;
         case WM_EXITSIZEMOVE:
-            is_moved_ = false;
-            StayWherePut();
+            EndMove();
             return true;
         case WM_SETCURSOR:
             return OnSetCursor(LOWORD(lparam));
@@ -206,6 +205,9 @@ bool DialWindow::OnMouse(UINT message, WPARAM wparam, POINT pointer) {
         case WM_CAPTURECHANGED:
             grab_.reset();
             ReleaseButton();
+            if (is_moved_) {
+                EndMove();  // under Wine a cancelled move has no WM_EXITSIZEMOVE
+            }
             return true;
         default:
             return false;
@@ -300,6 +302,9 @@ void DialWindow::OnTimer(UINT_PTR timer) {
 
 void DialWindow::OnMenuHold() {
     KillTimer(window_, kHoldTimer);
+    if (!pressed_ || press_handled_) {
+        return;  // the message was in the queue when the press ended
+    }
     press_handled_ = true;
     if (TheOpenMenu()) {
         CloseMenu();
@@ -387,7 +392,8 @@ void DialWindow::PlaceBesideHost() {
 }
 
 // Keeps the place that the user chose, relative to the host's window.
-void DialWindow::StayWherePut() {
+void DialWindow::EndMove() {
+    is_moved_ = false;
     RECT rect{};
     GetWindowRect(window_, &rect);
     host_rect_ = ClientScreenRect(host_);

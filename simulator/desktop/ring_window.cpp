@@ -23,7 +23,7 @@ constexpr std::uint32_t kRing = 0x1F242B;
 constexpr std::uint32_t kAccent = 0x1F6FEB;
 constexpr std::uint32_t kWhite = 0xFFFFFF;
 constexpr std::uint32_t kLabel = 0x1C2128;
-constexpr std::uint32_t kFaint = 0x6E7681;
+constexpr std::uint32_t kFaint = 0x505963;
 // System entries are drawn but cannot be chosen.
 constexpr std::uint32_t kSystems = 0x7D8590;
 

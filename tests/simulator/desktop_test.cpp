@@ -4,6 +4,7 @@
 // after windows.h
 #include <gdiplus.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <string>
 #include <vector>
@@ -16,16 +17,136 @@
 #include "support/recording_host.h"
 #include "support/stores_folder.h"
 
+// For EXPECT_EQ.
+inline bool operator==(POINT a, POINT b) { return a.x == b.x && a.y == b.y; }
+
 namespace {
 
 constexpr UINT_PTR kHoldTimer = 1;
+constexpr UINT_PTR kFollowTimer = 2;
+
+// The knob at 100 %, in the dial's window.
+constexpr POINT kMiddle = {110, 114};
+constexpr LONG kRadius = 88;
+constexpr COLORREF kHighlight = RGB(0x1F, 0x6F, 0xEB);
+
+POINT FromMiddle(LONG x, LONG y) { return {kMiddle.x + x, kMiddle.y + y}; }
+
+RECT RectOf(HWND window) {
+    RECT rect{};
+    GetWindowRect(window, &rect);
+    return rect;
+}
+LONG WidthOf(const RECT& rect) { return rect.right - rect.left; }
+LONG HeightOf(const RECT& rect) { return rect.bottom - rect.top; }
+
+// Waits for what other threads and processes do.
+template <class Condition>
+bool BecomesTrue(Condition condition) {
+    for (int i = 0; i < 250; ++i) {
+        if (condition()) {
+            return true;
+        }
+        Sleep(20);
+    }
+    return false;
+}
+
+// The pixels that a window shows.
+struct WindowPicture {
+    explicit WindowPicture(HWND window) {
+        RECT client{};
+        GetClientRect(window, &client);
+        width = client.right;
+        height = client.bottom;
+        pixels.resize(static_cast<std::size_t>(width * height));
+        const BITMAPINFO format{{sizeof(BITMAPINFOHEADER), width, -height, 1, 32, BI_RGB, 0, 0, 0, 0, 0}, {}};
+        const HDC source = GetDC(window);
+        const HDC copy = CreateCompatibleDC(source);
+        const HBITMAP bitmap = CreateCompatibleBitmap(source, width, height);
+        const HGDIOBJ old_bitmap = SelectObject(copy, bitmap);
+        BitBlt(copy, 0, 0, width, height, source, 0, 0, SRCCOPY);
+        SelectObject(copy, old_bitmap);
+        GetDIBits(source, bitmap, 0, static_cast<UINT>(height), pixels.data(),
+                  const_cast<BITMAPINFO*>(&format), DIB_RGB_COLORS);
+        DeleteObject(bitmap);
+        DeleteDC(copy);
+        ReleaseDC(window, source);
+    }
+
+    COLORREF At(LONG x, LONG y) const {
+        const std::uint32_t pixel = pixels.at(static_cast<std::size_t>(y * width + x));
+        return RGB(pixel >> 16 & 0xFF, pixel >> 8 & 0xFF, pixel & 0xFF);
+    }
+    // The largest difference of green between neighbours in a row.
+    int SharpestEdge() const {
+        int sharpest = 0;
+        for (LONG y = 0; y < height; ++y) {
+            for (LONG x = 1; x < width; ++x) {
+                sharpest = std::max(sharpest, std::abs(GetGValue(At(x, y)) - GetGValue(At(x - 1, y))));
+            }
+        }
+        return sharpest;
+    }
+    // Whether the picture consists of squares of four equal pixels: an enlarged picture of half the size.
+    bool IsEnlarged() const {
+        for (LONG y = 0; y + 1 < height; y += 2) {
+            for (LONG x = 0; x + 1 < width; x += 2) {
+                if (At(x, y) != At(x + 1, y) || At(x, y) != At(x, y + 1) || At(x, y) != At(x + 1, y + 1)) {
+                    return false;
+                }
+            }
+        }
+        return true;
+    }
+
+    LONG width = 0;
+    LONG height = 0;
+    std::vector<std::uint32_t> pixels;
+};
+
+// Another program with a window.
+class OtherProgram {
+public:
+    OtherProgram() {
+        char line[] = "notepad.exe";
+        STARTUPINFOA startup{};
+        startup.cb = sizeof startup;
+        CreateProcessA(nullptr, line, nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &process_);
+        BecomesTrue([this] { return IsWindowVisible(window()) != FALSE; });
+    }
+    OtherProgram(const OtherProgram&) = delete;
+    OtherProgram& operator=(const OtherProgram&) = delete;
+    ~OtherProgram() {
+        TerminateProcess(process_.hProcess, 0);
+        WaitForSingleObject(process_.hProcess, INFINITE);
+        CloseHandle(process_.hThread);
+        CloseHandle(process_.hProcess);
+    }
+
+    HWND window() const { return FindWindowA("Notepad", nullptr); }
+
+private:
+    PROCESS_INFORMATION process_{};
+};
+
+bool IsAbove(HWND upper, HWND lower) {
+    HWND window = upper;
+    while (window != nullptr && window != lower) {
+        window = GetWindow(window, GW_HWNDNEXT);
+    }
+    return upper != lower && window == lower;
+}
 
 // A host with a dial. The window and the dial exist once per process.
 class DrawnDial : public testing::Test {
 protected:
     static void SetUpTestSuite() {
+        // A host that knows nothing of scaling.
+        const DPI_AWARENESS_CONTEXT own = SetThreadDpiAwarenessContext(DPI_AWARENESS_CONTEXT_UNAWARE);
         window = CreateWindowExA(0, "STATIC", "Host", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 600, 500,
                                  nullptr, nullptr, nullptr, nullptr);
+        SetThreadDpiAwarenessContext(own);
         ASSERT_NE(window, nullptr);
         SetEnvironmentVariableA("DIALSIM_WINDOW", "1");
     }
@@ -39,44 +160,87 @@ protected:
         ASSERT_TRUE(add_custom_menu(Handle(), items, 3));
         ASSERT_TRUE(set_current_custom_menu(Handle(), 8));
         dial_ = FindWindowA("DialsimDial", nullptr);
-        ring_ = FindWindowA("DialsimRing", nullptr);
         ASSERT_NE(dial_, nullptr);
-        ASSERT_NE(ring_, nullptr);
+        ASSERT_EQ(RingWindow(), nullptr);
+        // Shows the dial beside its host.
+        SendMessageA(dial_, WM_TIMER, kFollowTimer, 0);
+        SendMessageA(dial_, WM_PAINT, 0, 0);
     }
     void TearDown() override { uninit(); }
 
     static std::uint64_t Handle() { return reinterpret_cast<std::uint64_t>(window); }
 
-    void Wheel(int notches) const {
-        SendMessageA(dial_, WM_MOUSEWHEEL, MAKEWPARAM(0, notches * WHEEL_DELTA), 0);
+    void WheelBy(int delta) const {
+        SendMessageA(dial_, WM_MOUSEWHEEL, MAKEWPARAM(0, static_cast<WORD>(delta)), 0);
     }
-    void Press() const { SendMessageA(dial_, WM_LBUTTONDOWN, MK_LBUTTON, 0); }
+    void Wheel(int notches) const { WheelBy(notches * WHEEL_DELTA); }
+    void Press(POINT point = kMiddle) const {
+        SendMessageA(dial_, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(point.x, point.y));
+    }
+    void MoveTo(POINT point) const {
+        SendMessageA(dial_, WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(point.x, point.y));
+    }
     void ReleaseButton() const { SendMessageA(dial_, WM_LBUTTONUP, 0, 0); }
     void Click() const {
         Press();
         ReleaseButton();
     }
+    void EndHoldTime() const { SendMessageA(dial_, WM_TIMER, kHoldTimer, 0); }
     // Waits without a time limit.
     void Hold() const {
         Press();
-        SendMessageA(dial_, WM_TIMER, kHoldTimer, 0);
+        EndHoldTime();
         ReleaseButton();
     }
     void Key(WPARAM key) const {
         SendMessageA(dial_, WM_KEYDOWN, key, 0);
         SendMessageA(dial_, WM_KEYUP, key, 0);
     }
-    bool RingShows() const { return IsWindowVisible(ring_) != FALSE; }
+    static void ChangeDpi(HWND of, WORD dpi) {
+        RECT suggested = RectOf(of);
+        SendMessageA(of, WM_DPICHANGED, MAKEWPARAM(dpi, dpi), reinterpret_cast<LPARAM>(&suggested));
+    }
+    static HWND RingWindow() { return FindWindowA("DialsimRing", nullptr); }
+    static bool RingShows() { return IsWindowVisible(RingWindow()) != FALSE; }
     // The selected item, as the next turn reports it.
     std::uint32_t SelectedItem() {
         Wheel(1);
         return host_.LastRotation().selectedItemTag;
     }
+    double TurnedDegrees() const {
+        double sum = 0;
+        for (const DialRotationInfo& rotation : host_.rotations) {
+            sum += rotation.deltaDegrees;
+        }
+        return sum;
+    }
+    std::vector<std::uint32_t> Pixels() const { return WindowPicture(dial_).pixels; }
+    bool IsTopmost() const { return (GetWindowLongA(dial_, GWL_EXSTYLE) & WS_EX_TOPMOST) != 0; }
+    static RECT WorkArea() {
+        MONITORINFO monitor{};
+        monitor.cbSize = sizeof monitor;
+        GetMonitorInfoA(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST), &monitor);
+        return monitor.rcWork;
+    }
+    // As the system does for a drag at a title bar.
+    void DragWindowTo(int x, int y, UINT last_message = WM_EXITSIZEMOVE) const {
+        SendMessageA(dial_, WM_ENTERSIZEMOVE, 0, 0);
+        SetWindowPos(dial_, nullptr, x, y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+        SendMessageA(dial_, WM_TIMER, kFollowTimer, 0);
+        SendMessageA(dial_, last_message, 0, 0);
+    }
+    // The place of the dial when it has followed its host.
+    POINT Place() const {
+        SendMessageA(dial_, WM_TIMER, kFollowTimer, 0);
+        return {RectOf(dial_).left, RectOf(dial_).top};
+    }
+    static void MoveHostTo(int x, int y) {
+        SetWindowPos(window, nullptr, x, y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+    }
 
     static HWND window;
     RecordingHost host_{Handle()};
     HWND dial_ = nullptr;
-    HWND ring_ = nullptr;
 };
 
 HWND DrawnDial::window = nullptr;
@@ -88,6 +252,16 @@ TEST_F(DrawnDial, IsTurnedByTheWheel) {
     EXPECT_EQ(host_.rotations[0].deltaDegrees, 10.0);
     EXPECT_EQ(host_.rotations[1].deltaDegrees, -20.0);
     EXPECT_FALSE(host_.rotations[1].buttonPressed);
+}
+
+TEST_F(DrawnDial, IsTurnedByFractionsOfANotch) {
+    WheelBy(WHEEL_DELTA / 4);
+    WheelBy(-WHEEL_DELTA / 8);
+    WheelBy(1);
+    ASSERT_EQ(host_.rotations.size(), 3U);
+    EXPECT_EQ(host_.rotations[0].deltaDegrees, 2.5);
+    EXPECT_EQ(host_.rotations[1].deltaDegrees, -1.25);
+    EXPECT_NEAR(host_.rotations[2].deltaDegrees, 10.0 / WHEEL_DELTA, 1e-12);
 }
 
 TEST_F(DrawnDial, IsClicked) {
@@ -107,13 +281,14 @@ TEST_F(DrawnDial, ATurnWhilePressedIsNoClick) {
 }
 
 TEST_F(DrawnDial, IsUsedByKeys) {
-    Key(VK_RIGHT);
-    Key(VK_LEFT);
-    Key(VK_SPACE);
-    Key(VK_RETURN);
-    ASSERT_EQ(host_.rotations.size(), 2U);
+    for (const WPARAM key : std::vector<WPARAM>{VK_RIGHT, VK_UP, VK_LEFT, VK_DOWN, VK_SPACE, VK_RETURN}) {
+        Key(key);
+    }
+    ASSERT_EQ(host_.rotations.size(), 4U);
     EXPECT_EQ(host_.rotations[0].deltaDegrees, 10.0);
-    EXPECT_EQ(host_.rotations[1].deltaDegrees, -10.0);
+    EXPECT_EQ(host_.rotations[1].deltaDegrees, 10.0);
+    EXPECT_EQ(host_.rotations[2].deltaDegrees, -10.0);
+    EXPECT_EQ(host_.rotations[3].deltaDegrees, -10.0);
     EXPECT_EQ(host_.clicks.size(), 2U);
 }
 
@@ -122,6 +297,84 @@ TEST_F(DrawnDial, OtherKeysDoNotReleaseIt) {
     Key(VK_SHIFT);
     EXPECT_TRUE(host_.clicks.empty());
     SendMessageA(dial_, WM_KEYUP, VK_SPACE, 0);
+    EXPECT_EQ(host_.clicks.size(), 1U);
+}
+
+TEST_F(DrawnDial, ADragTurnsItByThePointersAngle) {
+    Press(FromMiddle(60, 0));
+    MoveTo(FromMiddle(50, 50));
+    ASSERT_EQ(host_.rotations.size(), 1U);
+    EXPECT_NEAR(host_.rotations[0].deltaDegrees, 45, 1e-9);
+    MoveTo(FromMiddle(0, 200));  // beside the knob, beneath the window
+    EXPECT_NEAR(host_.LastRotation().deltaDegrees, 45, 1e-9);
+    MoveTo(FromMiddle(60, 0));
+    EXPECT_NEAR(host_.LastRotation().deltaDegrees, -90, 1e-9);
+    ReleaseButton();
+    MoveTo(FromMiddle(0, 60));
+    EXPECT_EQ(host_.rotations.size(), 3U);
+}
+
+TEST_F(DrawnDial, ADragGoesRoundTheKnob) {
+    constexpr LONG kSteps[][2] = {{-50, 50}, {-60, 0}, {-50, -50}, {0, -60},
+                                  {50, -50}, {60, 0},  {50, 50},   {0, 60}};
+    Press(FromMiddle(0, 60));
+    for (const auto& step : kSteps) {
+        MoveTo(FromMiddle(step[0], step[1]));
+        EXPECT_NEAR(host_.LastRotation().deltaDegrees, 45, 1e-9);
+    }
+    ReleaseButton();
+    EXPECT_NEAR(TurnedDegrees(), 360, 1e-9);
+}
+
+TEST_F(DrawnDial, ADragIsNoPressOfTheButton) {
+    Press(FromMiddle(60, 0));
+    dialsim_turn(Handle(), 1);
+    EXPECT_TRUE(host_.LastRotation().buttonPressed);
+    MoveTo(FromMiddle(50, 50));
+    EXPECT_FALSE(host_.LastRotation().buttonPressed);
+    EndHoldTime();
+    EXPECT_FALSE(RingShows());
+    ReleaseButton();
+    EXPECT_TRUE(host_.clicks.empty());
+}
+
+TEST_F(DrawnDial, AMovementWithinTheDragThresholdIsAClick) {
+    const int threshold = GetSystemMetrics(SM_CXDRAG);
+    Press(FromMiddle(0, 60));
+    MoveTo(FromMiddle(threshold, 60));
+    ReleaseButton();
+    EXPECT_EQ(host_.clicks.size(), 1U);
+    EXPECT_TRUE(host_.rotations.empty());
+    Press(FromMiddle(0, 60));
+    MoveTo(FromMiddle(threshold + 1, 60));
+    ReleaseButton();
+    EXPECT_EQ(host_.clicks.size(), 1U);
+    EXPECT_LT(TurnedDegrees(), 0);
+    Press(FromMiddle(60, 0));
+    MoveTo(FromMiddle(60, GetSystemMetrics(SM_CYDRAG) + 1));
+    ReleaseButton();
+    EXPECT_EQ(host_.clicks.size(), 1U);
+}
+
+TEST_F(DrawnDial, CapturesTheMouseWhileItIsPressed) {
+    const auto capture = [this] {
+        GUITHREADINFO thread{};
+        thread.cbSize = sizeof thread;
+        GetGUIThreadInfo(GetWindowThreadProcessId(dial_, nullptr), &thread);
+        return thread.hwndCapture;
+    };
+    Press();
+    EXPECT_EQ(capture(), dial_);
+    ReleaseButton();
+    EXPECT_EQ(capture(), nullptr);
+}
+
+// Without a button the pointer only passes over the dial.
+TEST_F(DrawnDial, AMovementWithoutTheButtonIsNoDrag) {
+    Press(FromMiddle(60, 0));
+    SendMessageA(dial_, WM_MOUSEMOVE, 0, MAKELPARAM(kMiddle.x, kMiddle.y + 60));
+    ReleaseButton();
+    EXPECT_TRUE(host_.rotations.empty());
     EXPECT_EQ(host_.clicks.size(), 1U);
 }
 
@@ -155,6 +408,15 @@ TEST_F(DrawnDial, TheMenuIsARing) {
     EXPECT_EQ(SelectedItem(), 9U);
 }
 
+TEST_F(DrawnDial, InTheMenuFineTurnsAddUp) {
+    Key('M');
+    for (int i = 0; i < 4; ++i) {
+        WheelBy(WHEEL_DELTA / 4);
+    }
+    Click();
+    EXPECT_EQ(SelectedItem(), 9U);
+}
+
 TEST_F(DrawnDial, TheMenuIsLeftWithoutAChoice) {
     Key('M');
     EXPECT_TRUE(RingShows());
@@ -172,19 +434,16 @@ TEST_F(DrawnDial, AMenuWithoutItemsDoesNotOpen) {
 
 TEST_F(DrawnDial, TheRingShowsTheHighlightedItem) {
     // Points in the sectors of the first two of eight items, the system's included.
-    const auto colors = [this] {
-        const HDC context = GetDC(ring_);
-        const std::vector<COLORREF> found = {GetPixel(context, 180, 80), GetPixel(context, 251, 109)};
-        ReleaseDC(ring_, context);
-        return found;
+    const auto colors = [] {
+        const WindowPicture picture(RingWindow());
+        return std::vector<COLORREF>{picture.At(180, 80), picture.At(251, 109)};
     };
-    constexpr COLORREF kAccent = RGB(0x1F, 0x6F, 0xEB);
     Key('M');
-    EXPECT_NE(colors()[0], kAccent);
-    EXPECT_EQ(colors()[1], kAccent);
+    EXPECT_NE(colors()[0], kHighlight);
+    EXPECT_EQ(colors()[1], kHighlight);
     Wheel(-1);
-    EXPECT_EQ(colors()[0], kAccent);
-    EXPECT_NE(colors()[1], kAccent);
+    EXPECT_EQ(colors()[0], kHighlight);
+    EXPECT_NE(colors()[1], kHighlight);
     Key(VK_ESCAPE);
 }
 
@@ -195,17 +454,181 @@ TEST_F(DrawnDial, TheRingShowsNoPictureWhereThereIsNone) {
     ASSERT_TRUE(add_custom_menu(Handle(), &item, 1));
     dialsim_wait_for_async();
     Key('M');
-    const HDC context = GetDC(ring_);
+    const WindowPicture picture(RingWindow());
+    Key(VK_ESCAPE);
     int black = 0;
     for (int y = -150; y <= 150; ++y) {
         for (int x = -150; x <= 150; ++x) {
             const bool among_items = x * x + y * y < 150 * 150;
-            black += among_items && GetPixel(context, 180 + x, 180 + y) == RGB(0, 0, 0) ? 1 : 0;
+            black += among_items && picture.At(180 + x, 180 + y) == RGB(0, 0, 0) ? 1 : 0;
         }
     }
-    ReleaseDC(ring_, context);
-    Key(VK_ESCAPE);
     EXPECT_EQ(black, 0);
+}
+
+TEST_F(DrawnDial, ShowsWhenItsButtonIsDown) {
+    const auto released = Pixels();
+    dialsim_hold(true);
+    const auto pressed = Pixels();
+    EXPECT_NE(pressed, released);
+    dialsim_hold(false);
+    EXPECT_EQ(Pixels(), released);
+    Press();
+    EXPECT_EQ(Pixels(), pressed);
+    ReleaseButton();
+    EXPECT_EQ(Pixels(), released);
+    SendMessageA(dial_, WM_KEYDOWN, VK_SPACE, 0);
+    EXPECT_EQ(Pixels(), pressed);
+    SendMessageA(dial_, WM_KEYUP, VK_SPACE, 0);
+    EXPECT_EQ(Pixels(), released);
+}
+
+TEST_F(DrawnDial, AResetShowsTheInitialState) {
+    const auto initial = Pixels();
+    dialsim_hold(true);
+    dialsim_turn(Handle(), 30);
+    EXPECT_NE(Pixels(), initial);
+    dialsim_reset();
+    EXPECT_EQ(Pixels(), initial);
+}
+
+TEST_F(DrawnDial, ShowsForAMomentThatHapticsPlay) {
+    const auto quiet = Pixels();
+    constexpr std::uint32_t kAnyFeedback = 1;
+    host_.haptic_request = &kAnyFeedback;
+    // There and back: without a pulse the dial looks as before. A machine under load may look too late.
+    const auto pulses = [&] {
+        dialsim_turn(Handle(), 10);
+        dialsim_turn(Handle(), -10);
+        return Pixels() != quiet;
+    };
+    EXPECT_TRUE(BecomesTrue(pulses));
+    EXPECT_TRUE(BecomesTrue([&] { return Pixels() == quiet; }));
+    host_.haptic_request = nullptr;
+    EXPECT_FALSE(pulses());
+}
+
+TEST_F(DrawnDial, AtTwiceTheResolutionItIsTwiceAsLarge) {
+    const RECT before = RectOf(dial_);
+    const WindowPicture normal(dial_);
+    ChangeDpi(dial_, 192);
+    const WindowPicture large(dial_);
+    EXPECT_EQ(WidthOf(RectOf(dial_)), 2 * WidthOf(before));
+    EXPECT_EQ(HeightOf(RectOf(dial_)), 2 * HeightOf(before));
+    EXPECT_FALSE(large.IsEnlarged());
+    EXPECT_GE(large.SharpestEdge(), normal.SharpestEdge() - 16);
+    // The top of the knob, the panel, and the pointer of the knob.
+    for (const POINT point : {kMiddle, FromMiddle(-100, 95), FromMiddle(0, -73)}) {
+        const COLORREF expected = normal.At(point.x, point.y);
+        const COLORREF color = large.At(2 * point.x, 2 * point.y);
+        EXPECT_NEAR(GetRValue(color), GetRValue(expected), 8);
+        EXPECT_NEAR(GetGValue(color), GetGValue(expected), 8);
+        EXPECT_NEAR(GetBValue(color), GetBValue(expected), 8);
+    }
+    // The knob takes the pointer at its new place.
+    Press({2 * kMiddle.x + 120, 2 * kMiddle.y});
+    MoveTo({2 * kMiddle.x, 2 * kMiddle.y + 120});
+    ReleaseButton();
+    EXPECT_NEAR(TurnedDegrees(), 90, 1e-9);
+    ChangeDpi(dial_, 96);
+    EXPECT_EQ(WidthOf(RectOf(dial_)), WidthOf(before));
+    EXPECT_EQ(Pixels().size(), normal.pixels.size());
+}
+
+TEST_F(DrawnDial, AtTwiceTheResolutionTheRingIsTwiceAsLarge) {
+    Key('M');
+    const WindowPicture normal(RingWindow());
+    ChangeDpi(RingWindow(), 192);
+    EXPECT_TRUE(RingShows());
+    const WindowPicture large(RingWindow());
+    EXPECT_EQ(large.width, 2 * normal.width);
+    EXPECT_EQ(large.height, 2 * normal.height);
+    EXPECT_EQ(large.At(2 * 251, 2 * 109), kHighlight);
+    EXPECT_NE(large.At(2 * 180, 2 * 80), kHighlight);
+    EXPECT_FALSE(large.IsEnlarged());
+    Key(VK_ESCAPE);
+}
+
+TEST_F(DrawnDial, CallbacksRunWithTheDpiAwarenessOfTheHostsWindow) {
+    int with_its_own = 0;
+    const auto compare = [&](const auto&) {
+        with_its_own += AreDpiAwarenessContextsEqual(GetThreadDpiAwarenessContext(),
+                                                     GetWindowDpiAwarenessContext(window));
+    };
+    host_.on_rotation = compare;
+    host_.on_click = compare;
+    ASSERT_FALSE(AreDpiAwarenessContextsEqual(GetWindowDpiAwarenessContext(dial_),
+                                              GetWindowDpiAwarenessContext(window)));
+    Wheel(1);
+    Click();
+    EXPECT_EQ(with_its_own, 2);
+}
+
+TEST_F(DrawnDial, IsAboveOtherWindowsOnlyWhileItsHostIsInFront) {
+    SetForegroundWindow(window);
+    EXPECT_TRUE(BecomesTrue([this] { return IsTopmost(); }));
+    Key('M');
+    const OtherProgram other;
+    SetForegroundWindow(other.window());
+    EXPECT_TRUE(BecomesTrue([this] { return !IsTopmost(); }));
+    EXPECT_TRUE(BecomesTrue([&] { return IsAbove(other.window(), dial_); }));
+    EXPECT_TRUE(IsAbove(other.window(), RingWindow()));
+    EXPECT_TRUE(IsAbove(dial_, window));
+    SetForegroundWindow(window);
+    EXPECT_TRUE(BecomesTrue([this] { return IsTopmost(); }));
+    EXPECT_TRUE(IsAbove(dial_, other.window()));
+    EXPECT_TRUE(IsAbove(RingWindow(), other.window()));
+    Key(VK_ESCAPE);
+}
+
+TEST_F(DrawnDial, IsTakenAtTheKnobAndMovedBesideIt) {
+    const auto hit = [this](POINT point) {
+        ClientToScreen(dial_, &point);
+        return SendMessageA(dial_, WM_NCHITTEST, 0, MAKELPARAM(point.x, point.y));
+    };
+    EXPECT_EQ(hit(kMiddle), HTCLIENT);
+    EXPECT_EQ(hit(FromMiddle(kRadius - 1, 0)), HTCLIENT);
+    EXPECT_EQ(hit(FromMiddle(kRadius + 2, 0)), HTCAPTION);
+    EXPECT_EQ(hit({5, 5}), HTCAPTION);
+}
+
+TEST_F(DrawnDial, IsMovedByTheUserAndThenWithItsHost) {
+    for (const UINT end : std::vector<UINT>{WM_EXITSIZEMOVE, WM_CAPTURECHANGED}) {
+        DragWindowTo(700, 300, end);
+        EXPECT_EQ(Place(), (POINT{700, 300}));
+        MoveHostTo(30, 20);
+        EXPECT_EQ(Place(), (POINT{730, 320}));
+        MoveHostTo(0, 0);
+        EXPECT_EQ(Place(), (POINT{700, 300}));
+        DragWindowTo(650, 100);
+    }
+}
+
+TEST_F(DrawnDial, StaysWhereTheUserMovesItWhileTheHostMoves) {
+    SendMessageA(dial_, WM_ENTERSIZEMOVE, 0, 0);
+    const POINT before = Place();
+    MoveHostTo(30, 20);
+    EXPECT_EQ(Place(), before);
+    SendMessageA(dial_, WM_EXITSIZEMOVE, 0, 0);
+    MoveHostTo(0, 0);
+    EXPECT_EQ(Place(), (POINT{before.x - 30, before.y - 20}));
+}
+
+TEST_F(DrawnDial, StaysOnTheScreen) {
+    const RECT area = WorkArea();
+    DragWindowTo(area.right - 100, area.bottom - 50);
+    EXPECT_EQ(RectOf(dial_).right, area.right);
+    EXPECT_EQ(RectOf(dial_).bottom, area.bottom);
+    DragWindowTo(area.left - 5, area.top - 50);
+    EXPECT_EQ(Place(), (POINT{area.left, area.top}));
+    DragWindowTo(700, 100);
+    MoveHostTo(area.right - 100, 0);
+    EXPECT_EQ(Place().x, area.right - WidthOf(RectOf(dial_)));
+    MoveHostTo(0, 0);
+    EXPECT_EQ(Place(), (POINT{700, 100}));
+    SetWindowPos(dial_, nullptr, area.right, 100, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+    SendMessageA(dial_, WM_DISPLAYCHANGE, 32, 0);
+    EXPECT_EQ(Place(), (POINT{700, 100}));
 }
 
 // --- programs started with a dial
