@@ -411,7 +411,8 @@ void RunDial(HWND host, HANDLE ready) {
     const DpiScope per_monitor;
     const DialWindow dial(host);
     dial_window = dial.window();
-    // The timer alone would leave the dial above another program's window for a tenth of a second.
+    // The timer alone would leave the dial above another program's window for a tenth of a second, as it does
+    // under Wine, which does not report this event.
     SetWinEventHook(EVENT_SYSTEM_FOREGROUND, EVENT_SYSTEM_FOREGROUND, nullptr, OnForegroundChange, 0, 0,
                     WINEVENT_OUTOFCONTEXT);
     SetEvent(ready);

@@ -572,12 +572,12 @@ TEST_F(DrawnDial, IsAboveOtherWindowsOnlyWhileItsHostIsInFront) {
     SetForegroundWindow(other.window());
     EXPECT_TRUE(BecomesTrue([this] { return !IsTopmost(); }));
     EXPECT_TRUE(BecomesTrue([&] { return IsAbove(other.window(), dial_); }));
-    EXPECT_TRUE(IsAbove(other.window(), RingWindow()));
+    EXPECT_TRUE(BecomesTrue([&] { return IsAbove(other.window(), RingWindow()); }));
     EXPECT_TRUE(IsAbove(dial_, window));
+    EXPECT_TRUE(IsAbove(RingWindow(), window));
     SetForegroundWindow(window);
-    EXPECT_TRUE(BecomesTrue([this] { return IsTopmost(); }));
-    EXPECT_TRUE(IsAbove(dial_, other.window()));
-    EXPECT_TRUE(IsAbove(RingWindow(), other.window()));
+    EXPECT_TRUE(BecomesTrue([&] { return IsTopmost() && IsAbove(dial_, other.window()); }));
+    EXPECT_TRUE(BecomesTrue([&] { return IsAbove(RingWindow(), other.window()); }));
     Key(VK_ESCAPE);
 }
 
