@@ -8,7 +8,7 @@ constexpr double kTopRadius = 62;
 const double kHalfTurn = std::acos(-1.0);
 
 constexpr std::uint32_t kBackground = 0xF6F8FA;
-constexpr std::uint32_t kFrame = 0xC4CCD5;
+constexpr std::uint32_t kFrame = 0xB4BDC7;
 constexpr std::uint32_t kGrip = 0xAFB8C1;
 constexpr std::uint32_t kTick = 0x8B97A4;
 constexpr std::uint32_t kAccent = 0x4C9AFF;

@@ -113,16 +113,11 @@ private:
 };
 
 DialWindow::DialWindow(HWND host) : host_(host) {
-    WNDCLASSW window_class{};
-    window_class.lpfnWndProc = OnWindowMessage;
-    window_class.hInstance = GetModuleHandleW(nullptr);
-    window_class.hCursor = LoadCursorW(nullptr, MAKEINTRESOURCEW(32649));  // IDC_HAND
-    window_class.lpszClassName = kClassName;
-    RegisterClassW(&window_class);
     // The window gets the resolution of the host's monitor when it is created there.
-    const RECT rect = ClientScreenRect(host);
-    window_ = CreateWindowExW(WS_EX_TOOLWINDOW, kClassName, L"Dial", WS_POPUP, rect.right, rect.top,
-                              kDialWidth, kDialHeight, nullptr, nullptr, window_class.hInstance, nullptr);
+    const RECT host_area = ClientScreenRect(host);
+    window_ = CreatePopup(
+        kClassName, OnWindowMessage, MAKEINTRESOURCEW(32649), WS_EX_TOOLWINDOW,  // IDC_HAND
+        {host_area.right, host_area.top, host_area.right + kDialWidth, host_area.top + kDialHeight});
     SetDpi(DpiOf(window_));
     SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
     SetTimer(window_, kFollowTimer, kFollowMs, nullptr);
@@ -357,10 +352,7 @@ void DialWindow::Repaint() { RedrawWindow(window_, nullptr, nullptr, RDW_INVALID
 
 void DialWindow::Paint() {
     DrawDial(*surface_, TheDial().State(), has_feedback_);
-    PAINTSTRUCT paint;
-    const HDC context = BeginPaint(window_, &paint);
-    BitBlt(context, 0, 0, surface_->width(), surface_->height(), surface_->context(), 0, 0, SRCCOPY);
-    EndPaint(window_, &paint);
+    surface_->PaintOn(window_);
 }
 
 // Shows the dial while the host's window shows, moves with it, and comes to the front with it.
@@ -380,7 +372,9 @@ void DialWindow::Follow() {
         StackOverHost(window_, host_, in_front);
         ring_.Stack(in_front);
     }
-    ShowWindow(window_, SW_SHOWNOACTIVATE);
+    if (!IsWindowVisible(window_)) {
+        ShowWindow(window_, SW_SHOWNOACTIVATE);
+    }
 }
 
 void DialWindow::PlaceBesideHost() {

@@ -13,6 +13,19 @@ bool IsTopmost(HWND window) { return (GetWindowLongW(window, GWL_EXSTYLE) & WS_E
 
 }  // namespace
 
+HWND CreatePopup(const wchar_t* class_name, WNDPROC procedure, const wchar_t* cursor, DWORD extended_style,
+                 const RECT& rect) {
+    WNDCLASSW window_class{};
+    window_class.lpfnWndProc = procedure;
+    window_class.hInstance = GetModuleHandleW(nullptr);
+    window_class.hCursor = LoadCursorW(nullptr, cursor);
+    window_class.lpszClassName = class_name;
+    RegisterClassW(&window_class);
+    return CreateWindowExW(extended_style, class_name, L"Dial", WS_POPUP, rect.left, rect.top,
+                           rect.right - rect.left, rect.bottom - rect.top, nullptr, nullptr,
+                           window_class.hInstance, nullptr);
+}
+
 RECT ClientScreenRect(HWND window) {
     RECT rect{};
     GetClientRect(window, &rect);

@@ -1,9 +1,13 @@
-// Place and order of the simulator's windows on the desktop.
+// The simulator's windows on the desktop: creation, place and order.
 #pragma once
 
 #include <windows.h>
 
 namespace dialsim {
+
+// Creates a hidden window without a frame, whose cursor is one of the system's (IDC_HAND ...).
+HWND CreatePopup(const wchar_t* class_name, WNDPROC procedure, const wchar_t* cursor, DWORD extended_style,
+                 const RECT& rect);
 
 // The client area of a window in screen coordinates.
 RECT ClientScreenRect(HWND window);

@@ -114,15 +114,8 @@ void RingWindow::Stack(bool in_front) const {
 // Created on the monitor of the host: it has the resolution of that monitor then.
 void RingWindow::Open(HWND host) {
     host_ = host;
-    WNDCLASSW window_class{};
-    window_class.lpfnWndProc = OnMessage;
-    window_class.hInstance = GetModuleHandleW(nullptr);
-    window_class.hCursor = LoadCursorW(nullptr, MAKEINTRESOURCEW(32512));  // IDC_ARROW
-    window_class.lpszClassName = kClassName;
-    RegisterClassW(&window_class);
-    const RECT rect = RectOver(host, kSide);
-    window_ = CreateWindowExW(WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE, kClassName, L"", WS_POPUP, rect.left,
-                              rect.top, kSide, kSide, nullptr, nullptr, window_class.hInstance, nullptr);
+    window_ = CreatePopup(kClassName, OnMessage, MAKEINTRESOURCEW(32512),  // IDC_ARROW
+                          WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE, RectOver(host, kSide));
     SetDpi(DpiOf(window_));
     Stack(IsInFront());
     SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
@@ -156,14 +149,9 @@ LRESULT CALLBACK RingWindow::OnMessage(HWND window, UINT message, WPARAM wparam,
             ring->SetDpi(LOWORD(wparam));
             ring->UpdateDisplay();
             return 0;
-        case WM_PAINT: {
-            PAINTSTRUCT paint;
-            const HDC context = BeginPaint(window, &paint);
-            const Surface& surface = *ring->surface_;
-            BitBlt(context, 0, 0, surface.width(), surface.height(), surface.context(), 0, 0, SRCCOPY);
-            EndPaint(window, &paint);
+        case WM_PAINT:
+            ring->surface_->PaintOn(window);
             return 0;
-        }
         default:
             return DefWindowProcW(window, message, wparam, lparam);
     }

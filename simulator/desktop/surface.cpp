@@ -46,6 +46,13 @@ Surface::~Surface() {
     DeleteDC(context_);
 }
 
+void Surface::PaintOn(HWND window) const {
+    PAINTSTRUCT paint;
+    const HDC target = BeginPaint(window, &paint);
+    BitBlt(target, 0, 0, width_, height_, context_, 0, 0, SRCCOPY);
+    EndPaint(window, &paint);
+}
+
 void Surface::Clear(std::uint32_t color) const { std::fill_n(pixels_, width_ * height_, color); }
 
 void Surface::Blend(int x, int y, Paint paint) const {

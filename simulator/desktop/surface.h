@@ -37,6 +37,9 @@ public:
     // 0x00RRGGBB, rows from the top.
     std::uint32_t& At(int x, int y) const { return pixels_[y * width_ + x]; }
 
+    // Answers WM_PAINT of a window of this size.
+    void PaintOn(HWND window) const;
+
     void Clear(std::uint32_t color) const;
     void Blend(int x, int y, Paint paint) const;
 

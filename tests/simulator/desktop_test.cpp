@@ -546,6 +546,8 @@ TEST_F(DrawnDial, AtTwiceTheResolutionTheRingIsTwiceAsLarge) {
     EXPECT_EQ(large.At(2 * 251, 2 * 109), kHighlight);
     EXPECT_NE(large.At(2 * 180, 2 * 80), kHighlight);
     EXPECT_FALSE(large.IsEnlarged());
+    EXPECT_TRUE(AreDpiAwarenessContextsEqual(GetWindowDpiAwarenessContext(RingWindow()),
+                                             GetWindowDpiAwarenessContext(dial_)));
     Key(VK_ESCAPE);
 }
 

@@ -79,6 +79,28 @@ TEST_F(SimulatedMenu, WhileItIsOpenTurnsGoRoundTheRingAndAClickChooses) {
     EXPECT_EQ(recorder.TakeEvents(), "turn 10; click; ");
 }
 
+TEST_F(SimulatedMenu, WhileItIsOpenFineTurnsAddUp) {
+    ReleaseController();  // it has an empty menu
+    EventRecorder recorder(kWindow);
+    for (const std::uint32_t tag : {1U, 2U, 3U}) {
+        dialsim_append_item(kWindow, "UInt32", tag);
+    }
+    EXPECT_TRUE(dialsim_open_menu(kWindow));
+    for (int i = 0; i < 8; ++i) {
+        EXPECT_EQ(dialsim_turn(kWindow, 2.5), S_OK);
+    }
+    EXPECT_EQ(dialsim_click(kWindow), S_OK);
+    EXPECT_NE(MenuText(kWindow).find("2 * "), std::string::npos);
+    // The menu begins anew when it opens.
+    EXPECT_TRUE(dialsim_open_menu(kWindow));
+    dialsim_turn(kWindow, 4);
+    dialsim_close_menu();
+    EXPECT_TRUE(dialsim_open_menu(kWindow));
+    dialsim_turn(kWindow, 4);
+    dialsim_click(kWindow);
+    EXPECT_NE(MenuText(kWindow).find("2 * "), std::string::npos);
+}
+
 TEST_F(SimulatedMenu, IsClosedWithoutAChoice) {
     EventRecorder recorder(kWindow);
     dialsim_append_item(kWindow, "UInt32", 1);
