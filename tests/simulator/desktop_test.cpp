@@ -749,10 +749,6 @@ TEST_F(LaunchedProgram, ARecordedSessionPaintsTheSamePictureAgain) {
     ExpectSamePicture(folder_.PathOf("build/canvas-grid.png"), folder_.PathOf("build/again.png"));
 }
 
-TEST_F(LaunchedProgram, AProgramsStatusIsPassedOn) {
-    EXPECT_EQ(StatusOf({"--", "cmd", "/c", "exit", "7"}), 7);
-}
-
 TEST_F(LaunchedProgram, AScriptThatDoesNotParseEndsTheProgram) {
     folder_.Write("own.dial", "turn around\n");
     EXPECT_EQ(StatusOf({"--script", "own.dial", Beside("canvas.exe")}), 2);
