@@ -83,7 +83,7 @@ private:
     void TurnBy(double degrees);
     void TurnToPointer(POINT pointer);
 
-    void SetDpi(UINT dpi);
+    void SetDpi(UINT dpi, POINT corner);
     void Repaint();
     void Paint();
     void Follow();
@@ -118,7 +118,7 @@ DialWindow::DialWindow(HWND host) : host_(host) {
     window_ = CreatePopup(
         kClassName, OnWindowMessage, MAKEINTRESOURCEW(32649), WS_EX_TOOLWINDOW,  // IDC_HAND
         {host_area.right, host_area.top, host_area.right + kDialWidth, host_area.top + kDialHeight});
-    SetDpi(DpiOf(window_));
+    SetDpi(DpiOf(window_), {host_area.right, host_area.top});
     SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
     SetTimer(window_, kFollowTimer, kFollowMs, nullptr);
 }
@@ -155,9 +155,7 @@ bool DialWindow::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
             return true;
         case WM_DPICHANGED: {
             const RECT& suggested = *reinterpret_cast<const RECT*>(lparam);
-            SetWindowPos(window_, nullptr, suggested.left, suggested.top, 0, 0,
-                         SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
-            SetDpi(LOWORD(wparam));
+            SetDpi(LOWORD(wparam), {suggested.left, suggested.top});
             return true;
         }
         case WM_DISPLAYCHANGE:
@@ -339,12 +337,13 @@ void DialWindow::TurnBy(double degrees) {
     ReportException(Turn(Host(), degrees));
 }
 
-void DialWindow::SetDpi(UINT dpi) {
+// One call moves and resizes: in between, most of the window could be on another monitor.
+void DialWindow::SetDpi(UINT dpi, POINT corner) {
     dpi_ = dpi;
     const int width = ToPixels(kDialWidth, dpi);
     const int height = ToPixels(kDialHeight, dpi);
     surface_ = std::make_unique<Surface>(width, height, ScaleOf(dpi));
-    SetWindowPos(window_, nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    SetWindowPos(window_, nullptr, corner.x, corner.y, width, height, SWP_NOZORDER | SWP_NOACTIVATE);
     Repaint();
 }
 

@@ -196,8 +196,10 @@ protected:
         SendMessageA(dial_, WM_KEYDOWN, key, 0);
         SendMessageA(dial_, WM_KEYUP, key, 0);
     }
-    static void ChangeDpi(HWND of, WORD dpi) {
+    // The system suggests a place that is nearer to the left by `shift`.
+    static void ChangeDpi(HWND of, WORD dpi, int shift = 0) {
         RECT suggested = RectOf(of);
+        OffsetRect(&suggested, -shift, 0);
         SendMessageA(of, WM_DPICHANGED, MAKEWPARAM(dpi, dpi), reinterpret_cast<LPARAM>(&suggested));
     }
     static HWND RingWindow() { return FindWindowA("DialsimRing", nullptr); }
@@ -511,7 +513,8 @@ TEST_F(DrawnDial, ShowsForAMomentThatHapticsPlay) {
 TEST_F(DrawnDial, AtTwiceTheResolutionItIsTwiceAsLarge) {
     const RECT before = RectOf(dial_);
     const WindowPicture normal(dial_);
-    ChangeDpi(dial_, 192);
+    ChangeDpi(dial_, 192, 10);
+    EXPECT_EQ(RectOf(dial_).left, before.left - 10);
     const WindowPicture large(dial_);
     EXPECT_EQ(WidthOf(RectOf(dial_)), 2 * WidthOf(before));
     EXPECT_EQ(HeightOf(RectOf(dial_)), 2 * HeightOf(before));
@@ -530,7 +533,7 @@ TEST_F(DrawnDial, AtTwiceTheResolutionItIsTwiceAsLarge) {
     MoveTo({2 * kMiddle.x, 2 * kMiddle.y + 120});
     ReleaseButton();
     EXPECT_NEAR(TurnedDegrees(), 90, 1e-9);
-    ChangeDpi(dial_, 96);
+    ChangeDpi(dial_, 96, -10);
     EXPECT_EQ(WidthOf(RectOf(dial_)), WidthOf(before));
     EXPECT_EQ(Pixels().size(), normal.pixels.size());
 }
