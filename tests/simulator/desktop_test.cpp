@@ -142,6 +142,7 @@ bool IsAbove(HWND upper, HWND lower) {
 class DrawnDial : public testing::Test {
 protected:
     static void SetUpTestSuite() {
+        ASSERT_TRUE(dialsim_start());
         // A host that knows nothing of scaling.
         const DPI_AWARENESS_CONTEXT own = SetThreadDpiAwarenessContext(DPI_AWARENESS_CONTEXT_UNAWARE);
         window = CreateWindowExA(0, "STATIC", "Host", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 600, 500,
