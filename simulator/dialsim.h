@@ -50,12 +50,12 @@ extern "C" {
  * Start
  * ------------------------------------------------------------------------------------------------------ */
 
-/* Simulates the dial in this process: answers the platform calls of every brindle.dll, loaded now or later, so
- * that they are journaled, tracked and subject to faults, and activates the simulator's classes for them. The
- * program's own calls of the platform still go to the system, as do classes that the simulator lacks. Lasts
- * until the process ends; a second call has no effect. At the first activation a brindle.dll of another minor
- * version ends the process with status 120 and a line on standard error. Returns false when the system does
- * not announce the loading of libraries; natively there is nothing to do, and the result is true. */
+/* Simulates the dial in this process: answers the platform calls of every brindle.dll, loaded now or later,
+ * so that they are journaled, tracked and subject to faults, and activates the simulator's classes for them.
+ * The program's own calls of the platform still go to the system, as do classes that the simulator lacks.
+ * Lasts until the process ends; a second call has no effect. At the first activation a brindle.dll of another
+ * minor version ends the process with status 120 and a line on standard error. Returns false when the system
+ * does not announce the loading of libraries; natively there is nothing to do, and the result is true. */
 bool dialsim_start(void);
 /* The same for the calls of one loaded module that is not brindle.dll (null: the program), such as a test
  * program that contains the library's object files. Returns false when the module is not loaded; natively

@@ -4,6 +4,7 @@
 #include <shellapi.h>
 
 #include <cstdio>
+#include <cwchar>
 #include <string>
 #include <vector>
 
@@ -26,7 +27,9 @@ constexpr char kHelp[] =
     "arrows, space or enter, M for the menu and Esc to close it.\n"
     "Waits for the program, and ends with its status.\n"
     "\n"
-    "  --script FILE.dial   plays the script to the program's window, then closes it\n"
+    "  --script FILE.dial   plays the script to the program's window, then closes it; ends a\n"
+    "                       program that uses no dial for 30 seconds (or the number in\n"
+    "                       DIALSIM_START_SECONDS)\n"
     "\n"
     "dialsim.dll, which lies beside dialsim-run, answers the platform calls of brindle.dll\n"
     "inside the program's process, on Windows and under Wine. Nothing is installed or\n"
@@ -149,6 +152,24 @@ void SetSession(const Options& options) {
     }
 }
 
+DWORD StartSeconds() {
+    constexpr DWORD kDefault = 30;
+    wchar_t text[16] = L"";
+    const DWORD length = GetEnvironmentVariableW(L"DIALSIM_START_SECONDS", text, 16);
+    return length > 0 && length < 16 ? std::wcstoul(text, nullptr, 10) : kDefault;
+}
+
+// The program has used no dial until its end or for the time, after which it is ended.
+Status ReportUnplayed(const Target& target, const std::wstring& program) {
+    const bool loaded = target.LoadedLibrary();
+    const std::string what = loaded ? "used no dial" : "loaded no brindle.dll";
+    Complain(program, what +
+                          (target.IsRunning() ? " for " + std::to_string(StartSeconds()) + " s and was ended"
+                                              : " until its end") +
+                          "; the script was not played");
+    return loaded ? kScriptFailed : kNoLibrary;
+}
+
 int Run(const Options& options, HMODULE simulator) {
     const std::wstring& program = options.command[0];
     std::wstring line = Quoted(FindProgram(program));
@@ -159,7 +180,11 @@ int Run(const Options& options, HMODULE simulator) {
     try {
         Target target(line);
         target.Attach(simulator);
-        const DWORD status = target.Run();
+        target.Resume();
+        if (!options.script.empty() && !target.WaitForDial(StartSeconds() * 1000)) {
+            return ReportUnplayed(target, program);
+        }
+        const DWORD status = target.WaitForEnd();
         if (!target.LoadedLibrary()) {
             Complain(program, "ended without loading brindle.dll, with status " + std::to_string(status));
             return kNoLibrary;

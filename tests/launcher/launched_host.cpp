@@ -5,7 +5,8 @@
 //   launched_host reload DLL        the same three times, each time in a newly loaded library
 //   launched_host two DLL DLL       two libraries at once, a window and a turn each
 //   launched_host own DLL           activates classes of the system itself while the library's are simulated
-//   launched_host hold DLL          registers, and never ends
+//   launched_host idle DLL          loads the library, uses no dial, and ends
+//   launched_host stay DLL          the same, and never ends
 //   launched_host none              loads no library
 #include <brindle.h>
 #include <windows.h>
@@ -123,9 +124,9 @@ int main(int argc, char** argv) {
         const Session session(words[1], 1);
         ActivateOwnClasses();
         session.WaitForTurn();
-    } else if (mode == "hold") {
-        const Session session(words[1], 1);
-        Sleep(INFINITE);
+    } else if (mode == "idle" || mode == "stay") {
+        const Library library(words[1]);
+        Sleep(mode == "stay" ? INFINITE : 0);
     } else if (mode != "none") {
         return EXIT_FAILURE;
     }

@@ -6,9 +6,11 @@
 
 #include "brindle.h"
 #include "simulator/classes/activation.h"
+#include "simulator/classes/controllers.h"
 #include "simulator/functions/intercepted.h"
 #include "simulator/functions/windows/libraries.h"
 #include "simulator/launcher/statuses.h"
+#include "simulator/launcher/windows/attachment.h"
 #include "simulator/launcher/windows/version.h"
 #include "simulator/system/text.h"
 
@@ -53,8 +55,10 @@ const VersionCheck version_check;
 }  // namespace dialsim
 
 // Runs on a thread that dialsim-run creates in the program, before the program's own first instruction. The
-// event belongs to the process.
-extern "C" DWORD WINAPI DialsimAttach(void* library_event) {
-    dialsim::SetEventForLibraries(library_event);
+// argument is valid during the call.
+extern "C" DWORD WINAPI DialsimAttach(void* argument) {
+    const auto events = *static_cast<const dialsim::Attachment*>(argument);
+    dialsim::SetEventForLibraries(events.library_loaded);
+    dialsim::FirstController().Subscribe([=](std::uint64_t /*window*/) { SetEvent(events.dial_in_use); });
     return dialsim::InterceptLibraries() ? 0 : 1;
 }

@@ -1,4 +1,4 @@
-// What dialsim-run gives to the simulator in the program: events, whose handles belong to the program's process.
+// What dialsim-run gives to the simulator in the program: events, with handles of that process.
 #pragma once
 
 #include <windows.h>
@@ -6,8 +6,8 @@
 namespace dialsim {
 
 struct Attachment {
-    HANDLE library_loaded;    // a brindle.dll is simulated
-    HANDLE listener_created;  // a window has a controller: the script begins
+    HANDLE library_loaded;  // a brindle.dll is simulated
+    HANDLE dial_in_use;     // a window has a controller, with which the script begins
 };
 
 }  // namespace dialsim

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "simulator/launcher/windows/attachment.h"
 #include "simulator/launcher/windows/refusal.h"
 
 namespace dialsim {
@@ -108,7 +109,6 @@ Target::Target(std::wstring command_line) {
     process_ = Handle(started.hProcess);
     thread_ = Handle(started.hThread);
     job_ = JobOf(process_.Get());
-    library_event_ = Handle(CreateEventW(nullptr, TRUE, FALSE, nullptr));
 }
 
 Target::~Target() { TerminateProcess(process_.Get(), static_cast<UINT>(kNotStarted)); }
@@ -124,45 +124,56 @@ void Target::Attach(HMODULE simulator) {
     char* const loaded = Load(PathOf(simulator));
     const auto offset =
         static_cast<char*>(FunctionOf(simulator, "DialsimAttach")) - reinterpret_cast<char*>(simulator);
-    if (Call(loaded + offset, DuplicateEvent()) != 0) {
+    const Attachment events = {Duplicate(library_loaded_), Duplicate(dial_in_use_)};
+    if (Call(loaded + offset, Copy(&events, sizeof events)) != 0) {
         throw Refusal{kRefused, "this system does not announce the loading of libraries"};
     }
 }
 
-DWORD Target::Run() {
-    ResumeThread(thread_.Get());
+bool Target::WaitForDial(DWORD milliseconds) const {
+    const HANDLE awaited[] = {dial_in_use_.Get(), process_.Get()};
+    return WaitForMultipleObjects(2, awaited, FALSE, milliseconds) == WAIT_OBJECT_0;
+}
+
+DWORD Target::WaitForEnd() const {
     WaitForSingleObject(process_.Get(), INFINITE);
     DWORD status = 0;
     GetExitCodeProcess(process_.Get(), &status);
     return status;
 }
 
-bool Target::LoadedLibrary() const { return WaitForSingleObject(library_event_.Get(), 0) == WAIT_OBJECT_0; }
+bool Target::IsRunning() const { return WaitForSingleObject(process_.Get(), 0) == WAIT_TIMEOUT; }
+
+bool Target::LoadedLibrary() const { return WaitForSingleObject(library_loaded_.Get(), 0) == WAIT_OBJECT_0; }
 
 // The event for the other process, which owns the new handle.
-HANDLE Target::DuplicateEvent() const {
+HANDLE Target::Duplicate(const Handle& event) const {
     HANDLE duplicate = nullptr;
-    if (DuplicateHandle(GetCurrentProcess(), library_event_.Get(), process_.Get(), &duplicate,
-                        EVENT_MODIFY_STATE, FALSE, 0) == FALSE) {
+    if (DuplicateHandle(GetCurrentProcess(), event.Get(), process_.Get(), &duplicate, EVENT_MODIFY_STATE,
+                        FALSE, 0) == FALSE) {
         throw RefusalToEnter(GetLastError());
     }
     return duplicate;
 }
 
-// Returns the address of the module there. System libraries have one address in all processes.
-char* Target::Load(const std::wstring& path) const {
-    const std::size_t size = (path.size() + 1) * sizeof(wchar_t);
+// Copies to the memory of the other process, which keeps it.
+void* Target::Copy(const void* bytes, std::size_t size) const {
     void* const there =
         VirtualAllocEx(process_.Get(), nullptr, size, MEM_COMMIT | MEM_RESERVE, PAGE_READWRITE);
-    if (there == nullptr || WriteProcessMemory(process_.Get(), there, path.c_str(), size, nullptr) == FALSE) {
+    if (there == nullptr || WriteProcessMemory(process_.Get(), there, bytes, size, nullptr) == FALSE) {
         throw RefusalToEnter(GetLastError());
     }
+    return there;
+}
+
+// Returns the address of the module there. System libraries have one address in all processes.
+char* Target::Load(const std::wstring& path) const {
+    void* const there = Copy(path.c_str(), (path.size() + 1) * sizeof(wchar_t));
     Call(FunctionOf(GetModuleHandleW(L"kernel32.dll"), "LoadLibraryW"), there);
     char* const module = FindModule(process_.Get(), path);
     if (module == nullptr) {
         throw ReasonNotToLoad(process_.Get());
     }
-    VirtualFreeEx(process_.Get(), there, 0, MEM_RELEASE);
     return module;
 }
 
