@@ -19,6 +19,7 @@
 #include "simulator/dial/recording.h"
 #include "simulator/dial/script.h"
 #include "simulator/functions/intercepted.h"
+#include "simulator/functions/only_dial.h"
 #include "simulator/functions/resources.h"
 #include "simulator/instruments/journal.h"
 #include "simulator/instruments/leak_tracker.h"
@@ -248,3 +249,4 @@ void dialsim_reset() { ResetAll(); }
 
 bool dialsim_start() { return InterceptLibraries(); }
 bool dialsim_watch(const char* module) { return InterceptModule(module); }
+bool dialsim_only_dial(bool only_dial) { return SetOnlyDial(only_dial); }

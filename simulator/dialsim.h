@@ -62,6 +62,24 @@ bool dialsim_start(void);
  * true. */
 bool dialsim_watch(const char* module);
 
+/*
+ * Sets whether only the dial is simulated (default: no, unless the environment variable DIALSIM_ONLY_DIAL is
+ * 1). The controller, its menu and items, the configuration and the haptics are then the simulator's. The
+ * other classes are the system's: property values, URIs, storage files, stream references, application data,
+ * the vault, device enumeration and the API probe; so are streams. Where the system lacks one, its
+ * activation fails with 0x80040154 (REGDB_E_CLASSNOTREG).
+ *
+ * The journal, faults and leak tracking cover the flat functions and the dial's classes, not the objects of
+ * the system. The sections "Asynchronous operations", "Devices" and "Settings and credentials" have no
+ * effect: the system's operations complete on its threads, and a test polls.
+ *
+ * A picture is read through the system's interfaces when its item is created, for at most five seconds for
+ * each of its two operations; its line in dialsim_menu is "PNG picture 32x32".
+ *
+ * Set it before initialize. Returns false natively, where there is no system beneath the simulator.
+ */
+bool dialsim_only_dial(bool only_dial);
+
 /* ---------------------------------------------------------------------------------------------------------
  * The dial
  * ------------------------------------------------------------------------------------------------------ */

@@ -27,7 +27,7 @@ HRESULT ToSetting(abi::IInspectable* value, Setting& setting) {
         return E_POINTER;
     }
     setting = Unbox(value);
-    const bool kept = setting || dynamic_cast<CompositeValue*>(value) != nullptr;
+    const bool kept = setting || OwnObject<CompositeValue>(value) != nullptr;
     return kept ? S_OK : kUnsupportedType;
 }
 

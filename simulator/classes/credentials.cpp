@@ -100,7 +100,7 @@ Ref<abi::IPasswordCredential> MakeCredential(WideView resource, WideView user_na
 
 // Empty for null and for other implementations of the interface.
 CredentialTexts TextsOf(abi::IPasswordCredential* credential) {
-    auto* ours = dynamic_cast<Credential*>(credential);
+    auto* ours = OwnObject<Credential>(credential);
     return ours == nullptr ? CredentialTexts() : ours->Texts();
 }
 

@@ -238,7 +238,7 @@ Outcome RadialMenu::Choose(std::uint32_t index) {
         return {kOutOfBounds, false, {}, false};
     }
     Select(items[index]);
-    auto* item = dynamic_cast<MenuItem*>(items[index].get());
+    auto* item = OwnObject<MenuItem>(items[index].get());
     return item == nullptr ? Outcome() : item->Invoke();
 }
 

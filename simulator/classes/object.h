@@ -68,6 +68,29 @@ Ref<T> Make(Arguments&&... arguments) {
     return Ref<T>::Attach(new T(std::forward<Arguments>(arguments)...));
 }
 
+// Null when the object does not implement the interface.
+template <class Wanted>
+Ref<Wanted> QueryFor(abi::IUnknown* object) {
+    void* found = nullptr;
+    object->QueryInterface(Wanted::Iid, &found);
+    return Ref<Wanted>::Attach(static_cast<Wanted*>(found));
+}
+
+// The objects of the simulator answer it, and no others.
+inline constexpr GUID kOwnObject = abi::Id("7029315f-e6eb-4275-9b01-09fbe556f00b");
+
+// The object as its class in the simulator; null for null and for another implementation. The object is
+// queried first, because dynamic_cast must not see objects of other compilers, such as the system's.
+template <class Own, class Interface>
+Own* OwnObject(Interface* object) {
+    void* own = nullptr;
+    if (object == nullptr || object->QueryInterface(kOwnObject, &own) < 0) {
+        return nullptr;
+    }
+    object->Release();
+    return dynamic_cast<Own*>(object);
+}
+
 // An object of a runtime class, created with one reference; its default interface is the first base. A query
 // for a published interface is a journaled operation, "QueryInterface(IPropertyValue)"; one for IUnknown,
 // IInspectable or IAgileObject is not.
@@ -86,7 +109,7 @@ public:
         }
         *object = nullptr;
         if (abi::SameId(iid, abi::IUnknown::Iid) || abi::SameId(iid, abi::IInspectable::Iid) ||
-            abi::SameId(iid, abi::IAgileObject::Iid)) {
+            abi::SameId(iid, abi::IAgileObject::Iid) || abi::SameId(iid, kOwnObject)) {
             return ReturnInterface<Default>(object);
         }
         HRESULT code = E_NOINTERFACE;

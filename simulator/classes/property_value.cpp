@@ -173,8 +173,20 @@ Ref<abi::IInspectable> Box(const Scalar& scalar) {
     return Ref<abi::IInspectable>::Attach(new BoxedValue(std::visit(value, scalar)));
 }
 
+std::optional<std::uint32_t> UnboxUInt32(abi::IInspectable& object) {
+    const JournalPause no_journal;
+    const auto value = QueryFor<abi::IPropertyValue>(&object);
+    PropertyType type{};
+    std::uint32_t number = 0;
+    if (!value || value->get_Type(&type) < 0 || type != PropertyType::UInt32 ||
+        value->GetUInt32(&number) < 0) {
+        return {};
+    }
+    return number;
+}
+
 std::optional<Scalar> Unbox(abi::IInspectable* object) {
-    const auto* boxed = dynamic_cast<BoxedValue*>(object);
+    const auto* boxed = OwnObject<BoxedValue>(object);
     if (boxed == nullptr) {
         return {};
     }

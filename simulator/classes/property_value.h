@@ -1,6 +1,7 @@
 // Boxed values.
 #pragma once
 
+#include <cstdint>
 #include <optional>
 
 #include "platform/interfaces/property_value.h"
@@ -10,6 +11,9 @@
 namespace dialsim {
 
 Ref<abi::IInspectable> Box(const Scalar& scalar);
+
+// The number in a UInt32 value of any implementation; empty for other types and other objects.
+std::optional<std::uint32_t> UnboxUInt32(abi::IInspectable& object);
 
 // Empty for null, for other implementations, and for types that Scalar does not have.
 std::optional<Scalar> Unbox(abi::IInspectable* object);

@@ -78,7 +78,7 @@ Ref<abi::IInspectable> MakeStorageFileStatics() {
 }
 
 WideString PathOf(abi::IStorageFile* file) {
-    const auto* ours = dynamic_cast<StorageFile*>(file);
+    const auto* ours = OwnObject<StorageFile>(file);
     return ours == nullptr ? WideString() : ours->path();
 }
 

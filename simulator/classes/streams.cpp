@@ -2,6 +2,7 @@
 
 #include "platform/interfaces/stream.h"
 #include "simulator/classes/factories.h"
+#include "simulator/classes/input_stream.h"
 #include "simulator/classes/storage_file.h"
 #include "simulator/functions/class_objects.h"
 #include "simulator/functions/classic_stream.h"
@@ -173,7 +174,7 @@ public:
         if (!stream_) {
             return dialsim::ReadPrefix(path_, count);
         }
-        auto* stream = dynamic_cast<StreamOverStream*>(stream_.get());
+        auto* stream = OwnObject<StreamOverStream>(stream_.get());
         return stream == nullptr ? std::string() : stream->ReadPrefix(count);
     }
     bool to_file() const { return !stream_; }
@@ -227,13 +228,13 @@ Ref<abi::IInspectable> MakeStreamReferenceStatics() {
 }
 
 std::string ReadPrefix(abi::IRandomAccessStreamReference* reference, std::size_t count) {
-    const auto* ours = dynamic_cast<StreamReference*>(reference);
-    return ours == nullptr ? std::string() : ours->ReadPrefix(count);
+    const auto* ours = OwnObject<StreamReference>(reference);
+    return ours == nullptr ? ReadThroughInterfaces(*reference, count) : ours->ReadPrefix(count);
 }
 
 std::string KindOfReference(abi::IRandomAccessStreamReference* reference) {
-    const auto* ours = dynamic_cast<StreamReference*>(reference);
-    return ours == nullptr ? "" : ours->to_file() ? "file" : "image";
+    const auto* ours = OwnObject<StreamReference>(reference);
+    return ours == nullptr ? "picture" : ours->to_file() ? "file" : "image";
 }
 
 }  // namespace dialsim

@@ -8,10 +8,11 @@
 
 namespace dialsim {
 
-// At most `count` bytes from the beginning of the file or stream; empty when it cannot be read.
+// At most `count` bytes from the beginning of the file or stream; empty when it cannot be read. Other
+// implementations of the interface are read as ReadThroughInterfaces says.
 std::string ReadPrefix(abi::IRandomAccessStreamReference* reference, std::size_t count);
 
-// "file" or "image"; empty for other implementations of the interface.
+// "file" or "image"; "picture" for other implementations of the interface.
 std::string KindOfReference(abi::IRandomAccessStreamReference* reference);
 
 }  // namespace dialsim

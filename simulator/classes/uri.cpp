@@ -74,8 +74,6 @@ public:
     Uri(WideView raw, std::string absolute)
         : Object(abi::Uri::Name), raw_(raw), absolute_(std::move(absolute)) {}
 
-    const std::string& absolute() const { return absolute_; }
-
     HRESULT get_AbsoluteUri(HSTRING* result) noexcept override {
         return ReturnAbsoluteUri("get_AbsoluteUri", result);
     }
@@ -160,8 +158,12 @@ public:
 Ref<abi::IInspectable> MakeUriFactory() { return Ref<abi::IInspectable>::Attach(new UriFactory); }
 
 std::string AbsoluteUri(abi::IUriRuntimeClass* uri) {
-    const auto* ours = dynamic_cast<Uri*>(uri);
-    return ours == nullptr ? std::string() : ours->absolute();
+    const JournalPause no_journal;
+    HSTRING absolute = nullptr;
+    if (uri == nullptr || uri->get_AbsoluteUri(&absolute) < 0) {
+        return {};
+    }
+    return TakeText(absolute);
 }
 
 }  // namespace dialsim

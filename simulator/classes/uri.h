@@ -8,7 +8,7 @@
 
 namespace dialsim {
 
-// "file:///C:/x/y.ttf"; empty for null and for other implementations.
+// "file:///C:/x/y.ttf", of any implementation; empty for null.
 std::string AbsoluteUri(abi::IUriRuntimeClass* uri);
 
 }  // namespace dialsim

@@ -9,7 +9,6 @@
 #include "simulator/classes/controller.h"
 #include "simulator/classes/controllers.h"
 #include "simulator/classes/property_value.h"
-#include "simulator/functions/real.h"
 
 namespace dialsim {
 
@@ -27,27 +26,23 @@ std::string SingleLine(std::string text) {
 
 std::string LabelOf(abi::IRadialControllerMenuItem& item) {
     HSTRING label = nullptr;
-    if (item.get_DisplayText(&label) < 0) {
-        return {};
-    }
-    const std::string text = Narrow(View(label));
-    TheLeakTracker().UntrackString(label);
-    real::WindowsDeleteString(label);
-    return SingleLine(text);
+    return item.get_DisplayText(&label) < 0 ? std::string() : SingleLine(TakeText(label));
 }
 
 std::string TagOf(abi::IRadialControllerMenuItem& item) {
     abi::IInspectable* result = nullptr;
     item.get_Tag(&result);
     const auto tag = Ref<abi::IInspectable>::Attach(result);
-    const auto value = Unbox(tag.get());
-    const auto* number = value ? std::get_if<std::uint32_t>(&*value) : nullptr;
-    return !tag ? "-" : number ? std::to_string(*number) : "not a number";
+    if (!tag) {
+        return "-";
+    }
+    const auto number = UnboxUInt32(*tag.get());
+    return number ? std::to_string(*number) : "not a number";
 }
 
 // Other implementations of the interface have no accessible picture.
 Picture PictureOf(abi::IRadialControllerMenuItem& item) {
-    const auto* ours = dynamic_cast<MenuItem*>(&item);
+    const auto* ours = OwnObject<MenuItem>(&item);
     return ours == nullptr ? Picture{"unknown picture"} : ours->picture();
 }
 

@@ -9,6 +9,7 @@
 
 #include "platform/function_table.h"
 #include "simulator/functions/class_objects.h"
+#include "simulator/functions/only_dial.h"
 #include "simulator/functions/real.h"
 #include "simulator/functions/strings.h"
 #include "simulator/instruments/journal.h"
@@ -155,7 +156,9 @@ HGLOBAL GlobalFree(HGLOBAL block) {
 HRESULT CreateStreamOnHGlobal(HGLOBAL block, BOOL delete_on_release, ::IStream** stream) {
     const HRESULT code = real::CreateStreamOnHGlobal(block, delete_on_release, stream);
     if (code >= 0) {
-        *stream = JournalStream(*stream);
+        if (!IsOnlyDial()) {
+            *stream = JournalStream(*stream);
+        }
         if (delete_on_release != 0) {
             TheLeakTracker().UntrackBlock(block);
         }
@@ -163,8 +166,10 @@ HRESULT CreateStreamOnHGlobal(HGLOBAL block, BOOL delete_on_release, ::IStream**
     return code;
 }
 // Simulated in both builds: Wine lacks this function.
-HRESULT CreateRandomAccessStreamOverStream(::IStream* stream, BSOS_OPTIONS, const IID& iid, void** result) {
-    return CreateStreamOverStream(stream, iid, result);
+HRESULT CreateRandomAccessStreamOverStream(::IStream* stream, BSOS_OPTIONS options, const IID& iid,
+                                           void** result) {
+    return IsOnlyDial() ? CreateSystemStreamOverStream(stream, options, iid, result)
+                        : CreateStreamOverStream(stream, iid, result);
 }
 
 }  // namespace tracked

@@ -21,4 +21,7 @@ namespace dialsim {
 // CO_E_NOTINITIALIZED on a thread that is in no apartment: it cannot activate a class.
 HRESULT CheckApartment();
 
+// Waits for about a millisecond of real time. A single-threaded apartment gets its incoming calls meanwhile.
+void WaitInApartment();
+
 }  // namespace dialsim

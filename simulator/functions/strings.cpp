@@ -19,4 +19,11 @@ WideView View(HSTRING string) {
     return {characters, length};
 }
 
+std::string TakeText(HSTRING string) {
+    std::string text = Narrow(View(string));
+    TheLeakTracker().UntrackString(string);
+    real::WindowsDeleteString(string);
+    return text;
+}
+
 }  // namespace dialsim

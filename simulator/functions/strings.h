@@ -1,6 +1,8 @@
 // Creating and reading platform strings.
 #pragma once
 
+#include <string>
+
 #include "simulator/system/text.h"
 
 namespace dialsim {
@@ -9,5 +11,8 @@ namespace dialsim {
 HRESULT NewString(WideView text, HSTRING* string);
 
 WideView View(HSTRING string);
+
+// Deletes the string, of the simulator or of the system, and returns its text.
+std::string TakeText(HSTRING string);
 
 }  // namespace dialsim

@@ -241,6 +241,7 @@ const Control kControls[] = {
     {"dialsim_on_call", [] { dialsim_on_call(CountCall, nullptr); }, CallsAreHooked},
     {"dialsim_accounts", AcquireOneOfEachKind, [] { return !LeakReport().empty(); }},
 #ifdef _WIN32
+    {"dialsim_only_dial", [] { EXPECT_TRUE(dialsim_only_dial(true)); }, SomeTypeIsMissing},
     {"dialsim_skip_sleeps", [] { dialsim_skip_sleeps(true); },
      [] {
          const std::uint64_t before = dialsim_now();
@@ -343,6 +344,7 @@ const char* const kWithoutARow[] = {
     "dialsim_store_file",
     "dialsim_put_store_file",
     "dialsim_now",
+    "dialsim_only_dial",
     "dialsim_wait",
     "dialsim_skip_sleeps",
     "dialsim_set_clock",

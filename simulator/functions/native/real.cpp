@@ -1,7 +1,9 @@
 #include "simulator/functions/real.h"
 
+#include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <thread>
 
 #include "simulator/functions/class_objects.h"
 #include "simulator/system/clock.h"
@@ -23,6 +25,8 @@ thread_local Apartment apartment;
 }  // namespace
 
 HRESULT CheckApartment() { return apartment.initializations == 0 ? kNotInitialized : S_OK; }
+
+void WaitInApartment() { std::this_thread::sleep_for(std::chrono::milliseconds(1)); }
 
 namespace real {
 

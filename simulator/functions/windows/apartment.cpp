@@ -8,4 +8,10 @@ HRESULT CheckApartment() {
     return CoGetApartmentType(&type, &qualifier);
 }
 
+void WaitInApartment() {
+    static HANDLE never = CreateEventW(nullptr, TRUE, FALSE, nullptr);
+    DWORD index = 0;
+    CoWaitForMultipleHandles(0, 1, 1, &never, &index);
+}
+
 }  // namespace dialsim
