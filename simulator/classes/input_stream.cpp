@@ -95,14 +95,17 @@ bool Completes(abi::IInspectable* operation) {
     const auto info = operation == nullptr ? Ref<abi::IAsyncInfo>() : QueryFor<abi::IAsyncInfo>(operation);
     const auto deadline = std::chrono::steady_clock::now() + kDeadline;
     auto status = abi::AsyncStatus::Started;
-    while (info && info->get_Status(&status) >= 0 && status == abi::AsyncStatus::Started) {
+    while (info && info->get_Status(&status) >= 0) {
+        if (status != abi::AsyncStatus::Started) {
+            return status == abi::AsyncStatus::Completed;
+        }
         if (std::chrono::steady_clock::now() > deadline) {
             info->Cancel();
             return false;
         }
         WaitInApartment();
     }
-    return status == abi::AsyncStatus::Completed;
+    return false;
 }
 
 Ref<abi::IInputStream> Open(abi::IRandomAccessStreamReference& reference) {
