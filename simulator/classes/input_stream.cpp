@@ -10,6 +10,8 @@ namespace dialsim {
 
 namespace {
 
+using ReadOperation = abi::IAsyncOperationWithProgress<abi::IBuffer, std::uint32_t>;
+
 constexpr std::chrono::seconds kDeadline{5};
 
 // Not an Object: the system's threads use it, and may release it late. Their calls are neither journaled nor
@@ -141,7 +143,7 @@ std::string ReadThroughInterfaces(abi::IRandomAccessStreamReference& reference, 
         return {};
     }
     const auto buffer = Make<ReadBuffer>(count);
-    const auto reading = ResultOf<abi::IReadOperation>([&](auto** result) {
+    const auto reading = ResultOf<ReadOperation>([&](auto** result) {
         stream->ReadAsync(buffer.get(), static_cast<std::uint32_t>(count), abi::InputStreamOptions::None,
                           result);
     });

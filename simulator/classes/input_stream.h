@@ -10,6 +10,8 @@
 namespace brindle::abi {
 
 struct IRandomAccessStreamWithContentType : IInspectable {
+    static constexpr GUID Iid = Id("cc254827-4b3d-438f-9232-10c76bc7e038");
+
 protected:
     ~IRandomAccessStreamWithContentType() = default;
 };
@@ -33,23 +35,34 @@ protected:
     ~IBufferByteAccess() = default;
 };
 
-// IAsyncOperationWithProgress<IBuffer, UInt32>
-struct IReadOperation : IInspectable {
+template <>
+struct Signature<std::uint32_t> {
+    static constexpr auto Text = FixedText("u4");
+};
+
+// The handlers' types are left out: an operation is polled.
+template <class Result, class Progress>
+struct IAsyncOperationWithProgress : IInspectable {
+    static constexpr GUID GenericId = Id("b5d036d7-e297-498f-ba60-0289e76e23dd");
+    static constexpr GUID Iid = ParameterisedId(Signature<IAsyncOperationWithProgress>::Text);
     virtual HRESULT put_Progress(IUnknown* handler) noexcept = 0;
     virtual HRESULT get_Progress(IUnknown** result) noexcept = 0;
     virtual HRESULT put_Completed(IUnknown* handler) noexcept = 0;
     virtual HRESULT get_Completed(IUnknown** result) noexcept = 0;
-    virtual HRESULT GetResults(IBuffer** result) noexcept = 0;
+    virtual HRESULT GetResults(Abi<Result>* result) noexcept = 0;
 
 protected:
-    ~IReadOperation() = default;
+    ~IAsyncOperationWithProgress() = default;
 };
+static_assert(SameId(IAsyncOperationWithProgress<IBuffer, std::uint32_t>::Iid,
+                     Id("d26b2819-897f-5c7d-84d6-56d796561431")));
 
 enum class InputStreamOptions : std::uint32_t { None = 0 };
 
 struct IInputStream : IInspectable {
+    static constexpr GUID Iid = Id("905a0fe2-bc53-11df-8c49-001e4fc686da");
     virtual HRESULT ReadAsync(IBuffer* buffer, std::uint32_t count, InputStreamOptions options,
-                              IReadOperation** result) noexcept = 0;
+                              IAsyncOperationWithProgress<IBuffer, std::uint32_t>** result) noexcept = 0;
 
 protected:
     ~IInputStream() = default;

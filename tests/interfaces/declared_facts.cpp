@@ -17,6 +17,7 @@
 #include "platform/interfaces/ui_input.h"
 #include "platform/interfaces/ui_input_menu.h"
 #include "platform/interfaces/uri.h"
+#include "simulator/classes/input_stream.h"
 #include "simulator/instruments/type_names.h"
 
 namespace brindle::abi {
@@ -82,6 +83,7 @@ std::string ClassFact() {
 namespace shapes {
 
 using IAsyncOperation = abi::IAsyncOperation<StorageFile>;
+using IAsyncOperationWithProgress = abi::IAsyncOperationWithProgress<IBuffer, std::uint32_t>;
 using AsyncOperationCompletedHandler = abi::AsyncOperationCompletedHandler<StorageFile>;
 using TypedEventHandler = abi::TypedEventHandler<RadialController, IInspectable>;
 using IVector = abi::IVector<RadialControllerMenuItem>;
@@ -382,6 +384,16 @@ std::vector<std::string> InterfaceFacts() {
         METHOD_FACT(IRandomAccessStream, CloneStream),
         METHOD_FACT(IRandomAccessStream, get_CanRead),
         METHOD_FACT(IRandomAccessStream, get_CanWrite),
+        INTERFACE_FACTS(IRandomAccessStreamWithContentType),
+        INTERFACE_FACTS(IInputStream),
+        METHOD_FACT(IInputStream, ReadAsync),
+        INTERFACE_FACTS(IBuffer),
+        METHOD_FACT(IBuffer, get_Capacity),
+        METHOD_FACT(IBuffer, get_Length),
+        METHOD_FACT(IBuffer, put_Length),
+        INTERFACE_FACTS(IBufferByteAccess),
+        METHOD_FACT(IBufferByteAccess, Buffer),
+        VALUE_FACT(InputStreamOptions, None),
         INTERFACE_FACTS(IPasswordVault),
         METHOD_FACT(IPasswordVault, Add),
         METHOD_FACT(IPasswordVault, Remove),
@@ -404,6 +416,12 @@ std::vector<std::string> InterfaceFacts() {
         METHOD_FACT(IAsyncOperation, put_Completed),
         METHOD_FACT(IAsyncOperation, get_Completed),
         METHOD_FACT(IAsyncOperation, GetResults),
+        INTERFACE_FACTS(IAsyncOperationWithProgress),
+        METHOD_FACT(IAsyncOperationWithProgress, put_Progress),
+        METHOD_FACT(IAsyncOperationWithProgress, get_Progress),
+        METHOD_FACT(IAsyncOperationWithProgress, put_Completed),
+        METHOD_FACT(IAsyncOperationWithProgress, get_Completed),
+        METHOD_FACT(IAsyncOperationWithProgress, GetResults),
         INTERFACE_FACTS(AsyncOperationCompletedHandler),
         METHOD_FACT(AsyncOperationCompletedHandler, Invoke),
         INTERFACE_FACTS(TypedEventHandler),

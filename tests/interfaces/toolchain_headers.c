@@ -11,6 +11,7 @@
 #include <windows.h>
 #include <windows.media.speechsynthesis.h>
 #include <windows.storage.h>
+#include <windows.storage.streams.h>
 
 struct ToolchainNumber {
     const char* Name;
@@ -37,6 +38,7 @@ struct ToolchainIdentifier {
 #define DATA(method) SLOT(IApplicationData, __x_ABI_CWindows_CStorage_CIApplicationData, method)
 #define CONTAINER(method) \
     SLOT(IApplicationDataContainer, __x_ABI_CWindows_CStorage_CIApplicationDataContainer, method)
+#define BUFFER(method) SLOT(IBuffer, __x_ABI_CWindows_CStorage_CStreams_CIBuffer, method)
 #define OPERATION(method) SLOT(IAsyncOperation, __FIAsyncOperation_1_boolean, method)
 #define COMPLETED(method) \
     SLOT(AsyncOperationCompletedHandler, __FIAsyncOperationCompletedHandler_1_boolean, method)
@@ -109,6 +111,10 @@ const struct ToolchainNumber kToolchainNumbers[] = {
     CONTAINER(get_Containers),
     CONTAINER(CreateContainer),
     CONTAINER(DeleteContainer),
+    SLOTS(IBuffer, __x_ABI_CWindows_CStorage_CStreams_CIBuffer),
+    BUFFER(get_Capacity),
+    BUFFER(get_Length),
+    BUFFER(put_Length),
     SLOTS(IAsyncOperation, __FIAsyncOperation_1_boolean),
     OPERATION(put_Completed),
     OPERATION(get_Completed),
@@ -183,6 +189,8 @@ const struct ToolchainNumber kToolchainNumbers[] = {
     { #type, &IID_##type }
 #define STORAGE(type) \
     { #type, &IID___x_ABI_CWindows_CStorage_C##type }
+#define STREAMS(type) \
+    { #type, &IID___x_ABI_CWindows_CStorage_CStreams_C##type }
 
 const struct ToolchainIdentifier kToolchainIdentifiers[] = {
     BASE(IUnknown),
@@ -196,6 +204,7 @@ const struct ToolchainIdentifier kToolchainIdentifiers[] = {
     STORAGE(IApplicationDataStatics),
     STORAGE(IApplicationData),
     STORAGE(IApplicationDataContainer),
+    STREAMS(IBuffer),
     {NULL, NULL},
 };
 

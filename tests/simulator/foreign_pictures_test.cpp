@@ -15,6 +15,8 @@ namespace {
 
 const std::string kPng(
     "\x89PNG\r\n\x1a\n\0\0\0\x0DIHDR\0\0\0\x10\0\0\0\x10\x08\x06\0\0\0\x1F\xF3\xFF\x61 and the rest", 42);
+using ReadOperation = abi::IAsyncOperationWithProgress<abi::IBuffer, std::uint32_t>;
+
 constexpr int kNever = std::numeric_limits<int>::max();
 
 // The implementation's calls, and how they end.
@@ -118,7 +120,7 @@ private:
     std::uint8_t* const bytes_ = reinterpret_cast<std::uint8_t*>(const_cast<char*>(kPng.data()));
 };
 
-class ForeignReading final : public ForeignOperation<abi::IReadOperation> {
+class ForeignReading final : public ForeignOperation<ReadOperation> {
 public:
     using ForeignOperation::ForeignOperation;
 
@@ -146,7 +148,7 @@ public:
     using Foreign::Foreign;
 
     HRESULT ReadAsync(abi::IBuffer* buffer, std::uint32_t count, abi::InputStreamOptions,
-                      abi::IReadOperation** result) noexcept override {
+                      ReadOperation** result) noexcept override {
         ForeignReading* reading = nullptr;
         const HRESULT code = Make<ForeignReading>(&reading);
         *result = reading;
