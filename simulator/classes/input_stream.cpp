@@ -137,7 +137,6 @@ std::string BytesOf(abi::IBuffer& buffer) {
 }  // namespace
 
 std::string ReadThroughInterfaces(abi::IRandomAccessStreamReference& reference, std::size_t count) {
-    const JournalPause no_journal;
     const Ref<abi::IInputStream> stream = Open(reference);
     if (!stream) {
         return {};

@@ -174,7 +174,6 @@ Ref<abi::IInspectable> Box(const Scalar& scalar) {
 }
 
 std::optional<std::uint32_t> UnboxUInt32(abi::IInspectable& object) {
-    const JournalPause no_journal;
     const auto value = QueryFor<abi::IPropertyValue>(&object);
     PropertyType type{};
     std::uint32_t number = 0;
