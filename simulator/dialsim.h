@@ -359,7 +359,7 @@ enum {
  *   null OPERATION [FROM [TIMES]]
  *   async at-once|held|own-thread            delay MS            complete INDEX|all  settle
  *   no-devices                               device ID [disabled]
- *   packaged            unpackaged           show stores
+ *   packaged            unpackaged           show stores         only-dial on|off
  *   show journal         show accounts       show menu           draw menu FILE
  *   mouse X Y down|move|up                   shot FILE
  *
@@ -371,6 +371,7 @@ enum {
  *   show stores     prints the three stores, each under its name
  *   show accounts   prints the outstanding references, as dialsim_accounts
  *   draw menu       writes the picture of dialsim_menu_svg to a file
+ *   only-dial       as dialsim_only_dial; on Windows only
  *   mouse           the left mouse button in the window; on Windows only
  *   shot            writes a screenshot of the window and of the simulator's dial to a PNG file; on Windows
  *                   only
@@ -497,9 +498,9 @@ size_t dialsim_accounts(char* buffer, size_t size);
 
 /* Restores the initial state: no faults, no hook, an empty journal, the dial off the screen, the button up,
  * default haptics, no resources, only the dial among the devices, the initial package identity, sleeps that
- * sleep, all system items in every menu, no recording, and leak tracking that starts anew. Waits as
- * dialsim_wait_for_async and abandons pending operations; existing controllers and operations no longer take
- * part. */
+ * sleep, all system items in every menu, no recording, all classes simulated or only the dial as at the start,
+ * and leak tracking that starts anew. Waits as dialsim_wait_for_async and abandons pending operations;
+ * existing controllers and operations no longer take part. */
 void dialsim_reset(void);
 
 #ifdef __cplusplus

@@ -16,6 +16,7 @@
 #include "simulator/dial/commands.h"
 #include "simulator/dial/menu_model.h"
 #include "simulator/dial/open_menu.h"
+#include "simulator/functions/only_dial.h"
 #include "simulator/instruments/journal.h"
 #include "simulator/instruments/leak_tracker.h"
 #include "simulator/instruments/operations.h"
@@ -310,6 +311,11 @@ const Command kCommands[] = {
      [](const Words&) -> Action { return WithoutResult([](Player&) { SetPackaged(true); }); }},
     {"unpackaged", 1, 1,
      [](const Words&) -> Action { return WithoutResult([](Player&) { SetPackaged(false); }); }},
+    {"only-dial", 2, 2,
+     [](const Words& words) -> Action {
+         return Require([on = ParseChoice(words[1], "on", "off")](Player&) { return SetOnlyDial(on); },
+                        "there is no system beneath the simulator");
+     }},
     {"show", 2, 2, [](const Words& words) -> Action { return ParseShow(words[1]); }},
     {"draw", 3, 3,
      [](const Words& words) -> Action {

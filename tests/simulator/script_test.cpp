@@ -156,6 +156,25 @@ TEST_F(Scripts, TheCommandsBeforeAFailedLineTakePlaceAndNoneAfterIt) {
     EXPECT_EQ(recorder.TakeEvents(), "turn 3; ");
 }
 
+// The simulator's probe knows every type, the system's does not.
+TEST_F(Scripts, SimulateOnlyTheDialWhereThereIsASystem) {
+    const auto probe_knows_a_type = [] {
+        ComPtr<abi::IApiInformationStatics> types;
+        EXPECT_EQ(GetFactory<abi::ApiInformation>(types), S_OK);
+        abi::boolean present = 0;
+        types->IsTypePresent(ToPlatformString("Some.Type").Get(), &present);
+        return present != 0;
+    };
+#ifdef _WIN32
+    Play("only-dial on");
+    EXPECT_FALSE(probe_knows_a_type());
+    Play("only-dial off");
+#else
+    EXPECT_EQ(ErrorOf("only-dial on"), "line 1: there is no system beneath the simulator");
+#endif
+    EXPECT_TRUE(probe_knows_a_type());
+}
+
 TEST_F(Scripts, BeginWithTheNewestWindowAndDirectWhatFollows) {
     EventRecorder older(16);
     EventRecorder newest(17);
@@ -334,6 +353,8 @@ TEST_F(Scripts, AParseErrorIsReported) {
         {"mouse 1 x down", "'x'"},
         {"mouse 1 2 drag", "'drag'"},
         {"shot", "'shot'"},
+        {"only-dial", "'only-dial'"},
+        {"only-dial yes", "'yes'"},
         {"wait -1", "'-1'"},
         {"wait 1.5", "'1.5'"},
         {"wait 4294967296", "'4294967296'"},
