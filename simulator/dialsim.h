@@ -498,8 +498,8 @@ size_t dialsim_accounts(char* buffer, size_t size);
 
 /* Restores the initial state: no faults, no hook, an empty journal, the dial off the screen, the button up,
  * default haptics, no resources, only the dial among the devices, the initial package identity, sleeps that
- * sleep, all system items in every menu, no recording, all classes simulated or only the dial as at the start,
- * and leak tracking that starts anew. Waits as dialsim_wait_for_async and abandons pending operations;
+ * sleep, all system items in every menu, no recording, the initial choice of dialsim_only_dial, and leak
+ * tracking that starts anew. Waits as dialsim_wait_for_async and abandons pending operations;
  * existing controllers and operations no longer take part. */
 void dialsim_reset(void);
 

@@ -8,8 +8,8 @@ namespace dialsim {
 
 constexpr HRESULT kClassNotRegistered = static_cast<HRESULT>(0x80040154);  // REGDB_E_CLASSNOTREG
 
-// Returns kClassNotRegistered for a class that the simulator does not implement, or that is the system's while
-// only the dial is simulated.
+// Returns kClassNotRegistered for a class that the simulator does not implement, or that is the system's
+// while only the dial is simulated.
 HRESULT GetClassFactory(HSTRING class_name, const IID& iid, void** factory);
 
 // Takes ownership of the stream and returns a wrapper with journal, leak tracking and fault injection.
