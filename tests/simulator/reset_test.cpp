@@ -14,6 +14,7 @@
 #include "platform/interfaces/metadata.h"
 #include "platform/interfaces/storage.h"
 #include "platform/text.h"
+#include "support/environment_variable.h"
 #include "support/stores_folder.h"
 
 namespace brindle::reset_test {
@@ -304,7 +305,15 @@ TEST_F(Reset, BringsEveryControlBack) {
     }
 }
 
-#ifndef _WIN32
+#ifdef _WIN32
+TEST_F(Reset, SimulatesOnlyTheDialWhenTheEnvironmentSaysSo) {
+    const EnvironmentVariable only_dial("DIALSIM_ONLY_DIAL", "1");
+    dialsim_reset();
+    EXPECT_TRUE(SomeTypeIsMissing());
+    EXPECT_TRUE(dialsim_only_dial(false));
+    EXPECT_FALSE(SomeTypeIsMissing());
+}
+#else
 TEST_F(Reset, ForgetsShortPaths) {
     folder->Write("session.dial", "");
     const std::string path = folder->PathOf("session.dial");

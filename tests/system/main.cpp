@@ -17,8 +17,11 @@ class Summary final : public testing::EmptyTestEventListener {
         }
     }
     void OnTestProgramEnd(const testing::UnitTest& tests) override {
-        std::printf("system_tests: %d passed, %d skipped", tests.successful_test_count(),
-                    tests.skipped_test_count());
+        std::printf("system_tests: %d passed, ", tests.successful_test_count());
+        if (const int failed = tests.failed_test_count(); failed > 0) {
+            std::printf("%d failed, ", failed);
+        }
+        std::printf("%d skipped", tests.skipped_test_count());
         const char* separator = ": ";
         for (const auto& [reason, tests_with_it] : reasons_) {
             std::printf("%s%s (%d)", separator, reason.c_str(), tests_with_it);
