@@ -70,8 +70,8 @@ bool dialsim_watch(const char* module);
  * activation fails with 0x80040154 (REGDB_E_CLASSNOTREG).
  *
  * The journal, faults and leak tracking cover the flat functions and the dial's classes, not the objects of
- * the system. The sections "Asynchronous operations", "Devices" and "Settings and credentials" have no
- * effect: the system's operations complete on its threads, and a test polls.
+ * the system. dialsim_set_type_present and the sections "Asynchronous operations", "Devices" and "Settings
+ * and credentials" have no effect: the system's operations complete on its threads, and a test polls.
  *
  * A picture is read through the system's interfaces when its item is created, for at most five seconds for
  * each of its two operations; its line in dialsim_menu is "PNG picture 32x32".
