@@ -56,9 +56,9 @@ public:
         }
         return left;
     }
-    HRESULT GetIids(std::uint32_t*, GUID**) noexcept { return E_NOTIMPL; }
-    HRESULT GetRuntimeClassName(HSTRING*) noexcept { return E_NOTIMPL; }
-    HRESULT GetTrustLevel(abi::TrustLevel*) noexcept { return E_NOTIMPL; }
+    HRESULT GetIids(std::uint32_t*, GUID**) noexcept override { return E_NOTIMPL; }
+    HRESULT GetRuntimeClassName(HSTRING*) noexcept override { return E_NOTIMPL; }
+    HRESULT GetTrustLevel(abi::TrustLevel*) noexcept override { return E_NOTIMPL; }
 
 protected:
     virtual ~Foreign() { --source_.objects; }
