@@ -201,7 +201,9 @@ Result Perform(const Report& report, const std::wstring& folder, const Check& ch
     const std::string outcome = Outcome(check, Run(report, folder, check));
     const auto seconds = static_cast<unsigned>((GetTickCount64() - start) / 1000);
     std::string output = report.From(before);
-    const std::string result = outcome + ", " + std::to_string(seconds) + " s: " + LastLine(output);
+    const std::string last = LastLine(output);
+    const std::string result =
+        outcome + ", " + std::to_string(seconds) + " s" + (last.empty() ? "" : ": " + last);
     std::printf("%s\n", result.c_str());
     return {check.name + ": " + result, outcome == "passed", std::move(output)};
 }
