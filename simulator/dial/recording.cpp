@@ -16,8 +16,6 @@ namespace dialsim {
 
 namespace {
 
-constexpr char kHeading[] = "# What the dial did: angles in degrees, times in milliseconds";
-
 Mutex mutex;
 std::FILE* file = nullptr;
 std::string& current_window = *new std::string;  // the window of the last `window` line
@@ -45,8 +43,36 @@ void WriteWait() {
     }
 }
 
-// `window` is empty for a command without a window.
-void Write(const std::string& command, const std::string& window) {
+void Close() {
+    if (file != nullptr) {
+        std::fclose(file);
+        file = nullptr;
+    }
+}
+
+const ResetAction end_recording(ResetPhase::Work, EndRecording);
+
+}  // namespace
+
+bool StartRecording(const std::string& path, const std::string& heading) {
+    const std::lock_guard guard(mutex);
+    Close();
+    file = OpenFile(path, "wb");
+    if (file == nullptr) {
+        return false;
+    }
+    WriteLine("# " + heading + ": angles in degrees, times in milliseconds");
+    current_window.clear();
+    idle_since_ms = ClockNow();
+    return true;
+}
+
+void EndRecording() {
+    const std::lock_guard guard(mutex);
+    Close();
+}
+
+void RecordCommand(const std::string& command, const std::string& window) {
     const std::lock_guard guard(mutex);
     if (file == nullptr) {
         return;
@@ -60,52 +86,27 @@ void Write(const std::string& command, const std::string& window) {
     idle_since_ms = ClockNow();
 }
 
-void Close() {
-    if (file != nullptr) {
-        std::fclose(file);
-        file = nullptr;
-    }
-}
-
-const ResetAction end_recording(ResetPhase::Work, EndRecording);
-
-}  // namespace
-
-bool StartRecording(const std::string& path) {
+void EndCommand() {
     const std::lock_guard guard(mutex);
-    Close();
-    file = OpenFile(path, "wb");
-    if (file == nullptr) {
-        return false;
-    }
-    WriteLine(kHeading);
-    current_window.clear();
     idle_since_ms = ClockNow();
-    return true;
-}
-
-void EndRecording() {
-    const std::lock_guard guard(mutex);
-    Close();
 }
 
 RecordingScope::RecordingScope(const std::string& command) {
     if (command_depth++ == 0) {
-        Write(command, "");
+        RecordCommand(command, "");
     }
 }
 
 // Without a controller no event is raised, and the line would fail in a replay.
 RecordingScope::RecordingScope(std::uint64_t window, const std::string& command) {
     if (command_depth++ == 0 && NewestControllerOf(window)) {
-        Write(command, WindowName(window));
+        RecordCommand(command, WindowName(window));
     }
 }
 
 RecordingScope::~RecordingScope() {
     if (--command_depth == 0) {
-        const std::lock_guard guard(mutex);
-        idle_since_ms = ClockNow();
+        EndCommand();
     }
 }
 

@@ -16,9 +16,16 @@ std::string Command(std::string text, Numbers... numbers) {
     return text;
 }
 
-// Ends a running recording: there is one at a time. False when the file cannot be written.
-bool StartRecording(const std::string& path);
+// Ends a running recording: there is one at a time. The heading is the beginning of the first line, a
+// comment. False when the file cannot be written.
+bool StartRecording(const std::string& path, const std::string& heading = "What the dial did");
 void EndRecording();
+
+// Records a command for the window with this name, "@1"; empty for a command without a window. The time since
+// the end of the last command is recorded as a wait.
+void RecordCommand(const std::string& command, const std::string& window);
+// The handlers of the last command have ended: their time is not recorded.
+void EndCommand();
 
 // Records a command, with a window only if that has a controller; its handlers run during the lifetime of the
 // object. The time between two of these objects is recorded as a wait, the time of the handlers is not.

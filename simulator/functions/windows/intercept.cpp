@@ -22,7 +22,7 @@ const Hook kHooks[] = {
 #undef HOOK
 };
 
-void* ReplacementOf(const char* name) {
+void* InterceptedFunction(const char* name) {
     for (const Hook& hook : kHooks) {
         if (std::strcmp(name, hook.name) == 0) {
             return hook.replacement;
@@ -41,16 +41,20 @@ bool Write(void** entry, void* value) {
     return VirtualProtect(entry, sizeof *entry, protection, &protection) != FALSE;
 }
 
+void* (*replacement_of)(const char* name) = InterceptedFunction;
+
 // One module may be hooked by two threads: by dialsim_start and by the loader's notification.
 Mutex& mutex = *new Mutex;
 
 }  // namespace
 
+void SetReplacements(void* (*function)(const char* name)) { replacement_of = function; }
+
 bool HookImports(HMODULE module) {
     const std::lock_guard guard(mutex);
     bool hooked = true;
     ModuleImage(module).VisitImports([&](const char* name, void** entry, bool bound) {
-        if (void* const replacement = ReplacementOf(name)) {
+        if (void* const replacement = replacement_of(name)) {
             hooked = bound && (*entry == replacement || Write(entry, replacement)) && hooked;
         }
     });

@@ -24,6 +24,10 @@ std::vector<LoadedModule> LoadedModules();
 // not bound them, as in a module that is loaded without its dependencies.
 bool HookImports(HMODULE module);
 
+// Sets what HookImports writes for the function with this name, null for nothing; by default the intercepted
+// flat functions.
+void SetReplacements(void* (*function)(const char* name));
+
 // Sets the event that is set when a library is hooked.
 void SetEventForLibraries(HANDLE event);
 

@@ -11,7 +11,9 @@
 #include "simulator/functions/windows/libraries.h"
 #include "simulator/launcher/statuses.h"
 #include "simulator/launcher/windows/attachment.h"
+#include "simulator/launcher/windows/recorder.h"
 #include "simulator/launcher/windows/version.h"
+#include "simulator/stores/store_files.h"
 #include "simulator/system/text.h"
 
 namespace dialsim {
@@ -55,10 +57,14 @@ const VersionCheck version_check;
 }  // namespace dialsim
 
 // Runs on a thread that dialsim-run creates in the program, before the program's own first instruction. The
-// argument is valid during the call.
+// argument is valid during the call. DIALSIM_REAL is the file of a recording of the real dial, which then is
+// not simulated.
 extern "C" DWORD WINAPI DialsimAttach(void* argument) {
     const auto events = *static_cast<const dialsim::Attachment*>(argument);
     dialsim::SetEventForLibraries(events.library_loaded);
     dialsim::FirstController().Subscribe([=](std::uint64_t /*window*/) { SetEvent(events.dial_in_use); });
+    if (const std::string recording = dialsim::Environment("DIALSIM_REAL"); !recording.empty()) {
+        dialsim::RecordRealDial(recording);
+    }
     return dialsim::InterceptLibraries() ? 0 : 1;
 }
