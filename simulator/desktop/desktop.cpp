@@ -80,6 +80,8 @@ public:
 
     void UpdateDisplay() override { RedrawDialWindow(); }
 
+    void UpdateDisplaySoon() override { RedrawDialWindowSoon(); }
+
     void ShowFeedback() override { ShowDialFeedback(); }
 
     bool SendMouse(std::uint64_t window, MouseAction action, int x, int y) override {
@@ -93,6 +95,7 @@ public:
     }
 
     bool WriteScreenshot(std::uint64_t window, const std::string& path) override {
+        RedrawDialWindow();
         const DpiScope per_monitor;  // the pixels of the screen
         std::vector<RECT> areas = {ClientScreenRect(HandleOf(window))};
         if (const HWND dial = TheDialWindow()) {

@@ -36,6 +36,7 @@ constexpr UINT_PTR kFeedbackTimer = 3;
 constexpr UINT kFeedbackMs = 150;
 
 std::atomic<HWND> dial_window = nullptr;
+std::atomic<bool> is_update_posted = false;
 
 // Reports an exception of a handler. The real platform would end the process.
 void ReportException(HRESULT code) {
@@ -139,6 +140,7 @@ LRESULT CALLBACK DialWindow::OnWindowMessage(HWND window, UINT message, WPARAM w
 bool DialWindow::OnMessage(UINT message, WPARAM wparam, LPARAM lparam) {
     switch (message) {
         case kUpdateDisplay:
+            is_update_posted = false;
             ring_.UpdateDisplay();
             Repaint();
             return true;
@@ -430,6 +432,13 @@ HWND TheDialWindow() { return dial_window; }
 void RedrawDialWindow() {
     if (const HWND window = dial_window) {
         SendMessageW(window, kUpdateDisplay, 0, 0);
+    }
+}
+
+void RedrawDialWindowSoon() {
+    const HWND window = dial_window;
+    if (window != nullptr && !is_update_posted.exchange(true)) {
+        PostMessageW(window, kUpdateDisplay, 0, 0);
     }
 }
 

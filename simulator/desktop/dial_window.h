@@ -16,6 +16,8 @@ HWND TheDialWindow();
 
 // Returns when dial and ring show the current state.
 void RedrawDialWindow();
+// The same without a wait.
+void RedrawDialWindowSoon();
 
 // Marks the dial for a moment. Does not wait: a thread that plays a waveform may hold locks.
 void ShowDialFeedback();

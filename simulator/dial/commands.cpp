@@ -41,7 +41,7 @@ EventResult Turn(std::uint64_t window, double degrees) {
     if (MoveHighlight(degrees)) {
         return {};
     }
-    TheDesktop().UpdateDisplay();
+    TheDesktop().UpdateDisplaySoon();
     return RaiseOnControllers(window, [=](Controller& controller, const DialState& state) {
         return controller.RaiseRotation(state, degrees);
     });
@@ -60,7 +60,7 @@ EventResult Click(std::uint64_t window) {
 void Hold(bool down) {
     const RecordingScope recording(down ? "hold" : "release");
     TheDial().Update([=](DialState& state) { state.button_down = down; });
-    TheDesktop().UpdateDisplay();
+    TheDesktop().UpdateDisplaySoon();
 }
 
 EventResult Touch(std::uint64_t window, const abi::Rect& bounds) {

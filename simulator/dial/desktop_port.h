@@ -23,6 +23,9 @@ public:
     // Returns when the display shows the current state of dial and menu.
     virtual void UpdateDisplay() {}
 
+    // The same without a wait: drawing the dial takes as long as a pause between two turns.
+    virtual void UpdateDisplaySoon() {}
+
     // Shows for a moment that the dial plays a waveform. Called on any thread, also that of the display.
     virtual void ShowFeedback() {}
 
