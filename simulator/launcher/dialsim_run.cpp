@@ -19,7 +19,8 @@ namespace {
 using namespace dialsim;
 
 constexpr char kHelp[] =
-    "usage: dialsim-run [--script FILE.dial] [--] PROGRAM.exe [ARGUMENT...]\n"
+    "usage: dialsim-run [--script FILE.dial] [--record FILE.dial] [--] PROGRAM.exe [ARGUMENT...]\n"
+    "       dialsim-run --real --record FILE.dial [--] PROGRAM.exe [ARGUMENT...]\n"
     "\n"
     "Starts a program that uses the platform's dial and draws a simulated one beside its\n"
     "window. Dragging the knob or the mouse wheel turns it, a click presses it, and holding\n"
@@ -30,6 +31,8 @@ constexpr char kHelp[] =
     "  --script FILE.dial   plays the script to the program's window, then closes it; ends a\n"
     "                       program that uses no dial for 30 seconds (or the number in\n"
     "                       DIALSIM_START_SECONDS)\n"
+    "  --record FILE.dial   records what the dial does as a script\n"
+    "  --real               records the real dial of this computer and simulates nothing\n"
     "\n"
     "dialsim.dll, which lies beside dialsim-run, answers the platform calls of brindle.dll\n"
     "inside the program's process, on Windows and under Wine. Nothing is installed or\n"
@@ -49,7 +52,9 @@ constexpr char kHelp[] =
 
 struct Options {
     bool help = false;
+    bool real = false;
     std::wstring script;
+    std::wstring recording;
     std::vector<std::wstring> command;
 };
 
@@ -60,8 +65,12 @@ Options ParseArguments(const std::vector<std::wstring>& words) {
     for (; i < words.size() && words[i].starts_with(L"--"); ++i) {
         if (words[i] == L"--help") {
             options.help = true;
+        } else if (words[i] == L"--real") {
+            options.real = true;
         } else if (words[i] == L"--script" && i + 1 < words.size()) {
             options.script = words[++i];
+        } else if (words[i] == L"--record" && i + 1 < words.size()) {
+            options.recording = words[++i];
         } else if (words[i] == L"--") {
             ++i;
             break;
@@ -69,7 +78,10 @@ Options ParseArguments(const std::vector<std::wstring>& words) {
             return options;
         }
     }
-    options.command.assign(words.begin() + static_cast<std::ptrdiff_t>(i), words.end());
+    // The real dial is recorded; a script cannot turn it.
+    if (!options.real || (options.script.empty() && !options.recording.empty())) {
+        options.command.assign(words.begin() + static_cast<std::ptrdiff_t>(i), words.end());
+    }
     return options;
 }
 
@@ -144,7 +156,20 @@ HMODULE LoadSimulator() {
     return module;
 }
 
+// Creates the file, which stays empty until the program creates its first controller.
+bool CreateEmptyFile(const std::wstring& path) {
+    std::FILE* const file = _wfopen(path.c_str(), L"wb");
+    return file != nullptr && std::fclose(file) == 0;
+}
+
 void SetSession(const Options& options) {
+    if (options.real) {
+        SetEnvironmentVariableW(L"DIALSIM_REAL", options.recording.c_str());
+        return;
+    }
+    if (!options.recording.empty()) {
+        SetEnvironmentVariableW(L"DIALSIM_RECORD", options.recording.c_str());
+    }
     SetEnvironmentVariableW(L"DIALSIM_WINDOW", L"1");
     if (!options.script.empty()) {
         SetEnvironmentVariableW(L"DIALSIM_SCRIPT", options.script.c_str());
@@ -208,6 +233,10 @@ int main() {
     if (options.help || options.command.empty()) {
         std::fputs(kHelp, options.help ? stdout : stderr);
         return options.help ? 0 : kUsageError;
+    }
+    if (!options.recording.empty() && !CreateEmptyFile(options.recording)) {
+        Complain(options.recording, "cannot be written");
+        return kUsageError;
     }
     SetConsoleCtrlHandler(IgnoreInterrupt, TRUE);
     const HMODULE simulator = LoadSimulator();

@@ -163,7 +163,7 @@ public:
 private:
     template <class Body>
     void Record(Body body);
-    bool IsOldestOfWindow() const;
+    bool IsNewestOfWindow() const;
 
     // Require the lock. The second and the third also record what the event says of the dial's state.
     void Write(const std::string& command) const { RecordCommand(command, name_); }
@@ -204,10 +204,11 @@ RecordedController::~RecordedController() {
     std::erase(registry.controllers, this);
 }
 
-// A command moves the dial for all controllers of its window, so only one of them is recorded.
-bool RecordedController::IsOldestOfWindow() const {
+// A command moves the dial for all controllers of its window, so only one of them is recorded: the newest,
+// which has the menu of a program that has replaced its listener.
+bool RecordedController::IsNewestOfWindow() const {
     const auto& all = registry.controllers;
-    return *std::find_if(all.begin(), all.end(),
+    return *std::find_if(all.rbegin(), all.rend(),
                          [this](const auto* controller) { return controller->window_ == window_; }) == this;
 }
 
@@ -215,7 +216,7 @@ bool RecordedController::IsOldestOfWindow() const {
 template <class Body>
 void RecordedController::Record(Body body) {
     const std::lock_guard guard(registry.mutex);
-    if (IsOldestOfWindow()) {
+    if (IsNewestOfWindow()) {
         body();
     }
 }
