@@ -13,7 +13,7 @@
 #include "simulator/classes/dial_state.h"
 #include "simulator/classes/object.h"
 #include "simulator/dial/recording.h"
-#include "simulator/launcher/windows/counted.h"
+#include "simulator/functions/counted.h"
 #include "simulator/system/text.h"
 #include "sync.h"
 
@@ -32,12 +32,10 @@ public:
     explicit Handler(Action action) : action_(std::move(action)) {}
 
     HRESULT QueryInterface(const GUID& iid, void** object) noexcept override {
-        if (abi::SameId(iid, abi::IUnknown::Iid) || abi::SameId(iid, abi::IAgileObject::Iid) ||
-            abi::SameId(iid, EventHandler<Args>::Iid)) {
-            return this->ReturnThis(object);
-        }
-        *object = nullptr;
-        return E_NOINTERFACE;
+        return this->ReturnThis(abi::SameId(iid, abi::IUnknown::Iid) ||
+                                    abi::SameId(iid, abi::IAgileObject::Iid) ||
+                                    abi::SameId(iid, EventHandler<Args>::Iid),
+                                object);
     }
     HRESULT Invoke(abi::Abi<abi::RadialController> sender, abi::Abi<Args> args) noexcept override {
         action_(sender, args);
@@ -58,40 +56,40 @@ void Add(Controller& controller,
     }
 }
 
-// --- what the arguments of an event say
+// --- what the platform says of an event
+
+// Returns the result of a getter, null after a failure.
+template <class Interface, class Get>
+Ref<Interface> Result(Get get) {
+    Interface* result = nullptr;
+    return get(&result) < 0 ? Ref<Interface>() : Ref<Interface>::Attach(result);
+}
 
 template <class Args>
 std::optional<abi::Rect> ContactOf(Args* args) {
-    abi::IRadialControllerScreenContact* contact = nullptr;
-    if (args->get_Contact(&contact) < 0 || contact == nullptr) {
-        return {};
-    }
-    const auto owner = Ref<abi::IRadialControllerScreenContact>::Attach(contact);
+    const auto contact =
+        Result<abi::IRadialControllerScreenContact>([=](auto result) { return args->get_Contact(result); });
     abi::Rect bounds{};
-    return contact->get_Bounds(&bounds) < 0 ? std::nullopt : std::optional(bounds);
+    return contact && contact->get_Bounds(&bounds) >= 0 ? std::optional(bounds) : std::nullopt;
 }
 
 // Empty on a platform without the second interface.
 std::optional<bool> ButtonOf(abi::IRadialControllerRotationChangedEventArgs* args) {
-    abi::IRadialControllerRotationChangedEventArgs2* button = nullptr;
-    if (args->QueryInterface(abi::IRadialControllerRotationChangedEventArgs2::Iid,
-                             reinterpret_cast<void**>(&button)) < 0) {
-        return {};
-    }
-    const auto owner = Ref<abi::IRadialControllerRotationChangedEventArgs2>::Attach(button);
+    using SecondArgs = abi::IRadialControllerRotationChangedEventArgs2;
+    const auto button = Result<SecondArgs>(
+        [=](auto result) { return args->QueryInterface(SecondArgs::Iid, reinterpret_cast<void**>(result)); });
     abi::boolean pressed = 0;
-    return button->get_IsButtonPressed(&pressed) < 0 ? std::nullopt : std::optional(pressed != 0);
+    return button && button->get_IsButtonPressed(&pressed) >= 0 ? std::optional(pressed != 0) : std::nullopt;
 }
-
-// --- the selected item
 
 // Compared, never used: the recording owns no item.
 using Identity = const void*;
 
 Identity IdentityOf(abi::IUnknown* object) {
-    abi::IUnknown* identity = nullptr;
-    object->QueryInterface(abi::IUnknown::Iid, reinterpret_cast<void**>(&identity));
-    return Ref<abi::IUnknown>::Attach(identity).get();
+    return Result<abi::IUnknown>([=](auto result) {
+               return object->QueryInterface(abi::IUnknown::Iid, reinterpret_cast<void**>(result));
+           })
+        .get();
 }
 
 // An item of the menu. The identity differs when a new menu has another item at the same index.
@@ -101,13 +99,6 @@ struct Item {
 
     bool operator==(const Item&) const = default;
 };
-
-// Returns the result of a getter, null after a failure.
-template <class Interface, class Get>
-Ref<Interface> Result(Get get) {
-    Interface* result = nullptr;
-    return get(&result) < 0 ? Ref<Interface>() : Ref<Interface>::Attach(result);
-}
 
 // Empty when no item of the program is selected.
 std::optional<Item> SelectedItem(Controller* controller) {

@@ -8,9 +8,9 @@
 #include "platform/interfaces/ui_input.h"
 #include "simulator/classes/object.h"
 #include "simulator/dial/recording.h"
+#include "simulator/functions/counted.h"
 #include "simulator/functions/real.h"
 #include "simulator/functions/windows/libraries.h"
-#include "simulator/launcher/windows/counted.h"
 #include "simulator/launcher/windows/real_dial.h"
 #include "simulator/launcher/windows/version.h"
 #include "simulator/system/text.h"
@@ -74,7 +74,7 @@ public:
     HRESULT QueryInterface(const GUID& iid, void** object) noexcept override {
         const bool own = abi::SameId(iid, abi::IUnknown::Iid) || abi::SameId(iid, abi::IInspectable::Iid) ||
                          abi::SameId(iid, abi::IRadialControllerInterop::Iid);
-        return own ? ReturnThis(object) : real_->QueryInterface(iid, object);
+        return own ? ReturnThis(own, object) : real_->QueryInterface(iid, object);
     }
     HRESULT GetIids(std::uint32_t* count, GUID** iids) noexcept override {
         return real_->GetIids(count, iids);

@@ -1,15 +1,14 @@
-// Reference counting of the objects that the recorder gives to the platform and to the library.
+// Reference counting of objects that are neither journaled nor classes of the simulated platform.
 #pragma once
 
 #include <atomic>
 #include <cstdint>
 
-#include "platform/interfaces/foundation.h"
+#include "platform/types.h"
 
 namespace dialsim {
 
-// Created with one reference. The classes of the simulator's platform are also journaled and tracked, which
-// the recorder's own objects must not be.
+// Created with one reference.
 template <class Interface>
 class Counted : public Interface {
 public:
@@ -29,14 +28,16 @@ public:
 protected:
     virtual ~Counted() = default;
 
-    // Answers a query for one of the object's own interfaces.
-    HRESULT ReturnThis(void** object) noexcept {
+    // Answers a query: with the object itself when it has the interface.
+    HRESULT ReturnThis(bool has_interface, void** object) noexcept {
+        *object = has_interface ? static_cast<Interface*>(this) : nullptr;
+        if (!has_interface) {
+            return E_NOINTERFACE;
+        }
         AddRef();
-        *object = static_cast<Interface*>(this);
         return S_OK;
     }
 
-private:
     std::atomic<std::uint32_t> references_{1};
 };
 
