@@ -163,8 +163,8 @@ bool CreateEmptyFile(const std::wstring& path) {
 }
 
 void SetSession(const Options& options) {
+    SetEnvironmentVariableW(L"DIALSIM_REAL", options.real ? options.recording.c_str() : nullptr);
     if (options.real) {
-        SetEnvironmentVariableW(L"DIALSIM_REAL", options.recording.c_str());
         return;
     }
     if (!options.recording.empty()) {
