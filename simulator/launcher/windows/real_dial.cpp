@@ -156,7 +156,8 @@ private:
     void Record(Body body);
     bool IsNewestOfWindow() const;
 
-    // Require the lock. The second and the third also record what the event says of the dial's state.
+    // Require the lock. An update writes a command when the event reports another state than the script so
+    // far.
     void Write(const std::string& command) const { RecordCommand(command, name_); }
     void WriteContact(const char* command, const abi::Rect& bounds);
     void UpdateContact(const std::optional<abi::Rect>& contact);
