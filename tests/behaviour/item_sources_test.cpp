@@ -4,6 +4,7 @@
 
 #include "menu.h"
 #include "support/edges.h"
+#include "support/file_uri.h"
 #include "support/pictures.h"
 
 namespace {
@@ -41,6 +42,19 @@ class FontFile : public ItemSource {
 protected:
     // The content does not matter: the library only reads the short name.
     const TemporaryFile font_{"a font with a long name.ttf", SmallPng()};
+
+    // The item's text when the font file is shown through its short name. On Windows the volume decides that
+    // name, and some volumes have none.
+    static std::string ShownAs(const TemporaryFile& font, [[maybe_unused]] const char* native_short_name) {
+#ifdef _WIN32
+        wchar_t path[MAX_PATH];
+        const DWORD length = GetShortPathNameW(font.Path(), path, MAX_PATH);
+        const std::string short_path = TemporaryFolder::Utf8Of({path, length});
+#else
+        const std::string short_path = font.folder().PathOf(native_short_name);
+#endif
+        return "\"Own glyph\" glyph B of font file " + FileUriOf(short_path) + ", tag 5\n";
+    }
 };
 
 constexpr const char* kIconNames[] = {"Scroll", "Zoom",     "UndoRedo",     "Volume", "NextPreviousTrack",
@@ -82,17 +96,15 @@ TEST_F(ItemSource, AGlyphOfAnInstalledFontIsShown) {
 
 TEST_F(FontFile, AGlyphOfAFontFileIsShownThroughItsShortName) {
     EXPECT_TRUE(SetMenu(kWindow, {CustomFont(5, font_.Path())}));
-    EXPECT_TRUE(Shows("\"Own glyph\" glyph B of font file file:///"));
-    EXPECT_FALSE(Shows("long name"));
+    EXPECT_TRUE(Shows(ShownAs(font_, "AFONTW~1.TTF"))) << MenuText(kWindow);
     EXPECT_EQ(dialsim_calls("IUriRuntimeClass::get_AbsoluteUri"), 1u);
     EXPECT_EQ(dialsim_calls("IRadialControllerMenuItem::get_DisplayText"), 1u);
 }
 
 TEST_F(FontFile, AFontFileMayHaveALongName) {
-    const TemporaryFile font(std::string(200, 'f') + ".ttf", SmallPng());
+    const TemporaryFile font(std::string(100, 'f') + ".ttf", SmallPng());
     EXPECT_TRUE(SetMenu(kWindow, {CustomFont(5, font.Path())}));
-    EXPECT_TRUE(Shows("\"Own glyph\" glyph B of font file file:///"));
-    EXPECT_FALSE(Shows("fffffffff")) << "no short name is as long";
+    EXPECT_TRUE(Shows(ShownAs(font, "FFFFFF~1.TTF"))) << MenuText(kWindow);
 }
 
 TEST_F(FontFile, TheBufferForAShortNameIsAsLongAsThePlatformSays) {

@@ -33,6 +33,9 @@ int DescriptorOf(std::FILE* file) { return fileno(file); }
 
 constexpr int kStandardOutput = 1;
 
+// The name of the file with the captured output.
+constexpr char kOutput[] = "output";
+
 // The contract does not define the position of the excluded calls.
 bool IsPredictable(std::string_view line) {
     return !line.starts_with("WindowsDeleteString(") && !line.starts_with("WindowsGetString");
@@ -40,10 +43,10 @@ bool IsPredictable(std::string_view line) {
 
 }  // namespace
 
-CapturedOutput::CapturedOutput(const std::string& path)
-    : path_(path),
+CapturedOutput::CapturedOutput(const TemporaryFolder& folder)
+    : folder_(folder),
       standard_output_(DuplicateDescriptor(kStandardOutput)),
-      file_(std::fopen(path.c_str(), "w")) {
+      file_(folder_.Open(kOutput, "w")) {
     if (file_ == nullptr) {
         std::abort();
     }
@@ -56,12 +59,12 @@ CapturedOutput::~CapturedOutput() {
     ReplaceDescriptor(standard_output_, kStandardOutput);
     CloseDescriptor(standard_output_);
     std::fclose(file_);
-    std::remove(path_.c_str());
+    folder_.Remove(kOutput);
 }
 
 std::string CapturedOutput::Take() {
     std::fflush(stdout);
-    std::FILE* reader = std::fopen(path_.c_str(), "rb");
+    std::FILE* reader = folder_.Open(kOutput, "rb");
     if (reader == nullptr) {
         std::abort();
     }
@@ -115,7 +118,7 @@ Actual::Actual(const Files& files, CallCounts& counts, std::vector<std::uint64_t
     : Player(std::move(windows), uses_stores, with_virtual_clock),
       files_(files),
       counts_(counts),
-      output_(stores_.PathOf("output")) {
+      output_(stores_) {
     dialsim_reset();
     module_ = AddResources();
     dialsim_async(DIALSIM_AT_ONCE);

@@ -17,10 +17,10 @@ struct CallCounts {
     std::uint64_t counts[kMost] = {};
 };
 
-// Redirects standard output to a file for the lifetime of the object.
+// Redirects standard output to a file of the folder for the lifetime of the object.
 class CapturedOutput {
 public:
-    explicit CapturedOutput(const std::string& path);
+    explicit CapturedOutput(const TemporaryFolder& folder);
     CapturedOutput(const CapturedOutput&) = delete;
     CapturedOutput& operator=(const CapturedOutput&) = delete;
     ~CapturedOutput();
@@ -29,7 +29,7 @@ public:
     std::string Take();
 
 private:
-    const std::string path_;
+    const TemporaryFolder& folder_;
     const int standard_output_;
     std::FILE* const file_;
     long taken_ = 0;

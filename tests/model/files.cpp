@@ -1,11 +1,8 @@
 #include "files.h"
 
-#include <cstdio>
-#include <cstdlib>
-
 #include "fuzz/unicode.h"
+#include "support/file_uri.h"
 #include "support/pictures.h"
-#include "support/stores_folder.h"
 
 namespace model {
 
@@ -23,53 +20,22 @@ const std::vector<std::uint8_t>& LargePng() {
     return bytes;
 }
 
-// Each component is a short name.
-std::string NewFolder() {
-#ifdef _WIN32
-    char folder[MAX_PATH + 1];
-    char name[MAX_PATH + 1];
-    GetTempPathA(sizeof folder, folder);
-    GetTempFileNameA(folder, "bm", 0, name);
-    std::remove(name);
-    StoresFolder::MakeFolder(name);
-    return name;
-#else
-    std::string name = "/tmp/bmXXXXXX";
-    return mkdtemp(name.data());
-#endif
-}
-
-void WriteFile(const std::string& path, const std::vector<std::uint8_t>& bytes) {
-    std::FILE* file = std::fopen(path.c_str(), "wb");
-    if (file == nullptr || std::fwrite(bytes.data(), 1, bytes.size(), file) != bytes.size() ||
-        std::fclose(file) != 0) {
-        std::abort();
-    }
-}
-
-#ifdef _WIN32
-constexpr char kSeparator = '\\';
-#else
-constexpr char kSeparator = '/';
-#endif
-
 }  // namespace
 
-Files::Files() : folder_(NewFolder()) {
+Files::Files() {
     for (const File file : kFiles) {
         const bool large = file == File::LargePicture;
         const bool damaged = file == File::Damaged;
-        WriteFile(folder_ + kSeparator + NameOf(file), large     ? LargePng()
-                                                       : damaged ? std::vector<std::uint8_t>{'P', 'N', 'G'}
-                                                                 : SmallPng());
+        folder_.Write(NameOf(file), large     ? LargePng()
+                                    : damaged ? std::vector<std::uint8_t>{'P', 'N', 'G'}
+                                              : SmallPng());
     }
 }
 
 Files::~Files() {
     for (const File file : kFiles) {
-        std::remove((folder_ + kSeparator + NameOf(file)).c_str());
+        folder_.Remove(NameOf(file));
     }
-    StoresFolder::RemoveFolder(folder_);
 }
 
 std::string Files::NameOf(File file) const {
@@ -92,13 +58,13 @@ std::string Files::NameOf(File file) const {
 WideText Files::PathOf(File file) const {
     switch (file) {
         case File::Folder:
-            return Utf16Of(folder_);
+            return folder_.wide_path();
         case File::Relative:
             return Utf16Of("small.png");
         case File::Empty:
             return {};
         default:
-            return Utf16Of(folder_ + kSeparator + NameOf(file));
+            return folder_.WidePathOf(NameOf(file));
     }
 }
 
@@ -128,7 +94,7 @@ WideText Files::ShortPathOf(const WideText& path) const {
 WideText Files::ShortPathOf(const WideText& path) const {
     switch (Find(path)) {
         case File::LongFont:
-            return Utf16Of(folder_ + "/MODELF~1.TTF");
+            return folder_.WidePathOf("MODELF~1.TTF");
         default:
             return path;
     }
@@ -147,14 +113,7 @@ std::string Files::WithPath(std::string call) const {
     return call;
 }
 
-std::string Files::UriOf(const WideText& path) {
-    std::string text = Utf8Of(path);
-    for (std::size_t place = text.find_first_of("\\ "); place != std::string::npos;
-         place = text.find_first_of("\\ ", place)) {
-        text.replace(place, 1, text[place] == ' ' ? "%20" : "/");
-    }
-    return (text.starts_with('/') ? "file://" : "file:///") + text;
-}
+std::string Files::UriOf(const WideText& path) { return FileUriOf(Utf8Of(path)); }
 
 std::uint64_t AddResources() {
 #ifdef _WIN32

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "sequence.h"
+#include "support/temporary_folder.h"
 
 namespace model {
 
@@ -35,7 +36,7 @@ private:
     std::string NameOf(File file) const;
     File Find(const WideText& path) const;
 
-    std::string folder_;
+    const TemporaryFolder folder_;
 };
 
 // The resources of type PNG in the module of the items.

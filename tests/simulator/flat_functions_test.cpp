@@ -17,28 +17,26 @@ protected:
 };
 
 TEST_F(FlatFunctions, WithoutACodeReturnNothingUnderAFault) {
-    const WideText path(file_.NarrowPath().begin(), file_.NarrowPath().end());
     for (const char* operation : {"PathFileExistsW", "GetShortPathNameW", "FindResourceW", "SizeofResource",
                                   "LoadResource", "LockResource", "GlobalAlloc", "GlobalLock"}) {
         EXPECT_TRUE(dialsim_fail(operation, E_FAIL, 1, 1)) << operation;
     }
-    EXPECT_FALSE(PathFileExistsW(path.c_str()));
-    EXPECT_EQ(GetShortPathNameW(path.c_str(), nullptr, 0), 0u);
+    EXPECT_FALSE(PathFileExistsW(file_.Path()));
+    EXPECT_EQ(GetShortPathNameW(file_.Path(), nullptr, 0), 0u);
     EXPECT_EQ(FindResourceW(nullptr, UTF16("x"), UTF16("PNG")), nullptr);
     EXPECT_EQ(SizeofResource(nullptr, nullptr), 0u);
     EXPECT_EQ(LoadResource(nullptr, nullptr), nullptr);
     EXPECT_EQ(LockResource(nullptr), nullptr);
     EXPECT_EQ(GlobalAlloc(GMEM_MOVEABLE, 1), nullptr);
     EXPECT_EQ(GlobalLock(nullptr), nullptr);
-    EXPECT_TRUE(PathFileExistsW(path.c_str()));
+    EXPECT_TRUE(PathFileExistsW(file_.Path()));
 }
 
 TEST_F(FlatFunctions, AnswerTheNumberOfAFaultThatIsPositive) {
-    const WideText path(file_.NarrowPath().begin(), file_.NarrowPath().end());
-    const DWORD needed = GetShortPathNameW(path.c_str(), nullptr, 0);
+    const DWORD needed = GetShortPathNameW(file_.Path(), nullptr, 0);
     EXPECT_TRUE(dialsim_fail("GetShortPathNameW", 2, 1, 1));
-    EXPECT_EQ(GetShortPathNameW(path.c_str(), nullptr, 0), 2u);
-    EXPECT_EQ(GetShortPathNameW(path.c_str(), nullptr, 0), needed);
+    EXPECT_EQ(GetShortPathNameW(file_.Path(), nullptr, 0), 2u);
+    EXPECT_EQ(GetShortPathNameW(file_.Path(), nullptr, 0), needed);
 }
 
 TEST_F(FlatFunctions, AreJournaledWithEmptyTexts) {

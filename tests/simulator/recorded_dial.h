@@ -1,7 +1,6 @@
 // A recording of the dial in a temporary file.
 #pragma once
 
-#include <cstdio>
 #include <string>
 
 #include "support/simulator_fixture.h"
@@ -13,7 +12,7 @@ class RecordedDial : public SimulatorApartmentTest {
 protected:
     void TearDown() override {
         dialsim_record(nullptr);
-        std::remove(Path().c_str());
+        folder_.Remove("session.dial");
         SimulatorApartmentTest::TearDown();
     }
 

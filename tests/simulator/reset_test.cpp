@@ -274,7 +274,7 @@ protected:
         folder = &folder_;
     }
     void TearDown() override {
-        std::remove(folder_.PathOf("session.dial").c_str());
+        folder_.Remove("session.dial");
         SimulatorApartmentTest::TearDown();
     }
 

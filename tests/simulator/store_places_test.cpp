@@ -15,23 +15,21 @@ namespace {
 constexpr HRESULT kDenied = Code(0x80070005);
 
 TEST_F(StoresInAFolder, ThatCannotBeReadFailWithTheSystemsCode) {
-    const std::string in_the_way = folder.PathOf("roaming.json");
-    StoresFolder::MakeFolder(in_the_way);
+    folder.MakeFolder("roaming.json");
     Object value;
     EXPECT_EQ(Lookup("key", value), kDenied);
     EXPECT_EQ(StoreFile("roaming"), std::nullopt);
-    StoresFolder::RemoveFolder(in_the_way);
+    folder.RemoveFolder("roaming.json");
     EXPECT_EQ(Lookup("key", value), S_OK);
 }
 
 TEST_F(StoresInAFolder, ThatCannotBeWrittenFailWithTheSystemsCodeAndStay) {
     ASSERT_EQ(InsertText("key", "old"), S_OK);
-    const std::string in_the_way = folder.PathOf("roaming.json.new");
-    StoresFolder::MakeFolder(in_the_way);
+    folder.MakeFolder("roaming.json.new");
     EXPECT_EQ(InsertText("key", "new"), kDenied);
     EXPECT_FALSE(PutStoreFile("roaming", "content"));
     EXPECT_EQ(TextAt("key"), UTF16("old"));
-    StoresFolder::RemoveFolder(in_the_way);
+    folder.RemoveFolder("roaming.json.new");
     EXPECT_EQ(InsertText("key", "new"), S_OK);
 }
 
@@ -42,7 +40,7 @@ TEST_F(StoresInAFolder, InNoFolderFailWithTheSystemsCode) {
     EXPECT_FALSE(dialsim_clear_stores());
     EXPECT_FALSE(PutStoreFile("roaming", "content"));
     EXPECT_EQ(StoreFile("roaming"), std::nullopt);
-    std::remove(folder.PathOf("file").c_str());
+    folder.Remove("file");
 }
 
 // Host and library report no lost setting.
@@ -59,18 +57,17 @@ TEST_F(StoresInAFolder, ThatCannotBeWrittenAreReportedOnceForEachFolder) {
     EXPECT_EQ(testing::internal::GetCapturedStderr(),
               "dialsim: settings cannot be stored in '" + no_folder + "' (80070003)\n" +
                   "dialsim: settings cannot be stored in '" + below + "' (80070003)\n");
-    std::remove(no_folder.c_str());
+    folder.Remove("file");
 }
 
 TEST_F(StoresInAFolder, WithAFileThatCannotBeReplacedAreReported) {
     ASSERT_EQ(InsertText("key", "old"), S_OK);
-    const std::string in_the_way = folder.PathOf("roaming.json.new");
-    StoresFolder::MakeFolder(in_the_way);
+    folder.MakeFolder("roaming.json.new");
     testing::internal::CaptureStderr();
     EXPECT_EQ(InsertText("key", "new"), kDenied);
     EXPECT_EQ(testing::internal::GetCapturedStderr(),
               "dialsim: settings cannot be stored in '" + folder.path() + "' (80070005)\n");
-    StoresFolder::RemoveFolder(in_the_way);
+    folder.RemoveFolder("roaming.json.new");
 }
 
 TEST_F(StoresInAFolder, AreTheFilesThere) {
@@ -97,14 +94,14 @@ void ExpectStoresIn(const StoresFolder& folder, const std::vector<std::string>& 
     std::vector<std::string> made;
     for (const std::string& name : below) {
         path += (path.empty() ? "" : "/") + name;
-        made.insert(made.begin(), folder.PathOf(path));
+        made.insert(made.begin(), path);
     }
     EXPECT_TRUE(dialsim_put_setting("local", "key", "Int32", "1"));
     EXPECT_TRUE(folder.Has(path + "/local.json")) << path;
     EXPECT_TRUE(dialsim_clear_stores());
-    std::remove(folder.PathOf(path + "/lock").c_str());
+    folder.Remove(path + "/lock");
     for (const std::string& each : made) {
-        StoresFolder::RemoveFolder(each);
+        folder.RemoveFolder(each);
     }
 }
 

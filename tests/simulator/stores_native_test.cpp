@@ -67,9 +67,9 @@ TEST_F(NativeStores, CreateFoldersThatOnlyTheirOwnerMayRead) {
     EXPECT_EQ(ModeOf(outer), 0700u);
     EXPECT_EQ(ModeOf(inner), 0700u);
     EXPECT_TRUE(dialsim_clear_stores());
-    std::remove((inner + "/lock").c_str());
-    StoresFolder::RemoveFolder(inner);
-    StoresFolder::RemoveFolder(outer);
+    folder.Remove("outer/inner/lock");
+    folder.RemoveFolder("outer/inner");
+    folder.RemoveFolder("outer");
 }
 
 // During its lifetime, the system kills a child process that writes more than this to a file.

@@ -4,9 +4,6 @@
 #include <brindle.h>
 
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
-#include <random>
 #include <string>
 #include <vector>
 
@@ -16,6 +13,7 @@
 
 #include "simulator/dialsim.h"
 #include "support/constants.h"
+#include "support/temporary_folder.h"
 #include "support/utf16.h"
 
 // A picture of 2 by 3 pixels: a PNG header with its size.
@@ -26,39 +24,30 @@ inline const std::vector<std::uint8_t>& SmallPng() {
     return bytes;
 }
 
-// A temporary file with a name unique to the process; the destructor deletes it.
+// A temporary file; the destructor deletes it.
 class TemporaryFile {
 public:
     // Bytes are a string or a vector.
     template <class Bytes>
     TemporaryFile(const std::string& name, const Bytes& bytes)
-        : path_(Folder() + std::to_string(std::random_device()()) + name) {
-        std::FILE* file = std::fopen(path_.c_str(), "wb");
-        if (file == nullptr || std::fwrite(bytes.data(), 1, bytes.size(), file) != bytes.size() ||
-            std::fclose(file) != 0) {
-            std::abort();  // a test of a truncated picture would pass
-        }
-        wide_.assign(path_.begin(), path_.end());
+        : name_(name), wide_path_(folder_.WidePathOf(name)), path_(folder_.PathOf(name)) {
+        folder_.Write(name_, bytes);
     }
     TemporaryFile(const TemporaryFile&) = delete;
     TemporaryFile& operator=(const TemporaryFile&) = delete;
-    ~TemporaryFile() { std::remove(path_.c_str()); }
+    ~TemporaryFile() { folder_.Remove(name_); }
 
-    const BrindleChar* Path() const { return wide_.c_str(); }
+    const BrindleChar* Path() const { return wide_path_.c_str(); }
+    // In UTF-8, as the simulator's functions expect it.
     const std::string& NarrowPath() const { return path_; }
+    const TemporaryFolder& folder() const { return folder_; }
+    const std::string& name() const { return name_; }
 
 private:
-    static std::string Folder() {
-#ifdef _WIN32
-        char folder[MAX_PATH + 1];
-        return {folder, GetTempPathA(sizeof folder, folder)};
-#else
-        return "/tmp/";
-#endif
-    }
-
-    std::string path_;
-    WideText wide_;
+    const TemporaryFolder folder_;
+    const std::string name_;
+    const WideText wide_path_;
+    const std::string path_;
 };
 
 // A module with a picture of 2 by 3 pixels under this identifier; on Windows pictures.rc defines it.
