@@ -35,7 +35,7 @@ private:
 
 enum class Readers { Anyone, OwnerOnly };
 
-// The functions below require the lock: no other process has the files open.
+// The functions below require the lock: no other process of the simulator has the files open.
 
 // Empty when there is no such file.
 HRESULT ReadStoreFile(const std::string& path, std::optional<std::string>& content);

@@ -30,6 +30,35 @@ private:
     const HANDLE handle_;
 };
 
+// Virus scanners, indexers and backups open files that have just been written, for a moment and without
+// sharing them: a failed attempt is repeated for one second.
+template <class Attempt>
+bool Persist(Attempt attempt) {
+    constexpr DWORD kPauseMs = 10;
+    int pauses_left = 100;
+    while (!attempt()) {
+        const DWORD error = GetLastError();
+        const bool is_in_use = error == ERROR_SHARING_VIOLATION || error == ERROR_ACCESS_DENIED;
+        if (!is_in_use || pauses_left-- == 0) {
+            return false;
+        }
+        Sleep(kPauseMs);
+    }
+    return true;
+}
+
+HANDLE OpenFile(const WideString& path, DWORD access, DWORD disposition,
+                SECURITY_ATTRIBUTES* protection = nullptr) {
+    constexpr DWORD kShared = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+    HANDLE file = INVALID_HANDLE_VALUE;
+    Persist([&] {
+        file = CreateFileW(path.c_str(), access, kShared, protection, disposition, FILE_ATTRIBUTE_NORMAL,
+                           nullptr);
+        return file != INVALID_HANDLE_VALUE;
+    });
+    return file;
+}
+
 bool MakeOneFolder(const WideString& folder) {
     return CreateDirectoryW(folder.c_str(), nullptr) || GetLastError() == ERROR_ALREADY_EXISTS;
 }
@@ -48,17 +77,6 @@ HRESULT MakeFolder(const WideString& folder) {
     return MakeOneFolder(folder) ? S_OK : LastCode();
 }
 
-HANDLE OpenLockFile(const WideString& folder) {
-    return CreateFileW((folder + L"\\lock").c_str(), GENERIC_READ | GENERIC_WRITE,
-                       FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr, OPEN_ALWAYS,
-                       FILE_ATTRIBUTE_NORMAL, nullptr);
-}
-
-HANDLE CreateNew(const WideString& path, SECURITY_ATTRIBUTES* protection) {
-    return CreateFileW(path.c_str(), GENERIC_WRITE, 0, protection, CREATE_NEW, FILE_ATTRIBUTE_NORMAL,
-                       nullptr);
-}
-
 // Creates a file with this security descriptor from the beginning, in SDDL.
 HANDLE CreateProtected(const WideString& path, const WCHAR* description) {
     SECURITY_ATTRIBUTES protection{sizeof protection, nullptr, FALSE};
@@ -66,7 +84,7 @@ HANDLE CreateProtected(const WideString& path, const WCHAR* description) {
                                                               &protection.lpSecurityDescriptor, nullptr)) {
         return INVALID_HANDLE_VALUE;
     }
-    const HANDLE file = CreateNew(path, &protection);
+    const HANDLE file = OpenFile(path, GENERIC_WRITE, CREATE_NEW, &protection);
     const DWORD error = GetLastError();
     LocalFree(protection.lpSecurityDescriptor);
     SetLastError(error);
@@ -85,7 +103,7 @@ HANDLE CreateForOwner(const WideString& path) {
 WideString NewName(const WideString& path) { return path + L".new"; }
 
 bool RemoveOne(const WideString& path) {
-    return DeleteFileW(path.c_str()) || GetLastError() == ERROR_FILE_NOT_FOUND;
+    return Persist([&] { return DeleteFileW(path.c_str()) || GetLastError() == ERROR_FILE_NOT_FOUND; });
 }
 
 // Creates a new file, which has this protection from the beginning.
@@ -93,7 +111,8 @@ HRESULT WriteNewFile(const WideString& path, const std::string& content, Readers
     if (!RemoveOne(path)) {
         return LastCode();
     }
-    const Handle file(readers == Readers::OwnerOnly ? CreateForOwner(path) : CreateNew(path, nullptr));
+    const Handle file(readers == Readers::OwnerOnly ? CreateForOwner(path)
+                                                    : OpenFile(path, GENERIC_WRITE, CREATE_NEW));
     DWORD written = 0;
     const bool whole = file && ::WriteFile(file.get(), content.data(), static_cast<DWORD>(content.size()),
                                            &written, nullptr);
@@ -118,7 +137,7 @@ FolderLock::FolderLock(const std::string& folder) : file_(0), code_(MakeFolder(W
     if (code_ < 0) {
         return;
     }
-    const HANDLE file = OpenLockFile(Widen(folder));
+    const HANDLE file = OpenFile(Widen(folder) + L"\\lock", GENERIC_READ | GENERIC_WRITE, OPEN_ALWAYS);
     OVERLAPPED from_start{};
     const bool locked =
         file != INVALID_HANDLE_VALUE && LockFileEx(file, LOCKFILE_EXCLUSIVE_LOCK, 0, 1, 0, &from_start);
@@ -130,8 +149,7 @@ FolderLock::~FolderLock() { const Handle last(reinterpret_cast<HANDLE>(file_)); 
 
 HRESULT ReadStoreFile(const std::string& path, std::optional<std::string>& content) {
     content.reset();
-    const Handle file(CreateFileW(Widen(path).c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
-                                  FILE_ATTRIBUTE_NORMAL, nullptr));
+    const Handle file(OpenFile(Widen(path), GENERIC_READ, OPEN_EXISTING));
     if (!file) {
         return GetLastError() == ERROR_FILE_NOT_FOUND ? S_OK : LastCode();
     }
@@ -153,7 +171,9 @@ HRESULT ReplaceStoreFile(const std::string& path, const std::string& content, Re
         return code;
     }
     const DWORD how = MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH;
-    return MoveFileExW(NewName(target).c_str(), target.c_str(), how) ? S_OK : LastCode();
+    const bool moved =
+        Persist([&] { return MoveFileExW(NewName(target).c_str(), target.c_str(), how) != FALSE; });
+    return moved ? S_OK : LastCode();
 }
 
 HRESULT RemoveStoreFile(const std::string& path) {
