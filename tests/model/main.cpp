@@ -13,6 +13,7 @@
 #include "regression.h"
 #include "runner.h"
 #include "simulator/dialsim.h"
+#include "support/simulated_library.h"
 
 namespace {
 
@@ -125,8 +126,7 @@ int main(int count, char** words) {
     if (!Parse(count, words, options)) {
         return 2;
     }
-    if (!dialsim_start()) {
-        std::fprintf(stderr, "the simulator cannot be started\n");
+    if (!StartSimulatedLibrary()) {
         return 2;
     }
     const std::uint64_t failed = PlayAll(options);

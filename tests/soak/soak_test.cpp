@@ -25,6 +25,7 @@ extern "C" [[gnu::weak]] std::size_t __sanitizer_get_current_allocated_bytes();
 #include "simulator/dialsim.h"
 #include "support/constants.h"
 #include "support/silent_host.h"
+#include "support/simulated_library.h"
 #include "support/stores_folder.h"
 #include "support/utf16.h"
 
@@ -153,8 +154,11 @@ void Write(std::uint64_t i) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (argc != 4 || !dialsim_start()) {
+    if (argc != 4) {
         std::fprintf(stderr, "usage: soak_test CYCLES ROTATIONS WRITES\n");
+        return EXIT_FAILURE;
+    }
+    if (!StartSimulatedLibrary()) {
         return EXIT_FAILURE;
     }
     const StoresFolder stores;
