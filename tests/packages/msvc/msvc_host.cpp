@@ -8,13 +8,11 @@
 extern "C" {
 
 // The platform's declarations; its headers are not available for this target.
-__declspec(dllimport) int DeleteFileA(const char* path);
 __declspec(dllimport) __declspec(noreturn) void ExitProcess(unsigned status);
 __declspec(dllimport) uint32_t GetModuleFileNameW(void* module, wchar_t* path, uint32_t size);
 __declspec(dllimport) void* GetModuleHandleA(const char* name);
 __declspec(dllimport) void* GetProcAddress(void* module, const char* name);
 __declspec(dllimport) void* GetStdHandle(uint32_t which);
-__declspec(dllimport) int RemoveDirectoryA(const char* path);
 __declspec(dllimport) int WriteFile(void* file, const void* bytes, uint32_t count, uint32_t* written,
                                     void* overlapped);
 
@@ -27,7 +25,6 @@ void Start();
 namespace {
 
 constexpr uint64_t kWindow = 42;
-constexpr char kStores[] = "msvc_host.stores";  // in the current folder, during the run
 constexpr uint32_t kStandardOutput = static_cast<uint32_t>(-11);
 constexpr int32_t kFail = static_cast<int32_t>(0x80004005);
 
@@ -137,10 +134,31 @@ void CheckBytes(const MenuItemDescription& item) {
     CHECK(At<uint64_t>(&item, 40) == item.source3.number);
 }
 
+using Path = wchar_t[1024];
+
+void GetProgramPath(Path& path) {
+    const uint32_t units = sizeof(path) / sizeof(*path);
+    const uint32_t length = GetModuleFileNameW(nullptr, path, units);
+    CHECK(length > 0 && length < units);
+}
+
+// The path of a file in the program's folder.
+template <uint32_t Size>
+void GetPathBesideProgram(const wchar_t (&name)[Size], Path& path) {
+    GetProgramPath(path);
+    wchar_t* place = path;
+    for (wchar_t* unit = path; *unit != 0; ++unit)
+        place = *unit == L'\\' ? unit + 1 : place;
+    CHECK(place + Size <= path + sizeof(path) / sizeof(*path));
+    __builtin_memcpy(place, name, sizeof(name));
+}
+
 // The menu's text shows the kinds' numbers, the position of every source and the tags.
 void FillTheMenu() {
-    static wchar_t program[512];
-    CHECK(GetModuleFileNameW(nullptr, program, 512) != 0);
+    static Path program;
+    static Path picture;
+    GetProgramPath(program);
+    GetPathBesideProgram(L"brush.png", picture);
     const void* const module = GetModuleHandleA(nullptr);
     const MenuItemDescription items[] = {
         {MenuItemKind::KnownIcon, L"Louder", 7, 0, {.number = 3}, {}, {}},
@@ -148,7 +166,7 @@ void FillTheMenu() {
         // The font file's content does not matter: only its name is used.
         {MenuItemKind::CustomFont, L"Own", 9, 1, {.text = L"B"}, {.text = L"Signs"}, {.text = program}},
         {MenuItemKind::ResourcePNG, L"Resource", 10, 0, {.module = module}, {.number = 101}, {}},
-        {MenuItemKind::FilePNG, L"File", 11, 0, {.text = PICTURE}, {}, {}},
+        {MenuItemKind::FilePNG, L"File", 11, 0, {.text = picture}, {}, {}},
     };
     for (const MenuItemDescription& item : items)
         CheckBytes(item);
@@ -220,7 +238,7 @@ void CheckAndFree(wchar_t* text) {
 }
 
 void WriteSettings() {
-    dialsim_set_stores(kStores);
+    dialsim_set_stores(DIALSIM_MEMORY);
     CHECK(dialsim_clear_stores());
     dialsim_set_packaged(true);
     CHECK(set_string_in_storage(L"msvc_host", L"brush", L"Palette \x00E9") == 0);
@@ -233,8 +251,6 @@ void WriteSettings() {
     dialsim_set_packaged(false);
     CheckAndFree(get_string_from_storage(L"msvc_host", L"brush"));
     CHECK(dialsim_clear_stores());
-    CHECK(DeleteFileA("msvc_host.stores\\lock") != 0);
-    CHECK(RemoveDirectoryA(kStores) != 0);
 }
 
 }  // namespace
@@ -242,6 +258,9 @@ void WriteSettings() {
 void Start() {
     Host host;
     CHECK(dialsim_start());
+    // Otherwise the host would use the system's dial and the user's own vault.
+    uninit();  // harmless before initialize
+    CHECK(dialsim_calls("RoUninitialize") == 1);
     CHECK(initialize() == 0);
     CHECK(ByteOf(init_dial_listener, static_cast<IDialHost*>(&host)) == 1);
     TurnTheDial(host);
