@@ -646,7 +646,6 @@ TEST_F(DrawnDial, StaysOnTheScreen) {
 class LaunchedProgram : public testing::Test {
 protected:
     void SetUp() override {
-        StoresFolder::MakeFolder(folder_.PathOf("build"));
         GetCurrentDirectoryA(sizeof former_, former_);
         SetCurrentDirectoryA(folder_.path().c_str());
         SetEnvironmentVariableA("DIALSIM_STORES", folder_.path().c_str());
@@ -655,11 +654,10 @@ protected:
         SetCurrentDirectoryA(former_);
         SetEnvironmentVariableA("DIALSIM_STORES", nullptr);
         for (const char* shot : {"canvas.png", "canvas-menu.png", "canvas-grid.png", "again.png"}) {
-            std::remove(folder_.PathOf(std::string("build/") + shot).c_str());
+            folder_.Remove(shot);
         }
-        StoresFolder::RemoveFolder(folder_.PathOf("build"));
-        std::remove(folder_.PathOf("own.dial").c_str());
-        std::remove(folder_.PathOf("recorded.dial").c_str());
+        folder_.Remove("own.dial");
+        folder_.Remove("recorded.dial");
     }
 
     static int StatusOf(const std::vector<std::string>& arguments) {
@@ -710,12 +708,12 @@ TEST_F(LaunchedProgram, TheCanvasPaintsTheStrokesOfItsScript) {
                             {"the heart", 404, 245, 0xF3DB70},
                             {"the middle", 404, 284, 0xFFFFFF},
                             {"what was taken back", 144, 114, 0xFFFFFF}};
-    ExpectColors(folder_.PathOf("build/canvas.png"), {std::begin(flower), std::end(flower)});
-    ExpectColors(folder_.PathOf("build/canvas-menu.png"), {{"the highlighted item", 540, 210, 0x1F6FEB},
-                                                           {"the paper beside the ring", 60, 60, 0xFFFFFF}});
-    ExpectColors(folder_.PathOf("build/canvas-grid.png"), {{"a line down", 84, 60, 0xCDD5E0},
-                                                           {"a line across", 60, 84, 0xCDD5E0},
-                                                           {"between", 60, 60, 0xFFFFFF}});
+    ExpectColors(folder_.PathOf("canvas.png"), {std::begin(flower), std::end(flower)});
+    ExpectColors(folder_.PathOf("canvas-menu.png"), {{"the highlighted item", 540, 210, 0x1F6FEB},
+                                                     {"the paper beside the ring", 60, 60, 0xFFFFFF}});
+    ExpectColors(folder_.PathOf("canvas-grid.png"), {{"a line down", 84, 60, 0xCDD5E0},
+                                                     {"a line across", 60, 84, 0xCDD5E0},
+                                                     {"between", 60, 60, 0xFFFFFF}});
     // The last tool in use is Undo: the hue was chosen after it, but not turned.
     const std::string vault = folder_.Read("vault.json").value_or("");
     EXPECT_NE(vault.find("\"Brindle canvas/Petals\""), std::string::npos) << vault;
@@ -750,11 +748,10 @@ TEST_F(LaunchedProgram, ARecordedSessionPaintsTheSamePictureAgain) {
     EXPECT_EQ(StatusOf({"--script", CANVAS_SCRIPT, Beside("canvas.exe")}), 0);
     SetEnvironmentVariableA("DIALSIM_RECORD", nullptr);
 
-    std::remove(folder_.PathOf("vault.json").c_str());  // the replay starts with the session's initial stores
-    folder_.Write("own.dial",
-                  folder_.Read("recorded.dial").value_or("") + "wait 300\nshot build/again.png\n");
+    folder_.Remove("vault.json");  // the replay starts with the session's initial stores
+    folder_.Write("own.dial", folder_.Read("recorded.dial").value_or("") + "wait 300\nshot again.png\n");
     EXPECT_EQ(StatusOf({"--script", "own.dial", Beside("canvas.exe")}), 0);
-    ExpectSamePicture(folder_.PathOf("build/canvas-grid.png"), folder_.PathOf("build/again.png"));
+    ExpectSamePicture(folder_.PathOf("canvas-grid.png"), folder_.PathOf("again.png"));
 }
 
 TEST_F(LaunchedProgram, AScriptThatDoesNotParseEndsTheProgram) {
