@@ -8,8 +8,8 @@
 
 namespace {
 
-bool ReadFile(const char* path, std::string& content) {
-    std::FILE* file = std::fopen(path, "rb");
+bool ReadFile(const Text& path, std::string& content) {
+    std::FILE* file = OpenToRead(path);
     if (file == nullptr) {
         return false;
     }
@@ -21,6 +21,19 @@ bool ReadFile(const char* path, std::string& content) {
     return true;
 }
 
+#ifdef _WIN32
+// The picture is a resource of the program.
+void AddPicture() {}
+#else
+void AddPicture() {
+    std::string picture;
+    if (ReadFile(SAMPLE_RESOURCE, picture)) {
+        dialsim_add_resource(kSampleModule, 101, "PNG", picture.data(),
+                             static_cast<std::uint32_t>(picture.size()));
+    }
+}
+#endif
+
 std::string ContentOf(const char* store) {
     std::string content(dialsim_store(store, nullptr, 0), '\0');
     dialsim_store(store, content.data(), content.size());
@@ -29,26 +42,18 @@ std::string ContentOf(const char* store) {
 
 }  // namespace
 
-DialDriver::DialDriver(const char* script_path) {
-    if (!ReadFile(script_path, script_)) {
-        error_ = std::string("the script ") + script_path + " cannot be read";
+DialDriver::DialDriver(const Text& script_path) {
+    if (!dialsim_start()) {
+        error_ = "the dial cannot be simulated";
+    } else if (!ReadFile(script_path, script_)) {
+        error_ = "the script " + ToUtf8(script_path) + " cannot be read";
     }
-    dialsim_start();
-    // On Windows the picture is a resource of the program, and the call has no effect.
-    std::string picture;
-    if (ReadFile(SAMPLE_RESOURCE, picture)) {
-        dialsim_add_resource(kSampleModule, 101, "PNG", picture.data(),
-                             static_cast<std::uint32_t>(picture.size()));
-    }
+    AddPicture();
 }
 
 void DialDriver::Start(std::function<void()> done) {
     done_ = std::move(done);
-    if (Failed()) {
-        done_();
-    } else {
-        dialsim_play_in_background(script_.c_str(), DIALSIM_REAL_TIME, &DialDriver::OnEnd, this);
-    }
+    dialsim_play_in_background(script_.c_str(), DIALSIM_REAL_TIME, &DialDriver::OnEnd, this);
 }
 
 void DialDriver::Wait() { dialsim_wait_for_scripts(); }

@@ -150,7 +150,11 @@ int main(int argc, char** argv) {
     if (argc != 4) {
         return Fail("usage: sample_host SCRIPT.dial PICTURE.png FONT.ttf");
     }
-    DialDriver driver(argv[1]);  // first: the library then finds the simulated dial
+    const std::vector<Text> arguments = Arguments(argc, argv);
+    DialDriver driver(arguments[1]);  // first: the library then finds the simulated dial
+    if (driver.Failed()) {
+        return Fail(driver.Error());
+    }
     HostWindow window("Brindle sample host");
     if (window.Handle() == 0) {
         return Fail("the window cannot be created; is there a display?");
@@ -167,7 +171,6 @@ int main(int argc, char** argv) {
     Settings settings = LoadSettings();
     PrintSettings(settings);
 
-    const std::vector<Text> arguments = Arguments(argc, argv);
     if (!is_dial_present(window.Handle())) {
         std::printf("the dial is not present: no menu\n");
     } else if (!FillMenu(window.Handle(), arguments[2], arguments[3])) {

@@ -1,8 +1,9 @@
-// Conversions between UTF-16 and the console's UTF-8.
+// Texts in UTF-16: conversion to the console's UTF-8, the program's arguments, files by their paths.
 #pragma once
 
 #include <brindle.h>
 
+#include <cstdio>
 #include <string>
 #include <vector>
 
@@ -19,3 +20,6 @@ std::string ToUtf8(const Text& text);
 
 // The program's arguments, its own name first.
 std::vector<Text> Arguments(int argc, char** argv);
+
+// Null when the file cannot be read.
+std::FILE* OpenToRead(const Text& path);

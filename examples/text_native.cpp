@@ -53,3 +53,5 @@ std::vector<Text> Arguments(int argc, char** argv) {
     std::transform(argv, argv + argc, std::back_inserter(texts), FromUtf8);
     return texts;
 }
+
+std::FILE* OpenToRead(const Text& path) { return std::fopen(ToUtf8(path).c_str(), "rb"); }

@@ -20,3 +20,5 @@ std::vector<Text> Arguments(int /*argc*/, char** /*argv*/) {
     LocalFree(arguments);
     return texts;
 }
+
+std::FILE* OpenToRead(const Text& path) { return _wfopen(path.c_str(), L"rb"); }
