@@ -6,6 +6,7 @@
 #include <gdiplus.h>
 
 #include "simulator/desktop/gdiplus_session.h"
+#include "simulator/system/files.h"
 
 namespace dialsim {
 
@@ -130,17 +131,10 @@ POINT CornerOf(const Surface& surface, Point middle, int half_side) {
 
 // --- glyphs
 
-std::wstring PathOfUri(const std::string& uri) {
-    wchar_t path[MAX_PATH] = L"";
-    DWORD length = MAX_PATH;
-    PathCreateFromUrlW(Widen(uri).c_str(), path, &length, 0);
-    return path;
-}
-
 // Adds the font of a file to this process for the lifetime of the object.
 class FontFile {
 public:
-    explicit FontFile(const std::string& uri) : path_(PathOfUri(uri)) {
+    explicit FontFile(const std::string& uri) : path_(Widen(PathOfFileUri(uri))) {
         AddFontResourceExW(path_.c_str(), FR_PRIVATE, nullptr);
     }
     FontFile(const FontFile&) = delete;

@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "simulator/system/text.h"
 
@@ -12,6 +13,10 @@ namespace dialsim {
 
 // Whether the path begins with a drive, a share or, natively, the root.
 bool IsAbsolutePath(WideView path);
+
+// The Windows path of a file's absolute URI; empty for another URI. The system's PathCreateFromUrlW decodes
+// the UTF-8 of the URI in the user's code page.
+std::string PathOfFileUri(std::string_view uri);
 
 // False for a folder.
 bool IsFile(const WideString& path);
