@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <cstdio>
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -176,11 +177,27 @@ TEST_F(SimulatedMenu, IsDrawnAsWellFormedXml) {
     EXPECT_EQ(dialsim_menu_svg(kWindow + 1, nullptr, 0), 1u);
 }
 
+// Sets the current folder for the lifetime of the object.
+class CurrentFolder {
+public:
+    explicit CurrentFolder(const TemporaryFolder& folder) {
+        std::filesystem::current_path(std::filesystem::path(folder.wide_path()));
+    }
+    CurrentFolder(const CurrentFolder&) = delete;
+    CurrentFolder& operator=(const CurrentFolder&) = delete;
+    ~CurrentFolder() { std::filesystem::current_path(former_); }
+
+private:
+    const std::filesystem::path former_ = std::filesystem::current_path();
+};
+
+// The file is in the current folder: a path in a script must not contain blanks.
 TEST_F(SimulatedMenu, IsDrawnIntoAFileByAScript) {
     AddKnownIcon("Louder", 3, 7);
     const TemporaryFile file("menu.svg", std::string());
+    const CurrentFolder current(file.folder());
     char error[100] = "";
-    EXPECT_TRUE(dialsim_play(("draw menu " + file.NarrowPath()).c_str(), 0, error, sizeof error)) << error;
+    EXPECT_TRUE(dialsim_play("draw menu menu.svg", 0, error, sizeof error)) << error;
     EXPECT_EQ(file.folder().Read(file.name()), PictureOf(0));
     EXPECT_FALSE(dialsim_play("draw journal x", 0, error, sizeof error));
     EXPECT_STREQ(error, "line 1: cannot draw 'journal'");

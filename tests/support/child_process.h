@@ -20,7 +20,8 @@ class ChildProcess {
 public:
     static constexpr int kKilled = -1;
 
-    // The program of this name in the folder of the running one, with arguments that need no quoting.
+    // The program of this name in the folder of the running one. Arguments contain no quotation mark and do
+    // not end with a backslash.
     ChildProcess(const std::string& name, const std::vector<std::string>& arguments) {
         Start(Beside(name), arguments);
     }
@@ -60,9 +61,9 @@ private:
         return self.substr(0, self.rfind('\\') + 1) + name + ".exe";
     }
     void Start(const std::string& program, const std::vector<std::string>& arguments) {
-        std::string line = program;
+        std::string line = '"' + program + '"';
         for (const std::string& argument : arguments) {
-            line += " " + argument;
+            line += " \"" + argument + '"';
         }
         SECURITY_ATTRIBUTES inherited{sizeof(SECURITY_ATTRIBUTES), nullptr, TRUE};
         HANDLE its_output = nullptr;
