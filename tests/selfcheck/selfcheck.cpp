@@ -38,6 +38,12 @@ std::string Encoded(const std::wstring& text, UINT code_page) {
     return bytes;
 }
 
+// A console's own; UTF-8 for a file or a pipe.
+UINT CodePageOfOutput() {
+    DWORD mode = 0;
+    return GetConsoleMode(GetStdHandle(STD_OUTPUT_HANDLE), &mode) != FALSE ? GetConsoleOutputCP() : CP_UTF8;
+}
+
 std::string Utf8(const std::wstring& text) { return Encoded(text, CP_UTF8); }
 
 // --- the system
@@ -132,6 +138,7 @@ struct Check {
     DWORD limit;                      // seconds until the program is ended
     std::vector<int> statuses;        // that pass
     const wchar_t* script = nullptr;  // that turns the dial (DIALSIM_SCRIPT)
+    bool concludes = false;           // the program's last line says what it has done
 };
 
 constexpr int kTooLong = -1;
@@ -165,7 +172,6 @@ int Run(const Report& report, const std::wstring& folder, const Check& check) {
     return static_cast<int>(status);
 }
 
-// The programs end with a line that says what they have done.
 std::string LastLine(std::string text) {
     text.erase(std::remove(text.begin(), text.end(), '\r'), text.end());
     while (!text.empty() && text.back() == '\n') {
@@ -201,9 +207,8 @@ Result Perform(const Report& report, const std::wstring& folder, const Check& ch
     const std::string outcome = Outcome(check, Run(report, folder, check));
     const auto seconds = static_cast<unsigned>((GetTickCount64() - start) / 1000);
     std::string output = report.From(before);
-    const std::string last = LastLine(output);
     const std::string result =
-        outcome + ", " + std::to_string(seconds) + " s" + (last.empty() ? "" : ": " + last);
+        outcome + ", " + std::to_string(seconds) + " s" + (check.concludes ? ": " + LastLine(output) : "");
     std::printf("%s\n", result.c_str());
     return {check.name + ": " + result, outcome == "passed", std::move(output)};
 }
@@ -211,7 +216,7 @@ Result Perform(const Report& report, const std::wstring& folder, const Check& ch
 // --- the checks
 
 const Check kSimulated[] = {
-    {"behaviour tests", L"behaviour_tests.exe --gtest_brief=1", 900, {0}},
+    {"behaviour tests", L"behaviour_tests.exe --gtest_brief=1", 900, {0}, nullptr, true},
     {"host in C", L"c_host.exe", 60, {0}},
     {"host with MSVC's binary interface", L"msvc_host.exe", 60, {0}},
     {"library loaded by the program",
@@ -228,10 +233,10 @@ const Check kSimulated[] = {
 };
 
 const Check kOnlyDial[] = {
-    {"the system's own classes", L"system_tests.exe", 300, {0}},
+    {"the system's own classes", L"system_tests.exe", 300, {0}, nullptr, true},
 };
 
-const Check kDialcheck = {"dialcheck", L"dialcheck.exe --wait 1", 120, {0, 1, 2}};
+const Check kDialcheck = {"dialcheck", L"dialcheck.exe --wait 1", 120, {0, 1, 2}, nullptr, true};
 
 template <class Checks>
 void PerformAll(const Report& report, const std::wstring& folder, const Checks& checks,
@@ -308,7 +313,7 @@ int main() {
     Say(report, DescribeSystem());
     std::puts("About two minutes; a canvas opens and closes. Nothing is installed or changed.");
     const bool passed = RunAll(report, programs);
-    std::printf("Everything is in %s\n", Encoded(report.Path(), GetConsoleOutputCP()).c_str());
+    std::printf("Everything is in %s\n", Encoded(report.Path(), CodePageOfOutput()).c_str());
     WaitForEnter();
     return passed ? 0 : 1;
 }
