@@ -23,7 +23,7 @@ std::string SystemVersion();
 // Empty unless the system is Wine.
 std::string WineVersion();
 
-// The path of dialsim.dll; empty unless it is loaded in this process. The native build is linked to the
+// The path of dialsim.dll; empty unless it is loaded in this process and simulates the dial. The native build is linked to the
 // simulator, which is then the system.
 std::string SimulatorPath();
 

@@ -72,7 +72,8 @@ std::string WineVersion() {
 
 std::string SimulatorPath() {
     const HMODULE simulator = GetModuleHandleA("dialsim.dll");
-    return simulator == nullptr ? "" : ToUtf8(ModulePath(simulator));
+    const bool records = GetEnvironmentVariableA("DIALSIM_REAL", nullptr, 0) > 0;  // the real dial
+    return simulator == nullptr || records ? "" : ToUtf8(ModulePath(simulator));
 }
 
 // Nobody presses a key for a program whose input or output is redirected. Wine gives it a console of its own
