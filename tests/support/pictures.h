@@ -30,7 +30,7 @@ public:
     // Bytes are a string or a vector.
     template <class Bytes>
     TemporaryFile(const std::string& name, const Bytes& bytes)
-        : name_(name), wide_path_(folder_.WidePathOf(name)), path_(folder_.PathOf(name)) {
+        : folder_(), name_(name), wide_path_(folder_.WidePathOf(name)), path_(folder_.PathOf(name)) {
         folder_.Write(name_, bytes);
     }
     TemporaryFile(const TemporaryFile&) = delete;
