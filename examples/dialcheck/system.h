@@ -23,8 +23,8 @@ std::string SystemVersion();
 // Empty unless the system is Wine.
 std::string WineVersion();
 
-// The path of dialsim.dll; empty unless it is loaded in this process and simulates the dial. The native build is linked to the
-// simulator, which is then the system.
+// The path of dialsim.dll; empty unless it is loaded in this process and simulates the dial. The native build
+// is linked to the simulator, which is then the system.
 std::string SimulatorPath();
 
 // Whether the console belongs to this program only, as after a double click, and closes with it.
