@@ -2,7 +2,7 @@
 // system and of the library, the classes that the library needs, elevation, package identity and the stores
 // that follow from it, presence of the dial, and arrival of a turn. The last line says what to do.
 //
-//   dialcheck [--wait SECONDS]
+//   dialcheck [--wait SECONDS | --session SECONDS]
 //
 // Its own calls of the platform always go to the system, also when the simulator answers those of the
 // library.
@@ -25,15 +25,23 @@
 namespace {
 
 constexpr char kUsage[] =
-    "usage: dialcheck [--wait SECONDS]\n"
+    "usage: dialcheck [--wait SECONDS | --session SECONDS]\n"
     "\n"
     "Checks whether the dial works for a program on this computer. Turn the dial when asked to. The program\n"
-    "waits 10 seconds for a turn unless another time is given.\n"
+    "waits 10 seconds for a turn unless another time is given. A session goes on after the first turn, "
+    "until\n"
+    "the button is pressed.\n"
     "\n"
     "exit status  0  nothing is missing and a turn arrived\n"
     "             1  something is missing\n"
     "             2  nothing is missing, but no turn arrived\n"
     "             3  usage error\n";
+
+// What is awaited at the end.
+struct Wait {
+    std::chrono::seconds time{10};
+    bool for_press = false;  // otherwise for a turn
+};
 
 // Flushed at once: the output is complete even when the process ends unexpectedly.
 void Report(const std::string& what, const std::string& answer) {
@@ -150,28 +158,34 @@ public:
     }
     void OnButtonClicked(void* /*sender*/, const DialContactRect* /*rect*/) override {
         Report("click", "arrived");
+        pressed_ = true;
+        window_.Wake();
     }
 
     bool Turned() const { return turned_; }
+    bool Pressed() const { return pressed_; }
 
 private:
     ProbeWindow& window_;
     std::atomic<bool> turned_ = false;
+    std::atomic<bool> pressed_ = false;
 };
 
 // Events that run on another thread have ended after this time.
 constexpr std::chrono::milliseconds kRestOfAMovement(300);
 
-void CheckTurn(ProbeWindow& window, const ProbeHost& host, std::chrono::seconds wait) {
-    Report("turn", "turn the dial now; waiting for " + std::to_string(wait.count()) + " seconds");
-    window.HandleMessages(wait, [&] { return host.Turned(); });
+void CheckTurn(ProbeWindow& window, const ProbeHost& host, const Wait& wait) {
+    const std::string task =
+        wait.for_press ? "turn the dial a few times, then press it" : "turn the dial now";
+    Report("turn", task + "; waiting for " + std::to_string(wait.time.count()) + " seconds");
+    window.HandleMessages(wait.time, [&] { return wait.for_press ? host.Pressed() : host.Turned(); });
     if (!host.Turned()) {
         Report("turn", "none arrived");
     }
     window.HandleMessages(kRestOfAMovement, [] { return false; });
 }
 
-void CheckWindow(const Library& library, std::chrono::seconds wait, Findings& found) {
+void CheckWindow(const Library& library, const Wait& wait, Findings& found) {
     ProbeWindow window("Turn the dial now");
     Report("window", window.Handle() != 0 ? "created" : "cannot be created");
     ProbeHost host(window);
@@ -194,7 +208,7 @@ const char* Describe(Start start, int32_t runtime) {
                                        : "the Windows Runtime is not available";
 }
 
-void CheckStart(const Library& library, std::chrono::seconds wait, Findings& found) {
+void CheckStart(const Library& library, const Wait& wait, Findings& found) {
     found.start = static_cast<Start>(library.start());
     Report("start of the library", Describe(found.start, found.runtime));
     if (found.start == kReady) {
@@ -229,7 +243,7 @@ void CheckRuntime(Findings& found) {
                                   : WithCode("cannot be started", found.runtime));
 }
 
-Findings Check(std::chrono::seconds wait) {
+Findings Check(const Wait& wait) {
     Findings found;
     const LoadedLibrary library = LoadDialLibrary();
     CheckVersions(library, found);
@@ -245,17 +259,19 @@ Findings Check(std::chrono::seconds wait) {
     return found;
 }
 
-std::optional<std::chrono::seconds> WaitIn(int argc, char** argv) {
+std::optional<Wait> WaitIn(int argc, char** argv) {
     if (argc == 1) {
-        return std::chrono::seconds(10);
+        return Wait{};
     }
-    if (argc != 3 || std::strcmp(argv[1], "--wait") != 0) {
+    const bool session = argc == 3 && std::strcmp(argv[1], "--session") == 0;
+    if (argc != 3 || (!session && std::strcmp(argv[1], "--wait") != 0)) {
         return {};
     }
     std::uint16_t seconds = 0;
     const char* const end = argv[2] + std::strlen(argv[2]);
     const auto [rest, error] = std::from_chars(argv[2], end, seconds);
-    return error == std::errc() && rest == end ? std::optional(std::chrono::seconds(seconds)) : std::nullopt;
+    return error == std::errc() && rest == end ? std::optional(Wait{std::chrono::seconds(seconds), session})
+                                               : std::nullopt;
 }
 
 Status Run(int argc, char** argv) {

@@ -250,8 +250,8 @@ void PerformAll(const Report& report, const std::wstring& folder, const Checks& 
 void Record(const Report& report, const std::wstring& folder) {
     const std::wstring script = TemporaryFolder() + L"session.dial";
     Perform(report, folder,
-            {"recording: turn and press the dial",
-             L"dialsim-run.exe --real --record \"" + script + L"\" dialcheck.exe --wait 20",
+            {"recording: turn the dial, then press it",
+             L"dialsim-run.exe --real --record \"" + script + L"\" dialcheck.exe --session 30",
              120,
              {0, 1, 2}});
     report.Write("\r\n=== session.dial\r\n");
