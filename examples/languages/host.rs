@@ -223,8 +223,8 @@ fn main() {
         std::process::exit(1);
     }
     write_and_read_setting();
-    // A pointer to the whole object: its callbacks read the window too.
-    let object: *mut PrintingHost = &mut host;
+    // A pointer to the whole object, which must not move until uninit: the callbacks read its window.
+    let object = std::ptr::addr_of_mut!(host);
     if unsafe { init_dial_listener(object.cast()) } {
         fill_menu(host.window);
         run_until_closed(host.window);
