@@ -76,8 +76,8 @@
  *            Storage setters return 0 or a negative code; storage getters return the value or a marker for an
  *            absent value.
  *
- * Texts      NUL-terminated UTF-16, borrowed for the call. You own a returned text and free it (see
- *            get_string_from_storage).
+ * Texts      NUL-terminated UTF-16, borrowed for the call. You own a returned text and release it with
+ *            brindle_free.
  *
  * Errors     A platform failure becomes a result, with these exceptions:
  *              std::bad_alloc, out of memory, from every function except initialize and uninit; a guarded
@@ -116,8 +116,11 @@
 #include <stdbool.h>
 #include <stddef.h>
 #include <stdint.h>
-#if !defined(_WIN32) && !defined(__cplusplus)
+#ifndef _WIN32
+#include <stdlib.h>
+#ifndef __cplusplus
 #include <uchar.h>
+#endif
 #endif
 
 #define BRINDLE_VERSION_MAJOR 0
@@ -535,9 +538,8 @@ int32_t set_string_in_storage(const BrindleChar* resource, const BrindleChar* ke
  *     resource, key   NUL-terminated UTF-16, not null, read during the call
  *
  *   Returns
- *     a text   a new buffer on every call, of its length + 1 units, which you own and release with free() of
- *              the Universal C Runtime. A host with another runtime library gets that function with
- *              GetProcAddress(GetModuleHandleW(L"ucrtbase.dll"), "free")
+ *     a text   a new buffer on every call, of its length + 1 units, which you own and release with
+ *              brindle_free
  *     null     no store yields one
  *
  *   Errors     std::bad_alloc out of memory, also when the platform fails with 0x8007000E
@@ -582,6 +584,50 @@ int32_t set_int_in_storage(const BrindleChar* resource, const BrindleChar* key, 
  *   Since      0.1
  */
 int32_t get_int_from_storage(const BrindleChar* resource, const BrindleChar* key);
+
+#ifdef _WIN32
+/* HMODULE of windows.h, which this header does not include. */
+#ifdef NO_STRICT
+typedef void* BrindleModule;
+#else
+struct HINSTANCE__;
+typedef struct HINSTANCE__* BrindleModule;
+#endif
+#endif
+
+/*
+ * Releases a text of get_string_from_storage. Not an export: the function is compiled into the host.
+ *
+ *   Parameters
+ *     text     null is ignored
+ *
+ *   Errors     none
+ *   Threads    any
+ *   Since      0.1
+ *
+ * The text is on the heap of the Universal C Runtime of Windows. free() of a host that is linked to another
+ * runtime has another heap: msvcrt.dll of older MinGW compilers, the debug runtime, a static runtime.
+ */
+#ifdef __cplusplus
+#define BRINDLE_INLINE inline
+#else
+#define BRINDLE_INLINE static inline
+#endif
+BRINDLE_INLINE void brindle_free(BrindleChar* text) {
+#ifdef _WIN32
+    /* The declarations of windows.h. */
+    __declspec(dllimport) BrindleModule GetModuleHandleW(const wchar_t* name);
+    __declspec(dllimport) long long (*GetProcAddress(BrindleModule module, const char* name))(void);
+    typedef void (*AnyFunction)(void);
+    typedef void (*Free)(void*);
+    if (text != NULL) {
+        ((Free)(AnyFunction)GetProcAddress(GetModuleHandleW(L"ucrtbase.dll"), "free"))(text);
+    }
+#else
+    free(text);
+#endif
+}
+#undef BRINDLE_INLINE
 
 #ifdef __cplusplus
 } /* extern "C" */
