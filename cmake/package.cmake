@@ -64,10 +64,10 @@ function(install_package_config package description dependency)
     install(FILES ${made}/${package}.pc DESTINATION lib/pkgconfig COMPONENT ${package})
 endfunction()
 
-# add_package(<target> DESCRIPTION <text> HEADER <file> DEFINITION <module definition, for Windows>
+# add_package(<target> DESCRIPTION <text> HEADERS <file>... DEFINITION <module definition, for Windows>
 #             DEPENDENCY <package that the native library needs>)
 function(add_package package)
-    cmake_parse_arguments(PARSE_ARGV 1 arg "" "DESCRIPTION;HEADER;DEFINITION;DEPENDENCY" "")
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "DESCRIPTION;DEFINITION;DEPENDENCY" "HEADERS")
     if(WIN32)
         configure_dll(${package} ${arg_DESCRIPTION} ${arg_DEFINITION})
     else()
@@ -76,7 +76,7 @@ function(add_package package)
     add_library(${package}::${package} ALIAS ${package})
     target_include_directories(${package} INTERFACE $<INSTALL_INTERFACE:include>)
     install(TARGETS ${package} EXPORT ${package} COMPONENT ${package})
-    install(FILES ${arg_HEADER} DESTINATION include COMPONENT ${package})
+    install(FILES ${arg_HEADERS} DESTINATION include COMPONENT ${package})
     install_package_config(${package} ${arg_DESCRIPTION} ${arg_DEPENDENCY})
     install(FILES ${PROJECT_SOURCE_DIR}/LICENSE ${CMAKE_CURRENT_FUNCTION_LIST_DIR}/package/THIRD-PARTY.txt
         DESTINATION share/doc/${package} COMPONENT ${package})

@@ -8,7 +8,6 @@
 
 #include <chrono>
 #include <cstdio>
-#include <cstdlib>
 #include <memory>
 #include <string>
 #include <vector>
@@ -118,8 +117,8 @@ const BrindleChar* const kResource = TEXT16("Brindle sample host");
 Settings LoadSettings() {
     Settings settings;
     // The host owns the text.
-    const std::unique_ptr<BrindleChar, decltype(&std::free)> item(
-        get_string_from_storage(kResource, TEXT16("item")), &std::free);
+    const std::unique_ptr<BrindleChar, decltype(&brindle_free)> item(
+        get_string_from_storage(kResource, TEXT16("item")), &brindle_free);
     if (item) {
         settings.item = item.get();
     }

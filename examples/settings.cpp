@@ -8,7 +8,6 @@
 
 #include <charconv>
 #include <cstdio>
-#include <cstdlib>
 #include <memory>
 #include <string>
 #include <vector>
@@ -26,8 +25,8 @@ int Absent() {
 
 int GetText(const Text& resource, const Text& key) {
     // The host owns the text.
-    const std::unique_ptr<BrindleChar, decltype(&std::free)> text(
-        get_string_from_storage(resource.c_str(), key.c_str()), &std::free);
+    const std::unique_ptr<BrindleChar, decltype(&brindle_free)> text(
+        get_string_from_storage(resource.c_str(), key.c_str()), &brindle_free);
     if (!text) {
         return Absent();
     }

@@ -63,7 +63,7 @@ uint32_t LoadTool() {
     const auto* scale = std::find_if(std::begin(kScales) + kSize, std::end(kScales), [&](const Scale& one) {
         return name != nullptr && std::wstring(one.name) == name;
     });
-    free(name);
+    brindle_free(name);
     return scale == std::end(kScales) ? kSize : static_cast<uint32_t>(scale - kScales);
 }
 

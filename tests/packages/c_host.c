@@ -102,7 +102,7 @@ static void CheckAndFree(BrindleChar* text) {
     const BrindleChar expected[] = UTF16("value");
     CHECK(text != NULL);
     CHECK(memcmp(text, expected, sizeof expected) == 0);
-    free(text);
+    brindle_free(text);
 }
 
 static void KeepSettings(void) {

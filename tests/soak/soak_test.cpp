@@ -148,7 +148,7 @@ void Write(std::uint64_t i) {
     const WideText text(100, static_cast<BrindleChar>('a' + i % 26));
     set_string_in_storage(UTF16("long run"), UTF16("text"), text.c_str());
     set_int_in_storage(UTF16("long run"), UTF16("number"), static_cast<std::int32_t>(i));
-    std::free(get_string_from_storage(UTF16("long run"), UTF16("text")));
+    brindle_free(get_string_from_storage(UTF16("long run"), UTF16("text")));
 }
 
 }  // namespace

@@ -1,5 +1,4 @@
 // Settings of a program without package identity, in the user's vault.
-#include <cstdlib>
 #include <optional>
 
 #include "platform/interfaces/credentials.h"
@@ -18,7 +17,7 @@ std::optional<std::wstring> GetText() {
         return std::nullopt;
     }
     const std::wstring copy = text;
-    std::free(text);
+    brindle_free(text);
     return copy;
 }
 

@@ -11,7 +11,6 @@ extern "C" {
 __declspec(dllimport) __declspec(noreturn) void ExitProcess(unsigned status);
 __declspec(dllimport) uint32_t GetModuleFileNameW(void* module, wchar_t* path, uint32_t size);
 __declspec(dllimport) void* GetModuleHandleA(const char* name);
-__declspec(dllimport) void* GetProcAddress(void* module, const char* name);
 __declspec(dllimport) void* GetStdHandle(uint32_t which);
 __declspec(dllimport) int WriteFile(void* file, const void* bytes, uint32_t count, uint32_t* written,
                                     void* overlapped);
@@ -230,11 +229,8 @@ void QueryPresence() {
 }
 
 void CheckAndFree(wchar_t* text) {
-    using Free = void (*)(void*);
-    const auto free = reinterpret_cast<Free>(GetProcAddress(GetModuleHandleA("ucrtbase.dll"), "free"));
-    CHECK(free != nullptr);
     CHECK(text != nullptr && SameText(text, L"Palette \x00E9"));
-    free(text);
+    brindle_free(text);
 }
 
 void WriteSettings() {
