@@ -441,6 +441,7 @@ public:
     /* Sets which of the system's entries remain in the menu, in this order (set_default_menu). */
     bool set_system_items(const std::vector<SystemItem>& items) const {
         std::vector<std::int32_t> kinds;
+        kinds.reserve(items.size());
         for (const SystemItem item : items) {
             kinds.push_back(static_cast<std::int32_t>(item));
         }
