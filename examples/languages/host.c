@@ -36,13 +36,6 @@ static void OnButtonClicked(IDialHost* self, void* sender, const DialContactRect
 
 static const IDialHostFunctions functions = {OnRotation, GetWindowHandle, OnButtonClicked};
 
-/* This program's own free may be that of another runtime library than the DLL's. */
-static void FreeText(BrindleChar* text) {
-    typedef void (*Free)(void*);
-    const Free release = (Free)(void*)GetProcAddress(GetModuleHandleW(L"ucrtbase.dll"), "free");
-    release(text);
-}
-
 static void WriteAndReadSetting(void) {
     BrindleChar* text;
     char utf8[64] = "";
@@ -54,7 +47,7 @@ static void WriteAndReadSetting(void) {
     }
     WideCharToMultiByte(CP_UTF8, 0, text, -1, utf8, sizeof utf8, NULL, NULL);
     printf("setting: %s\n", utf8);
-    FreeText(text);
+    brindle_free(text);
 }
 
 static void FillMenu(HWND window) {
