@@ -1,20 +1,19 @@
-# `add_package` defines the package of a library and installs it as a component with the library's name.
+# `brindle_add_package` defines the package of a library and, with BRINDLE_INSTALL, installs it as a component with the
+# library's name. A Debug build is installed in the folder debug, so that it can be in one prefix with an optimised build:
+# brindle.dll is loaded by name.
 include(CMakePackageConfigHelpers)
 
-# Flags of the packaged libraries: reproducible symbols, without the names of build folders.
-add_library(package_flags INTERFACE)
-if(WIN32)
-    target_compile_options(package_flags INTERFACE $<$<COMPILE_LANGUAGE:CXX>:
-        -ffile-prefix-map=${PROJECT_SOURCE_DIR}=. -ffile-prefix-map=${CMAKE_BINARY_DIR}=.>)
+set(BRINDLE_INSTALL_FOLDER $<$<CONFIG:Debug>:debug/>)
+if(WIN32 AND BRINDLE_INSTALL)
     find_program(LLVM_DLLTOOL llvm-dlltool)
     if(NOT LLVM_DLLTOOL)
         message(STATUS "No llvm-dlltool: the import libraries for MSVC are not built (apt-get install llvm)")
     endif()
 endif()
 
-# The short import library for MSVC-compatible linkers, generated from the module definition.
-function(add_msvc_import_library package definition)
-    set(library ${CMAKE_ARCHIVE_OUTPUT_DIRECTORY}/${package}.lib)
+# The short import library for MSVC-compatible linkers, generated from the module definition. All configurations share it.
+function(brindle_add_msvc_import_library package definition)
+    set(library ${CMAKE_CURRENT_BINARY_DIR}/${package}.lib)
     add_custom_command(OUTPUT ${library}
         COMMAND ${LLVM_DLLTOOL} -m i386:x86-64 -d ${definition} -l ${library}
         DEPENDS ${definition}
@@ -25,59 +24,84 @@ endfunction()
 
 # Debug symbols are in a separate file next to the DLL, which debuggers find by the name in the DLL. Without
 # --preserve-dates the headers would contain the current time.
-function(split_debug_symbols package)
+function(brindle_split_debug_symbols package)
     set(dll $<TARGET_FILE:${package}>)
     add_custom_command(TARGET ${package} POST_BUILD
         COMMAND ${CMAKE_OBJCOPY} --preserve-dates --only-keep-debug ${dll} ${dll}.debug
         COMMAND ${CMAKE_OBJCOPY} --preserve-dates --strip-all --add-gnu-debuglink=${dll}.debug ${dll}
         VERBATIM)
-    install(FILES ${dll}.debug DESTINATION bin COMPONENT ${package})
 endfunction()
 
-# The Windows part of a package: version resource, module definition, symbols and import library.
-function(configure_dll package description definition)
+# The Windows part of a package: version resource, module definition and symbols.
+function(brindle_configure_dll package description definition)
     set(resource ${CMAKE_CURRENT_BINARY_DIR}/package/version.rc)
     configure_file(${CMAKE_CURRENT_FUNCTION_LIST_DIR}/package/version.rc.in ${resource} @ONLY)
     target_sources(${package} PRIVATE ${resource} ${definition})
     set_target_properties(${package} PROPERTIES PREFIX "")
-    # Discards unused functions of the compiler's libraries, and makes the build reproducible.
-    target_link_options(${package} PRIVATE -Wl,--gc-sections,--no-insert-timestamp)
-    split_debug_symbols(${package})
-    if(LLVM_DLLTOOL)
-        add_msvc_import_library(${package} ${definition})
-    endif()
+    # Without DLLs of the compiler and unused functions of its libraries; reproducible.
+    target_link_options(${package} PRIVATE -static -Wl,--gc-sections,--no-insert-timestamp)
+    brindle_split_debug_symbols(${package})
 endfunction()
 
-# The package files for find_package and pkg-config.
-function(install_package_config package description dependency)
+# The package files for find_package.
+function(brindle_install_cmake_config package dependency)
     set(templates ${CMAKE_CURRENT_FUNCTION_LIST_DIR}/package)
     set(made ${CMAKE_CURRENT_BINARY_DIR}/package)
-    install(EXPORT ${package} FILE ${package}Targets.cmake NAMESPACE ${package}:: DESTINATION lib/cmake/${package}
-        COMPONENT ${package})
+    set(folder lib/cmake/${package})
+    install(EXPORT ${package} FILE ${package}Targets.cmake NAMESPACE ${package}:: DESTINATION ${folder} COMPONENT ${package})
     configure_package_config_file(${templates}/config.cmake.in ${made}/${package}Config.cmake
-        INSTALL_DESTINATION lib/cmake/${package} NO_CHECK_REQUIRED_COMPONENTS_MACRO)
+        INSTALL_DESTINATION ${folder} NO_CHECK_REQUIRED_COMPONENTS_MACRO)
+
+    include(${templates}/build_platform.cmake)
+    file(READ ${templates}/build_platform.cmake platform_detection)
     # Before 1.0 a minor version may change the interface.
-    write_basic_package_version_file(${made}/${package}ConfigVersion.cmake COMPATIBILITY SameMinorVersion)
-    install(FILES ${made}/${package}Config.cmake ${made}/${package}ConfigVersion.cmake
-        DESTINATION lib/cmake/${package} COMPONENT ${package})
-    configure_file(${templates}/pkgconfig.pc.in ${made}/${package}.pc @ONLY)
-    install(FILES ${made}/${package}.pc DESTINATION lib/pkgconfig COMPONENT ${package})
+    write_basic_package_version_file(${made}/version_check.cmake COMPATIBILITY SameMinorVersion ARCH_INDEPENDENT)
+    file(READ ${made}/version_check.cmake version_check)
+    configure_file(${templates}/configVersion.cmake.in ${made}/${package}ConfigVersion.cmake @ONLY)
+    install(FILES ${made}/${package}Config.cmake ${made}/${package}ConfigVersion.cmake DESTINATION ${folder}
+        COMPONENT ${package})
 endfunction()
 
-# add_package(<target> DESCRIPTION <text> HEADERS <file>... DEFINITION <module definition, for Windows>
-#             DEPENDENCY <package that the native library needs>)
-function(add_package package)
-    cmake_parse_arguments(PARSE_ARGV 1 arg "" "DESCRIPTION;DEFINITION;DEPENDENCY" "HEADERS")
+# The package file for pkg-config.
+function(brindle_install_pkgconfig package description requires)
+    set(made ${CMAKE_CURRENT_BINARY_DIR}/package)
+    configure_file(${CMAKE_CURRENT_FUNCTION_LIST_DIR}/package/pkgconfig.pc.in ${made}/${package}.pc.in @ONLY)
+    file(GENERATE OUTPUT ${made}/$<CONFIG>/${package}.pc INPUT ${made}/${package}.pc.in)
+    install(FILES ${made}/$<CONFIG>/${package}.pc DESTINATION ${BRINDLE_INSTALL_FOLDER}lib/pkgconfig COMPONENT ${package})
+endfunction()
+
+function(brindle_install_library package definition headers)
+    install(TARGETS ${package} EXPORT ${package} COMPONENT ${package}
+        RUNTIME DESTINATION ${BRINDLE_INSTALL_FOLDER}bin
+        LIBRARY DESTINATION ${BRINDLE_INSTALL_FOLDER}lib
+        ARCHIVE DESTINATION ${BRINDLE_INSTALL_FOLDER}lib)
     if(WIN32)
-        configure_dll(${package} ${arg_DESCRIPTION} ${arg_DEFINITION})
+        install(FILES $<TARGET_FILE:${package}>.debug DESTINATION ${BRINDLE_INSTALL_FOLDER}bin COMPONENT ${package})
+        if(LLVM_DLLTOOL)
+            brindle_add_msvc_import_library(${package} ${definition})
+        endif()
+    endif()
+    install(FILES ${headers} DESTINATION include COMPONENT ${package})
+    install(FILES ${PROJECT_SOURCE_DIR}/LICENSE ${CMAKE_CURRENT_FUNCTION_LIST_DIR}/package/THIRD-PARTY.txt
+        DESTINATION share/doc/${package} COMPONENT ${package})
+endfunction()
+
+# brindle_add_package(<target> DESCRIPTION <text> HEADERS <file>... DEFINITION <module definition, for Windows>
+#                     DEPENDENCY <what the native library needs, for find_dependency> REQUIRES <the same, for pkg-config>)
+function(brindle_add_package package)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "DESCRIPTION;DEFINITION;DEPENDENCY;REQUIRES" "HEADERS")
+    if(WIN32)
+        brindle_configure_dll(${package} ${arg_DESCRIPTION} ${arg_DEFINITION})
     else()
-        set_target_properties(${package} PROPERTIES INSTALL_RPATH $ORIGIN)
+        # Before 1.0 a minor version may change the binary interface.
+        set_target_properties(${package} PROPERTIES INSTALL_RPATH $ORIGIN VERSION ${PROJECT_VERSION}
+            SOVERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR})
     endif()
     add_library(${package}::${package} ALIAS ${package})
     target_include_directories(${package} INTERFACE $<INSTALL_INTERFACE:include>)
-    install(TARGETS ${package} EXPORT ${package} COMPONENT ${package})
-    install(FILES ${arg_HEADERS} DESTINATION include COMPONENT ${package})
-    install_package_config(${package} ${arg_DESCRIPTION} ${arg_DEPENDENCY})
-    install(FILES ${PROJECT_SOURCE_DIR}/LICENSE ${CMAKE_CURRENT_FUNCTION_LIST_DIR}/package/THIRD-PARTY.txt
-        DESTINATION share/doc/${package} COMPONENT ${package})
+    if(BRINDLE_INSTALL)
+        brindle_install_library(${package} ${arg_DEFINITION} "${arg_HEADERS}")
+        brindle_install_cmake_config(${package} "${arg_DEPENDENCY}")
+        brindle_install_pkgconfig(${package} ${arg_DESCRIPTION} "${arg_REQUIRES}")
+    endif()
 endfunction()

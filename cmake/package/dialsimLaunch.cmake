@@ -2,6 +2,9 @@
 # add_test(NAME <name> COMMAND <target>), and by Visual Studio's debugger command. With a script the dial moves as the
 # script says, and the program is closed at its end.
 set(DIALSIM_RUN "${PACKAGE_PREFIX_DIR}/bin/dialsim-run.exe")
+if(NOT EXISTS "${DIALSIM_RUN}")
+    set(DIALSIM_RUN "${PACKAGE_PREFIX_DIR}/debug/bin/dialsim-run.exe")
+endif()
 
 function(dialsim_launch target)
     cmake_parse_arguments(PARSE_ARGV 1 arg "" "SCRIPT" "")

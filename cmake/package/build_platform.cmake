@@ -1,0 +1,20 @@
+# Sets `platform` to the system, processor and pointer size that a project is built for, such as "Windows x86_64 64-bit".
+# Visual Studio's generators choose the compiler's processor, which may differ from the system's.
+set(processor "${CMAKE_SYSTEM_PROCESSOR}")
+foreach(language C CXX)
+    if(CMAKE_${language}_COMPILER_ARCHITECTURE_ID)
+        set(processor "${CMAKE_${language}_COMPILER_ARCHITECTURE_ID}")
+    endif()
+endforeach()
+string(TOLOWER "${processor}" processor)
+string(REGEX REPLACE "^(amd64|x64)$" "x86_64" processor "${processor}")
+string(REGEX REPLACE "^arm64$" "aarch64" processor "${processor}")
+# A cross build that names no processor is for the usual one. A project without languages has no pointer size.
+if(NOT processor)
+    set(processor x86_64)
+endif()
+set(bits 64)
+if(CMAKE_SIZEOF_VOID_P)
+    math(EXPR bits "${CMAKE_SIZEOF_VOID_P} * 8")
+endif()
+set(platform "${CMAKE_SYSTEM_NAME} ${processor} ${bits}-bit")
