@@ -10,6 +10,7 @@
 
 #include "brindle.h"
 #include "simulator/launcher/statuses.h"
+#include "simulator/launcher/windows/module_path.h"
 #include "simulator/launcher/windows/refusal.h"
 #include "simulator/launcher/windows/target.h"
 #include "simulator/launcher/windows/version.h"
@@ -131,9 +132,8 @@ std::wstring FindProgram(const std::wstring& name) {
         const std::wstring here = name + extension;
         if (const DWORD attributes = GetFileAttributesW(here.c_str());
             attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0) {
-            std::wstring path(32768, L'\0');
-            path.resize(
-                GetFullPathNameW(here.c_str(), static_cast<DWORD>(path.size()), path.data(), nullptr));
+            std::wstring path(kLongestPath, L'\0');
+            path.resize(GetFullPathNameW(here.c_str(), kLongestPath, path.data(), nullptr));
             return path;
         }
     }
@@ -143,9 +143,8 @@ std::wstring FindProgram(const std::wstring& name) {
 // dialsim.dll from the folder of this program. It is loaded here too: an offset in it is the same in the
 // other process.
 HMODULE LoadSimulator() {
-    std::wstring path(32768, L'\0');
-    path.resize(GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size())));
-    path = path.substr(0, path.find_last_of(L'\\') + 1) + L"dialsim.dll";
+    const std::wstring program = PathOf(nullptr);
+    const std::wstring path = program.substr(0, program.find_last_of(L'\\') + 1) + L"dialsim.dll";
     const HMODULE module = LoadLibraryW(path.c_str());
     if (module == nullptr) {
         Complain(path, "cannot be loaded (error " + std::to_string(GetLastError()) + ")");

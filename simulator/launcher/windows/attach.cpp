@@ -11,6 +11,7 @@
 #include "simulator/functions/windows/libraries.h"
 #include "simulator/launcher/statuses.h"
 #include "simulator/launcher/windows/attachment.h"
+#include "simulator/launcher/windows/module_path.h"
 #include "simulator/launcher/windows/recorder.h"
 #include "simulator/launcher/windows/version.h"
 #include "simulator/stores/store_files.h"
@@ -20,21 +21,14 @@ namespace dialsim {
 
 namespace {
 
-constexpr DWORD kLongestPath = 32768;
 constexpr Version kOwnVersion = {BRINDLE_VERSION_MAJOR, BRINDLE_VERSION_MINOR, BRINDLE_VERSION_PATCH};
-
-std::string PathOf(HMODULE module) {
-    std::wstring path(kLongestPath, L'\0');
-    path.resize(GetModuleFileNameW(module, path.data(), kLongestPath));
-    return Narrow(path);
-}
 
 // Ends the program: another version of the library may call what this simulator lacks.
 void CheckVersion(HMODULE library) {
     const Version version = VersionOf(library);
     if (!version.Matches(kOwnVersion)) {
         std::fprintf(stderr, "dialsim: %s has version %s, and this simulator is for %s\n",
-                     PathOf(library).c_str(), version.Text().c_str(), kOwnVersion.Text().c_str());
+                     Narrow(PathOf(library)).c_str(), version.Text().c_str(), kOwnVersion.Text().c_str());
         std::_Exit(kWrongLibrary);
     }
 }

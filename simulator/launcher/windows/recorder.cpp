@@ -11,6 +11,7 @@
 #include "simulator/functions/counted.h"
 #include "simulator/functions/real.h"
 #include "simulator/functions/windows/libraries.h"
+#include "simulator/launcher/windows/module_path.h"
 #include "simulator/launcher/windows/real_dial.h"
 #include "simulator/launcher/windows/version.h"
 #include "simulator/system/text.h"
@@ -22,8 +23,7 @@ namespace {
 std::string& recording_file = *new std::string;
 
 std::string ProgramName() {
-    std::wstring path(32768, L'\0');
-    path.resize(GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size())));
+    const std::wstring path = PathOf(nullptr);
     return Narrow(path.substr(path.find_last_of(L'\\') + 1));
 }
 

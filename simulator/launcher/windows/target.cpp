@@ -6,22 +6,15 @@
 #include <vector>
 
 #include "simulator/launcher/windows/attachment.h"
+#include "simulator/launcher/windows/module_path.h"
 #include "simulator/launcher/windows/refusal.h"
 
 namespace dialsim {
 
 namespace {
 
-constexpr DWORD kLongestPath = 32768;
-
 void* FunctionOf(HMODULE module, const char* name) {
     return reinterpret_cast<void*>(GetProcAddress(module, name));
-}
-
-std::wstring PathOf(HMODULE module) {
-    std::wstring path(kLongestPath, L'\0');
-    path.resize(GetModuleFileNameW(module, path.data(), kLongestPath));
-    return path;
 }
 
 // The module of a process from this file; null when there is none. A thread's result is only half of its
