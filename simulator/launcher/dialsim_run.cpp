@@ -112,7 +112,7 @@ std::wstring Quoted(const std::wstring& word) {
 }
 
 // A line on standard error: UTF-8, or Unicode on a console.
-void Complain(const std::wstring& subject, const std::string& what) {
+void PrintError(const std::wstring& subject, const std::string& what) {
     const std::wstring line =
         L"dialsim-run: " + subject + L": " + std::wstring(what.begin(), what.end()) + L"\n";
     const HANDLE output = GetStdHandle(STD_ERROR_HANDLE);
@@ -147,9 +147,10 @@ HMODULE LoadSimulator() {
     const std::wstring path = program.substr(0, program.find_last_of(L'\\') + 1) + L"dialsim.dll";
     const HMODULE module = LoadLibraryW(path.c_str());
     if (module == nullptr) {
-        Complain(path, "cannot be loaded (error " + std::to_string(GetLastError()) + ")");
+        PrintError(path, "cannot be loaded (error " + std::to_string(GetLastError()) + ")");
     } else if (VersionOf(module).Text() != BRINDLE_VERSION_TEXT) {
-        Complain(path, "has version " + VersionOf(module).Text() + ", and dialsim-run " BRINDLE_VERSION_TEXT);
+        PrintError(path,
+                   "has version " + VersionOf(module).Text() + ", and dialsim-run " BRINDLE_VERSION_TEXT);
         return nullptr;
     }
     return module;
@@ -187,10 +188,11 @@ DWORD StartSeconds() {
 Status ReportUnplayed(const Target& target, const std::wstring& program) {
     const bool loaded = target.LoadedLibrary();
     const std::string what = loaded ? "used no dial" : "loaded no brindle.dll";
-    Complain(program, what +
-                          (target.IsRunning() ? " for " + std::to_string(StartSeconds()) + " s and was ended"
-                                              : " until its end") +
-                          "; the script was not played");
+    PrintError(program,
+               what +
+                   (target.IsRunning() ? " for " + std::to_string(StartSeconds()) + " s and was ended"
+                                       : " until its end") +
+                   "; the script was not played");
     return loaded ? kScriptFailed : kNoLibrary;
 }
 
@@ -210,12 +212,12 @@ int Run(const Options& options, HMODULE simulator) {
         }
         const DWORD status = target.WaitForEnd();
         if (!target.LoadedLibrary()) {
-            Complain(program, "ended without loading brindle.dll, with status " + std::to_string(status));
+            PrintError(program, "ended without loading brindle.dll, with status " + std::to_string(status));
             return kNoLibrary;
         }
         return static_cast<int>(status);
     } catch (const Refusal& refusal) {
-        Complain(program, refusal.reason);
+        PrintError(program, refusal.reason);
         return refusal.status;
     }
 }
@@ -234,7 +236,7 @@ int main() {
         return options.help ? 0 : kUsageError;
     }
     if (!options.recording.empty() && !CreateEmptyFile(options.recording)) {
-        Complain(options.recording, "cannot be written");
+        PrintError(options.recording, "cannot be written");
         return kUsageError;
     }
     SetConsoleCtrlHandler(IgnoreInterrupt, TRUE);
