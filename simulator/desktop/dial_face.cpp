@@ -1,17 +1,18 @@
 #include "simulator/desktop/dial_face.h"
 
+#include <numbers>
+
 namespace dialsim {
 
 namespace {
 
 constexpr double kTopRadius = 62;
-const double kHalfTurn = std::acos(-1.0);
 
 constexpr std::uint32_t kBackground = 0xF6F8FA;
 constexpr std::uint32_t kFrame = 0xB4BDC7;
 constexpr std::uint32_t kGrip = 0xAFB8C1;
 constexpr std::uint32_t kTick = 0x8B97A4;
-constexpr std::uint32_t kAccent = 0x4C9AFF;
+constexpr std::uint32_t kMark = 0x4C9AFF;
 constexpr std::uint32_t kFeedback = 0xFF9A3C;
 constexpr std::uint32_t kText = 0x424A53;
 
@@ -41,14 +42,14 @@ void DrawBody(const Surface& surface, bool feedback) {
 
 // The marks turn with the dial; one of them is the pointer.
 void DrawMarks(const Surface& surface, double degrees) {
-    const double turned = degrees / 180 * kHalfTurn - kHalfTurn / 2;
+    const double turned = degrees / 180 * std::numbers::pi - std::numbers::pi / 2;
     for (int i = 1; i < 36; ++i) {
-        const double angle = turned + i * kHalfTurn / 18;
+        const double angle = turned + i * std::numbers::pi / 18;
         surface.Line(PointOnCircle(kKnobMiddle, kKnobRadius - 15, angle),
                      PointOnCircle(kKnobMiddle, kKnobRadius - 9, angle), 1.5, {kTick});
     }
     surface.Line(PointOnCircle(kKnobMiddle, kKnobRadius - 20, turned),
-                 PointOnCircle(kKnobMiddle, kKnobRadius - 9, turned), 5, {kAccent});
+                 PointOnCircle(kKnobMiddle, kKnobRadius - 9, turned), 5, {kMark});
 }
 
 // The pressed top is smaller and lit from below, with a bright edge.
@@ -56,7 +57,7 @@ void DrawTop(const Surface& surface, bool pressed) {
     surface.Disc(kKnobMiddle, kTopRadius + 2, {0x181C21});
     if (pressed) {
         surface.GradientDisc(kKnobMiddle, kTopRadius - 3, 0x23282F, 0x3E4651);
-        surface.Circle(kKnobMiddle, kTopRadius, 4, {kAccent});
+        surface.Circle(kKnobMiddle, kTopRadius, 4, {kMark});
     } else {
         surface.GradientDisc(kKnobMiddle, kTopRadius, 0x7A8591, 0x2B3138);
         surface.GradientDisc(kKnobMiddle, kTopRadius - 1.5, 0x5D6772, 0x2F353D);

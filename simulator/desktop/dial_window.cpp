@@ -5,6 +5,7 @@
 #include <atomic>
 #include <cstdio>
 #include <memory>
+#include <numbers>
 #include <optional>
 
 #include "simulator/classes/event_raising.h"
@@ -20,11 +21,10 @@ namespace dialsim {
 
 namespace {
 
-constexpr wchar_t kClassName[] = L"DialsimDial";
+constexpr wchar_t kDialClass[] = L"DialsimDial";
 constexpr double kDegreesForNotch = 10;
 constexpr double kGap = 20;           // between the host's client area and the dial
 constexpr double kNoAngleRadius = 8;  // around the middle of the knob, where the pointer has no exact angle
-const double kHalfTurn = std::acos(-1.0);
 
 constexpr UINT kUpdateDisplay = WM_APP;
 constexpr UINT kShowFeedback = WM_APP + 1;
@@ -117,7 +117,7 @@ DialWindow::DialWindow(HWND host) : host_(host) {
     // The window gets the resolution of the host's monitor when it is created there.
     const RECT host_area = ClientScreenRect(host);
     window_ = CreatePopup(
-        kClassName, OnWindowMessage, MAKEINTRESOURCEW(32649), WS_EX_TOOLWINDOW,  // IDC_HAND
+        kDialClass, OnWindowMessage, MAKEINTRESOURCEW(32649), WS_EX_TOOLWINDOW,  // IDC_HAND
         {host_area.right, host_area.top, host_area.right + kDialWidth, host_area.top + kDialHeight});
     SetDpi(DpiOf(window_), {host_area.right, host_area.top});
     SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
@@ -229,10 +229,10 @@ void DialWindow::TurnToPointer(POINT pointer) {
         return;
     }
     const double radians = std::atan2(place.y, place.x);
-    const double turned = std::remainder(radians - grab_->radians.value_or(radians), 2 * kHalfTurn);
+    const double turned = std::remainder(radians - grab_->radians.value_or(radians), 2 * std::numbers::pi);
     grab_->radians = radians;
     if (turned != 0) {
-        TurnBy(turned / kHalfTurn * 180);
+        TurnBy(turned / std::numbers::pi * 180);
     }
 }
 

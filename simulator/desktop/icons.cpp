@@ -5,6 +5,8 @@
 // after windows.h
 #include <gdiplus.h>
 
+#include <numbers>
+
 #include "simulator/desktop/gdiplus_session.h"
 #include "simulator/system/files.h"
 
@@ -15,7 +17,6 @@ namespace {
 // Icons are drawn in a square of 24 by 24 around the origin and then scaled.
 constexpr double kIconSquare = 24;
 constexpr double kPen = 2;
-const double kHalfTurn = std::acos(-1.0);
 
 class IconPainter {
 public:
@@ -31,8 +32,8 @@ public:
         Line({tip.x + back.x - side.x, tip.y + back.y - side.y}, tip);
     }
     void Arc(Point middle, double radius, double from, double to) const {
-        surface_.Arc(ToSurface(middle), radius * scale_, from * kHalfTurn, to * kHalfTurn, kPen * scale_,
-                     paint_);
+        surface_.Arc(ToSurface(middle), radius * scale_, from * std::numbers::pi, to * std::numbers::pi,
+                     kPen * scale_, paint_);
     }
     void Circle(Point middle, double radius) const {
         surface_.Circle(ToSurface(middle), radius * scale_, kPen * scale_, paint_);

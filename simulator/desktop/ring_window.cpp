@@ -10,7 +10,7 @@ namespace dialsim {
 
 namespace {
 
-constexpr wchar_t kClassName[] = L"DialsimRing";
+constexpr wchar_t kRingClass[] = L"DialsimRing";
 constexpr int kSide = 360;
 constexpr Point kMiddle{kSide / 2.0, kSide / 2.0};
 constexpr double kInner = 80;
@@ -20,7 +20,7 @@ constexpr double kPictureSize = 40;
 constexpr double kLabelWidth = 140;
 
 constexpr std::uint32_t kRing = 0x1F242B;
-constexpr std::uint32_t kAccent = 0x1F6FEB;
+constexpr std::uint32_t kHighlight = 0x1F6FEB;
 constexpr std::uint32_t kWhite = 0xFFFFFF;
 constexpr std::uint32_t kLabel = 0x1C2128;
 constexpr std::uint32_t kFaint = 0x505963;
@@ -49,7 +49,7 @@ void DrawMenu(const Surface& surface, const MenuModel& menu, std::uint32_t highl
     const std::size_t count = menu.items.size() + menu.system_items.size();
     const double half_angle = std::acos(-1.0) / static_cast<double>(count);
     surface.Circle(kMiddle, kBand, kOuter - kInner, {kRing, 0.93});
-    DrawSector(surface, AngleInRing(highlighted, count), half_angle, {kAccent});
+    DrawSector(surface, AngleInRing(highlighted, count), half_angle, {kHighlight});
     for (std::size_t i = 0; i < menu.items.size(); ++i) {
         const double angle = AngleInRing(i, count);
         DrawPicture(surface, PointOnCircle(kMiddle, kBand, angle), kPictureSize, kWhite,
@@ -114,7 +114,7 @@ void RingWindow::Stack(bool in_front) const {
 // Created on the monitor of the host: it has the resolution of that monitor then.
 void RingWindow::Open(HWND host) {
     host_ = host;
-    window_ = CreatePopup(kClassName, OnMessage, MAKEINTRESOURCEW(32512),  // IDC_ARROW
+    window_ = CreatePopup(kRingClass, OnMessage, MAKEINTRESOURCEW(32512),  // IDC_ARROW
                           WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE, RectOver(host, kSide));
     SetDpi(DpiOf(window_));
     Stack(IsInFront());

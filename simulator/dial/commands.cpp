@@ -106,8 +106,8 @@ EventResult Choose(std::uint64_t window, std::uint32_t item) {
 }
 
 bool UseMouse(std::uint64_t window, MouseAction button, int x, int y) {
-    constexpr const char* kNames[] = {" down", " move", " up"};
-    const RecordingScope recording(window, Command("mouse", x, y) + kNames[static_cast<int>(button)]);
+    constexpr const char* kActions[] = {" down", " move", " up"};
+    const RecordingScope recording(window, Command("mouse", x, y) + kActions[static_cast<int>(button)]);
     return TheDesktop().SendMouse(window, button, x, y);
 }
 

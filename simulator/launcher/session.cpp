@@ -121,7 +121,7 @@ struct Session {
         FirstController().Subscribe(StartSession);
     }
 };
-const Session session;
+const Session process_session;
 
 }  // namespace
 

@@ -21,7 +21,7 @@ namespace dialsim {
 
 namespace {
 
-using Controller = abi::IRadialController;
+using PlatformController = abi::IRadialController;
 template <class Args>
 using EventHandler = abi::TypedEventHandler<abi::RadialController, Args>;
 
@@ -47,8 +47,9 @@ private:
 };
 
 template <class Args, class Action>
-void Add(Controller& controller,
-         HRESULT (Controller::*add)(EventHandler<Args>*, EventRegistrationToken*) noexcept, Action action) {
+void Add(PlatformController& controller,
+         HRESULT (PlatformController::*add)(EventHandler<Args>*, EventRegistrationToken*) noexcept,
+         Action action) {
     const auto handler = Ref<EventHandler<Args>>::Attach(new Handler<Args, Action>(std::move(action)));
     EventRegistrationToken token{};
     if (const HRESULT code = (controller.*add)(handler.get(), &token); code < 0) {
@@ -101,7 +102,7 @@ struct Item {
 };
 
 // Empty when no item of the program is selected.
-std::optional<Item> SelectedItem(Controller* controller) {
+std::optional<Item> SelectedItem(PlatformController* controller) {
     using MenuItem = abi::IRadialControllerMenuItem;
     using Items = abi::IVector<abi::RadialControllerMenuItem>;
     const auto menu =
@@ -140,8 +141,8 @@ public:
     RecordedController& operator=(const RecordedController&) = delete;
     ~RecordedController();
 
-    void OnRotation(Controller* sender, abi::IRadialControllerRotationChangedEventArgs* args);
-    void OnClick(Controller* sender, abi::IRadialControllerButtonClickedEventArgs* args);
+    void OnRotation(PlatformController* sender, abi::IRadialControllerRotationChangedEventArgs* args);
+    void OnClick(PlatformController* sender, abi::IRadialControllerButtonClickedEventArgs* args);
     void OnContactStarted(abi::IRadialControllerScreenContactStartedEventArgs* args);
     void OnContactContinued(abi::IRadialControllerScreenContactContinuedEventArgs* args);
     void OnContactEnded();
@@ -247,7 +248,7 @@ void RecordedController::UpdateItem(const std::optional<Item>& item) {
     }
 }
 
-void RecordedController::OnRotation(Controller* sender,
+void RecordedController::OnRotation(PlatformController* sender,
                                     abi::IRadialControllerRotationChangedEventArgs* args) {
     double degrees = 0;
     args->get_RotationDeltaInDegrees(&degrees);
@@ -259,7 +260,8 @@ void RecordedController::OnRotation(Controller* sender,
     });
 }
 
-void RecordedController::OnClick(Controller* sender, abi::IRadialControllerButtonClickedEventArgs* args) {
+void RecordedController::OnClick(PlatformController* sender,
+                                 abi::IRadialControllerButtonClickedEventArgs* args) {
     Record([&, item = SelectedItem(sender), contact = ContactOf(args)] {
         UpdateItem(item);
         UpdateContact(contact);
@@ -299,23 +301,23 @@ void RecordedController::OnControlLost() {
 
 // The platform calls handlers in the order of their subscription, and the program has subscribed before the
 // first event: these handlers run when its own have ended.
-void SubscribeToEnds(Controller& controller) {
+void SubscribeToEnds(PlatformController& controller) {
     const auto end = [](auto*, auto*) { EndCommand(); };
-    Add(controller, &Controller::add_RotationChanged, end);
-    Add(controller, &Controller::add_ButtonClicked, end);
-    Add(controller, &Controller::add_ScreenContactStarted, end);
-    Add(controller, &Controller::add_ScreenContactContinued, end);
-    Add(controller, &Controller::add_ScreenContactEnded, end);
-    Add(controller, &Controller::add_ControlAcquired, end);
-    Add(controller, &Controller::add_ControlLost, end);
+    Add(controller, &PlatformController::add_RotationChanged, end);
+    Add(controller, &PlatformController::add_ButtonClicked, end);
+    Add(controller, &PlatformController::add_ScreenContactStarted, end);
+    Add(controller, &PlatformController::add_ScreenContactContinued, end);
+    Add(controller, &PlatformController::add_ScreenContactEnded, end);
+    Add(controller, &PlatformController::add_ControlAcquired, end);
+    Add(controller, &PlatformController::add_ControlLost, end);
 }
 
 }  // namespace
 
-void RecordEventsOf(Controller& controller, HWND window) {
+void RecordEventsOf(PlatformController& controller, HWND window) {
     const auto recorded = std::make_shared<RecordedController>(window);
     const auto on = [&](auto add, auto action) {
-        Add(controller, add, [=](Controller* sender, auto* args) {
+        Add(controller, add, [=](PlatformController* sender, auto* args) {
             if (recorded->IsFirstEvent()) {
                 SubscribeToEnds(*sender);
             }
@@ -323,18 +325,19 @@ void RecordEventsOf(Controller& controller, HWND window) {
         });
     };
     using Recorded = RecordedController;
-    on(&Controller::add_RotationChanged,
+    on(&PlatformController::add_RotationChanged,
        [](Recorded& self, auto* sender, auto* args) { self.OnRotation(sender, args); });
-    on(&Controller::add_ButtonClicked,
+    on(&PlatformController::add_ButtonClicked,
        [](Recorded& self, auto* sender, auto* args) { self.OnClick(sender, args); });
-    on(&Controller::add_ScreenContactStarted,
+    on(&PlatformController::add_ScreenContactStarted,
        [](Recorded& self, auto*, auto* args) { self.OnContactStarted(args); });
-    on(&Controller::add_ScreenContactContinued,
+    on(&PlatformController::add_ScreenContactContinued,
        [](Recorded& self, auto*, auto* args) { self.OnContactContinued(args); });
-    on(&Controller::add_ScreenContactEnded, [](Recorded& self, auto*, auto*) { self.OnContactEnded(); });
-    on(&Controller::add_ControlAcquired,
+    on(&PlatformController::add_ScreenContactEnded,
+       [](Recorded& self, auto*, auto*) { self.OnContactEnded(); });
+    on(&PlatformController::add_ControlAcquired,
        [](Recorded& self, auto*, auto* args) { self.OnControlAcquired(args); });
-    on(&Controller::add_ControlLost, [](Recorded& self, auto*, auto*) { self.OnControlLost(); });
+    on(&PlatformController::add_ControlLost, [](Recorded& self, auto*, auto*) { self.OnControlLost(); });
 }
 
 }  // namespace dialsim

@@ -157,7 +157,7 @@ HRESULT ReadStoreFile(const std::string& path, std::optional<std::string>& conte
     char bytes[4096];
     DWORD count = 0;
     do {
-        if (!ReadFile(file.get(), bytes, sizeof bytes, &count, nullptr)) {
+        if (!::ReadFile(file.get(), bytes, sizeof bytes, &count, nullptr)) {
             return LastCode();
         }
         content->append(bytes, count);
