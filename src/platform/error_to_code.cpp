@@ -15,7 +15,8 @@ HRESULT Originate(HRESULT code, const std::exception& error) noexcept {
     try {
         RoOriginateLanguageException(code, ToPlatformString(error.what()).Get(), nullptr);
     } catch (...) {
-        // The message is optional: without memory for it the code alone is returned.
+        // Deliberately ignored: without memory for the message the code alone is returned
+        // (ErrorsToCodes.TheCodeIsReturnedWhereTheMessageCannotBeCreated).
     }
     return code;
 }

@@ -107,6 +107,7 @@ TEST_F(Threads, TheSimulatorMayBeAskedWhileEventsRun) {
         dialsim_hold(i % 2 == 0);
     }
     dialsim_wait_for_scripts();
+    EXPECT_EQ(ended, 1);
     EXPECT_EQ(host.rotations.size(), 200u);
 }
 

@@ -150,8 +150,8 @@ int Library::Initialize() {
 }
 
 void Library::Uninit() {
-    for (const auto& [window, listener] : registry_) {
-        std::erase_if(listeners_, [listener = listener](const Listener& one) { return &one == listener; });
+    for (const auto& entry : registry_) {
+        std::erase_if(listeners_, [&](const Listener& one) { return &one == entry.second; });
     }
     registry_.clear();
     platform_.Call("RoUninitialize", "", [this] {
