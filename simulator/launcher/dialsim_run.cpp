@@ -198,13 +198,14 @@ Status ReportUnplayed(const Target& target, const std::wstring& program) {
 
 int Run(const Options& options, HMODULE simulator) {
     const std::wstring& program = options.command[0];
-    std::wstring line = Quoted(FindProgram(program));
+    const std::wstring path = FindProgram(program);
+    std::wstring line = Quoted(path);
     for (auto word = options.command.begin() + 1; word != options.command.end(); ++word) {
         line += L" " + Quoted(*word);
     }
     SetSession(options);
     try {
-        Target target(line);
+        Target target(path, line);
         target.Attach(simulator);
         target.Resume();
         if (!options.script.empty() && !target.WaitForDial(StartSeconds() * 1000)) {

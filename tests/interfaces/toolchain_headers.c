@@ -9,6 +9,12 @@
 #include <stddef.h>
 #include <windows.foundation.h>
 #include <windows.h>
+#if __MINGW64_VERSION_MAJOR >= 12
+#include <robuffer.h>
+#include <windows.devices.enumeration.h>
+#include <windows.devices.haptics.h>
+#include <windows.foundation.metadata.h>
+#endif
 #include <windows.media.speechsynthesis.h>
 #include <windows.storage.h>
 #include <windows.storage.streams.h>
@@ -47,6 +53,24 @@ struct ToolchainIdentifier {
     SLOT(IIterable, __FIIterable_1_Windows__CMedia__CSpeechSynthesis__CVoiceInformation, method)
 #define ITERATOR(method) \
     SLOT(IIterator, __FIIterator_1_Windows__CMedia__CSpeechSynthesis__CVoiceInformation, method)
+#if __MINGW64_VERSION_MAJOR >= 12
+#define HAPTICS(method) \
+    SLOT(ISimpleHapticsController, __x_ABI_CWindows_CDevices_CHaptics_CISimpleHapticsController, method)
+#define FEEDBACK(method)                   \
+    SLOT(ISimpleHapticsControllerFeedback, \
+         __x_ABI_CWindows_CDevices_CHaptics_CISimpleHapticsControllerFeedback, method)
+#define FINDER(method) \
+    SLOT(IDeviceInformationStatics, __x_ABI_CWindows_CDevices_CEnumeration_CIDeviceInformationStatics, method)
+#define DEVICE(method) \
+    SLOT(IDeviceInformation, __x_ABI_CWindows_CDevices_CEnumeration_CIDeviceInformation, method)
+#define URI(method) SLOT(IUriRuntimeClass, __x_ABI_CWindows_CFoundation_CIUriRuntimeClass, method)
+#define URIS(method) \
+    SLOT(IUriRuntimeClassFactory, __x_ABI_CWindows_CFoundation_CIUriRuntimeClassFactory, method)
+#define API(method) \
+    SLOT(IApiInformationStatics, __x_ABI_CWindows_CFoundation_CMetadata_CIApiInformationStatics, method)
+#define RANDOM(method) \
+    SLOT(IRandomAccessStream, __x_ABI_CWindows_CStorage_CStreams_CIRandomAccessStream, method)
+#endif
 
 #define TYPE(type, mangled) \
     { "type " #type, sizeof(mangled) }
@@ -101,9 +125,16 @@ const struct ToolchainNumber kToolchainNumbers[] = {
     DATA(get_LocalFolder),
     DATA(get_RoamingFolder),
     DATA(get_TemporaryFolder),
+#if __MINGW64_VERSION_MAJOR < 12
     DATA(DataChanged),
     DATA(SignalDataChanged),
     DATA(RoamingStorageQuota),
+#else
+    DATA(add_DataChanged),
+    DATA(remove_DataChanged),
+    DATA(SignalDataChanged),
+    DATA(get_RoamingStorageQuota),
+#endif
     SLOTS(IApplicationDataContainer, __x_ABI_CWindows_CStorage_CIApplicationDataContainer),
     CONTAINER(get_Name),
     CONTAINER(get_Locality),
@@ -133,6 +164,92 @@ const struct ToolchainNumber kToolchainNumbers[] = {
     ITERATOR(get_HasCurrent),
     ITERATOR(MoveNext),
     ITERATOR(GetMany),
+#if __MINGW64_VERSION_MAJOR >= 12
+    SLOTS(ISimpleHapticsController, __x_ABI_CWindows_CDevices_CHaptics_CISimpleHapticsController),
+    HAPTICS(get_Id),
+    HAPTICS(get_SupportedFeedback),
+    HAPTICS(get_IsIntensitySupported),
+    HAPTICS(get_IsPlayCountSupported),
+    HAPTICS(get_IsPlayDurationSupported),
+    HAPTICS(get_IsReplayPauseIntervalSupported),
+    HAPTICS(StopFeedback),
+    HAPTICS(SendHapticFeedback),
+    HAPTICS(SendHapticFeedbackWithIntensity),
+    HAPTICS(SendHapticFeedbackForDuration),
+    HAPTICS(SendHapticFeedbackForPlayCount),
+    SLOTS(ISimpleHapticsControllerFeedback,
+          __x_ABI_CWindows_CDevices_CHaptics_CISimpleHapticsControllerFeedback),
+    FEEDBACK(get_Waveform),
+    FEEDBACK(get_Duration),
+    SLOTS(IDeviceInformationStatics, __x_ABI_CWindows_CDevices_CEnumeration_CIDeviceInformationStatics),
+    FINDER(CreateFromIdAsync),
+    FINDER(CreateFromIdAsyncAdditionalProperties),
+    FINDER(FindAllAsync),
+    FINDER(FindAllAsyncDeviceClass),
+    FINDER(FindAllAsyncAqsFilter),
+    FINDER(FindAllAsyncAqsFilterAndAdditionalProperties),
+    FINDER(CreateWatcher),
+    FINDER(CreateWatcherDeviceClass),
+    FINDER(CreateWatcherAqsFilter),
+    FINDER(CreateWatcherAqsFilterAndAdditionalProperties),
+    SLOTS(IDeviceInformation, __x_ABI_CWindows_CDevices_CEnumeration_CIDeviceInformation),
+    DEVICE(get_Id),
+    DEVICE(get_Name),
+    DEVICE(get_IsEnabled),
+    DEVICE(get_IsDefault),
+    DEVICE(get_EnclosureLocation),
+    DEVICE(get_Properties),
+    DEVICE(Update),
+    DEVICE(GetThumbnailAsync),
+    DEVICE(GetGlyphThumbnailAsync),
+    SLOTS(IUriRuntimeClass, __x_ABI_CWindows_CFoundation_CIUriRuntimeClass),
+    URI(get_AbsoluteUri),
+    URI(get_DisplayUri),
+    URI(get_Domain),
+    URI(get_Extension),
+    URI(get_Fragment),
+    URI(get_Host),
+    URI(get_Password),
+    URI(get_Path),
+    URI(get_Query),
+    URI(get_QueryParsed),
+    URI(get_RawUri),
+    URI(get_SchemeName),
+    URI(get_UserName),
+    URI(get_Port),
+    URI(get_Suspicious),
+    URI(Equals),
+    URI(CombineUri),
+    SLOTS(IUriRuntimeClassFactory, __x_ABI_CWindows_CFoundation_CIUriRuntimeClassFactory),
+    URIS(CreateUri),
+    URIS(CreateWithRelativeUri),
+    SLOTS(IPropertySet, __x_ABI_CWindows_CFoundation_CCollections_CIPropertySet),
+    SLOTS(IApiInformationStatics, __x_ABI_CWindows_CFoundation_CMetadata_CIApiInformationStatics),
+    API(IsTypePresent),
+    API(IsMethodPresent),
+    API(IsMethodPresentWithArity),
+    API(IsEventPresent),
+    API(IsPropertyPresent),
+    API(IsReadOnlyPropertyPresent),
+    API(IsWriteablePropertyPresent),
+    API(IsEnumNamedValuePresent),
+    API(IsApiContractPresentByMajor),
+    API(IsApiContractPresentByMajorAndMinor),
+    SLOTS(IRandomAccessStream, __x_ABI_CWindows_CStorage_CStreams_CIRandomAccessStream),
+    RANDOM(get_Size),
+    RANDOM(put_Size),
+    RANDOM(GetInputStreamAt),
+    RANDOM(GetOutputStreamAt),
+    RANDOM(get_Position),
+    RANDOM(Seek),
+    RANDOM(CloneStream),
+    RANDOM(get_CanRead),
+    RANDOM(get_CanWrite),
+    SLOTS(IBufferByteAccess, __x_Windows_CStorage_CStreams_CIBufferByteAccess),
+    SLOT(IBufferByteAccess, __x_Windows_CStorage_CStreams_CIBufferByteAccess, Buffer),
+    SLOTS(IRandomAccessStreamWithContentType,
+          __x_ABI_CWindows_CStorage_CStreams_CIRandomAccessStreamWithContentType),
+#endif
     TYPE(boolean, boolean),
     TYPE(TrustLevel, TrustLevel),
     TYPE(AsyncStatus, AsyncStatus),
@@ -191,6 +308,18 @@ const struct ToolchainNumber kToolchainNumbers[] = {
     { #type, &IID___x_ABI_CWindows_CStorage_C##type }
 #define STREAMS(type) \
     { #type, &IID___x_ABI_CWindows_CStorage_CStreams_C##type }
+#define HAPTIC(type) \
+    { #type, &IID___x_ABI_CWindows_CDevices_CHaptics_C##type }
+#define ENUMERATION(type) \
+    { #type, &IID___x_ABI_CWindows_CDevices_CEnumeration_C##type }
+#define FOUNDATION(type) \
+    { #type, &IID___x_ABI_CWindows_CFoundation_C##type }
+#define COLLECTIONS(type) \
+    { #type, &IID___x_ABI_CWindows_CFoundation_CCollections_C##type }
+#define INTEROP(type) \
+    { #type, &IID___x_Windows_CStorage_CStreams_C##type }
+#define METADATA(type) \
+    { #type, &IID___x_ABI_CWindows_CFoundation_CMetadata_C##type }
 
 const struct ToolchainIdentifier kToolchainIdentifiers[] = {
     BASE(IUnknown),
@@ -205,6 +334,20 @@ const struct ToolchainIdentifier kToolchainIdentifiers[] = {
     STORAGE(IApplicationData),
     STORAGE(IApplicationDataContainer),
     STREAMS(IBuffer),
+#if __MINGW64_VERSION_MAJOR >= 12
+    HAPTIC(ISimpleHapticsController),
+    HAPTIC(ISimpleHapticsControllerFeedback),
+    ENUMERATION(IDeviceInformationStatics),
+    ENUMERATION(IDeviceInformation),
+    FOUNDATION(IUriRuntimeClass),
+    FOUNDATION(IUriRuntimeClassFactory),
+    COLLECTIONS(IPropertySet),
+    METADATA(IApiInformationStatics),
+    STORAGE(IStorageFile),
+    STREAMS(IRandomAccessStream),
+    STREAMS(IRandomAccessStreamWithContentType),
+    INTEROP(IBufferByteAccess),
+#endif
     {NULL, NULL},
 };
 

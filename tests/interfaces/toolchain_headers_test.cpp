@@ -68,8 +68,9 @@ struct Speech {
     static constexpr char Name[] = "Windows.Media.SpeechSynthesis.SpeechSynthesisStream";
 };
 
-// The toolchain has one method for the event's two, so that later slots are one lower, and a property without
-// its prefix.
+#if __MINGW64_VERSION_MAJOR < 12
+// These headers have one method for the event's two, so that later slots are one lower, and a property
+// without its prefix.
 const std::set<std::string> kWrongInTheToolchain = {
     "slots IApplicationData 18",
     "method IApplicationData::DataChanged 15",
@@ -81,6 +82,13 @@ const std::set<std::string> kMissingInTheToolchain = {
     "method IApplicationData::remove_DataChanged",
     "method IApplicationData::get_RoamingStorageQuota",
 };
+// Its value does not follow from the published signature.
+const std::set<std::string> kWrongInstancesInTheToolchain = {"IVectorView<HSTRING>"};
+#else
+const std::set<std::string> kWrongInTheToolchain;
+const std::set<std::string> kMissingInTheToolchain;
+const std::set<std::string> kWrongInstancesInTheToolchain;
+#endif
 
 // The toolchain's facts may be shorter: for instance, it has no parameter counts.
 bool IsDeclared(const std::string& fact) {
@@ -137,13 +145,12 @@ TEST(ToolchainHeaders, InstantiationsHaveTheSameIdentifier) {
         OURS(AsyncOperationCompletedHandler<Speech>),
     };
 #undef OURS
-    // The toolchain's value for this one does not follow from the published signature.
-    const std::set<std::string> wrong = {"IVectorView<HSTRING>"};
     std::size_t rows = 0;
     for (const auto* theirs = kToolchainInstances; theirs->Name != nullptr; ++theirs, ++rows) {
         const auto found = ours.find(theirs->Name);
         ASSERT_NE(found, ours.end()) << theirs->Name;
-        EXPECT_NE(SameId(found->second, *theirs->Value), wrong.contains(theirs->Name)) << theirs->Name;
+        EXPECT_NE(SameId(found->second, *theirs->Value), kWrongInstancesInTheToolchain.contains(theirs->Name))
+            << theirs->Name;
     }
     EXPECT_EQ(rows, ours.size());
 }

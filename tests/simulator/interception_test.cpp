@@ -71,8 +71,9 @@ TEST_F(LoadedLibrary, IsHookedOnce) {
 TEST_F(LoadedLibrary, KeepsTheProtectionOfAReadOnlyImportTable) {
     library_ = LoadLibraryA("brindle.dll");
     void** const entry = ImportOf(library_, "kernel32.dll", "Sleep");
-    void* const hook = std::exchange(*entry, KernelFunction("Sleep"));
     DWORD protection = 0;
+    ASSERT_TRUE(VirtualProtect(entry, sizeof *entry, PAGE_READWRITE, &protection));
+    void* const hook = std::exchange(*entry, KernelFunction("Sleep"));
     ASSERT_TRUE(VirtualProtect(entry, sizeof *entry, PAGE_READONLY, &protection));
     EXPECT_TRUE(dialsim_watch("brindle.dll"));
     EXPECT_EQ(*entry, hook);

@@ -34,12 +34,9 @@ char* FindModule(HANDLE process, const std::wstring& path) {
     return nullptr;
 }
 
-// From the file's header: the system's functions do not tell a native program of another processor from an
-// x64 one.
-WORD MachineOf(HANDLE process) {
-    std::wstring path(kLongestPath, L'\0');
-    auto length = kLongestPath;
-    QueryFullProcessImageNameW(process, 0, path.data(), &length);
+// From the file's header, unknown for other files: the system's functions do not tell a native program of
+// another processor from an x64 one.
+WORD MachineOf(const std::wstring& path) {
     const Handle file(CreateFileW(path.c_str(), GENERIC_READ,
                                   FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
                                   OPEN_EXISTING, 0, nullptr));
@@ -49,7 +46,22 @@ WORD MachineOf(HANDLE process) {
     ReadFile(file.Get(), &start, sizeof start, &read, nullptr);
     SetFilePointer(file.Get(), start.e_lfanew, nullptr, FILE_BEGIN);
     ReadFile(file.Get(), &headers, sizeof headers, &read, nullptr);
-    return headers.FileHeader.Machine;
+    return start.e_magic == IMAGE_DOS_SIGNATURE && headers.Signature == IMAGE_NT_SIGNATURE
+               ? headers.FileHeader.Machine
+               : IMAGE_FILE_MACHINE_UNKNOWN;
+}
+
+std::wstring PathOf(HANDLE process) {
+    std::wstring path(kLongestPath, L'\0');
+    auto length = kLongestPath;
+    QueryFullProcessImageNameW(process, 0, path.data(), &length);
+    path.resize(length);
+    return path;
+}
+
+bool IsForAnotherProcessor(const std::wstring& path) {
+    const WORD machine = MachineOf(path);
+    return machine != IMAGE_FILE_MACHINE_UNKNOWN && machine != IMAGE_FILE_MACHINE_AMD64;
 }
 
 Refusal ReasonNotToLoad(HANDLE process) {
@@ -81,7 +93,7 @@ Handle JobOf(HANDLE process) {
 
 }  // namespace
 
-Target::Target(std::wstring command_line) {
+Target::Target(const std::wstring& program, std::wstring command_line) {
     STARTUPINFOW startup{};
     startup.cb = sizeof startup;
     // A program of the subsystem "windows" gets them only in this way.
@@ -97,7 +109,8 @@ Target::Target(std::wstring command_line) {
     const DWORD error = GetLastError();
     SetErrorMode(mode);
     if (created == FALSE) {
-        throw RefusalToStart(error);
+        // The error for such a program depends on what the system can run beside x64 programs.
+        throw RefusalToStart(IsForAnotherProcessor(program) ? ERROR_EXE_MACHINE_TYPE_MISMATCH : error);
     }
     process_ = Handle(started.hProcess);
     thread_ = Handle(started.hThread);
@@ -107,7 +120,7 @@ Target::Target(std::wstring command_line) {
 Target::~Target() { TerminateProcess(process_.Get(), static_cast<UINT>(kNotStarted)); }
 
 void Target::RequireX64() const {
-    if (MachineOf(process_.Get()) != IMAGE_FILE_MACHINE_AMD64) {
+    if (MachineOf(PathOf(process_.Get())) != IMAGE_FILE_MACHINE_AMD64) {
         throw RefusalToStart(ERROR_EXE_MACHINE_TYPE_MISMATCH);
     }
 }

@@ -13,7 +13,7 @@ namespace dialsim {
 class Target {
 public:
     // Starts the program, suspended before its first instruction. Throws Refusal.
-    explicit Target(std::wstring command_line);
+    Target(const std::wstring& program, std::wstring command_line);
     // Ends the program unless it has been waited for.
     ~Target();
     Target(const Target&) = delete;
