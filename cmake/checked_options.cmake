@@ -1,6 +1,7 @@
 # Options that need each other, and builds that are refused.
-if(WIN32 AND NOT (MINGW AND CMAKE_CXX_COMPILER_ID STREQUAL GNU AND CMAKE_SIZEOF_VOID_P EQUAL 8))
-    message(FATAL_ERROR "brindle.dll is built by GCC for 64-bit Windows (MinGW). With another compiler use its package, "
+if(WIN32 AND NOT (MINGW AND CMAKE_CXX_COMPILER_ID MATCHES "^(GNU|Clang)$" AND CMAKE_SIZEOF_VOID_P EQUAL 8))
+    message(FATAL_ERROR "brindle.dll is built for 64-bit Windows by GCC (MinGW), or by clang and lld with the libraries of "
+        "GCC, as in cmake/mingw-clang.cmake. With another compiler use its package, "
         "find_package(brindle), which serves every compiler for 64-bit Windows.")
 endif()
 

@@ -22,21 +22,35 @@ function(brindle_add_msvc_import_library package definition)
     install(FILES ${library} DESTINATION lib COMPONENT ${package})
 endfunction()
 
-# Debug symbols are in a separate file next to the DLL, which debuggers find by the name in the DLL. Without
-# --preserve-dates the headers would contain the current time.
+# Debug symbols are in a separate file next to the DLL, which debuggers find by the name in the DLL: for GCC in DWARF, for
+# GDB, and for clang in a PDB, for Windows debuggers. The property BRINDLE_SYMBOLS is the file.
 function(brindle_split_debug_symbols package)
     set(dll $<TARGET_FILE:${package}>)
-    add_custom_command(TARGET ${package} POST_BUILD
-        COMMAND ${CMAKE_OBJCOPY} --preserve-dates --only-keep-debug ${dll} ${dll}.debug
-        COMMAND ${CMAKE_OBJCOPY} --preserve-dates --strip-all --add-gnu-debuglink=${dll}.debug ${dll}
-        VERBATIM)
+    if(CMAKE_CXX_COMPILER_ID STREQUAL GNU)
+        set(symbols ${dll}.debug)
+        # Without --preserve-dates the headers would contain the current time.
+        add_custom_command(TARGET ${package} POST_BUILD
+            COMMAND ${CMAKE_OBJCOPY} --preserve-dates --only-keep-debug ${dll} ${symbols}
+            COMMAND ${CMAKE_OBJCOPY} --preserve-dates --strip-all --add-gnu-debuglink=${symbols} ${dll}
+            VERBATIM)
+    else()
+        set(symbols $<TARGET_FILE_DIR:${package}>/${package}.pdb)
+        # An empty name is that of the DLL. The PDB contains no path of the build, and the DLL none of the PDB.
+        target_link_options(${package} PRIVATE -Wl,--pdb=,-Xlink=-pdbaltpath:%_PDB%,-Xlink=-pdbsourcepath:.)
+        # The toolchain's libraries have symbols in DWARF.
+        add_custom_command(TARGET ${package} POST_BUILD COMMAND ${CMAKE_OBJCOPY} --strip-all ${dll} VERBATIM)
+    endif()
+    set_target_properties(${package} PROPERTIES BRINDLE_SYMBOLS ${symbols})
 endfunction()
 
 # The Windows part of a package: version resource, module definition and symbols.
 function(brindle_configure_dll package description definition)
     set(resource ${CMAKE_CURRENT_BINARY_DIR}/package/version.rc)
     configure_file(${CMAKE_CURRENT_FUNCTION_LIST_DIR}/package/version.rc.in ${resource} @ONLY)
-    target_sources(${package} PRIVATE ${resource} ${definition})
+    # CMake names a file of the build folder by its relative path. A PDB contains the linker's command.
+    set(exports ${CMAKE_CURRENT_BINARY_DIR}/package/${package}.def)
+    configure_file(${definition} ${exports} COPYONLY)
+    target_sources(${package} PRIVATE ${resource} ${exports})
     set_target_properties(${package} PROPERTIES PREFIX "")
     # Without DLLs of the compiler and unused functions of its libraries; reproducible.
     target_link_options(${package} PRIVATE -static -Wl,--gc-sections,--no-insert-timestamp)
@@ -76,7 +90,7 @@ function(brindle_install_library package definition headers)
         LIBRARY DESTINATION ${BRINDLE_INSTALL_FOLDER}lib
         ARCHIVE DESTINATION ${BRINDLE_INSTALL_FOLDER}lib)
     if(WIN32)
-        install(FILES $<TARGET_FILE:${package}>.debug DESTINATION ${BRINDLE_INSTALL_FOLDER}bin COMPONENT ${package})
+        install(FILES $<TARGET_PROPERTY:${package},BRINDLE_SYMBOLS> DESTINATION ${BRINDLE_INSTALL_FOLDER}bin COMPONENT ${package})
         if(LLVM_DLLTOOL)
             brindle_add_msvc_import_library(${package} ${definition})
         endif()

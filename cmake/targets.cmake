@@ -5,11 +5,13 @@ target_compile_options(brindle_warnings INTERFACE
     $<$<COMPILE_LANGUAGE:CXX>:-Wnon-virtual-dtor -Woverloaded-virtual -Wextra-semi>
     $<$<BOOL:${BRINDLE_WARNINGS_AS_ERRORS}>:-Werror>)
 
-# Flags of the packaged programs and libraries: reproducible symbols, without the names of build folders.
+# Flags of the packaged programs and libraries: reproducible symbols, without the names of build folders. Clang writes them
+# for a PDB.
 add_library(brindle_package_flags INTERFACE)
 if(WIN32)
     target_compile_options(brindle_package_flags INTERFACE $<$<COMPILE_LANGUAGE:CXX>:
-        -ffile-prefix-map=${PROJECT_SOURCE_DIR}=. -ffile-prefix-map=${PROJECT_BINARY_DIR}=.>)
+        -ffile-prefix-map=${PROJECT_SOURCE_DIR}=. -ffile-prefix-map=${PROJECT_BINARY_DIR}=.
+        $<$<CXX_COMPILER_ID:Clang>:-gcodeview>>)
 endif()
 
 # Sets what the library's and the simulator's sources rely on, whatever a parent project has chosen for its own.
