@@ -17,8 +17,10 @@ get_filename_component(gcc_folder "${libgcc}" DIRECTORY)
 set(libstdcxx ${gcc_folder}/include/c++)
 
 set(CMAKE_C_FLAGS_INIT "${mingw_compile_flags}")
-set(CMAKE_CXX_FLAGS_INIT
-    "${CMAKE_C_FLAGS_INIT} -stdlib++-isystem ${libstdcxx} -stdlib++-isystem ${libstdcxx}/x86_64-w64-mingw32")
+# The two macros are predefined by MinGW's GCC.
+string(JOIN " " CMAKE_CXX_FLAGS_INIT ${mingw_compile_flags}
+    -stdlib++-isystem ${libstdcxx} -stdlib++-isystem ${libstdcxx}/x86_64-w64-mingw32
+    -D__GXX_TYPEINFO_EQUALITY_INLINE=0 -D__GXX_MERGED_TYPEINFO_NAMES=0)
 set(link_flags "${mingw_link_flags} -fuse-ld=lld -B${gcc_folder} -L${gcc_folder}")
 set(CMAKE_EXE_LINKER_FLAGS_INIT "${link_flags}")
 set(CMAKE_SHARED_LINKER_FLAGS_INIT "${link_flags}")

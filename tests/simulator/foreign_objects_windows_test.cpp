@@ -16,6 +16,7 @@ namespace {
 class RawObject {
 public:
     explicit RawObject(const GUID& iid) : iid_(iid) {
+        functions_ = table_.data() + kBefore;
         Set(0, &QueryInterface);
         Set(1, &Count);
         Set(2, &Count);
@@ -43,7 +44,7 @@ private:
     }
     static HRESULT Count(RawObject*) { return 1; }
 
-    void** functions_ = table_.data() + kBefore;
+    void** functions_ = nullptr;
     std::array<void*, 64> table_{reinterpret_cast<void*>(0x10), reinterpret_cast<void*>(0x10)};
     const GUID iid_;
 };
