@@ -13,4 +13,4 @@ set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
 
 # The runtime's printf, which shares the host's standard output, instead of the toolchain's replacement.
 set(mingw_compile_flags "-D_UCRT -D_WIN32_WINNT=0x0A00 -D__USE_MINGW_ANSI_STDIO=0")
-set(mingw_link_flags "-static -Wl,--dynamicbase,--nxcompat,--high-entropy-va")
+set(mingw_link_flags "-static -Wl,--dynamicbase,--nxcompat,--high-entropy-va,--no-insert-timestamp")

@@ -23,7 +23,7 @@ function(brindle_add_msvc_import_library package definition)
 endfunction()
 
 # Debug symbols are in a separate file next to the DLL, which debuggers find by the name in the DLL: for GCC in DWARF, for
-# GDB, and for clang in a PDB, for Windows debuggers. The property BRINDLE_SYMBOLS is the file.
+# GDB, and for clang in a PDB, for Windows debuggers.
 function(brindle_split_debug_symbols package)
     set(dll $<TARGET_FILE:${package}>)
     if(CMAKE_CXX_COMPILER_ID STREQUAL GNU)
@@ -40,7 +40,9 @@ function(brindle_split_debug_symbols package)
         # The toolchain's libraries have symbols in DWARF.
         add_custom_command(TARGET ${package} POST_BUILD COMMAND ${CMAKE_OBJCOPY} --strip-all ${dll} VERBATIM)
     endif()
-    set_target_properties(${package} PROPERTIES BRINDLE_SYMBOLS ${symbols})
+    if(BRINDLE_INSTALL)
+        install(FILES ${symbols} DESTINATION ${BRINDLE_INSTALL_FOLDER}bin COMPONENT ${package})
+    endif()
 endfunction()
 
 # The Windows part of a package: version resource, module definition and symbols.
@@ -89,11 +91,8 @@ function(brindle_install_library package definition headers)
         RUNTIME DESTINATION ${BRINDLE_INSTALL_FOLDER}bin
         LIBRARY DESTINATION ${BRINDLE_INSTALL_FOLDER}lib
         ARCHIVE DESTINATION ${BRINDLE_INSTALL_FOLDER}lib)
-    if(WIN32)
-        install(FILES $<TARGET_PROPERTY:${package},BRINDLE_SYMBOLS> DESTINATION ${BRINDLE_INSTALL_FOLDER}bin COMPONENT ${package})
-        if(LLVM_DLLTOOL)
-            brindle_add_msvc_import_library(${package} ${definition})
-        endif()
+    if(WIN32 AND LLVM_DLLTOOL)
+        brindle_add_msvc_import_library(${package} ${definition})
     endif()
     install(FILES ${headers} DESTINATION include COMPONENT ${package})
     install(FILES ${PROJECT_SOURCE_DIR}/LICENSE ${CMAKE_CURRENT_FUNCTION_LIST_DIR}/package/THIRD-PARTY.txt
