@@ -5,18 +5,27 @@
 namespace brindle {
 
 void ListenerRegistry::Insert(std::uint64_t window, std::unique_ptr<DialListener> listener) {
-    auto place = Place(window);
-    if (place == listeners_.end() || place->first != window) {
-        place = listeners_.insert(place, {window, nullptr});
+    std::size_t place = Place(window);
+    if (windows_.empty() || windows_[place] != window) {
+        // In this order: when the second one fails, the list of windows is unchanged.
+        listeners_.push_back(nullptr);
+        windows_.push_back(window);
+        for (place = windows_.size() - 1; place > 0 && windows_[place - 1] > window; --place) {
+            windows_[place] = windows_[place - 1];
+            listeners_[place] = listeners_[place - 1];
+        }
+        windows_[place] = window;
     }
-    place->second = listener.release();
+    listeners_[place] = listener.release();
 }
 
 void ListenerRegistry::EndAll() {
-    for (const auto& [window, listener] : listeners_) {
+    for (DialListener* listener : listeners_) {
         delete listener;
     }
-    listeners_ = std::vector<Entry>();  // frees its memory, as clear() would not
+    // Frees their memory, as clear() would not.
+    windows_ = std::vector<std::uint64_t>();
+    listeners_ = std::vector<DialListener*>();
 }
 
 }  // namespace brindle

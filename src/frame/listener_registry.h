@@ -1,10 +1,9 @@
 // Maps window handles to listeners.
 #pragma once
 
-#include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <memory>
-#include <utility>
 #include <vector>
 
 namespace brindle {
@@ -20,24 +19,34 @@ public:
     void Insert(std::uint64_t window, std::unique_ptr<DialListener> listener);
 
     // Null when the window has none.
-    DialListener* Find(std::uint64_t window) {
-        const auto place = Place(window);
-        return place != listeners_.end() && place->first == window ? place->second : nullptr;
+    DialListener* Find(std::uint64_t window) const {
+        if (windows_.empty()) {
+            return nullptr;
+        }
+        const std::size_t place = Place(window);
+        return windows_[place] == window ? listeners_[place] : nullptr;
     }
 
     // Destroys every listener, in ascending order of window, and empties the registry.
     void EndAll();
 
 private:
-    using Entry = std::pair<std::uint64_t, DialListener*>;
-
-    // Where the window is or belongs.
-    std::vector<Entry>::iterator Place(std::uint64_t window) {
-        return std::partition_point(listeners_.begin(), listeners_.end(),
-                                    [&](const Entry& entry) { return entry.first < window; });
+    // The place of the last window that is not above this one; 0 when there is none.
+    std::size_t Place(std::uint64_t window) const {
+        const std::uint64_t* first = windows_.data();
+        for (std::size_t count = windows_.size(); count > 1;) {
+            const std::size_t half = count / 2;
+            if (first[half] <= window) {
+                first += half;
+            }
+            count -= half;
+        }
+        return static_cast<std::size_t>(first - windows_.data());
     }
 
-    std::vector<Entry> listeners_;  // in ascending order of window
+    // In ascending order, and the listener of each. Two lists: a search reads windows only.
+    std::vector<std::uint64_t> windows_;
+    std::vector<DialListener*> listeners_;
 };
 
 }  // namespace brindle

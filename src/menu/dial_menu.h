@@ -59,7 +59,7 @@ private:
     IDialHost* const host_;
     const ComPtr<abi::IRadialController>& controller_;
     // Destroyed from last to first: the entries before the menu with their items.
-    ComPtr<abi::IRadialControllerMenu> menu_;
+    ClearedComPtr<abi::IRadialControllerMenu> menu_;
     ComPtr<abi::IRadialControllerMenuItemStatics> item_statics_;
     // Appended to by every menu and never cleared: hosts rely on the first entry of an item_id to decide its
     // haptic setting (Invocation.AnEntryOfAnEarlierMenuDecidesForALaterOne). No lock, although a picture file

@@ -16,30 +16,32 @@ constexpr std::basic_string_view<WCHAR> ClassName() noexcept {
     return {kClassName<RuntimeClass>.data(), kClassName<RuntimeClass>.size() - 1};
 }
 
-// Releases the former factory first, before it creates the string of the class name
-// (CustomMenu.TheFormerFactoryForKnownIconsGoesBeforeTheNextOnesNameIsMade). Null when the platform succeeds
-// and yields null.
+// Null when the platform succeeds and yields null.
 inline HRESULT GetFactoryOrNull(std::basic_string_view<WCHAR> class_name, const GUID& iid,
-                                abi::IUnknown*& factory) noexcept {
-    ReleaseReference(std::exchange(factory, nullptr));
+                                void** factory) noexcept {
     StringReference string;
     const HRESULT code = string.Create(class_name);
-    return code < 0 ? code : RoGetActivationFactory(string.Get(), iid, reinterpret_cast<void**>(&factory));
-}
-
-template <class RuntimeClass, class Factory>
-HRESULT GetFactoryOrNull(ComPtr<Factory>& factory) noexcept {
-    abi::IUnknown* untyped = factory.Detach();
-    const HRESULT code = GetFactoryOrNull(ClassName<RuntimeClass>(), Factory::Iid, untyped);
-    *factory.Put() = static_cast<Factory*>(untyped);
-    return code;
+    return code < 0 ? code : RoGetActivationFactory(string.Get(), iid, factory);
 }
 
 // A success that yields null counts as a failure.
+inline HRESULT GetFactory(std::basic_string_view<WCHAR> class_name, const GUID& iid,
+                          void** factory) noexcept {
+    const HRESULT code = GetFactoryOrNull(class_name, iid, factory);
+    return code >= 0 && *factory == nullptr ? E_NOINTERFACE : code;
+}
+
+// Both release the former factory first, before the string of the class name is created
+// (CustomMenu.TheFormerFactoryForKnownIconsGoesBeforeTheNextOnesNameIsMade).
+
+template <class RuntimeClass, class Factory>
+HRESULT GetFactoryOrNull(ComPtr<Factory>& factory) noexcept {
+    return GetFactoryOrNull(ClassName<RuntimeClass>(), Factory::Iid, reinterpret_cast<void**>(factory.Put()));
+}
+
 template <class RuntimeClass, class Factory>
 HRESULT GetFactory(ComPtr<Factory>& factory) noexcept {
-    const HRESULT code = GetFactoryOrNull<RuntimeClass>(factory);
-    return code >= 0 && !factory ? E_NOINTERFACE : code;
+    return GetFactory(ClassName<RuntimeClass>(), Factory::Iid, reinterpret_cast<void**>(factory.Put()));
 }
 
 }  // namespace brindle

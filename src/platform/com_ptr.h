@@ -28,7 +28,7 @@ public:
         std::swap(pointer_, other.pointer_);
         return *this;
     }
-    ~ComPtr() { Reset(); }
+    ~ComPtr() { ReleaseReference(pointer_); }
 
     // Takes over a reference that the caller owns.
     static ComPtr Attach(Interface* pointer) noexcept {
@@ -54,6 +54,14 @@ public:
 
 private:
     Interface* pointer_ = nullptr;
+};
+
+// Its destructor also clears it before the release: for a member that an event reads.
+template <class Interface>
+class ClearedComPtr : public ComPtr<Interface> {
+public:
+    using ComPtr<Interface>::operator=;
+    ~ClearedComPtr() { this->Reset(); }
 };
 
 // A success that yields null counts as a failure.

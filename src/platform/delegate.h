@@ -16,7 +16,7 @@ class Delegate;
 template <class Handler, class Action, class... Parameters>
 class Delegate<Handler, Action, HRESULT (Handler::*)(Parameters...)> : public Implements<Handler> {
 public:
-    explicit Delegate(Action action) : action_(std::move(action)) {}
+    explicit Delegate(Action&& action) : action_(std::move(action)) {}
 
     HRESULT Invoke(Parameters... parameters) override { return action_(parameters...); }
 
@@ -26,7 +26,7 @@ private:
 
 // Null without memory.
 template <class Handler, class Action>
-ComPtr<Handler> MakeDelegate(Action action) noexcept {
+ComPtr<Handler> MakeDelegate(Action&& action) noexcept {
     return ComPtr<Handler>::Attach(new (std::nothrow) Delegate<Handler, Action>(std::move(action)));
 }
 

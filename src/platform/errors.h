@@ -68,10 +68,13 @@ inline void ThrowIfFailed(HRESULT code) {
 // Whether the code is a failure, for calls that fail in ordinary use: avoids the cost of an exception.
 // 0x8007000E throws std::bad_alloc all the same.
 inline bool Failed(HRESULT code) {
+    if (code >= 0) {
+        return false;
+    }
     if (code == E_OUTOFMEMORY) {
         Throw(code);
     }
-    return code < 0;
+    return true;
 }
 
 // Raises the code as an operating-system exception that cannot be continued from; no catch block sees it.

@@ -12,7 +12,7 @@ namespace brindle {
 template <class Handler, class Action>
 class FreeThreadedDelegate final : public Delegate<Handler, Action> {
 public:
-    explicit FreeThreadedDelegate(Action action) : Delegate<Handler, Action>(std::move(action)) {}
+    explicit FreeThreadedDelegate(Action&& action) : Delegate<Handler, Action>(std::move(action)) {}
 
     HRESULT QueryInterface(const GUID& iid, void** object) noexcept override {
         if (object == nullptr || !abi::SameId(iid, abi::IMarshalIid)) {
@@ -55,7 +55,7 @@ private:
 
 // Null without memory.
 template <class Handler, class Action>
-ComPtr<Handler> MakeFreeThreadedDelegate(Action action) noexcept {
+ComPtr<Handler> MakeFreeThreadedDelegate(Action&& action) noexcept {
     return ComPtr<Handler>::Attach(new (std::nothrow)
                                        FreeThreadedDelegate<Handler, Action>(std::move(action)));
 }

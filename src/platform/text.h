@@ -37,7 +37,12 @@ inline UINT LengthOf(const String& string) noexcept { return WindowsGetStringLen
 
 // Compares unit by unit, up to the first NUL of either.
 inline bool SameText(const String& string, const WCHAR* text) noexcept {
-    return std::basic_string_view<WCHAR>(TextOf(string)) == text;
+    const WCHAR* units = TextOf(string);
+    while (*units == *text && *text != 0) {
+        ++units;
+        ++text;
+    }
+    return *units == *text;
 }
 
 }  // namespace brindle

@@ -187,8 +187,9 @@ TEST_F(AllocationFailures, OfRegistering) {
         lasting_outcomes.push_back("answered 0, failed with 8007000e" + at_line +
                                    "register failed with 8007000e at line 110\n");
     }
-    outcomes.emplace_back(kThrown);
-    lasting_outcomes.emplace_back(kThrown);
+    // The registry's two lists.
+    outcomes.insert(outcomes.end(), 2, kThrown);
+    lasting_outcomes.insert(lasting_outcomes.end(), 2, kThrown);
     InjectEachFailure({.name = "init_dial_listener",
                        .prepare = Start,
                        .act = [this] { return std::int32_t{init_dial_listener(&host_)}; },

@@ -118,25 +118,30 @@ protected:
     ~IRadialControllerScreenContact() = default;
 };
 
-struct IRadialControllerScreenContactStartedEventArgs : IInspectable {
-    static constexpr GUID Iid = Id("206aa436-e651-11e5-bf62-2c27d7404e85");
+// Not published: the first slot of several arguments.
+struct IContactArgs : IInspectable {
     virtual HRESULT get_Contact(IRadialControllerScreenContact** result) noexcept = 0;
+
+protected:
+    ~IContactArgs() = default;
+};
+
+struct IRadialControllerScreenContactStartedEventArgs : IContactArgs {
+    static constexpr GUID Iid = Id("206aa436-e651-11e5-bf62-2c27d7404e85");
 
 protected:
     ~IRadialControllerScreenContactStartedEventArgs() = default;
 };
 
-struct IRadialControllerScreenContactContinuedEventArgs : IInspectable {
+struct IRadialControllerScreenContactContinuedEventArgs : IContactArgs {
     static constexpr GUID Iid = Id("206aa437-e651-11e5-bf62-2c27d7404e85");
-    virtual HRESULT get_Contact(IRadialControllerScreenContact** result) noexcept = 0;
 
 protected:
     ~IRadialControllerScreenContactContinuedEventArgs() = default;
 };
 
-struct IRadialControllerControlAcquiredEventArgs : IInspectable {
+struct IRadialControllerControlAcquiredEventArgs : IContactArgs {
     static constexpr GUID Iid = Id("206aa439-e651-11e5-bf62-2c27d7404e85");
-    virtual HRESULT get_Contact(IRadialControllerScreenContact** result) noexcept = 0;
 
 protected:
     ~IRadialControllerControlAcquiredEventArgs() = default;
