@@ -36,6 +36,13 @@ extern "C" void __wrap__ZdlPvm(void* block, std::size_t size) {
     __real__ZdlPvm(block, size);
 }
 
+// Of arrays of characters, which are temporary: not held.
+extern "C" void* __real__Znam(std::size_t size);
+extern "C" void* __wrap__Znam(std::size_t size) {
+    ++allocations;
+    return __real__Znam(size);
+}
+
 extern "C" void* __real_calloc(std::size_t count, std::size_t size);
 extern "C" void* __wrap_calloc(std::size_t count, std::size_t size) {
     ++allocations;

@@ -1,60 +1,86 @@
 """Counts the instructions of one run of a workload, on one side, with callgrind.
 
-Two runs of different length are subtracted, so that start-up and end of the program are not counted. Workloads depend on
-neither time nor the processor: the counts are exact for one version of compiler and C library.
+Workloads depend on neither time nor the processor: the counts are exact for one version of compiler and C library.
 """
 
+import concurrent.futures
+import os
 import pathlib
 import subprocess
 import tempfile
 
 ROOT = pathlib.Path(__file__).resolve().parents[1]
-FOLDERS = {"library": ROOT / "src", "baseline": ROOT / "bench" / "baseline"}
-RUNS = (100, 1100)
-RUNS_OF_LONG_WORKLOADS = {"menu/10000": (1, 3), "select/1000": (10, 60)}
+BENCH = ROOT / "bench"
+SIDES = ("library", "baseline")
 
-# The workload whose count is in instructions_per_rotation.txt.
-GUARDED = "rotation/menu, selection and contact"
+SLEEPING = "presence/after"
+
+# Runs before the measurement, and in it. The first runs fill caches and settings.
+RUNS = (10, 1000)
+RUNS_OF_LONG_WORKLOADS = {"menu/": (1, 10), "select/1000": (1, 20)}
+ITEMS_OF_A_MENU = 100
 
 
-def own_cost(profile, folder):
-    """The instructions of functions that the folder's files define, inlined code included and callees excluded."""
-    total, is_own, is_call = 0, False, False
+def belongs_to_side(program, object_file, file):
+    """Whether a function is the side's own: part of the program, and not of the benchmark around both sides.
+
+    Instances of the standard library's templates are part of the side; the stub platform, the C library and the C++ library
+    are objects of their own, and the linker's stubs have no file.
+    """
+    if object_file != str(program) or file == "???":
+        return False
+    path = pathlib.Path(file)
+    return not path.is_relative_to(BENCH) or path.is_relative_to(BENCH / "baseline")
+
+
+def costs(program, profile):
+    """Own instructions, and those with all callees: the stub platform and the heap."""
+    own = total = 0
+    object_file = file = ""
+    is_call = False
     for line in profile.splitlines():
-        if line.startswith("fl="):
-            is_own = line[3:].startswith(f"{folder}/")
+        if line.startswith("ob="):
+            object_file = line[3:]
+        elif line.startswith("fl="):
+            file = line[3:]
         elif line.startswith("calls="):
             is_call = True
         elif line[:1].isdigit():
-            total += int(line.split()[1]) if is_own and not is_call else 0
+            if not is_call:
+                cost = int(line.split()[1])
+                total += cost
+                own += cost if belongs_to_side(program, object_file, file) else 0
             is_call = False
-    return total
-
-
-def total_cost(profile, _):
-    return int(next(line.split()[1] for line in profile.splitlines() if line.startswith("totals:")))
-
-
-def profile_of(program, workload, side, runs):
-    with tempfile.TemporaryDirectory() as folder:
-        profile = pathlib.Path(folder) / "profile"
-        subprocess.run(["valgrind", "--tool=callgrind", "--compress-strings=no", "--compress-pos=no",
-                        f"--callgrind-out-file={profile}", program, workload, side, str(runs)],
-                       check=True, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-        return profile.read_text()
-
-
-def count(program, workload, side, *costs):
-    """For each of the costs the difference of two runs, divided by the number of runs between them."""
-    short, long = RUNS_OF_LONG_WORKLOADS.get(workload, RUNS)
-    profiles = [profile_of(program, workload, side, runs) for runs in (short, long)]
-    return [(cost(profiles[1], FOLDERS[side]) - cost(profiles[0], FOLDERS[side])) / (long - short) for cost in costs]
-
-
-def own_instructions(program, workload, side):
-    return count(program, workload, side, own_cost)[0]
+    return own, total
 
 
 def instructions(program, workload, side):
-    """Own instructions, and those with all callees: the stub platform and the heap."""
-    return count(program, workload, side, own_cost, total_cost)
+    """Own instructions of a run, and those with all callees. For a menu, those of an item."""
+    warm_up, measured = next((runs for prefix, runs in RUNS_OF_LONG_WORKLOADS.items() if workload.startswith(prefix)), RUNS)
+    with tempfile.TemporaryDirectory() as folder:
+        profile = pathlib.Path(folder) / "profile"
+        subprocess.run(["valgrind", "--tool=callgrind", "--compress-strings=no", "--compress-pos=no",
+                        "--toggle-collect=MeasuredRuns", f"--callgrind-out-file={profile}",
+                        program, workload, side, str(warm_up), str(measured)],
+                       check=True, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        counted = costs(program, profile.read_text())
+    per_run = ITEMS_OF_A_MENU if workload.startswith("menu/") else 1
+    return tuple(cost / measured / per_run for cost in counted)
+
+
+def names_of_workloads(program):
+    """Without the one that lasts as long as the sleeps of both sides."""
+    listed = subprocess.run([program, "--list"], check=True, stdout=subprocess.PIPE, text=True).stdout.splitlines()
+    return [name for name in listed if not name.startswith(SLEEPING)]
+
+
+def count_all(program, names, advance=lambda: None):
+    """Name -> side -> own instructions, and those with all callees."""
+    counts = {name: {} for name in names}
+    with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
+        running = {pool.submit(instructions, program, name, side): (name, side) for name in names for side in SIDES}
+        for done in concurrent.futures.as_completed(running):
+            name, side = running[done]
+            counts[name][side] = done.result()
+            advance()
+    return counts

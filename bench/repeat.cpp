@@ -1,15 +1,37 @@
-// Runs one side of one workload a number of times, for counting instructions.
-// Usage: bench_repeat WORKLOAD library|baseline NUMBER
+// Runs one side of one workload a number of times, for counting instructions: those of MeasuredRuns and its
+// callees. Usage: bench_repeat WORKLOAD library|baseline WARM_UP_RUNS MEASURED_RUNS
+//        bench_repeat --list
 #include <algorithm>
+#include <cstdio>
 #include <cstdlib>
+#include <string_view>
 
 #include "bench/workloads.h"
 
+namespace {
+
+void Repeat(bench::Workload& work, long runs) {
+    for (; runs > 0; --runs) {
+        work.Run();
+    }
+}
+
+}  // namespace
+
+// The name that callgrind is told.
+extern "C" [[gnu::noinline]] void MeasuredRuns(bench::Workload& work, long runs) { Repeat(work, runs); }
+
 int main(int argc, char** argv) {
-    if (argc != 4) {
+    const auto pairs = bench::Comparisons();
+    if (argc == 2 && std::string_view(argv[1]) == "--list") {
+        for (const bench::Comparison& pair : pairs) {
+            std::puts(pair.name.c_str());
+        }
+        return 0;
+    }
+    if (argc != 5) {
         return 2;
     }
-    const auto pairs = bench::Comparisons();
     const auto pair = std::find_if(pairs.begin(), pairs.end(), [&](const bench::Comparison& candidate) {
         return candidate.name == argv[1];
     });
@@ -18,8 +40,7 @@ int main(int argc, char** argv) {
     }
     const std::string side = argv[2];
     const auto work = side == "library" ? pair->library() : pair->baseline();
-    for (long i = std::atol(argv[3]); i > 0; --i) {
-        work->Run();
-    }
+    Repeat(*work, std::atol(argv[3]));
+    MeasuredRuns(*work, std::atol(argv[4]));
     return 0;
 }

@@ -14,6 +14,9 @@ namespace bench {
 
 namespace {
 
+// Enough that the figure of one item has little of the call's.
+constexpr std::uint32_t kMenuItems = 100;
+
 constexpr char16_t kResource[] = u"Example Paint";
 constexpr char16_t kKey[] = u"Example Paint/last brush";
 
@@ -36,17 +39,41 @@ public:
     }
 };
 
-std::vector<MenuItemDescription> KnownIcons(std::uint32_t count) {
-    std::vector<MenuItemDescription> items;
+MenuItemDescription Describe(MenuItemKind kind) {
+    MenuItemDescription item{};
+    item.kind = kind;
+    item.display_text = u"Brush size";
+    switch (kind) {
+        case MenuItemKind::KnownIcon:
+            item.source.number = 7;
+            break;
+        case MenuItemKind::CustomFont:
+            item.source3.text = u"C:\\Fonts\\DIAL.TTF";
+            [[fallthrough]];
+        case MenuItemKind::SystemFont:
+            item.source.text = u"B";
+            item.source2.text = u"Dial Symbols";
+            break;
+        case MenuItemKind::FilePNG:
+            item.source.text = u"C:\\Pictures\\brush.png";
+            break;
+        case MenuItemKind::ResourcePNG:
+            item.source2.number = 101;
+            break;
+    }
+    return item;
+}
+
+std::vector<MenuItemDescription> Items(MenuItemKind kind, std::uint32_t count) {
+    std::vector<MenuItemDescription> items(count, Describe(kind));
     for (std::uint32_t i = 0; i < count; ++i) {
-        MenuItemDescription item{};
-        item.kind = MenuItemKind::KnownIcon;
-        item.display_text = u"Brush size";
-        item.item_id = i + 1;
-        item.source.number = i % 9;
-        items.push_back(item);
+        items[i].item_id = i + 1;
     }
     return items;
+}
+
+std::vector<MenuItemDescription> KnownIcons(std::uint32_t count) {
+    return Items(MenuItemKind::KnownIcon, count);
 }
 
 struct Turn {
@@ -94,7 +121,7 @@ private:
 template <class Dial>
 class Filling final : public Workload {
 public:
-    explicit Filling(std::uint32_t count) : items_(KnownIcons(count)), dial_(host_) {}
+    Filling(MenuItemKind kind, std::uint32_t count) : items_(Items(kind, count)), dial_(host_) {}
     std::int64_t Run() override {
         return dial_.FillMenu(items_.data(), static_cast<std::uint32_t>(items_.size()));
     }
@@ -319,10 +346,11 @@ std::vector<Comparison> Comparisons() {
         OfDials<Rotation>("rotation/menu, selection and contact", 0, Turn{.menu_items = 7, .contact = true}),
         OfDials<Rotation>("rotation/haptics", 0, Turn{.plays_haptics = true}),
         OfDials<Click>("click", 0),
-        OfDials<Filling>("menu/1", 20'000, 1U),
-        OfDials<Filling>("menu/7", 4'000, 7U),
-        OfDials<Filling>("menu/100", 300, 100U),
-        OfDials<Filling>("menu/10000", 3, 10'000U),
+        OfDials<Filling>("menu/known icon", 300, MenuItemKind::KnownIcon, kMenuItems),
+        OfDials<Filling>("menu/system font", 300, MenuItemKind::SystemFont, kMenuItems),
+        OfDials<Filling>("menu/custom font", 300, MenuItemKind::CustomFont, kMenuItems),
+        OfDials<Filling>("menu/picture file", 300, MenuItemKind::FilePNG, kMenuItems),
+        OfDials<Filling>("menu/picture resource", 300, MenuItemKind::ResourcePNG, kMenuItems),
         OfDials<Selecting>("select/7", 0, 7U),
         OfDials<Selecting>("select/1000", 0, 1'000U),
         OfLookUps(1),

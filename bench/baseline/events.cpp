@@ -1,6 +1,7 @@
 // The window's controller and its event handlers.
 #include <cmath>
 #include <limits>
+#include <new>
 
 #include "bench/baseline/activation.h"
 #include "bench/baseline/baseline.h"
@@ -22,8 +23,7 @@ public:
     explicit RotationHandler(Dial& dial) : dial_(dial) {}
 
     HRESULT Invoke(abi::IRadialController* sender, Rotation* args) override {
-        dial_.OnRotation(sender, args);
-        return S_OK;
+        return dial_.OnRotation(sender, args);
     }
 
 private:
@@ -38,8 +38,7 @@ public:
 
     HRESULT Invoke(abi::IRadialController* sender,
                    abi::IRadialControllerButtonClickedEventArgs* args) override {
-        dial_.OnClick(sender, args);
-        return S_OK;
+        return dial_.OnClick(sender, args);
     }
 
 private:
@@ -67,31 +66,38 @@ void Subscribe(abi::IRadialController* controller, Add add, Dial& dial) {
     handler->Release();
 }
 
+// 0 when the tag is missing or cannot be read.
 std::uint32_t TagOf(abi::IRadialControllerMenuItem* item) {
     std::uint32_t value = 0;
     abi::IInspectable* tag = nullptr;
-    item->get_Tag(&tag);
+    const HRESULT code = item->get_Tag(&tag);
     if (tag == nullptr) {
         return value;
     }
-    abi::IPropertyValue* number = nullptr;
-    if (Query(tag, number) >= 0) {
-        number->GetUInt32(&value);
-        number->Release();
+    // A tag that comes with a failure code is not read.
+    if (code >= 0) {
+        abi::IPropertyValue* number = nullptr;
+        if (Query(tag, number) >= 0) {
+            number->GetUInt32(&value);
+            number->Release();
+        }
     }
     tag->Release();
     return value;
 }
 
-std::uint32_t SelectedTag(abi::IRadialControllerMenu* menu) {
-    std::uint32_t value = 0;
+// A failure ends the turn (step 847).
+HRESULT ReadSelectedTag(abi::IRadialControllerMenu* menu, std::uint32_t& value) {
     abi::IRadialControllerMenuItem* selected = nullptr;
-    menu->GetSelectedMenuItem(&selected);
+    const HRESULT code = menu->GetSelectedMenuItem(&selected);
     if (selected != nullptr) {
-        value = TagOf(selected);
+        // An item that comes with a failure code is released only.
+        if (code >= 0) {
+            value = TagOf(selected);
+        }
         selected->Release();
     }
-    return value;
+    return code;
 }
 
 std::int32_t Whole(float value) {
@@ -101,17 +107,21 @@ std::int32_t Whole(float value) {
 
 void ReadContact(Rotation* args, DialContactRect& rect) {
     abi::IRadialControllerScreenContact* contact = nullptr;
-    args->get_Contact(&contact);
+    const HRESULT code = args->get_Contact(&contact);
     if (contact == nullptr) {
         return;
     }
-    abi::Point position{};
-    contact->get_Position(&position);
-    abi::Rect bounds{};
-    contact->get_Bounds(&bounds);
+    // Without a rectangle the record keeps zeros; a contact that comes with a failure code is not read.
+    if (code >= 0) {
+        abi::Point position{};
+        contact->get_Position(&position);
+        abi::Rect bounds{};
+        if (contact->get_Bounds(&bounds) >= 0) {
+            rect = {Whole(bounds.X), Whole(bounds.Y), Whole(bounds.X + bounds.Width),
+                    Whole(bounds.Y + bounds.Height)};
+        }
+    }
     contact->Release();
-    rect = {Whole(bounds.X), Whole(bounds.Y), Whole(bounds.X + bounds.Width),
-            Whole(bounds.Y + bounds.Height)};
 }
 
 double Acceleration(double degrees) {
@@ -129,51 +139,80 @@ double Acceleration(double degrees) {
     return factor;
 }
 
-void Play(abi::ISimpleHapticsController* haptics) {
-    abi::IVectorView<abi::SimpleHapticsControllerFeedback>* waveforms = nullptr;
-    haptics->get_SupportedFeedback(&waveforms);
-    if (waveforms == nullptr) {
-        return;
-    }
+// Every failure from here on is raised out of the handler.
+HRESULT PlayFirst(abi::ISimpleHapticsController* haptics,
+                  abi::IVectorView<abi::SimpleHapticsControllerFeedback>* waveforms) {
     std::uint32_t count = 0;
-    waveforms->get_Size(&count);
-    if (count > 0) {
-        abi::ISimpleHapticsControllerFeedback* first = nullptr;
-        waveforms->GetAt(0, &first);
-        haptics->SendHapticFeedbackForPlayCount(first, 1.0, 3, {2'000'000});
+    HRESULT code = waveforms->get_Size(&count);
+    if (code < 0 || count == 0) {
+        return code;
+    }
+    abi::ISimpleHapticsControllerFeedback* first = nullptr;
+    code = waveforms->GetAt(0, &first);
+    if (code >= 0) {
+        code = haptics->SendHapticFeedbackForPlayCount(first, 1.0, 3, {2'000'000});
+    }
+    if (first != nullptr) {
         first->Release();
     }
-    waveforms->Release();
+    return code;
+}
+
+HRESULT Play(abi::ISimpleHapticsController* haptics) {
+    abi::IVectorView<abi::SimpleHapticsControllerFeedback>* waveforms = nullptr;
+    HRESULT code = haptics->get_SupportedFeedback(&waveforms);
+    if (waveforms != nullptr) {
+        if (code >= 0) {
+            code = PlayFirst(haptics, waveforms);
+        }
+        waveforms->Release();
+    }
+    return code;
 }
 
 void PlayHaptics(Rotation* args) {
     Rotation2* more = nullptr;
-    if (Query(args, more) < 0) {
-        return;
+    if (const HRESULT code = Query(args, more); code < 0) {
+        Raise(code);
     }
     abi::ISimpleHapticsController* haptics = nullptr;
-    more->get_SimpleHapticsController(&haptics);
+    HRESULT code = more->get_SimpleHapticsController(&haptics);
     if (haptics != nullptr) {
-        Play(haptics);
+        if (code >= 0) {
+            code = Play(haptics);
+        }
         haptics->Release();
     }
     more->Release();
+    if (code < 0) {
+        Raise(code);
+    }
 }
 
 bool IsPressed(Rotation* args) {
     Rotation2* more = nullptr;
-    if (Query(args, more) < 0) {
-        return false;
+    if (const HRESULT code = Query(args, more); code < 0) {
+        Raise(code);
     }
     abi::boolean pressed = 0;
-    more->get_IsButtonPressed(&pressed);
+    const HRESULT code = more->get_IsButtonPressed(&pressed);
     more->Release();
+    if (code < 0) {
+        Raise(code);
+    }
     return pressed != 0;
 }
 
 }  // namespace
 
-Dial::Dial(IDialHost& host) : host_(host) {
+void Raise(HRESULT code) {
+    if (code == E_OUTOFMEMORY) {
+        throw std::bad_alloc();
+    }
+    throw Failure{code};
+}
+
+Dial::Dial(IDialHost& host) : host_(&host) {
     abi::IRadialControllerInterop* interop = nullptr;
     GetFactory<abi::RadialController>(interop);
     interop->CreateForWindow(reinterpret_cast<HWND>(host.GetWindowHandle()), abi::IRadialController::Iid,
@@ -194,7 +233,7 @@ Dial::Dial(IDialHost& host) : host_(host) {
 
 Dial::~Dial() {
     for (const Entry& entry : entries_) {
-        WindowsDeleteString(entry.label);
+        Free(entry);
     }
     if (items_ != nullptr) {
         items_->Release();
@@ -205,31 +244,44 @@ Dial::~Dial() {
     controller_->Release();
 }
 
-void Dial::OnRotation(abi::IRadialController* sender, Rotation* args) {
+HRESULT Dial::OnRotation(abi::IRadialController* sender, Rotation* args) {
     DialRotationInfo info{};
     // A reference of its own: an event inside a call may replace the menu.
     if (abi::IRadialControllerMenu* const menu = menu_; menu != nullptr) {
         menu->AddRef();
-        info.selectedItemTag = SelectedTag(menu);
+        const HRESULT code = ReadSelectedTag(menu, info.selectedItemTag);
         menu->Release();
+        if (code < 0) {
+            return code;
+        }
     }
     ReadContact(args, info.contact);
     Rotation* rotation = nullptr;
-    Query(args, rotation);
-    rotation->get_RotationDeltaInDegrees(&info.deltaDegrees);
-    info.buttonPressed = IsPressed(args);
-    info.acceleration = Acceleration(info.deltaDegrees);
-    host_.OnRotation(sender, &info);
-    if (info.hapticRequest != nullptr && (*info.hapticRequest == 1 || *info.hapticRequest == 2)) {
-        PlayHaptics(args);
+    if (const HRESULT code = Query(args, rotation); code < 0) {
+        Raise(code);
+    }
+    try {
+        rotation->get_RotationDeltaInDegrees(&info.deltaDegrees);
+        info.buttonPressed = IsPressed(args);
+        info.acceleration = Acceleration(info.deltaDegrees);
+        if (host_ != nullptr) {
+            host_->OnRotation(sender, &info);
+        }
+        if (info.hapticRequest != nullptr && (*info.hapticRequest == 1 || *info.hapticRequest == 2)) {
+            PlayHaptics(args);
+        }
+    } catch (...) {
+        rotation->Release();
+        throw;
     }
     rotation->Release();
+    return S_OK;
 }
 
-void Dial::OnClick(abi::IRadialController* sender, abi::IRadialControllerButtonClickedEventArgs* args) {
+HRESULT Dial::OnClick(abi::IRadialController* sender, abi::IRadialControllerButtonClickedEventArgs* args) {
     abi::IRadialControllerScreenContact* contact = nullptr;  // never released, as in the library
-    if (args->get_Contact(&contact) < 0) {
-        return;
+    if (const HRESULT code = args->get_Contact(&contact); code < 0) {
+        return code;
     }
     DialContactRect rect{};
     if (contact != nullptr) {
@@ -240,7 +292,10 @@ void Dial::OnClick(abi::IRadialController* sender, abi::IRadialControllerButtonC
         rect = {left, top, Whole(static_cast<float>(left) + bounds.Width),
                 Whole(static_cast<float>(top) + bounds.Height)};
     }
-    host_.OnButtonClicked(sender, &rect);
+    if (host_ != nullptr) {
+        host_->OnButtonClicked(sender, &rect);
+    }
+    return S_OK;
 }
 
 }  // namespace baseline

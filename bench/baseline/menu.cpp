@@ -1,10 +1,12 @@
-// Fills the menu with known icons and selects an item.
+// Fills the menu and selects an item.
 #include <cstdarg>
-#include <string>
+#include <cstdio>
+#include <new>
 
 #include "bench/baseline/activation.h"
 #include "bench/baseline/baseline.h"
 #include "bench/baseline/handler.h"
+#include "bench/baseline/text.h"
 #include "platform/interfaces/property_value.h"
 
 namespace baseline {
@@ -25,13 +27,6 @@ private:
     [[maybe_unused]] Dial& dial_;
 };
 
-HSTRING Reference(const WCHAR* text, HSTRING_HEADER& header) {
-    HSTRING string = nullptr;
-    WindowsCreateStringReference(text, static_cast<UINT>(std::char_traits<WCHAR>::length(text)), &header,
-                                 &string);
-    return string;
-}
-
 void Format(WCHAR* line, std::size_t size, const WCHAR* format, ...) {
     std::va_list arguments;
     va_start(arguments, format);
@@ -39,39 +34,55 @@ void Format(WCHAR* line, std::size_t size, const WCHAR* format, ...) {
     va_end(arguments);
 }
 
-bool HasTag(abi::IRadialControllerMenuItem* item, std::uint32_t item_id) {
-    abi::IInspectable* tag = nullptr;
-    item->get_Tag(&tag);
-    if (tag == nullptr) {
-        return false;
+HRESULT EndSearch(HRESULT code, abi::IRadialControllerMenuItem* item, abi::IInspectable* tag) {
+    if (tag != nullptr) {
+        tag->Release();
     }
-    std::uint32_t value = 0;
-    abi::IPropertyValue* number = nullptr;
-    const HRESULT code = Query(tag, number);
-    if (code >= 0) {
-        number->GetUInt32(&value);
-        number->Release();
+    if (item != nullptr) {
+        item->Release();
     }
-    tag->Release();
-    return code >= 0 && value == item_id;
+    return code;
 }
 
+// Every failure ends the search with its code; a null item and an item without a tag are skipped.
 HRESULT SelectIn(abi::IRadialControllerMenu* menu, List* list, std::uint32_t item_id) {
-    std::uint32_t size = 0;
-    for (std::uint32_t i = 0; list->get_Size(&size) >= 0 && i < size; ++i) {
+    for (std::uint32_t i = 0;; ++i) {
+        std::uint32_t size = 0;
+        if (const HRESULT code = list->get_Size(&size); code < 0) {
+            return code;
+        }
+        if (i >= size) {
+            return E_FAIL;
+        }
         abi::IRadialControllerMenuItem* item = nullptr;
-        list->GetAt(i, &item);
+        if (const HRESULT code = list->GetAt(i, &item); code < 0) {
+            return EndSearch(code, item, nullptr);
+        }
         if (item == nullptr) {
             continue;
         }
-        if (HasTag(item, item_id)) {
-            const HRESULT code = menu->SelectMenuItem(item);
-            item->Release();
-            return code;
+        abi::IInspectable* tag = nullptr;
+        if (const HRESULT code = item->get_Tag(&tag); code < 0) {
+            return EndSearch(code, item, tag);
+        }
+        if (tag != nullptr) {
+            abi::IPropertyValue* number = nullptr;
+            if (const HRESULT code = Query(tag, number); code < 0) {
+                return EndSearch(code, item, tag);
+            }
+            std::uint32_t value = 0;
+            const HRESULT code = number->GetUInt32(&value);
+            number->Release();
+            if (code < 0) {
+                return EndSearch(code, item, tag);
+            }
+            tag->Release();
+            if (value == item_id) {
+                return EndSearch(menu->SelectMenuItem(item), item, nullptr);
+            }
         }
         item->Release();
     }
-    return E_FAIL;
 }
 
 }  // namespace
@@ -79,97 +90,141 @@ HRESULT SelectIn(abi::IRadialControllerMenu* menu, List* list, std::uint32_t ite
 HRESULT Dial::FillMenu(const MenuItemDescription* items, std::uint32_t count) {
     if (menu_ != nullptr) {
         menu_->Release();
+        menu_ = nullptr;
     }
-    menu_ = nullptr;
-    controller_->get_Menu(&menu_);
+    if (const HRESULT code = controller_->get_Menu(&menu_); code < 0) {
+        return code;
+    }
+    if (menu_ == nullptr) {
+        return E_NOINTERFACE;
+    }
     // A reference of its own, as of the factory and the menu below: an event inside a call may replace the
     // menu.
     abi::IRadialControllerMenu* const menu = menu_;
     menu->AddRef();
     List* list = nullptr;
-    if (menu->get_Items(&list) < 0) {
+    HRESULT code = menu->get_Items(&list);
+    if (list == nullptr) {
         menu->Release();
-        return E_FAIL;
+        return code < 0 ? code : E_NOINTERFACE;
     }
-    list->Clear();
-    for (std::uint32_t i = 0; i < count; ++i) {
-        AddItem(items[i]);
+    try {
+        if (code >= 0) {
+            if (const HRESULT cleared = list->Clear(); cleared < 0) {
+                LogFailure("clear", cleared, 132);
+            }
+            for (std::uint32_t i = 0; items != nullptr && i < count && code >= 0; ++i) {
+                code = AddItem(items[i]);
+            }
+        }
+    } catch (...) {
+        list->Release();
+        menu->Release();
+        throw;
     }
     list->Release();
     menu->Release();
-    return S_OK;
-}
-
-HRESULT Dial::AddItem(const MenuItemDescription& description) {
-    HSTRING_HEADER header;
-    Entry entry{nullptr, description.item_id, 0, description.haptic_feedback != 0};
-    WindowsDuplicateString(Reference(description.display_text, header), &entry.label);
-    if (const HRESULT code = GetFactory<abi::RadialControllerMenuItem>(items_); code < 0) {
-        return code;
-    }
-    abi::IRadialControllerMenuItemStatics* const statics = items_;
-    statics->AddRef();
-    abi::IRadialControllerMenuItem* item = nullptr;
-    const HSTRING label = Reference(WindowsGetStringRawBuffer(entry.label, nullptr), header);
-    HRESULT code = statics->CreateFromKnownIcon(
-        label, static_cast<abi::RadialControllerMenuKnownIcon>(description.source.number), &item);
-    if (code >= 0) {
-        code = AddToMenu(item, entry);
-        item->Release();
-    }
-    statics->Release();
-    entries_.push_back(entry);
     return code;
 }
 
+Dial::Entry Dial::MakeEntry(const WCHAR* label, std::uint32_t item_id, bool haptic_feedback) {
+    HSTRING_HEADER header;
+    HSTRING copy = nullptr;
+    if (const HRESULT code = WindowsDuplicateString(Reference(label, header), &copy); code < 0) {
+        Raise(code);
+    }
+    try {
+        return {new HSTRING(copy), item_id, 0, haptic_feedback};
+    } catch (...) {
+        WindowsDeleteString(copy);
+        throw;
+    }
+}
+
+void Dial::FreeLabel(HSTRING* label) {
+    if (*label != nullptr) {
+        WindowsDeleteString(*label);
+    }
+    delete label;
+}
+
 HRESULT Dial::AddToMenu(abi::IRadialControllerMenuItem* item, Entry& entry) {
+    // Null when no menu is there any more and the file of an earlier one is opened.
     abi::IRadialControllerMenu* const menu = menu_;
+    if (menu == nullptr) {
+        return E_NOINTERFACE;
+    }
     menu->AddRef();
-    auto* handler = new InvokedHandler(*this);
+    auto* handler = new (std::nothrow) InvokedHandler(*this);
+    if (handler == nullptr) {
+        menu->Release();
+        throw std::bad_alloc();
+    }
     EventRegistrationToken token{};
     HRESULT code = item->add_Invoked(handler, &token);
-    entry.invoked_token = token.value;
     handler->Release();
-    if (code < 0) {
-        menu->Release();
-        return code;
-    }
     List* list = nullptr;
-    menu->get_Items(&list);
-    list->Append(item);
-    abi::IPropertyValueStatics* values = nullptr;
-    GetFactory<abi::PropertyValue>(values);
-    abi::IInspectable* tag = nullptr;
-    values->CreateUInt32(entry.item_id, &tag);
-    code = item->put_Tag(tag);
     if (code >= 0) {
-        WCHAR line[2000];
-        Format(line, 2000, u"Added %s to menu\n", WindowsGetStringRawBuffer(entry.label, nullptr));
+        entry.invoked_token = token.value;
+        code = menu->get_Items(&list);
+        if (list == nullptr) {
+            code = code < 0 ? code : E_NOINTERFACE;
+        } else {
+            if (code >= 0) {
+                code = list->Append(item);
+            }
+            abi::IPropertyValueStatics* values = nullptr;
+            if (code >= 0 && (code = GetFactory<abi::PropertyValue>(values)) >= 0) {
+                abi::IInspectable* tag = nullptr;
+                code = values->CreateUInt32(entry.item_id, &tag);
+                if (code >= 0 && (code = item->put_Tag(tag)) >= 0) {
+                    WCHAR line[2000];
+                    Format(line, 2000, u"Added %s to menu\n",
+                           WindowsGetStringRawBuffer(*entry.label, nullptr));
+                }
+                if (tag != nullptr) {
+                    tag->Release();
+                }
+                values->Release();
+            }
+            list->Release();
+        }
     }
-    tag->Release();
-    values->Release();
-    list->Release();
     menu->Release();
     return code;
 }
 
 HRESULT Dial::Select(std::uint32_t item_id) {
     abi::IRadialController* controller = nullptr;
-    if (Query(controller_, controller) < 0) {
-        return E_NOINTERFACE;
+    HRESULT code = Query(controller_, controller);
+    if (code < 0) {
+        return code;
     }
-    HRESULT code = E_FAIL;
     abi::IRadialControllerMenu* menu = nullptr;
-    if (controller->get_Menu(&menu) >= 0) {
+    code = controller->get_Menu(&menu);
+    if (menu == nullptr) {
+        code = code < 0 ? code : E_NOINTERFACE;
+    } else {
         List* list = nullptr;
-        if (menu->get_Items(&list) >= 0) {
-            code = SelectIn(menu, list, item_id);
+        if (code >= 0) {
+            code = menu->get_Items(&list);
+        }
+        if (list == nullptr) {
+            code = code < 0 ? code : E_NOINTERFACE;
+        } else {
+            if (code >= 0) {
+                code = SelectIn(menu, list, item_id);
+            }
             list->Release();
         }
         menu->Release();
     }
     controller->Release();
     return code;
+}
+
+void LogFailure(const char* step, HRESULT code, int line) {
+    std::printf("%s failed with %x at line %d\n", step, static_cast<unsigned>(code), line);
 }
 
 }  // namespace baseline

@@ -13,5 +13,8 @@ abi::IUnknown& ApplicationData();       // settings.cpp
 abi::IUnknown& PasswordVaultFactory();  // vault.cpp
 abi::IUnknown& CredentialFactory();     // vault.cpp
 abi::IUnknown& DeviceStatics();         // devices.cpp
+abi::IUnknown& StorageFileStatics();    // pictures.cpp
+abi::IUnknown& StreamReferences();      // pictures.cpp
+abi::IUnknown& UriFactory();            // pictures.cpp
 
 }  // namespace stub

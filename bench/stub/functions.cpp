@@ -1,4 +1,4 @@
-// The platform's functions except those for texts. Those for files and resources return failures.
+// The platform's functions except those for texts, paths, resources and streams.
 #include "platform/functions.h"
 
 #include <cstdlib>
@@ -56,6 +56,10 @@ constexpr Entry kFactories[] = {
     {abi::IActivationFactory::Iid, PasswordVaultFactory},
     {abi::ICredentialFactory::Iid, CredentialFactory},
     {abi::IDeviceInformationStatics::Iid, DeviceStatics},
+    {abi::IRadialControllerMenuItemStatics2::Iid, MenuItemStatics},
+    {abi::IUriRuntimeClassFactory::Iid, UriFactory},
+    {abi::IStorageFileStatics::Iid, StorageFileStatics},
+    {abi::IRandomAccessStreamReferenceStatics::Iid, StreamReferences},
     {abi::IRadialControllerInterop::Iid, ControllerInterop},
     {abi::IApiInformationStatics::Iid, ApiInformation},
 };
@@ -110,16 +114,3 @@ HRESULT WindowsPreallocateStringBuffer(UINT, WCHAR**, HSTRING_BUFFER*) { return 
 HRESULT WindowsPromoteStringBuffer(HSTRING_BUFFER, HSTRING*) { return E_NOTIMPL; }
 HRESULT WindowsDeleteStringBuffer(HSTRING_BUFFER) { return E_NOTIMPL; }
 int MultiByteToWideChar(UINT, DWORD, const char*, int, WCHAR*, int) { return 0; }
-BOOL PathFileExistsW(const WCHAR*) { return 0; }
-DWORD GetShortPathNameW(const WCHAR*, WCHAR*, DWORD) { return 0; }
-HRSRC FindResourceW(HMODULE, const WCHAR*, const WCHAR*) { return nullptr; }
-DWORD SizeofResource(HMODULE, HRSRC) { return 0; }
-HGLOBAL LoadResource(HMODULE, HRSRC) { return nullptr; }
-void* LockResource(HGLOBAL) { return nullptr; }
-BOOL FreeResource(HGLOBAL) { return 0; }
-HGLOBAL GlobalAlloc(UINT, std::size_t) { return nullptr; }
-void* GlobalLock(HGLOBAL) { return nullptr; }
-BOOL GlobalUnlock(HGLOBAL) { return 0; }
-HGLOBAL GlobalFree(HGLOBAL block) { return block; }
-HRESULT CreateStreamOnHGlobal(HGLOBAL, BOOL, IStream**) { return E_NOTIMPL; }
-HRESULT CreateRandomAccessStreamOverStream(IStream*, BSOS_OPTIONS, const IID&, void**) { return E_NOTIMPL; }

@@ -47,14 +47,30 @@ private:
     Handler* invoked_ = nullptr;
 };
 
-class Statics final : public StaticObject<abi::IRadialControllerMenuItemStatics> {
+class Statics final
+    : public StaticObject<abi::IRadialControllerMenuItemStatics, abi::IRadialControllerMenuItemStatics2> {
+    using Item = abi::IRadialControllerMenuItem;
+
 public:
-    HRESULT CreateFromIcon(HSTRING, abi::IRandomAccessStreamReference*,
-                           abi::IRadialControllerMenuItem**) noexcept override {
-        return E_NOTIMPL;
+    HRESULT CreateFromIcon(HSTRING text, abi::IRandomAccessStreamReference*,
+                           Item** result) noexcept override {
+        STUB_RECORD_CALL();
+        *result = new MenuItem(text);
+        return S_OK;
     }
     HRESULT CreateFromKnownIcon(HSTRING text, abi::RadialControllerMenuKnownIcon,
-                                abi::IRadialControllerMenuItem** result) noexcept override {
+                                Item** result) noexcept override {
+        STUB_RECORD_CALL();
+        *result = new MenuItem(text);
+        return S_OK;
+    }
+    HRESULT CreateFromFontGlyph(HSTRING text, HSTRING, HSTRING, Item** result) noexcept override {
+        STUB_RECORD_CALL();
+        *result = new MenuItem(text);
+        return S_OK;
+    }
+    HRESULT CreateFromFontGlyphWithUri(HSTRING text, HSTRING, HSTRING, abi::IUriRuntimeClass*,
+                                       Item** result) noexcept override {
         STUB_RECORD_CALL();
         *result = new MenuItem(text);
         return S_OK;
@@ -112,7 +128,7 @@ HRESULT Menu::SelectMenuItem(abi::IRadialControllerMenuItem* item) noexcept {
 
 abi::IUnknown& MenuItemStatics() {
     static Statics statics;
-    return statics;
+    return static_cast<abi::IRadialControllerMenuItemStatics&>(statics);
 }
 
 }  // namespace stub
