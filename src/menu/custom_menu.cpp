@@ -18,8 +18,7 @@ std::unique_ptr<WCHAR[]> ShortPath(const WCHAR* path) {
     if (characters == 0) {
         return nullptr;
     }
-    // Not std::make_unique, whose length check adds a kilobyte to the DLL.
-    std::unique_ptr<WCHAR[]> buffer(new WCHAR[characters]());
+    auto buffer = std::make_unique<WCHAR[]>(characters);
     const DWORD written = GetShortPathNameW(path, buffer.get(), characters);
     return written == 0 || written >= characters ? nullptr : std::move(buffer);
 }

@@ -7,13 +7,6 @@
 
 namespace brindle {
 
-// One function for every kind of pointer: keeps the DLL small.
-inline void ReleaseReference(abi::IUnknown* object) noexcept {
-    if (object != nullptr) {
-        object->Release();
-    }
-}
-
 template <class Interface>
 class ComPtr {
 public:
@@ -28,7 +21,11 @@ public:
         std::swap(pointer_, other.pointer_);
         return *this;
     }
-    ~ComPtr() { ReleaseReference(pointer_); }
+    ~ComPtr() {
+        if (pointer_ != nullptr) {
+            pointer_->Release();
+        }
+    }
 
     // Takes over a reference that the caller owns.
     static ComPtr Attach(Interface* pointer) noexcept {
@@ -43,7 +40,11 @@ public:
 
     // Cleared before the release: the object's destructor may call back and must find null here
     // (OwnedReferences.AReentrantReleaseInResetReadsNull).
-    void Reset() noexcept { ReleaseReference(std::exchange(pointer_, nullptr)); }
+    void Reset() noexcept {
+        if (Interface* former = Detach()) {
+            former->Release();
+        }
+    }
     Interface* Detach() noexcept { return std::exchange(pointer_, nullptr); }
 
     // For an out parameter; the former reference is released first.

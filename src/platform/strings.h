@@ -35,7 +35,7 @@ public:
     HSTRING Get() const noexcept { return string_; }
 
 private:
-    HSTRING_HEADER header_{};
+    HSTRING_HEADER header_;  // the platform initialises it
     HSTRING string_ = nullptr;
 };
 

@@ -119,28 +119,28 @@ protected:
 };
 
 // Not published: the first slot of several arguments.
-struct IContactArgs : IInspectable {
+struct ContactArgs : IInspectable {
     virtual HRESULT get_Contact(IRadialControllerScreenContact** result) noexcept = 0;
 
 protected:
-    ~IContactArgs() = default;
+    ~ContactArgs() = default;
 };
 
-struct IRadialControllerScreenContactStartedEventArgs : IContactArgs {
+struct IRadialControllerScreenContactStartedEventArgs : ContactArgs {
     static constexpr GUID Iid = Id("206aa436-e651-11e5-bf62-2c27d7404e85");
 
 protected:
     ~IRadialControllerScreenContactStartedEventArgs() = default;
 };
 
-struct IRadialControllerScreenContactContinuedEventArgs : IContactArgs {
+struct IRadialControllerScreenContactContinuedEventArgs : ContactArgs {
     static constexpr GUID Iid = Id("206aa437-e651-11e5-bf62-2c27d7404e85");
 
 protected:
     ~IRadialControllerScreenContactContinuedEventArgs() = default;
 };
 
-struct IRadialControllerControlAcquiredEventArgs : IContactArgs {
+struct IRadialControllerControlAcquiredEventArgs : ContactArgs {
     static constexpr GUID Iid = Id("206aa439-e651-11e5-bf62-2c27d7404e85");
 
 protected:
