@@ -64,6 +64,8 @@ def instructions(program, workload, side):
                         program, workload, side, str(warm_up), str(measured)],
                        check=True, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         counted = costs(program, profile.read_text())
+    if 0 in counted:
+        raise RuntimeError(f"{workload}, {side}: no own instructions of {program} in the profile")
     per_run = ITEMS_OF_A_MENU if workload.startswith("menu/") else 1
     return tuple(cost / measured / per_run for cost in counted)
 

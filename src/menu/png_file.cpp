@@ -27,8 +27,8 @@ HRESULT DialMenu::AddMenuItemFromFilePNG(const MenuEntry& entry, HSTRING path) {
         return E_NOINTERFACE;
     }
 
-    // The label and its terminator in a vector: std::basic_string would add the C++ library's code to the
-    // DLL.
+    // The label and its terminator in a vector: a std::basic_string would link the errors that
+    // windows_runtime.cpp replaces.
     const std::basic_string_view<WCHAR> text(LabelOf(entry));
     const auto handler = MakeDelegate<Handler>(
         [this, label = std::vector<WCHAR>(text.data(), text.data() + text.size() + 1),
