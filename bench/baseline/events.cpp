@@ -214,7 +214,9 @@ void Raise(HRESULT code) {
 
 Dial::Dial(IDialHost& host) : host_(&host) {
     abi::IRadialControllerInterop* interop = nullptr;
-    GetFactory<abi::RadialController>(interop);
+    if (const HRESULT code = GetFactory<abi::RadialController>(interop); code < 0) {
+        Raise(code);
+    }
     interop->CreateForWindow(reinterpret_cast<HWND>(host.GetWindowHandle()), abi::IRadialController::Iid,
                              reinterpret_cast<void**>(&controller_));
     interop->Release();

@@ -27,7 +27,8 @@ private:
 // Null without memory.
 template <class Handler, class Action>
 ComPtr<Handler> MakeDelegate(Action&& action) noexcept {
-    return ComPtr<Handler>::Attach(new (std::nothrow) Delegate<Handler, Action>(std::move(action)));
+    return ComPtr<Handler>::Attach(new (std::nothrow)
+                                       Delegate<Handler, Action>(std::forward<Action>(action)));
 }
 
 }  // namespace brindle

@@ -57,7 +57,7 @@ private:
 template <class Handler, class Action>
 ComPtr<Handler> MakeFreeThreadedDelegate(Action&& action) noexcept {
     return ComPtr<Handler>::Attach(new (std::nothrow)
-                                       FreeThreadedDelegate<Handler, Action>(std::move(action)));
+                                       FreeThreadedDelegate<Handler, Action>(std::forward<Action>(action)));
 }
 
 }  // namespace brindle
