@@ -1,8 +1,7 @@
 // The baseline: the same platform calls in the same order, written by hand with plain pointers; the least
-// code that keeps the library's contract. It tests each code and each null result that brindle.h gives a
-// meaning, releases every reference after a failure, and keeps the labels and entries. It leaves out what no
-// workload reaches and what costs nothing on the way that the workloads take: the second and third attempts
-// of a guarded step and their lines.
+// code that keeps the library's contract. It tests each code and each null result to which brindle.h or
+// docs/guarantees.md gives a meaning, releases every reference after a failure, and keeps the labels and
+// entries. It leaves out what runs only where a step fails: its second and third attempt, and their lines.
 #pragma once
 
 #include <cstdint>
@@ -70,6 +69,7 @@ private:
     HRESULT AddResource(Entry& entry, HMODULE module, std::uint32_t resource);
     HRESULT AddStream(Entry& entry, abi::IStream* bytes, HGLOBAL& block);
 
+    // A listener handles its events without a host, too.
     IDialHost* const host_;
     abi::IRadialController* controller_ = nullptr;
     abi::IRadialControllerMenu* menu_ = nullptr;
