@@ -18,7 +18,8 @@ HRESULT LogContact(abi::IRadialControllerScreenContact& contact) {
     return S_OK;
 }
 
-HRESULT LogContactOf(abi::ContactArgs* args) {
+template <class Args>
+HRESULT LogContactOf(Args* args) {
     ComPtr<abi::IRadialControllerScreenContact> contact;
     RETURN_IF_STEP_FAILS(1065, args->get_Contact(contact.Put()));
     return contact ? LogContact(*contact.Get()) : S_OK;

@@ -38,9 +38,10 @@ public:
 private:
     friend struct DialListenerTest;
 
-    // `Add` is a subscription of the controller, `Event` one of the member functions below.
-    template <auto Add, auto Event>
-    HRESULT Subscribe(EventRegistrationToken& token) noexcept;
+    // `Event` is one of the member functions below.
+    template <auto Event, class Handler>
+    HRESULT Subscribe(HRESULT (abi::IRadialController::*add)(Handler*, EventRegistrationToken*) noexcept,
+                      EventRegistrationToken& token) noexcept;
 
     // contact_events.cpp
     HRESULT OnScreenContactContinued(abi::IRadialController* sender,

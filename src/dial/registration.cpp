@@ -14,23 +14,17 @@ HRESULT CreateForWindow(abi::IRadialControllerInterop& factory, std::uint64_t wi
                                    reinterpret_cast<void**>(controller.Put()));
 }
 
-template <auto Add>
-struct HandlerOf;
-
-template <class Handler, HRESULT (abi::IRadialController::*Add)(Handler*, EventRegistrationToken*) noexcept>
-struct HandlerOf<Add> {
-    using Type = Handler;
-};
-
 }  // namespace
 
 // Each attempt of a guarded step creates its own handler, so a second attempt that succeeds subscribes twice
 // (Listener.EachAttemptOfASubscriptionMakesAFreshHandler). The controller holds the only reference to it.
-template <auto Add, auto Event>
-HRESULT DialListener::Subscribe(EventRegistrationToken& token) noexcept {
-    const auto handler = MakeDelegate<typename HandlerOf<Add>::Type>(
-        [this](auto* sender, auto* args) { return (this->*Event)(sender, args); });
-    return handler ? (controller_.Get()->*Add)(handler.Get(), &token) : E_OUTOFMEMORY;
+template <auto Event, class Handler>
+HRESULT DialListener::Subscribe(HRESULT (abi::IRadialController::*add)(Handler*,
+                                                                       EventRegistrationToken*) noexcept,
+                                EventRegistrationToken& token) noexcept {
+    const auto handler =
+        MakeDelegate<Handler>([this](auto* sender, auto* args) { return (this->*Event)(sender, args); });
+    return handler ? (controller_.Get()->*add)(handler.Get(), &token) : E_OUTOFMEMORY;
 }
 
 HRESULT DialListener::Register(std::uint64_t window) {
@@ -42,23 +36,20 @@ HRESULT DialListener::Register(std::uint64_t window) {
     if (!controller_) {
         return E_NOINTERFACE;
     }
-    RETURN_IF_STEP_FAILS(467,
-                         (Subscribe<&Controller::add_ScreenContactContinued, &Self::OnScreenContactContinued>(
-                             contact_continued_token_)));
-    RETURN_IF_STEP_FAILS(471,
-                         (Subscribe<&Controller::add_ScreenContactStarted, &Self::OnScreenContactStarted>(
-                             contact_started_token_)));
+    RETURN_IF_STEP_FAILS(467, Subscribe<&Self::OnScreenContactContinued>(
+                                  &Controller::add_ScreenContactContinued, contact_continued_token_));
+    RETURN_IF_STEP_FAILS(471, Subscribe<&Self::OnScreenContactStarted>(&Controller::add_ScreenContactStarted,
+                                                                       contact_started_token_));
     RETURN_IF_STEP_FAILS(
-        475, (Subscribe<&Controller::add_ScreenContactEnded, &Self::OnIgnoredEvent>(contact_ended_token_)));
+        475, Subscribe<&Self::OnIgnoredEvent>(&Controller::add_ScreenContactEnded, contact_ended_token_));
+    RETURN_IF_STEP_FAILS(479,
+                         Subscribe<&Self::OnIgnoredEvent>(&Controller::add_ControlLost, control_lost_token_));
     RETURN_IF_STEP_FAILS(
-        479, (Subscribe<&Controller::add_ControlLost, &Self::OnIgnoredEvent>(control_lost_token_)));
+        483, Subscribe<&Self::OnControlAcquired>(&Controller::add_ControlAcquired, control_acquired_token_));
     RETURN_IF_STEP_FAILS(
-        483,
-        (Subscribe<&Controller::add_ControlAcquired, &Self::OnControlAcquired>(control_acquired_token_)));
+        487, Subscribe<&Self::OnRotationChanged>(&Controller::add_RotationChanged, rotation_token_));
     RETURN_IF_STEP_FAILS(
-        487, (Subscribe<&Controller::add_RotationChanged, &Self::OnRotationChanged>(rotation_token_)));
-    RETURN_IF_STEP_FAILS(
-        491, (Subscribe<&Controller::add_ButtonClicked, &Self::OnButtonClicked>(button_clicked_token_)));
+        491, Subscribe<&Self::OnButtonClicked>(&Controller::add_ButtonClicked, button_clicked_token_));
     return S_OK;
 }
 

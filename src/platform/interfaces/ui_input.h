@@ -118,30 +118,25 @@ protected:
     ~IRadialControllerScreenContact() = default;
 };
 
-// Not published: the first slot of several arguments.
-struct ContactArgs : IInspectable {
-    virtual HRESULT get_Contact(IRadialControllerScreenContact** result) noexcept = 0;
-
-protected:
-    ~ContactArgs() = default;
-};
-
-struct IRadialControllerScreenContactStartedEventArgs : ContactArgs {
+struct IRadialControllerScreenContactStartedEventArgs : IInspectable {
     static constexpr GUID Iid = Id("206aa436-e651-11e5-bf62-2c27d7404e85");
+    virtual HRESULT get_Contact(IRadialControllerScreenContact** result) noexcept = 0;
 
 protected:
     ~IRadialControllerScreenContactStartedEventArgs() = default;
 };
 
-struct IRadialControllerScreenContactContinuedEventArgs : ContactArgs {
+struct IRadialControllerScreenContactContinuedEventArgs : IInspectable {
     static constexpr GUID Iid = Id("206aa437-e651-11e5-bf62-2c27d7404e85");
+    virtual HRESULT get_Contact(IRadialControllerScreenContact** result) noexcept = 0;
 
 protected:
     ~IRadialControllerScreenContactContinuedEventArgs() = default;
 };
 
-struct IRadialControllerControlAcquiredEventArgs : ContactArgs {
+struct IRadialControllerControlAcquiredEventArgs : IInspectable {
     static constexpr GUID Iid = Id("206aa439-e651-11e5-bf62-2c27d7404e85");
+    virtual HRESULT get_Contact(IRadialControllerScreenContact** result) noexcept = 0;
 
 protected:
     ~IRadialControllerControlAcquiredEventArgs() = default;
