@@ -1,4 +1,4 @@
-"""Counts the instructions of one run of a workload, on one side, with callgrind.
+"""Counts the instructions of one run of a workload, on both sides, with callgrind.
 
 Workloads depend on neither time nor the processor: the counts are exact for one version of compiler and C library.
 """
@@ -54,20 +54,23 @@ def costs(program, profile):
     return own, total
 
 
-def instructions(program, workload, side):
-    """Own instructions of a run, and those with all callees. For a menu, those of an item."""
+def instructions(program, workload):
+    """Side -> own instructions of a run, and those with all callees. For a menu, those of an item."""
     warm_up, measured = next((runs for prefix, runs in RUNS_OF_LONG_WORKLOADS.items() if workload.startswith(prefix)), RUNS)
     with tempfile.TemporaryDirectory() as folder:
         profile = pathlib.Path(folder) / "profile"
+        # A profile for each call of the function.
         subprocess.run(["valgrind", "--tool=callgrind", "--compress-strings=no", "--compress-pos=no",
-                        "--toggle-collect=MeasuredRuns", f"--callgrind-out-file={profile}",
-                        program, workload, side, str(warm_up), str(measured)],
+                        "--toggle-collect=MeasuredRuns", "--dump-after=MeasuredRuns", f"--callgrind-out-file={profile}",
+                        program, workload, str(warm_up), str(measured)],
                        check=True, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-        counted = costs(program, profile.read_text())
-    if 0 in counted:
-        raise RuntimeError(f"{workload}, {side}: no own instructions of {program} in the profile")
-    per_run = ITEMS_OF_A_MENU if workload.startswith("menu/") else 1
-    return tuple(cost / measured / per_run for cost in counted)
+        counted = {side: costs(program, pathlib.Path(f"{profile}.{number}").read_text())
+                   for number, side in enumerate(SIDES, start=1)}
+    for side, both in counted.items():
+        if 0 in both:
+            raise RuntimeError(f"{workload}, {side}: no own instructions of {program} in the profile")
+    runs = measured * (ITEMS_OF_A_MENU if workload.startswith("menu/") else 1)
+    return {side: tuple(cost / runs for cost in both) for side, both in counted.items()}
 
 
 def names_of_workloads(program):
@@ -78,11 +81,9 @@ def names_of_workloads(program):
 
 def count_all(program, names, advance=lambda: None):
     """Name -> side -> own instructions, and those with all callees."""
-    counts = {name: {} for name in names}
+    counts = {}
     with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
-        running = {pool.submit(instructions, program, name, side): (name, side) for name in names for side in SIDES}
-        for done in concurrent.futures.as_completed(running):
-            name, side = running[done]
-            counts[name][side] = done.result()
+        for name, counted in zip(names, pool.map(lambda name: instructions(program, name), names)):
+            counts[name] = counted
             advance()
     return counts

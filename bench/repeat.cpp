@@ -1,5 +1,5 @@
-// Runs one side of one workload a number of times, for counting instructions: those of MeasuredRuns and its
-// callees. Usage: bench_repeat WORKLOAD library|baseline WARM_UP_RUNS MEASURED_RUNS
+// Runs a workload a number of times, of the library and then of the baseline, for counting instructions:
+// those of each call of MeasuredRuns and its callees. Usage: bench_repeat WORKLOAD WARM_UP_RUNS MEASURED_RUNS
 //        bench_repeat --list
 #include <algorithm>
 #include <cstdio>
@@ -29,7 +29,7 @@ int main(int argc, char** argv) {
         }
         return 0;
     }
-    if (argc != 5) {
+    if (argc != 4) {
         return 2;
     }
     const auto pair = std::find_if(pairs.begin(), pairs.end(), [&](const bench::Comparison& candidate) {
@@ -38,9 +38,10 @@ int main(int argc, char** argv) {
     if (pair == pairs.end()) {
         return 2;
     }
-    const std::string side = argv[2];
-    const auto work = side == "library" ? pair->library() : pair->baseline();
-    Repeat(*work, std::atol(argv[3]));
-    MeasuredRuns(*work, std::atol(argv[4]));
+    for (const auto& side : {pair->library, pair->baseline}) {
+        const auto work = side();
+        Repeat(*work, std::atol(argv[2]));
+        MeasuredRuns(*work, std::atol(argv[3]));
+    }
     return 0;
 }
