@@ -34,9 +34,16 @@ inline HRESULT GetFactory(std::basic_string_view<WCHAR> class_name, const GUID& 
 // Both release the former factory first, before the string of the class name is created
 // (CustomMenu.TheFormerFactoryForKnownIconsGoesBeforeTheNextOnesNameIsMade).
 
+// An event inside the call may store a factory too: it is released and replaced
+// (MenuMadeInACall.WhileTheFactoryOfIconsIsFetchedIsJoinedByTheItemAndLeavesNoReference).
 template <class RuntimeClass, class Factory>
 HRESULT GetFactoryOrNull(ComPtr<Factory>& factory) noexcept {
-    return GetFactoryOrNull(ClassName<RuntimeClass>(), Factory::Iid, reinterpret_cast<void**>(factory.Put()));
+    factory.Reset();
+    ComPtr<Factory> found;
+    const HRESULT code =
+        GetFactoryOrNull(ClassName<RuntimeClass>(), Factory::Iid, reinterpret_cast<void**>(found.Put()));
+    factory = std::move(found);
+    return code;
 }
 
 template <class RuntimeClass, class Factory>

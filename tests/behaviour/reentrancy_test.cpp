@@ -102,6 +102,13 @@ TEST_F(MenuMadeInACall, WhileTheMenuIsFetchedIsReplacedAndLeavesNoReference) {
     EXPECT_EQ(TagsShown(), "1\n");
 }
 
+TEST_F(MenuMadeInACall, WhileTheFactoryOfIconsIsFetchedIsJoinedByTheItemAndLeavesNoReference) {
+    MakeMenuInside("RoGetActivationFactory(Windows.UI.Input.RadialControllerMenuItem)",
+                   [] { EXPECT_TRUE(SetMenu(kWindow, {KnownIcon(1)})); });
+    EXPECT_EQ(made, true);
+    EXPECT_EQ(TagsShown(), "50\n1\n");
+}
+
 // The current item is added to the menu of its creation; the items after it have no menu.
 TEST_F(MenuMadeInACall, AndLostWhileAnItemIsSubscribedCostsTheItemsAfterIt) {
     LoseMenuInside(kAddInvoked, [] { EXPECT_TRUE(SetMenu(kWindow, {SystemFont(1), SystemFont(2)})); });
