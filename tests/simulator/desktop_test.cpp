@@ -69,6 +69,10 @@ struct WindowPicture {
         SelectObject(copy, old_bitmap);
         GetDIBits(source, bitmap, 0, static_cast<UINT>(height), pixels.data(),
                   const_cast<BITMAPINFO*>(&format), DIB_RGB_COLORS);
+        // The fourth byte of a pixel is not defined.
+        for (std::uint32_t& pixel : pixels) {
+            pixel &= 0xFFFFFF;
+        }
         DeleteObject(bitmap);
         DeleteDC(copy);
         ReleaseDC(window, source);
