@@ -75,7 +75,13 @@ public:
         Require(library_.Get<decltype(init_dial_listener)>("init_dial_listener")(&host_),
                 "init_dial_listener");
     }
-    ~Session() { library_.Get<decltype(uninit)>("uninit")(); }
+    // Without a message loop the events come on the script's thread. A callback returns into the library, so
+    // it gets time to end before the library does.
+    ~Session() {
+        constexpr DWORD kCallbackMs = 200;
+        Sleep(kCallbackMs);
+        library_.Get<decltype(uninit)>("uninit")();
+    }
 
     void WaitForTurn() const { Require(host_.WaitForTurn(), "waiting for a turn"); }
 
