@@ -89,12 +89,16 @@ ResourceUsage MeasureUsage() {
     return {BytesInUse(), HandlesInUse(), dialsim_references(nullptr), dialsim_strings()};
 }
 
+bool KeepsNothing(const ResourceUsage& early, const ResourceUsage& late) {
+    return late.handles <= early.handles && late.references == early.references &&
+           late.strings == early.strings;
+}
+
 // A zero measurement counts as a failure: it could show no growth.
 bool IsFlat(const ResourceUsage& early, const ResourceUsage& late) {
     constexpr std::uint64_t kSlackBytes = 8192;
     return early.bytes > 0 && early.handles > 0 && late.bytes <= early.bytes + kSlackBytes &&
-           late.handles <= early.handles && late.references == early.references &&
-           late.strings == early.strings;
+           KeepsNothing(early, late);
 }
 
 void Print(const char* what, std::uint64_t rounds, bool flat, const ResourceUsage& early,
@@ -121,8 +125,8 @@ void Repeat(std::uint64_t rounds, const std::function<void(std::uint64_t)>& roun
 }
 
 // Runs a tenth of the rounds first, and at least kFewest, so that one-time allocations are done. A heap
-// reserves groups of blocks from time to time, which it reports as allocated: only what grows each time is a
-// leak.
+// reserves groups of blocks from time to time, which it reports as allocated: only bytes that grow each
+// time are a leak.
 bool StaysFlat(const char* what, std::uint64_t rounds, const std::function<void(std::uint64_t)>& round) {
     constexpr std::uint64_t kFewest = 200;
     constexpr int kRepetitions = 3;
@@ -135,6 +139,9 @@ bool StaysFlat(const char* what, std::uint64_t rounds, const std::function<void(
         const ResourceUsage late = MeasureUsage();
         flat = IsFlat(early, late);
         Print(what, rounds, flat, early, late);
+        if (!KeepsNothing(early, late)) {
+            break;
+        }
     }
     return flat;
 }
