@@ -192,7 +192,8 @@ public:
                 Redraw();
                 return 0;
             case WM_MOUSEMOVE:
-                if (painting_.InStroke()) {
+                // The pointer itself may move while a script paints, without the button.
+                if ((wparam & MK_LBUTTON) != 0 && painting_.InStroke()) {
                     painting_.LineTo(OnPaper(lparam));
                     Redraw();
                 }

@@ -758,6 +758,21 @@ TEST_F(LaunchedProgram, ARecordedSessionPaintsTheSamePictureAgain) {
     ExpectSamePicture(folder_.PathOf("canvas-grid.png"), folder_.PathOf("again.png"));
 }
 
+// A pointer over the canvas moves while a script paints; Wine itself moves it when a capture ends.
+TEST_F(LaunchedProgram, ThePointerPaintsNothingWithoutItsButton) {
+    folder_.Write("own.dial", "mouse 100 100 down\nwait 500\nmouse 100 100 up\nwait 300\nshot again.png\n");
+    ChildProcess program("dialsim-run", {"--script", "own.dial", Beside("canvas.exe")});
+    const auto canvas = [] { return FindWindowA("BrindleCanvas", nullptr); };
+    ASSERT_TRUE(BecomesTrue([&] { return canvas() != nullptr; }));
+    while (canvas() != nullptr) {
+        PostMessageA(canvas(), WM_MOUSEMOVE, 0, MAKELPARAM(500, 400));
+        Sleep(10);
+    }
+    EXPECT_EQ(program.Wait(), 0);
+    ExpectColors(folder_.PathOf("again.png"),
+                 {{"the dot", 124, 124, 0x4C9CF0}, {"the paper on the way", 324, 274, 0xFFFFFF}});
+}
+
 TEST_F(LaunchedProgram, AScriptThatDoesNotParseEndsTheProgram) {
     folder_.Write("own.dial", "turn around\n");
     EXPECT_EQ(StatusOf({"--script", "own.dial", Beside("canvas.exe")}), 119);
