@@ -75,7 +75,10 @@ bool IsDialPresent() {
     HSTRING filter = nullptr;
     WindowsCreateString(kFilter.data(), kFilter.size() - 1, &filter);
     abi::IDeviceInformationStatics* statics = nullptr;
-    GetFactory<abi::DeviceInformation>(statics);
+    if (GetFactory<abi::DeviceInformation>(statics) < 0) {
+        WindowsDeleteString(filter);
+        return false;
+    }
     Operation* operation = nullptr;
     statics->FindAllAsyncAqsFilter(filter, &operation);
     statics->Release();
