@@ -758,7 +758,7 @@ TEST_F(LaunchedProgram, ARecordedSessionPaintsTheSamePictureAgain) {
     ExpectSamePicture(folder_.PathOf("canvas-grid.png"), folder_.PathOf("again.png"));
 }
 
-// A pointer over the canvas moves while a script paints; Wine itself moves it when a capture ends.
+// The pointer itself moves over the canvas while a script paints.
 TEST_F(LaunchedProgram, ThePointerPaintsNothingWithoutItsButton) {
     folder_.Write("own.dial", "mouse 100 100 down\nwait 500\nmouse 100 100 up\nwait 300\nshot again.png\n");
     ChildProcess program("dialsim-run", {"--script", "own.dial", Beside("canvas.exe")});
